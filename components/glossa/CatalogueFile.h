@@ -1,0 +1,25 @@
+// Where the catalogue files stand, and their contents.
+#pragma once
+
+#include <string>
+
+namespace glossa
+{
+
+struct CatalogueFile {
+    std::string Path;
+    std::string Bytes; // empty where there is no such file, or none that can be used
+};
+
+// Reads <locale folder>/<language>/LC_MESSAGES/glossa.mo. A file that stands there and cannot be used is
+// told. language is one path part. Throws std::exception where there is no memory.
+CatalogueFile ReadCatalogueFile(const std::string& language);
+
+// The absolute folder of the catalogues that are installed with this library, found at the first call. Throws
+// std::exception where there is no memory.
+const std::string& InstalledLocaleFolder();
+
+// Says on standard error that a file is left out, and why.
+void TellUnusable(const std::string& path, const char* reason) noexcept;
+
+} // namespace glossa

@@ -1,0 +1,107 @@
+#include "UserLanguages.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace glossa
+{
+
+namespace
+{
+
+// Tried in this order; the first that is set and not empty decides.
+constexpr const char* variables[] = {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"};
+
+// Bounds on what an environment can make the library try.
+constexpr std::size_t mostLanguages = 8;
+constexpr std::size_t longestName = 32; // bytes
+
+constexpr std::string_view marksInNames = "_.@-";
+
+// A locale's name: language[_territory][.codeset][@modifier]. The parts keep the character that leads them.
+struct LocaleName {
+    std::string Language;
+    std::string Territory;
+    std::string Modifier;
+};
+
+std::string_view Wanted()
+{
+    for (const char* const variable : variables) {
+        const char* const value = std::getenv(variable);
+        if (value != nullptr && *value != 0)
+            return value;
+    }
+    return {};
+}
+
+constexpr bool IsLetterOrDigit(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
+// A name that could lead out of the folder of catalogues is none.
+bool IsLocaleName(std::string_view name)
+{
+    const auto isAllowed = [](char c) {
+        return IsLetterOrDigit(c) || marksInNames.find(c) != std::string_view::npos;
+    };
+    return !name.empty() && name.size() <= longestName && IsLetterOrDigit(name.front()) &&
+           std::ranges::all_of(name, isAllowed);
+}
+
+// Cuts off and returns the end of the name from the given character on.
+std::string CutFrom(std::string_view& name, char lead)
+{
+    const std::size_t at = std::min(name.find(lead), name.size());
+    std::string end(name.substr(at));
+    name = name.substr(0, at);
+    return end;
+}
+
+LocaleName Split(std::string_view name)
+{
+    LocaleName parts;
+    parts.Modifier = CutFrom(name, '@');
+    CutFrom(name, '.');
+    parts.Territory = CutFrom(name, '_');
+    parts.Language = name;
+    return parts;
+}
+
+void AddForms(std::vector<std::string>& names, const LocaleName& name)
+{
+    const bool hasTerritory = !name.Territory.empty();
+    const bool hasModifier = !name.Modifier.empty();
+    if (hasTerritory && hasModifier)
+        names.push_back(name.Language + name.Territory + name.Modifier);
+    if (hasModifier)
+        names.push_back(name.Language + name.Modifier);
+    if (hasTerritory)
+        names.push_back(name.Language + name.Territory);
+    if (name.Language != englishLanguage)
+        names.push_back(name.Language);
+}
+
+} // namespace
+
+std::vector<std::string> UserLanguages()
+{
+    std::vector<std::string> names;
+    std::string_view rest = Wanted();
+    for (std::size_t i = 0; i < mostLanguages && !rest.empty(); ++i) {
+        const std::string_view wanted = rest.substr(0, rest.find(':'));
+        rest.remove_prefix(std::min(rest.size(), wanted.size() + 1));
+        if (!IsLocaleName(wanted))
+            continue;
+        const LocaleName name = Split(wanted);
+        if (name.Language == "C" || name.Language == "POSIX")
+            break;
+        AddForms(names, name);
+        if (name.Language == englishLanguage)
+            break;
+    }
+    return names;
+}
+
+} // namespace glossa

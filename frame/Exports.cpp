@@ -1,0 +1,112 @@
+// The functions that a host calls. Each switches to the module's state and binds the unit library before it does its
+// own work, and lets no exception through to a host that could not catch it.
+#include "ModuleObjects.h"
+
+#include <exception>
+#include <include/styleatlas.h>
+
+namespace
+{
+
+struct HostSettings {
+    const TCHAR* Name;
+    const TCHAR* SubKey; // below HKEY_USERS
+};
+constexpr HostSettings knownHosts[] = {
+    {_T("Quorvia"), _T(".DEFAULT\\Software\\Halvorn\\Quorvia")},
+    {_T("Tandrell"), _T(".DEFAULT\\Software\\Halvorn\\Tandrell\\General")},
+};
+constexpr const TCHAR* otherHostSubKey = _T(".DEFAULT\\Software\\Halvorn");
+
+constexpr int dialogNotShown = -1;
+
+const TCHAR* SubKeyOf(const TCHAR* hostName)
+{
+    for (const HostSettings& host : knownHosts) {
+        if (_wcsicmp(hostName, host.Name) == 0)
+            return host.SubKey;
+    }
+    return otherHostSubKey;
+}
+
+// Runs the body of an export; gives the failure where an exception comes out of it.
+template <class Result, class Body> Result RunExport(Result failure, Body body)
+{
+    AFX_MANAGE_STATE(AfxGetStaticModuleState());
+    try {
+        g_App.BindUnitLibrary();
+        return body();
+    } catch (CException* e) {
+        e->Delete();
+    } catch (const std::exception&) { // the result says it
+    }
+    return failure;
+}
+
+void LoadTable() { g_StyleAtlas.Load(CString()); }
+
+} // namespace
+
+extern "C" {
+
+int EditStyleAtlas(uintptr_t /*parentWindow*/)
+{
+    return RunExport(dialogNotShown, [] { return dialogNotShown; });
+}
+
+int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, uint8_t index, uint16_t device,
+                  uint32_t flags, uint32_t* symbolColor, int16_t* symbolShape, int16_t* symbolSize,
+                  int16_t* symbolFill, uint32_t* lineColor, int16_t* lineStyle, int16_t* lineWidth,
+                  uint8_t* useSymbolColor)
+{
+    return RunExport(0, [&] {
+        const QuantityKey key{quantity, subQuantity, index, static_cast<short>(device), flags};
+        const INT_PTR row = g_StyleAtlas.FindRow(key);
+        if (row < 0 || fileColumn < 0)
+            return 0;
+        const k_LineDef* const pStyle = g_StyleAtlas.GetRowStyle(row, fileColumn);
+        if (pStyle == nullptr)
+            return 0;
+        *symbolColor = pStyle->SymbolColor;
+        *symbolShape = pStyle->SymbolShape;
+        *symbolSize = pStyle->SymbolSize;
+        *symbolFill = pStyle->SymbolFill;
+        *lineColor = pStyle->LineColor;
+        *lineStyle = pStyle->LineStyle;
+        *lineWidth = pStyle->LineWidth;
+        *useSymbolColor = pStyle->UseSymbolColor ? 1 : 0;
+        return 1;
+    });
+}
+
+void StyleAtlasChangeUserInfo(const char16_t* userRoot, const char16_t* subKey)
+{
+    RunExport(false, [&] {
+        const CString root = userRoot;
+        const CString key = subKey;
+        g_StyleAtlas.ChangeUserInfo(root, key);
+        return true;
+    });
+}
+
+void StyleAtlasSetApplication(const char16_t* applicationName)
+{
+    RunExport(false, [&] {
+        g_ApplicationName = applicationName;
+        const CString subKey = SubKeyOf(applicationName);
+        g_StyleAtlas.SetRegistryPath(subKey);
+        g_RegistryPath = subKey;
+        LoadTable();
+        return true;
+    });
+}
+
+void ReloadStyleAtlas(void) // NOLINT(modernize-redundant-void-arg): as the C header declares it
+{
+    RunExport(false, [] {
+        LoadTable();
+        return true;
+    });
+}
+
+} // extern "C"

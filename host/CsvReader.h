@@ -1,0 +1,48 @@
+// CsvReader.h: comma-separated values, record by record.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace atlashost
+{
+
+// Records end with LF or CR LF, the last one with the text. A field that begins with a quotation mark goes on
+// to the next lone one: commas and line ends inside it belong to it, and a doubled mark stands for one.
+class CsvReader
+{
+public:
+    // Fields of a record past this number are counted, but not kept.
+    static constexpr std::size_t MaxFields = 4096;
+
+    // The content stays the caller's, and has to outlive the reader. A byte order mark is passed over.
+    explicit CsvReader(std::string_view content);
+
+    // Reads the next record that is not an empty line; false at the end.
+    bool Next();
+
+    // Of the record read last.
+    const std::vector<std::string>& Fields() const { return m_fields; }
+    std::size_t FieldCount() const { return m_fieldCount; }
+    std::size_t Line() const { return m_line; } // its first line, counted from 1
+    bool HasOpenQuote() const { return m_hasOpenQuote; }
+
+private:
+    enum class After { Field, Record };
+
+    After ReadField(std::string& field);
+    void ReadQuoted(std::string& field);
+    bool IsAtLineEnd() const;
+    char Take();
+
+    std::string_view m_rest;
+    std::vector<std::string> m_fields;
+    std::size_t m_fieldCount = 0;
+    std::size_t m_line = 0;
+    std::size_t m_nextLine = 1;
+    bool m_hasOpenQuote = false;
+};
+
+} // namespace atlashost

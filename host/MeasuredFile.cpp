@@ -1,0 +1,157 @@
+#include "MeasuredFile.h"
+
+#include "CsvReader.h"
+#include "Text.h"
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr std::size_t MaxFileSize = 64 << 20;
+constexpr std::size_t MaxRemarks = 20;
+constexpr std::size_t LongestQuote = 30; // characters of a field or header in a remark
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+[[noreturn]] void ThrowSystemError()
+{
+    throw std::runtime_error{std::strerror(errno)};
+}
+
+// Without O_NONBLOCK a pipe would hold the program until somebody writes into it.
+File OpenRegular(const std::string& path)
+{
+    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0)
+        ThrowSystemError();
+    File file{fdopen(descriptor, "rb")};
+    if (!file)
+        ThrowSystemError();
+    struct stat status = {};
+    if (fstat(descriptor, &status) != 0)
+        ThrowSystemError();
+    if (!S_ISREG(status.st_mode))
+        throw std::runtime_error{"not a regular file"};
+    return file;
+}
+
+std::string ReadWhole(const std::string& path)
+{
+    const File file = OpenRegular(path);
+    std::string content;
+    std::array<char, 65536> buffer;
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
+        content.append(buffer.data(), count);
+        if (content.size() > MaxFileSize)
+            throw std::runtime_error{"larger than 64 MiB"};
+    }
+    if (std::ferror(file.get()) != 0)
+        ThrowSystemError();
+    return content;
+}
+
+// Independent of the locale, whose decimal mark can be another one than the file's.
+bool IsNumber(std::string_view text)
+{
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    double value = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc{} && stop == text.data() + text.size() && std::isfinite(value);
+}
+
+class Reader
+{
+public:
+    explicit Reader(std::string_view content) : m_csv{content} {}
+
+    MeasuredFile Read()
+    {
+        ReadHead();
+        while (m_csv.Next())
+            ReadRow();
+        if (m_remarkCount > MaxRemarks)
+            m_file.remarks.push_back("... and " + std::to_string(m_remarkCount - MaxRemarks) + " more");
+        return std::move(m_file);
+    }
+
+private:
+    void ReadHead()
+    {
+        if (!m_csv.Next())
+            throw std::runtime_error{"the file is empty"};
+        if (m_csv.FieldCount() > CsvReader::MaxFields)
+            throw std::runtime_error{"more than " + std::to_string(CsvReader::MaxFields) + " columns"};
+        if (m_csv.FieldCount() < 2)
+            throw std::runtime_error{"no column of data beside the first"};
+        for (std::size_t i = 1; i < m_csv.FieldCount(); ++i)
+            m_file.columns.push_back({std::string{WithoutBlanks(m_csv.Fields()[i])}});
+        TellOfOpenQuote();
+    }
+
+    void ReadRow()
+    {
+        ++m_file.rows;
+        TellOfOpenQuote();
+        const std::size_t expected = m_file.columns.size() + 1;
+        if (m_csv.FieldCount() > expected)
+            Tell("the line has " + std::to_string(m_csv.FieldCount()) + " fields, the head line " +
+                 std::to_string(expected));
+        for (std::size_t i = 1; i < expected; ++i)
+            Count(m_file.columns[i - 1], i < m_csv.Fields().size() ? WithoutBlanks(m_csv.Fields()[i]) : "");
+    }
+
+    void Count(MeasuredColumn& column, std::string_view field)
+    {
+        if (IsNumber(field)) {
+            ++column.readings;
+            return;
+        }
+        ++column.missing;
+        if (!field.empty())
+            Tell("\"" + Printable(field, LongestQuote) + "\" in column " +
+                 Printable(column.header, LongestQuote) + " is not a number");
+    }
+
+    void TellOfOpenQuote()
+    {
+        if (m_csv.HasOpenQuote())
+            Tell("a quotation mark is never closed");
+    }
+
+    void Tell(const std::string& remark)
+    {
+        if (++m_remarkCount <= MaxRemarks)
+            m_file.remarks.push_back(std::to_string(m_csv.Line()) + ": " + remark);
+    }
+
+    CsvReader m_csv;
+    MeasuredFile m_file;
+    std::size_t m_remarkCount = 0;
+};
+
+} // namespace
+
+MeasuredFile ReadMeasuredFile(const std::string& path)
+{
+    const std::string content = ReadWhole(path);
+    return Reader{content}.Read();
+}
+
+} // namespace atlashost

@@ -1,0 +1,111 @@
+#include "Options.h"
+
+#include "SettingsFolder.h"
+#include "StyleWords.h"
+#include "Text.h"
+
+#include <charconv>
+#include <string>
+
+#include <getopt.h>
+
+namespace atlashost
+{
+
+const char* const Usage =
+    R"(Usage: atlas-host [options] list FILE.csv...
+       atlas-host [options] table
+
+Shows how the curves of measured data are drawn.
+
+  list FILE.csv...  the curves of the files; the first file is file column 0, and so on
+  table             all quantities of the unit library, in one file column
+
+  --host NAME       the name by which this host is known to the style atlas (AirLab)
+  --column N        the file column of the command table, 0 to 31 (0)
+  --help            show this text
+  --version         show the version
+)";
+
+namespace
+{
+
+enum Option : int { Host = 1, Column, Help, Version, Unknown = '?', NoArgument = ':' };
+
+constexpr option LongOptions[] = {
+    {"host", required_argument, nullptr, Host},
+    {"column", required_argument, nullptr, Column},
+    {"help", no_argument, nullptr, Help},
+    {"version", no_argument, nullptr, Version},
+    {},
+};
+
+// The option that getopt_long stopped at: a short one, of which none is known, can stand in the middle of a
+// word.
+std::string StoppedAt(const char* word)
+{
+    return "\"" + (optopt > ' ' ? std::string{'-', static_cast<char>(optopt)} : Printable(word)) + "\"";
+}
+
+std::int16_t ParseColumn(std::string_view text)
+{
+    std::int16_t column = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), column);
+    if (error != std::errc{} || stop != text.data() + text.size() || column < 0 || column >= FileColumns)
+        throw UsageError{"--column takes a number from 0 to " + std::to_string(FileColumns - 1) + ", not \"" +
+                         Printable(text) + "\""};
+    return column;
+}
+
+void ReadCommand(std::span<const char* const> words, Options& options)
+{
+    if (words.empty())
+        throw UsageError{"a command is missing"};
+    const std::string_view command = words.front();
+    options.files = words.subspan(1);
+    if (command == "list") {
+        options.action = Action::List;
+        if (options.files.empty())
+            throw UsageError{"the command list takes at least one file"};
+    } else if (command == "table") {
+        options.action = Action::Table;
+        if (!options.files.empty())
+            throw UsageError{"the command table takes no files"};
+    } else {
+        throw UsageError{"unknown command \"" + Printable(command) + "\""};
+    }
+}
+
+} // namespace
+
+Options ReadOptions(int argc, char** argv)
+{
+    Options options;
+    opterr = 0;
+    for (int option = 0; (option = getopt_long(argc, argv, ":", LongOptions, nullptr)) != -1;) {
+        switch (option) {
+        case Host:
+            options.hostName = optarg;
+            if (!IsHostName(options.hostName))
+                throw UsageError{"\"" + Printable(options.hostName) + "\" cannot be the name of a folder"};
+            break;
+        case Column:
+            options.fileColumn = ParseColumn(optarg);
+            break;
+        case Help:
+            options.action = Action::Help;
+            return options;
+        case Version:
+            options.action = Action::Version;
+            return options;
+        case NoArgument:
+            throw UsageError{"the option " + StoppedAt(argv[optind - 1]) + " needs a value"};
+        default:
+            throw UsageError{"unknown option " + StoppedAt(argv[optind - 1])};
+        }
+    }
+    ReadCommand({argv + optind, static_cast<std::size_t>(argc - optind)}, options);
+    return options;
+}
+
+} // namespace atlashost

@@ -1,0 +1,34 @@
+// Options.h: the command line of the program.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+#include <string_view>
+
+namespace atlashost
+{
+
+enum class Action { List, Table, Help, Version };
+
+struct Options {
+    Action action = Action::Help;
+    std::string_view hostName = "AirLab";
+    std::int16_t fileColumn = 0;
+    std::span<const char* const> files; // of the action List, at least one
+};
+
+// What is wrong with a command line, in words.
+class UsageError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+extern const char* const Usage;
+
+// Reads the command line. The texts stay where they are in argv, whose order it changes: options come first.
+// Throws UsageError.
+Options ReadOptions(int argc, char** argv);
+
+} // namespace atlashost

@@ -1,0 +1,75 @@
+#include "QuantityNames.h"
+
+#include "Text.h"
+
+#include "mensura.h"
+
+#include <utility>
+
+namespace atlashost
+{
+namespace
+{
+
+// Letters and digits, and whatever is not ASCII: names are in any language.
+constexpr bool IsOfWord(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           static_cast<unsigned char>(c) >= 0x80;
+}
+
+std::string_view FirstWord(std::string_view name)
+{
+    std::size_t length = 0;
+    while (length < name.size() && IsOfWord(name[length]))
+        ++length;
+    return name.substr(0, length);
+}
+
+} // namespace
+
+QuantityNames::QuantityNames()
+{
+    std::uint16_t* devices = nullptr;
+    std::uint16_t* quantities = nullptr;
+    int* subQuantities = nullptr;
+    std::uint16_t* indexes = nullptr;
+    std::uint32_t* flags = nullptr;
+    int count = 0;
+    MensuraGetQuantitiesW(&devices, &quantities, &subQuantities, &indexes, &flags, &count);
+    for (int i = 0; i < count; ++i) {
+        MeasuredQuantity entry{devices[i],
+                               quantities[i],
+                               static_cast<std::uint8_t>(subQuantities[i]),
+                               static_cast<std::uint8_t>(indexes[i]),
+                               flags[i],
+                               {},
+                               {}};
+        entry.symbol = ToUtf8(MensuraGetSymbolW(entry.quantity, entry.subQuantity, entry.flags, entry.device,
+                                                entry.index, MENSURA_SYMBOL));
+        entry.name = ToUtf8(
+            MensuraGetNameW(entry.quantity, entry.subQuantity, entry.flags, entry.device, entry.index));
+        const std::size_t position = m_quantities.size();
+        m_bySymbol.try_emplace(entry.symbol, position);
+        m_byFoldedSymbol.try_emplace(Folded(entry.symbol), position);
+        m_byFirstWord.try_emplace(Folded(FirstWord(entry.name)), position);
+        m_quantities.push_back(std::move(entry));
+    }
+}
+
+const MeasuredQuantity* QuantityNames::Find(std::string_view header) const
+{
+    const std::string exact{header};
+    const std::string folded = Folded(header);
+    if (exact.empty())
+        return nullptr;
+    const std::pair<const Positions&, const std::string&> fromBestToWorst[] = {
+        {m_bySymbol, exact}, {m_byFoldedSymbol, folded}, {m_byFirstWord, folded}};
+    for (const auto& [positions, text] : fromBestToWorst) {
+        if (const auto found = positions.find(text); found != positions.end())
+            return &m_quantities[found->second];
+    }
+    return nullptr;
+}
+
+} // namespace atlashost

@@ -1,0 +1,9 @@
+// The module's language object, which every text that is shown passes through.
+#pragma once
+
+#include <Glossa.h>
+
+extern k_GlossaW g_Language;
+
+// The section of the module's texts.
+inline constexpr const TCHAR* k_LanguageSection = _T("Styleatlas");

@@ -1,0 +1,26 @@
+// A curve style: how one curve is drawn.
+#pragma once
+
+#include <afx.h>
+
+// A symbol and a line. The record checks nothing: any value that a layout file holds stands in it.
+class k_LineDef : public CObject
+{
+public:
+    k_LineDef() = default;
+    k_LineDef& operator=(const k_LineDef& source);
+    ~k_LineDef() override;
+
+    // The 21 bytes of the record in the layout file.
+    void Serialize(CArchive& ar) override;
+
+    WORD Reserved = 0; // travels with every copy and through the file
+    COLORREF LineColor = 0;
+    COLORREF SymbolColor = 0; // outline, fill and dot
+    short SymbolShape = 0;    // number of k_SymbolShapes
+    short SymbolSize = 10;    // device units
+    short SymbolFill = 1;     // number of k_SymbolFills
+    short LineStyle = 0;      // number of k_LineStyles
+    short LineWidth = 1;      // device units
+    bool UseSymbolColor = false; // a choice of the user's; the line is drawn in LineColor all the same
+};

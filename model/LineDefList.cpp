@@ -1,0 +1,56 @@
+#include "LineDefList.h"
+
+#include <memory>
+
+k_LineDefList::~k_LineDefList() { Clear(); }
+
+bool k_LineDefList::Clear()
+{
+    for (INT_PTR i = 0; i < GetSize(); ++i)
+        delete GetAt(i);
+    SetSize(0);
+    SetFlags();
+    return true;
+}
+
+void k_LineDefList::SetFlags()
+{
+    SameLineStyle = SameLineWidth = SameLineColor = true;
+    SameSymbolShape = SameSymbolFill = SameSymbolSize = SameSymbolColor = true;
+}
+
+void k_LineDefList::CopyFlags(const k_LineDefList& source)
+{
+    SameLineStyle = source.SameLineStyle;
+    SameLineWidth = source.SameLineWidth;
+    SameLineColor = source.SameLineColor;
+    SameSymbolShape = source.SameSymbolShape;
+    SameSymbolFill = source.SameSymbolFill;
+    SameSymbolSize = source.SameSymbolSize;
+    SameSymbolColor = source.SameSymbolColor;
+}
+
+void k_LineDefList::Assign(const k_LineDefList& source)
+{
+    if (&source == this)
+        return;
+    Clear();
+    CopyFlags(source);
+    for (INT_PTR i = 0; i < source.GetSize(); ++i) {
+        auto record = std::make_unique<k_LineDef>();
+        if (const k_LineDef* const pSource = source.GetAt(i))
+            *record = *pSource;
+        Add(record.get());
+        static_cast<void>(record.release());
+    }
+}
+
+bool k_LineDefList::Append(const k_LineDefList* pSource)
+{
+    if (pSource == nullptr)
+        return false;
+    const INT_PTR count = pSource->GetSize(); // a list can be appended to itself
+    for (INT_PTR i = 0; i < count; ++i)
+        Add(pSource->GetAt(i));
+    return true;
+}

@@ -1,0 +1,43 @@
+#include "QuantityDesc.h"
+
+k_QuantityDesc::k_QuantityDesc(QuantityKey key)
+    : Device(key.Device), Quantity(key.Quantity), SubQuantity(key.SubQuantity), Index(key.Index), Flags(key.Flags)
+{
+}
+
+k_QuantityDesc::k_QuantityDesc(const k_QuantityDesc& source)
+    : CObject(), Device(source.Device), Quantity(source.Quantity), SubQuantity(source.SubQuantity),
+      Index(source.Index), Flags(source.Flags), ColumnCount(source.ColumnCount), ReservedFlag(source.ReservedFlag),
+      Level(source.Level)
+{
+    Styles.Assign(source.Styles);
+}
+
+k_QuantityDesc::~k_QuantityDesc() = default;
+
+bool k_QuantityDesc::GetKey(QuantityKey& key) const
+{
+    key = {Quantity, SubQuantity, Index, Device, Flags};
+    return true;
+}
+
+k_LineDef* k_QuantityDesc::GetColumnStyle(int column)
+{
+    if (column >= k_MaxFileColumns || column >= Styles.GetSize())
+        return nullptr;
+    k_LineDef* const pStyle = Styles.GetAt(column);
+    if (pStyle != nullptr)
+        return pStyle;
+    // An empty place reads as a record as constructed, whatever was written to the last one that was handed out.
+    static k_LineDef emptyPlace;
+    emptyPlace = k_LineDef();
+    return &emptyPlace;
+}
+
+bool k_QuantityDesc::SetColumnStyle(int column, k_LineDef* pStyle)
+{
+    if (column >= k_MaxFileColumns)
+        return false;
+    Styles.SetAtGrow(column, pStyle);
+    return true;
+}

@@ -1,0 +1,3 @@
+#include "QuantityList.h"
+
+k_QuantityList::~k_QuantityList() = default;

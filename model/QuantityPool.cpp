@@ -1,0 +1,19 @@
+#include "QuantityPool.h"
+
+#include <memory>
+#include <new>
+
+k_QuantityPool::~k_QuantityPool()
+{
+    for (INT_PTR i = 0; i < GetSize(); ++i)
+        delete GetAt(i);
+}
+
+void k_QuantityPool::AddRecord(const QuantityKey& key)
+{
+    std::unique_ptr<QuantityKey> record(new (std::nothrow) QuantityKey(key));
+    if (!record)
+        AfxThrowMemoryException();
+    Add(record.get());
+    static_cast<void>(record.release());
+}

@@ -1,0 +1,103 @@
+// The style atlas: for every measured quantity and every file column, how its curve is drawn.
+#pragma once
+
+#include "QuantityList.h"
+#include "QuantityPool.h"
+
+#include <memory>
+
+// The table and what is done with it as a whole. The atlas owns its rows; the pointers that it hands out stay its own
+// and are good until the rows are replaced. A slot of Rows can be empty, and everything that walks the table passes
+// over such a slot. A failed allocation raises the memory exception.
+class k_StyleAtlas : public CObject
+{
+public:
+    k_StyleAtlas() = default;
+    ~k_StyleAtlas() override;
+
+    // ---- Table and lookup
+
+    // Deletes all rows; the counters and the paths stay.
+    void Clear();
+
+    // Makes this atlas a deep copy of another.
+    k_StyleAtlas& Assign(const k_StyleAtlas& source);
+
+    // Appends a row with a record as constructed for each file column, and gives its index.
+    INT_PTR AddRow(QuantityKey key, BYTE level);
+
+    // The index of the row that fits best: the first that is equal; else the first with equal Quantity, SubQuantity
+    // and Device; else the first with equal Quantity and SubQuantity; else the first with equal Quantity; else -1.
+    INT_PTR FindRow(QuantityKey key) const;
+
+    // Null for an index outside the table.
+    k_QuantityDesc* GetRow(INT_PTR row) const;
+
+    // Null for a row or a file column that is not there. A negative number raises the invalid argument exception.
+    k_LineDef* GetRowStyle(INT_PTR row, int column) const;
+
+    // ---- Catalogue
+
+    // Replaces the rows by an outline of the quantities that the unit library reports now, all styles as constructed.
+    // Gives the number of rows.
+    INT_PTR BuildCatalogue();
+
+    // Moves the records of a Quantity, and of the SubQuantity and Device unless these are k_AnyQuantity, out of the
+    // pool into a new one, in their order; null when there are none.
+    static std::unique_ptr<k_QuantityPool> TakeMatching(k_QuantityPool& pool, WORD quantity, WORD subQuantity,
+                                                        WORD device);
+
+    // ---- Bulk rules: each gives distinct shapes and fills, or distinct colours, to the whole table
+
+    // By file column, from first to end, which is not included.
+    void SetFileColors(int first, int end);
+    void SetFileSymbols(int first, int end);
+
+    // By main quantity: neighbouring rows of one Quantity look alike.
+    void SetMainQuantityColors();
+    void SetMainQuantitySymbols();
+
+    // The pair of rules that suits the host.
+    void ApplyDefaultStyles();
+
+    // ---- Layout file
+
+    // Writes the table, or reads a stored table and lays it over the rows that are there: a stored row replaces the
+    // first row of an equal key, or is appended.
+    void Serialize(CArchive& ar) override;
+
+    // Builds the catalogue and lays the layout file over it: the file at the path, or, for an empty path, the one that
+    // the registry names, which becomes FilePath. 0 when the table came from a file; 1 when there is none, and the
+    // default styles stand, or when it is damaged, which a message tells, and the bare catalogue stands.
+    int Load(CString path);
+
+    // Writes the table to the path, or, for an empty path, to FilePath; the path becomes FilePath when the whole file
+    // is on disk. Always false. A file that cannot be opened ends silently; a failure while the bytes go out raises
+    // the file exception, and the old file stands.
+    bool Save(CString path);
+
+    // Makes the path FilePath and stores it in the registry; false for an empty path, which changes nothing.
+    bool SetFilePath(CString path);
+
+    // Changes the subkey and carries the file in use over to it.
+    void SetRegistryPath(CString subKey);
+
+    // Moves to the settings of another user and loads that user's table.
+    void ChangeUserInfo(CString userRoot, CString subKey);
+
+    DWORD Version = 1;
+    DWORD ColumnCount = 32; // as the file has it; at most 32 file columns are built or shown
+    k_QuantityList Rows;
+    CString RegistryPath; // subkey below HKEY_USERS
+    CString FilePath;     // of the layout file in use
+
+private:
+    // The file columns that a rule walks or a new row gets: ColumnCount, but at most 32.
+    int GetBoundedColumnCount() const;
+
+    void AddGroup(QuantityKey leader, k_QuantityPool& group);
+    void AddSubQuantity(const k_QuantityPool& records);
+    void ReadRows(CArchive& ar);
+    void WriteRows(CArchive& ar);
+    void ReadFilePath();
+};

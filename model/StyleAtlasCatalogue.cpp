@@ -1,0 +1,116 @@
+#include "StyleAtlas.h"
+#include "UnitLibrary.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace
+{
+
+constexpr BYTE groupLevel = 0;
+constexpr BYTE subQuantityLevel = 1;
+constexpr BYTE indexLevel = 2;
+
+// Of the sub-quantity and of the index only the lowest 8 bits count.
+QuantityKey KeyOf(const k_UnitQuantities& list, int i)
+{
+    QuantityKey key;
+    key.Quantity = list.Quantities[i];
+    key.SubQuantity = static_cast<BYTE>(list.SubQuantities[i]);
+    key.Index = static_cast<BYTE>(list.Indexes[i]);
+    key.Device = static_cast<short>(list.Devices[i]);
+    key.Flags = list.Flags[i];
+    return key;
+}
+
+// The distinct sub-quantities of a pool, in order of first appearance.
+std::vector<WORD> SubQuantitiesOf(const k_QuantityPool& pool)
+{
+    std::vector<WORD> values;
+    for (INT_PTR i = 0; i < pool.GetSize(); ++i) {
+        const WORD value = pool.GetAt(i)->SubQuantity;
+        if (std::find(values.begin(), values.end(), value) == values.end())
+            values.push_back(value);
+    }
+    return values;
+}
+
+} // namespace
+
+std::unique_ptr<k_QuantityPool> k_StyleAtlas::TakeMatching(k_QuantityPool& pool, WORD quantity, WORD subQuantity,
+                                                           WORD device)
+{
+    auto taken = std::make_unique<k_QuantityPool>();
+    void** const records = pool.GetData();
+    INT_PTR kept = 0;
+    for (INT_PTR i = 0; i < pool.GetSize(); ++i) {
+        auto* const pRecord = static_cast<QuantityKey*>(records[i]);
+        const bool passes = pRecord->Quantity == quantity &&
+                            (subQuantity == k_AnyQuantity || pRecord->SubQuantity == subQuantity) &&
+                            (device == k_AnyQuantity || static_cast<WORD>(pRecord->Device) == device);
+        if (passes)
+            taken->Add(pRecord);
+        // In this order one of the pools holds the record at every moment.
+        records[i] = nullptr;
+        if (!passes)
+            records[kept++] = pRecord;
+    }
+    pool.SetSize(kept);
+    return taken->IsEmpty() ? nullptr : std::move(taken);
+}
+
+INT_PTR k_StyleAtlas::BuildCatalogue()
+{
+    Clear();
+    const k_UnitQuantities list = GetUnitQuantities();
+    k_QuantityPool master;
+    for (int i = 0; i < list.Count; ++i)
+        master.AddRecord(KeyOf(list, i));
+    while (!master.IsEmpty()) {
+        const QuantityKey leader = *master.GetAt(0);
+        const auto group = TakeMatching(master, leader.Quantity, k_AnyQuantity, static_cast<WORD>(leader.Device));
+        AddGroup(leader, *group);
+    }
+    return Rows.GetSize();
+}
+
+// Adds the rows of one Quantity and Device: a single row, or a group row and its sub-quantities.
+void k_StyleAtlas::AddGroup(QuantityKey leader, k_QuantityPool& group)
+{
+    if (group.GetSize() == 1) {
+        AddRow(*group.GetAt(0), groupLevel);
+        return;
+    }
+    QuantityKey groupRow;
+    groupRow.Quantity = leader.Quantity;
+    groupRow.SubQuantity = k_AnyQuantity;
+    groupRow.Device = leader.Device;
+    AddRow(groupRow, groupLevel);
+
+    const std::vector<WORD> subQuantities = SubQuantitiesOf(group);
+    for (const WORD subQuantity : subQuantities) {
+        const auto records =
+            TakeMatching(group, leader.Quantity, subQuantity, static_cast<WORD>(leader.Device));
+        if (subQuantities.size() > 1) {
+            AddSubQuantity(*records);
+            continue;
+        }
+        for (INT_PTR i = 0; i < records->GetSize(); ++i)
+            AddRow(*records->GetAt(i), subQuantityLevel);
+    }
+}
+
+// Adds a head, and below it the records of one sub-quantity that the head doesn't stand for.
+void k_StyleAtlas::AddSubQuantity(const k_QuantityPool& records)
+{
+    QuantityKey head = *records.GetAt(0);
+    head.Index = 0;
+    AddRow(head, subQuantityLevel);
+    for (INT_PTR i = 0; i < records.GetSize(); ++i) {
+        const QuantityKey& key = *records.GetAt(i);
+        if (key.Index != 0)
+            AddRow(key, indexLevel);
+        else if (key != head)
+            AddRow(key, subQuantityLevel);
+    }
+}

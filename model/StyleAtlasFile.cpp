@@ -1,0 +1,150 @@
+// The layout file: the writer and the reader of the atlas, of its rows and of their records, side by side. The format
+// is told in docs/layout-format.md.
+#include "StyleAtlas.h"
+
+#include <afxwin.h>
+#include <algorithm>
+#include <new>
+#include <unordered_map>
+
+namespace
+{
+
+// Places that a row gets at once, whatever number of records its file claims: the list grows beyond them only as
+// records do follow.
+constexpr int placesBelieved = 64;
+
+struct KeyHash {
+    std::size_t operator()(const QuantityKey& key) const noexcept
+    {
+        const ULONGLONG bits = (static_cast<ULONGLONG>(key.Quantity) << 48) ^
+                               (static_cast<ULONGLONG>(static_cast<WORD>(key.Device)) << 32) ^
+                               (static_cast<ULONGLONG>(key.SubQuantity) << 8) ^ key.Index ^
+                               (static_cast<ULONGLONG>(key.Flags) << 16);
+        return static_cast<std::size_t>((bits ^ (bits >> 29)) * 0x9E3779B97F4A7C15U);
+    }
+};
+
+// Where each key stands first in the table. It finds what a walk from the first row would find, without the walk.
+class RowIndex
+{
+public:
+    explicit RowIndex(const k_StyleAtlas& atlas)
+    {
+        const INT_PTR size = atlas.Rows.GetSize();
+        m_positions.reserve(static_cast<std::size_t>(size));
+        for (INT_PTR i = 0; i < size; ++i) {
+            if (const k_QuantityDesc* const pRow = atlas.GetRow(i))
+                PositionOf(*pRow, i);
+        }
+    }
+
+    // The position of the first row with this row's key; if there is none, the row's own from now on.
+    INT_PTR PositionOf(const k_QuantityDesc& row, INT_PTR ownPosition)
+    {
+        QuantityKey key;
+        row.GetKey(key);
+        return m_positions.try_emplace(key, ownPosition).first->second;
+    }
+
+private:
+    std::unordered_map<QuantityKey, INT_PTR, KeyHash> m_positions;
+};
+
+void WriteStyles(CArchive& ar, const k_LineDefList& styles)
+{
+    for (INT_PTR i = 0; i < styles.GetSize(); ++i) {
+        k_LineDef emptyPlace;
+        k_LineDef* const pStyle = styles.GetAt(i);
+        (pStyle != nullptr ? *pStyle : emptyPlace).Serialize(ar);
+    }
+}
+
+void ReadStyles(CArchive& ar, k_LineDefList& styles, int count)
+{
+    styles.SetSize(std::min(count, placesBelieved)); // refuses a count below 0
+    for (int i = 0; i < count; ++i) {
+        auto style = std::make_unique<k_LineDef>();
+        style->Serialize(ar);
+        styles.SetAtGrow(i, style.get());
+        static_cast<void>(style.release());
+    }
+}
+
+} // namespace
+
+void k_StyleAtlas::Serialize(CArchive& ar)
+{
+    if (ar.IsStoring())
+        WriteRows(ar);
+    else
+        ReadRows(ar);
+}
+
+void k_StyleAtlas::WriteRows(CArchive& ar)
+{
+    DWORD filled = 0;
+    for (INT_PTR i = 0; i < Rows.GetSize(); ++i)
+        filled += GetRow(i) != nullptr ? 1 : 0;
+    ar << Version << ColumnCount << filled;
+    for (INT_PTR i = 0; i < Rows.GetSize(); ++i) {
+        if (k_QuantityDesc* const pRow = GetRow(i)) {
+            pRow->Serialize(ar);
+            continue;
+        }
+        CString text;
+        text.Format(_T("pDesc == NULL\n%d"), static_cast<int>(i));
+        MessageBoxW(nullptr, text, _T("Error"), MB_OK);
+    }
+}
+
+void k_StyleAtlas::ReadRows(CArchive& ar)
+{
+    DWORD stored = 0;
+    ar >> Version >> ColumnCount >> stored;
+    if (stored == 0)
+        return;
+    try {
+        RowIndex index(*this);
+        for (DWORD i = 0; i < stored; ++i) {
+            auto row = std::make_unique<k_QuantityDesc>();
+            row->Serialize(ar);
+            const INT_PTR end = Rows.GetSize();
+            const INT_PTR position = index.PositionOf(*row, end);
+            if (position == end) {
+                Rows.Add(row.get());
+            } else {
+                delete GetRow(position);
+                Rows.SetAt(position, row.get());
+            }
+            static_cast<void>(row.release());
+        }
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
+}
+
+void k_QuantityDesc::Serialize(CArchive& ar)
+{
+    if (ar.IsStoring()) {
+        ar << static_cast<int>(Styles.GetSize());
+        ar << Device << Quantity << SubQuantity << Index << Flags << ReservedFlag << Level;
+        WriteStyles(ar, Styles);
+    } else {
+        Styles.Clear();
+        ar >> ColumnCount;
+        ar >> Device >> Quantity >> SubQuantity >> Index >> Flags >> ReservedFlag >> Level;
+        ReadStyles(ar, Styles, ColumnCount);
+    }
+}
+
+void k_LineDef::Serialize(CArchive& ar)
+{
+    if (ar.IsStoring()) {
+        ar << Reserved << LineColor << SymbolColor << SymbolShape << SymbolSize << SymbolFill << LineStyle << LineWidth
+           << UseSymbolColor;
+    } else {
+        ar >> Reserved >> LineColor >> SymbolColor >> SymbolShape >> SymbolSize >> SymbolFill >> LineStyle >>
+            LineWidth >> UseSymbolColor;
+    }
+}

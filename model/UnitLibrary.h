@@ -1,0 +1,18 @@
+// What the model asks of the unit library. The module that binds the library defines the functions.
+#pragma once
+
+#include <windows.h>
+
+// The list of quantities: five arrays of Count elements, which stay the unit library's.
+struct k_UnitQuantities {
+    WORD* Devices = nullptr;
+    WORD* Quantities = nullptr;
+    int* SubQuantities = nullptr;
+    WORD* Indexes = nullptr;
+    DWORD* Flags = nullptr;
+    int Count = 0;
+};
+
+// The quantities that the unit library reports at this moment; an empty list where the library is not bound or lacks
+// the entry point.
+k_UnitQuantities GetUnitQuantities();

@@ -1,0 +1,113 @@
+// The framework's files and archives.
+#pragma once
+
+#include <afx.h>
+
+#include <bit>
+#include <cstring>
+#include <memory>
+
+// A file, opened by a path of the drives or a native one. Any failure but that of Open raises the file exception.
+class CFile : public CObject
+{
+public:
+    enum OpenFlags : UINT { modeRead = 0x0000, modeWrite = 0x0001, modeCreate = 0x1000 };
+
+    CFile() = default;
+    ~CFile() override; // closes; what fails then is lost
+
+    // Reading takes ordinary files only, so that no device or pipe can hold up the caller. modeCreate empties a file
+    // that exists. False when the file can't be opened.
+    virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags);
+    virtual UINT Read(void* lpBuf, UINT nCount); // fewer bytes only at the end of the file
+    virtual void Write(const void* lpBuf, UINT nCount);
+    virtual ULONGLONG GetLength() const; // in bytes
+    virtual void Close();
+    virtual void Abort(); // closes whatever happens, and raises nothing
+    CString GetFilePath() const { return m_strFileName; }
+
+protected:
+    static constexpr int hFileNull = -1;
+
+    BOOL OpenNative(const std::string& path, int flags);
+    [[noreturn]] void ThrowSystemError(int error) const;
+
+    int m_hFile = hFileNull;
+    CString m_strFileName;
+};
+
+// A byte buffer over a file: integers go in and out in little-endian order, one after the other. It doesn't own the
+// file. A store that isn't closed is flushed on destruction, unless bNoFlushOnDelete was asked for.
+class CArchive
+{
+public:
+    enum Mode : UINT { store = 0, load = 1, bNoFlushOnDelete = 2 };
+
+    CArchive(CFile* pFile, UINT nMode, int nBufSize = 4096);
+    CArchive(const CArchive&) = delete;
+    CArchive& operator=(const CArchive&) = delete;
+    ~CArchive();
+
+    BOOL IsLoading() const { return (m_nMode & load) != 0; }
+    BOOL IsStoring() const { return (m_nMode & load) == 0; }
+    CFile* GetFile() const { return m_pFile; }
+
+    void Flush(); // a store: empties the buffer into the file
+    void Close(); // flushes and lets the file go
+    void Abort(); // lets the file go without a flush
+
+    CArchive& operator<<(BYTE by) { return Put(by); }
+    CArchive& operator<<(WORD w) { return Put(w); }
+    CArchive& operator<<(short w) { return Put(w); }
+    CArchive& operator<<(DWORD dw) { return Put(dw); }
+    CArchive& operator<<(int i) { return Put(i); }
+    CArchive& operator<<(bool b) { return Put(static_cast<BYTE>(b ? 1 : 0)); }
+    CArchive& operator>>(BYTE& by) { return Get(by); }
+    CArchive& operator>>(WORD& w) { return Get(w); }
+    CArchive& operator>>(short& w) { return Get(w); }
+    CArchive& operator>>(DWORD& dw) { return Get(dw); }
+    CArchive& operator>>(int& i) { return Get(i); }
+    CArchive& operator>>(bool& b)
+    {
+        BYTE by = 0;
+        Get(by);
+        b = by != 0;
+        return *this;
+    }
+
+private:
+    static_assert(std::endian::native == std::endian::little, "the stream is little-endian, and so is the machine");
+
+    // Makes at least nBytesNeeded unread bytes stand in the buffer, or raises endOfFile.
+    void FillBuffer(UINT nBytesNeeded);
+    [[noreturn]] void ThrowWrongDirection() const;
+
+    template <class Integer> CArchive& Put(Integer value)
+    {
+        if (!IsStoring())
+            ThrowWrongDirection();
+        if (static_cast<std::size_t>(m_lpBufMax - m_lpBufCur) < sizeof value)
+            Flush();
+        std::memcpy(m_lpBufCur, &value, sizeof value);
+        m_lpBufCur += sizeof value;
+        return *this;
+    }
+
+    template <class Integer> CArchive& Get(Integer& value)
+    {
+        if (!IsLoading())
+            ThrowWrongDirection();
+        if (static_cast<std::size_t>(m_lpBufMax - m_lpBufCur) < sizeof value)
+            FillBuffer(sizeof value);
+        std::memcpy(&value, m_lpBufCur, sizeof value);
+        m_lpBufCur += sizeof value;
+        return *this;
+    }
+
+    UINT m_nMode;
+    CFile* m_pFile;
+    int m_nBufSize;
+    std::unique_ptr<BYTE[]> m_lpBufStart;
+    BYTE* m_lpBufCur; // the next byte to read or to write
+    BYTE* m_lpBufMax; // end of the bytes read; of a store, end of the buffer
+};

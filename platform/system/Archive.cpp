@@ -1,0 +1,58 @@
+#include <afx.h>
+
+#include <new>
+
+CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize)
+    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(nBufSize), m_lpBufStart(new (std::nothrow) BYTE[nBufSize]),
+      m_lpBufCur(m_lpBufStart.get()), m_lpBufMax(m_lpBufCur)
+{
+    if (!m_lpBufStart)
+        AfxThrowMemoryException();
+    if (IsStoring())
+        m_lpBufMax += m_nBufSize;
+}
+
+CArchive::~CArchive()
+{
+    if (m_pFile == nullptr || (m_nMode & bNoFlushOnDelete) != 0)
+        return;
+    try {
+        Close();
+    } catch (CException* e) {
+        e->Delete(); // nobody is left to be told
+    }
+}
+
+void CArchive::Flush()
+{
+    if (!IsStoring() || m_lpBufCur == m_lpBufStart.get())
+        return;
+    m_pFile->Write(m_lpBufStart.get(), static_cast<UINT>(m_lpBufCur - m_lpBufStart.get()));
+    m_lpBufCur = m_lpBufStart.get();
+}
+
+void CArchive::Close()
+{
+    Flush();
+    m_pFile = nullptr;
+}
+
+void CArchive::Abort() { m_pFile = nullptr; }
+
+void CArchive::FillBuffer(UINT nBytesNeeded)
+{
+    BYTE* const start = m_lpBufStart.get();
+    const auto unread = static_cast<UINT>(m_lpBufMax - m_lpBufCur);
+    std::memmove(start, m_lpBufCur, unread);
+    m_lpBufCur = start;
+    m_lpBufMax = start + unread;
+    m_lpBufMax += m_pFile->Read(m_lpBufMax, static_cast<UINT>(m_nBufSize) - unread);
+    if (static_cast<UINT>(m_lpBufMax - m_lpBufCur) < nBytesNeeded)
+        AfxThrowArchiveException(CArchiveException::endOfFile, m_pFile->GetFilePath());
+}
+
+void CArchive::ThrowWrongDirection() const
+{
+    AfxThrowArchiveException(IsStoring() ? CArchiveException::writeOnly : CArchiveException::readOnly,
+                             m_pFile->GetFilePath());
+}

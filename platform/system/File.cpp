@@ -1,0 +1,145 @@
+#include <afx.h>
+
+#include "Paths.h"
+#include "SignalGuard.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <new>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr mode_t newFileMode = 0666;      // less what the user's mask takes away
+constexpr int commonFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK; // no file that is opened may hold up the host
+
+CFileException::Cause CauseOf(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return CFileException::fileNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return CFileException::accessDenied;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return CFileException::diskFull;
+    case EIO:
+        return CFileException::hardIO;
+    default:
+        return CFileException::genericException;
+    }
+}
+
+std::string NativePathOf(LPCTSTR fileName)
+{
+    try {
+        return NativePath(fileName);
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
+}
+
+} // namespace
+
+CFile::~CFile()
+{
+    if (m_hFile != hFileNull)
+        close(m_hFile);
+}
+
+BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
+{
+    const int create = (nOpenFlags & modeCreate) != 0 ? O_CREAT | O_TRUNC : 0;
+    const int flags = (nOpenFlags & modeWrite) != 0 ? O_WRONLY | create : O_RDONLY;
+    if (!OpenNative(NativePathOf(lpszFileName), flags))
+        return FALSE;
+    m_strFileName = lpszFileName;
+    return TRUE;
+}
+
+BOOL CFile::OpenNative(const std::string& path, int flags)
+{
+    CFile::Abort();
+    const int file = open(path.c_str(), flags | commonFlags, newFileMode);
+    if (file < 0)
+        return FALSE;
+    struct stat status{};
+    const bool writing = (flags & O_ACCMODE) != O_RDONLY;
+    const bool fit = fstat(file, &status) == 0 &&
+                     (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
+    if (!fit) {
+        close(file);
+        return FALSE;
+    }
+    m_hFile = file;
+    return TRUE;
+}
+
+UINT CFile::Read(void* lpBuf, UINT nCount)
+{
+    UINT total = 0;
+    while (total < nCount) {
+        const ssize_t got = read(m_hFile, static_cast<BYTE*>(lpBuf) + total, nCount - total);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            ThrowSystemError(errno);
+        if (got == 0)
+            break;
+        total += static_cast<UINT>(got);
+    }
+    return total;
+}
+
+void CFile::Write(const void* lpBuf, UINT nCount)
+{
+    int error = 0;
+    {
+        const SignalGuard guard;
+        UINT total = 0;
+        while (total < nCount && error == 0) {
+            const ssize_t put = write(m_hFile, static_cast<const BYTE*>(lpBuf) + total, nCount - total);
+            if (put >= 0)
+                total += static_cast<UINT>(put);
+            else if (errno != EINTR)
+                error = errno;
+        }
+    }
+    if (error != 0)
+        ThrowSystemError(error);
+}
+
+ULONGLONG CFile::GetLength() const
+{
+    struct stat status{};
+    if (fstat(m_hFile, &status) != 0)
+        ThrowSystemError(errno);
+    return static_cast<ULONGLONG>(status.st_size);
+}
+
+void CFile::Close()
+{
+    if (m_hFile == hFileNull)
+        return;
+    const int result = close(m_hFile);
+    const int error = errno;
+    m_hFile = hFileNull;
+    if (result != 0 && error != EINTR) // an interrupted close has closed
+        ThrowSystemError(error);
+}
+
+void CFile::Abort()
+{
+    if (m_hFile != hFileNull)
+        close(m_hFile);
+    m_hFile = hFileNull;
+}
+
+void CFile::ThrowSystemError(int error) const { AfxThrowFileException(CauseOf(error), error, m_strFileName); }

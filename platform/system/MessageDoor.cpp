@@ -1,0 +1,44 @@
+#include "MessageDoor.h"
+
+#include "SignalGuard.h"
+#include "Unicode.h"
+
+#include <new>
+#include <poll.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr int longestWait = 1000; // milliseconds that a reader of standard error may let the host wait
+
+MessageDoor currentDoor = nullptr;
+
+int WriteToStandardError(HWND /*owner*/, LPCWSTR text, LPCWSTR caption, UINT /*type*/)
+{
+    const std::string line = ToUtf8(caption) + ": " + ToUtf8(text) + '\n';
+    const SignalGuard guard;
+    pollfd standardError{STDERR_FILENO, POLLOUT, 0};
+    if (poll(&standardError, 1, longestWait) == 1 && (standardError.revents & POLLOUT) != 0) {
+        [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line.data(), line.size());
+    }
+    return IDOK;
+}
+
+} // namespace
+
+MessageDoor SetMessageDoor(MessageDoor door)
+{
+    const MessageDoor before = currentDoor;
+    currentDoor = door;
+    return before;
+}
+
+int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
+{
+    try {
+        return (currentDoor ? currentDoor : WriteToStandardError)(owner, text, caption, type);
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
+}

@@ -1,0 +1,29 @@
+// The entry point of a module: it is told when the loader has attached the module and when it is about to detach it.
+// This source is the last of its module, so that its static object is constructed last and destroyed first.
+#include <afxwin.h>
+
+namespace
+{
+
+class ModuleAttach
+{
+public:
+    ModuleAttach()
+    {
+        const AFX_MAINTAIN_STATE2 state(AfxGetStaticModuleState());
+        if (CWinApp* const app = AfxGetApp())
+            app->InitInstance();
+    }
+    ModuleAttach(const ModuleAttach&) = delete;
+    ModuleAttach& operator=(const ModuleAttach&) = delete;
+    ~ModuleAttach()
+    {
+        const AFX_MAINTAIN_STATE2 state(AfxGetStaticModuleState());
+        if (CWinApp* const app = AfxGetApp())
+            app->ExitInstance();
+    }
+};
+
+const ModuleAttach attach;
+
+} // namespace

@@ -1,0 +1,124 @@
+#include "Paths.h"
+
+#include "Unicode.h"
+
+#include <shlobj.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <pwd.h>
+#include <unistd.h>
+#include <vector>
+
+namespace
+{
+
+constexpr const char* prefixVariable = "STYLEATLAS_PREFIX";
+constexpr const char* sharedName = "styleatlas";
+constexpr std::u16string_view commonDataFolder = u"C:\\ProgramData";
+constexpr std::size_t userRecordSize = 16384; // of getpwuid_r; ample
+
+constexpr bool IsSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
+constexpr bool IsDriveLetter(char16_t c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); }
+
+std::string Variable(const char* name)
+{
+    const char* const value = secure_getenv(name);
+    return value ? value : "";
+}
+
+std::string HomeFolder()
+{
+    std::string home = Variable("HOME");
+    if (!home.empty())
+        return home;
+    std::array<char, userRecordSize> buffer;
+    passwd record{};
+    passwd* found = nullptr;
+    if (getpwuid_r(getuid(), &record, buffer.data(), buffer.size(), &found) == 0 && found && found->pw_dir)
+        home = found->pw_dir;
+    return home;
+}
+
+std::string WithoutSlash(std::string path)
+{
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+// The names between the separators, with "." left out and ".." taking back the name before it, as far as there is one.
+std::vector<std::u16string_view> PathNames(std::u16string_view path)
+{
+    std::vector<std::u16string_view> names;
+    while (!path.empty()) {
+        const auto end = std::find_if(path.begin(), path.end(), IsSeparator);
+        const std::u16string_view name = path.substr(0, static_cast<std::size_t>(end - path.begin()));
+        path.remove_prefix(std::min(name.size() + 1, path.size()));
+        if (name == u"..") {
+            if (!names.empty())
+                names.pop_back();
+        } else if (!name.empty() && name != u".") {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+std::string OnDrive(char16_t drive, std::u16string_view path)
+{
+    std::string native = PrefixFolder();
+    if (native.empty())
+        return native;
+    native += "/drive_";
+    native += static_cast<char>(drive | 0x20); // in small letters
+    for (const std::u16string_view name : PathNames(path))
+        native += '/' + ToUtf8(name);
+    return native;
+}
+
+} // namespace
+
+std::string PrefixFolder()
+{
+    const std::string prefix = Variable(prefixVariable);
+    if (!prefix.empty())
+        return WithoutSlash(prefix);
+    const std::string data = Variable("XDG_DATA_HOME");
+    if (data.starts_with('/')) // a relative one is not valid
+        return WithoutSlash(data) + '/' + sharedName;
+    const std::string home = HomeFolder();
+    return home.empty() ? home : WithoutSlash(home) + "/.local/share/" + sharedName;
+}
+
+std::string NativePath(std::u16string_view path)
+{
+    if (path.empty() || path[0] == u'/')
+        return ToUtf8(path);
+    if (path.size() >= 2 && IsDriveLetter(path[0]) && path[1] == u':')
+        return OnDrive(path[0], path.substr(2));
+    if (path[0] == u'\\')
+        return OnDrive(u'c', path);
+    std::string native = ToUtf8(path);
+    std::replace(native.begin(), native.end(), '\\', '/');
+    return native;
+}
+
+bool MakeFolder(const std::string& nativePath)
+{
+    std::error_code error;
+    std::filesystem::create_directories(nativePath, error);
+    return std::filesystem::is_directory(nativePath, error);
+}
+
+HRESULT SHGetFolderPathW(HWND /*owner*/, int folder, HANDLE /*token*/, DWORD /*flags*/, LPWSTR path)
+{
+    if (folder != CSIDL_COMMON_APPDATA)
+        return E_INVALIDARG;
+    static_assert(commonDataFolder.size() < MAX_PATH);
+    std::copy(commonDataFolder.begin(), commonDataFolder.end(), path);
+    path[commonDataFolder.size()] = 0;
+    return S_OK;
+}

@@ -1,0 +1,65 @@
+#include <afxcoll.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
+namespace
+{
+
+constexpr INT_PTR leastGrowth = 4;
+constexpr INT_PTR mostElements = std::numeric_limits<INT_PTR>::max() / static_cast<INT_PTR>(sizeof(void*));
+
+} // namespace
+
+CPtrArray::~CPtrArray() { std::free(m_pData); }
+
+void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
+{
+    if (nNewSize < 0)
+        AfxThrowInvalidArgException();
+    if (nGrowBy >= 0)
+        m_nGrowBy = nGrowBy;
+    if (nNewSize == 0) {
+        std::free(m_pData);
+        m_pData = nullptr;
+        m_nSize = m_nMaxSize = 0;
+        return;
+    }
+    if (nNewSize > m_nMaxSize)
+        Reserve(nNewSize);
+    if (nNewSize > m_nSize)
+        std::fill(m_pData + m_nSize, m_pData + nNewSize, nullptr);
+    m_nSize = nNewSize;
+}
+
+// An array that is grown one by one grows by half each time, so that the copying stays linear; one that is given its
+// size at once takes no more than that.
+void CPtrArray::Reserve(INT_PTR nNewSize)
+{
+    const INT_PTR growth = m_nMaxSize > 0 ? std::max({m_nGrowBy, leastGrowth, m_nMaxSize / 2}) : m_nGrowBy;
+    const INT_PTR newMax = std::max(nNewSize, m_nMaxSize + growth);
+    if (newMax > mostElements)
+        AfxThrowMemoryException();
+    void* const data = std::realloc(m_pData, static_cast<std::size_t>(newMax) * sizeof(void*));
+    if (data == nullptr)
+        AfxThrowMemoryException();
+    m_pData = static_cast<void**>(data);
+    m_nMaxSize = newMax;
+}
+
+void CPtrArray::SetAtGrow(INT_PTR nIndex, void* newElement)
+{
+    if (nIndex < 0)
+        AfxThrowInvalidArgException();
+    if (nIndex >= m_nSize)
+        SetSize(nIndex + 1);
+    m_pData[nIndex] = newElement;
+}
+
+INT_PTR CPtrArray::Add(void* newElement)
+{
+    const INT_PTR index = m_nSize;
+    SetAtGrow(index, newElement);
+    return index;
+}

@@ -1,0 +1,137 @@
+#include <afx.h>
+
+#include <algorithm>
+#include <cstdarg>
+#include <new>
+
+namespace
+{
+
+constexpr TCHAR FoldCase(TCHAR ch) { return ch >= u'A' && ch <= u'Z' ? static_cast<TCHAR>(ch + (u'a' - u'A')) : ch; }
+
+int CompareFolded(std::u16string_view first, std::u16string_view second)
+{
+    const std::size_t common = std::min(first.size(), second.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        const int difference = FoldCase(first[i]) - FoldCase(second[i]);
+        if (difference != 0)
+            return difference;
+    }
+    return static_cast<int>(first.size()) - static_cast<int>(second.size());
+}
+
+// Runs an operation of the standard library and turns its memory exception into the framework's.
+template <class Operation> auto WithFrameworkMemory(Operation operation)
+{
+    try {
+        return operation();
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
+}
+
+std::shared_ptr<std::u16string> MakeText(std::u16string_view text)
+{
+    if (text.empty())
+        return nullptr;
+    return WithFrameworkMemory([text] { return std::make_shared<std::u16string>(text); });
+}
+
+template <class Integer> void AppendNumber(std::u16string& out, Integer number)
+{
+    const std::string digits = std::to_string(number);
+    out.append(digits.begin(), digits.end());
+}
+
+std::u16string FormatText(const TCHAR* format, std::va_list args)
+{
+    std::u16string out;
+    for (; *format != 0; ++format) {
+        if (*format != u'%') {
+            out.push_back(*format);
+            continue;
+        }
+        ++format;
+        switch (*format) {
+        case u'd':
+            AppendNumber(out, va_arg(args, int));
+            break;
+        case u'u':
+            AppendNumber(out, va_arg(args, unsigned));
+            break;
+        case u's':
+            out.append(va_arg(args, const TCHAR*));
+            break;
+        case u'%':
+            out.push_back(u'%');
+            break;
+        default: // no argument can be told from the rest without its type
+            AfxThrowInvalidArgException();
+        }
+    }
+    return out;
+}
+
+} // namespace
+
+int _wcsicmp(LPCWSTR first, LPCWSTR second) { return CompareFolded(first, second); } // NOLINT
+
+CString::CString(LPCTSTR psz) : m_text(psz ? MakeText(psz) : nullptr) {}
+
+CString::CString(LPCTSTR pch, int nLength)
+{
+    if (nLength < 0)
+        AfxThrowInvalidArgException();
+    m_text = MakeText({pch, static_cast<std::size_t>(nLength)});
+}
+
+// The contents, for writing: shared with nobody.
+std::u16string& CString::Own()
+{
+    if (!m_text || m_text.use_count() > 1)
+        m_text = WithFrameworkMemory([this] { return std::make_shared<std::u16string>(GetString(), GetLength()); });
+    return *m_text;
+}
+
+CString& CString::operator+=(LPCTSTR psz)
+{
+    std::u16string& text = Own();
+    WithFrameworkMemory([&] { text.append(psz); return true; });
+    return *this;
+}
+
+CString& CString::operator+=(TCHAR ch)
+{
+    std::u16string& text = Own();
+    WithFrameworkMemory([&] { text.push_back(ch); return true; });
+    return *this;
+}
+
+TCHAR CString::GetAt(int iChar) const
+{
+    if (iChar < 0 || iChar >= GetLength())
+        AfxThrowInvalidArgException();
+    return (*m_text)[static_cast<std::size_t>(iChar)];
+}
+
+int CString::Compare(LPCTSTR psz) const
+{
+    return std::u16string_view(GetString()).compare(psz);
+}
+
+int CString::CompareNoCase(LPCTSTR psz) const { return CompareFolded(GetString(), psz); }
+
+void CString::Format(const TCHAR* pszFormat, ...)
+{
+    std::va_list args;
+    va_start(args, pszFormat);
+    // Formatted as a whole before anything changes: an argument may be this string's own text.
+    struct EndOfArguments {
+        std::va_list& List;
+        ~EndOfArguments() { va_end(List); }
+    } end{args};
+    m_text = WithFrameworkMemory([&] {
+        std::u16string text = FormatText(pszFormat, args);
+        return text.empty() ? nullptr : std::make_shared<std::u16string>(std::move(text));
+    });
+}

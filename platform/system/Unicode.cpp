@@ -1,0 +1,100 @@
+#include "Unicode.h"
+
+#include <cstdint>
+
+namespace
+{
+
+constexpr char32_t replacement = 0xFFFD;
+
+constexpr bool IsHighSurrogate(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
+constexpr bool IsLowSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
+
+void AppendUtf8(std::string& out, char32_t c)
+{
+    const auto tail = [&out](char32_t bits) { out.push_back(static_cast<char>(0x80 | (bits & 0x3F))); };
+    if (c < 0x80) {
+        out.push_back(static_cast<char>(c));
+    } else if (c < 0x800) {
+        out.push_back(static_cast<char>(0xC0 | (c >> 6)));
+        tail(c);
+    } else if (c < 0x10000) {
+        out.push_back(static_cast<char>(0xE0 | (c >> 12)));
+        tail(c >> 6);
+        tail(c);
+    } else {
+        out.push_back(static_cast<char>(0xF0 | (c >> 18)));
+        tail(c >> 12);
+        tail(c >> 6);
+        tail(c);
+    }
+}
+
+void AppendUtf16(std::u16string& out, char32_t c)
+{
+    if (c < 0x10000) {
+        out.push_back(static_cast<char16_t>(c));
+        return;
+    }
+    c -= 0x10000;
+    out.push_back(static_cast<char16_t>(0xD800 + (c >> 10)));
+    out.push_back(static_cast<char16_t>(0xDC00 + (c & 0x3FF)));
+}
+
+// A lead byte's pattern, the bits of the character in it, and the least character that needs so many bytes.
+struct LeadByte {
+    unsigned char Mask;
+    unsigned char Pattern;
+    std::size_t Length;
+    char32_t Least;
+};
+constexpr LeadByte leadBytes[] = {
+    {0x80, 0x00, 1, 0}, {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
+
+// Decodes the character at the head of text; gives its length in bytes, 0 if there is none.
+std::size_t Decode(std::string_view text, char32_t& c)
+{
+    const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    for (const LeadByte& lead : leadBytes) {
+        if ((byte(0) & lead.Mask) != lead.Pattern)
+            continue;
+        if (text.size() < lead.Length)
+            return 0;
+        c = byte(0) & static_cast<unsigned char>(~lead.Mask);
+        for (std::size_t i = 1; i < lead.Length; ++i) {
+            if ((byte(i) & 0xC0) != 0x80)
+                return 0;
+            c = (c << 6) | (byte(i) & 0x3F);
+        }
+        return c >= lead.Least && c <= 0x10FFFF ? lead.Length : 0;
+    }
+    return 0;
+}
+
+} // namespace
+
+std::string ToUtf8(std::u16string_view text)
+{
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char32_t c = text[i];
+        if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]))
+            c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00);
+        AppendUtf8(out, c);
+    }
+    return out;
+}
+
+std::u16string ToUtf16(std::string_view text)
+{
+    std::u16string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        char32_t c = replacement;
+        const std::size_t length = Decode(text, c);
+        AppendUtf16(out, length > 0 ? c : replacement);
+        text.remove_prefix(length > 0 ? length : 1);
+    }
+    return out;
+}
