@@ -1,5 +1,7 @@
 #include "CsvReader.h"
 
+#include <utility>
+
 namespace atlashost
 {
 namespace

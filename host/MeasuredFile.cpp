@@ -11,6 +11,8 @@
 #include <cstring>
 #include <memory>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>

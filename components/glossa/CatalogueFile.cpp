@@ -67,8 +67,7 @@ const char* ReadWhole(int fd, std::string& bytes)
         if (count == 0)
             return bytes.empty() ? "empty" : nullptr;
         bytes.append(block.data(), static_cast<std::size_t>(count));
-        // The size that was told before may be out of date, or 0 on a file system that makes files as they
-        // are read.
+        // Counted while reading: the size that a file tells can be out of date.
         if (bytes.size() > largestFile)
             return "too long for a catalogue";
     }

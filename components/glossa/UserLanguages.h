@@ -13,9 +13,9 @@ constexpr std::string_view englishLanguage = "en";
 
 // The names of catalogue folders to look in, best first, without English itself, which stands behind all of
 // them. The list in LANGUAGE decides, else the first of LC_ALL, LC_MESSAGES and LANG that is set. A language
-// in it ends the list if it is English or no language ("C"), for the texts are English. Each gives its
-// special forms before the general one: "de_CH.UTF-8@x" gives "de_CH@x", "de@x", "de_CH" and "de". Every name
-// is one path part. Throws std::bad_alloc.
+// in it ends the list if it is English or no language ("C"), for the texts are English; past the eighth none
+// counts. Each gives its special forms before the general one: "de_CH.UTF-8@x" gives "de_CH@x", "de@x",
+// "de_CH" and "de". Every name is one path part. Throws std::bad_alloc.
 std::vector<std::string> UserLanguages();
 
 } // namespace glossa

@@ -2,6 +2,7 @@
 
 #include "Utf.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>

@@ -10,6 +10,8 @@
 
 #include <cstdio>
 #include <map>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace mensura

@@ -43,7 +43,7 @@ public:
     void** GetData() { return m_pData; }
 
 private:
-    void Reserve(INT_PTR nNewSize);
+    void Reserve(INT_PTR nNewSize, INT_PTR nGrowBy);
 
     void** m_pData = nullptr;
     INT_PTR m_nSize = 0;

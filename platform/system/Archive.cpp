@@ -1,9 +1,17 @@
 #include <afx.h>
 
+#include <algorithm>
 #include <new>
 
+namespace
+{
+
+constexpr int leastBufferSize = 128; // holds every integer, with some to spare
+
+} // namespace
+
 CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize)
-    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(nBufSize), m_lpBufStart(new (std::nothrow) BYTE[nBufSize]),
+    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(std::max(nBufSize, leastBufferSize)), m_lpBufStart(new (std::nothrow) BYTE[m_nBufSize]),
       m_lpBufCur(m_lpBufStart.get()), m_lpBufMax(m_lpBufCur)
 {
     if (!m_lpBufStart)

@@ -106,8 +106,10 @@ void CFile::Write(const void* lpBuf, UINT nCount)
         UINT total = 0;
         while (total < nCount && error == 0) {
             const ssize_t put = write(m_hFile, static_cast<const BYTE*>(lpBuf) + total, nCount - total);
-            if (put >= 0)
+            if (put > 0)
                 total += static_cast<UINT>(put);
+            else if (put == 0) // a device that takes nothing and says nothing
+                error = EIO;
             else if (errno != EINTR)
                 error = errno;
         }

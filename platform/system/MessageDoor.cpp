@@ -3,8 +3,11 @@
 #include "SignalGuard.h"
 #include "Unicode.h"
 
+#include <algorithm>
+#include <climits>
 #include <new>
 #include <poll.h>
+#include <string_view>
 #include <unistd.h>
 
 namespace
@@ -18,9 +21,16 @@ int WriteToStandardError(HWND /*owner*/, LPCWSTR text, LPCWSTR caption, UINT /*t
 {
     const std::string line = ToUtf8(caption) + ": " + ToUtf8(text) + '\n';
     const SignalGuard guard;
-    pollfd standardError{STDERR_FILENO, POLLOUT, 0};
-    if (poll(&standardError, 1, longestWait) == 1 && (standardError.revents & POLLOUT) != 0) {
-        [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, line.data(), line.size());
+    std::string_view rest = line;
+    while (!rest.empty()) {
+        pollfd standardError{STDERR_FILENO, POLLOUT, 0};
+        if (poll(&standardError, 1, longestWait) != 1 || (standardError.revents & POLLOUT) == 0)
+            break;
+        // A pipe that is ready takes this much without waiting.
+        const ssize_t written = write(STDERR_FILENO, rest.data(), std::min<std::size_t>(rest.size(), PIPE_BUF));
+        if (written <= 0)
+            break;
+        rest.remove_prefix(static_cast<std::size_t>(written));
     }
     return IDOK;
 }

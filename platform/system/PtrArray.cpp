@@ -18,16 +18,16 @@ void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
     if (nNewSize < 0)
         AfxThrowInvalidArgException();
-    if (nGrowBy >= 0)
-        m_nGrowBy = nGrowBy;
+    const INT_PTR growBy = nGrowBy >= 0 ? nGrowBy : m_nGrowBy;
+    if (nNewSize > m_nMaxSize)
+        Reserve(nNewSize, growBy);
+    m_nGrowBy = growBy;
     if (nNewSize == 0) {
         std::free(m_pData);
         m_pData = nullptr;
         m_nSize = m_nMaxSize = 0;
         return;
     }
-    if (nNewSize > m_nMaxSize)
-        Reserve(nNewSize);
     if (nNewSize > m_nSize)
         std::fill(m_pData + m_nSize, m_pData + nNewSize, nullptr);
     m_nSize = nNewSize;
@@ -35,12 +35,12 @@ void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
 
 // An array that is grown one by one grows by half each time, so that the copying stays linear; one that is given its
 // size at once takes no more than that.
-void CPtrArray::Reserve(INT_PTR nNewSize)
+void CPtrArray::Reserve(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
-    const INT_PTR growth = m_nMaxSize > 0 ? std::max({m_nGrowBy, leastGrowth, m_nMaxSize / 2}) : m_nGrowBy;
-    const INT_PTR newMax = std::max(nNewSize, m_nMaxSize + growth);
-    if (newMax > mostElements)
+    const INT_PTR growth = m_nMaxSize > 0 ? std::max({nGrowBy, leastGrowth, m_nMaxSize / 2}) : nGrowBy;
+    if (nNewSize > mostElements || growth > mostElements - m_nMaxSize)
         AfxThrowMemoryException();
+    const INT_PTR newMax = std::max(nNewSize, m_nMaxSize + growth);
     void* const data = std::realloc(m_pData, static_cast<std::size_t>(newMax) * sizeof(void*));
     if (data == nullptr)
         AfxThrowMemoryException();
@@ -52,6 +52,8 @@ void CPtrArray::SetAtGrow(INT_PTR nIndex, void* newElement)
 {
     if (nIndex < 0)
         AfxThrowInvalidArgException();
+    if (nIndex >= mostElements)
+        AfxThrowMemoryException();
     if (nIndex >= m_nSize)
         SetSize(nIndex + 1);
     m_pData[nIndex] = newElement;

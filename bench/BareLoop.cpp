@@ -1,0 +1,63 @@
+// The bare loop, in a source of its own so that no call of it is compiled into its caller.
+#include "BareLoop.h"
+
+namespace
+{
+
+const std::unique_ptr<bench::PlainRow>* rows = nullptr;
+std::size_t rowCount = 0;
+
+} // namespace
+
+namespace bench
+{
+
+void SetBareTable(const PlainTable& table)
+{
+    rows = table.data();
+    rowCount = table.size();
+}
+
+int BareLookup(std::int16_t fileColumn, std::uint16_t quantity, std::uint8_t subQuantity, std::uint8_t index,
+               std::uint16_t device, std::uint32_t flags, std::uint32_t* symbolColor, std::int16_t* symbolShape,
+               std::int16_t* symbolSize, std::int16_t* symbolFill, std::uint32_t* lineColor,
+               std::int16_t* lineStyle, std::int16_t* lineWidth, std::uint8_t* useSymbolColor)
+{
+    const std::unique_ptr<PlainRow>* const end = rows + rowCount;
+    const std::unique_ptr<PlainRow>* row = rows;
+    while (row != end && (*row)->Quantity != quantity)
+        ++row;
+    if (row == end)
+        return 0;
+    const PlainRow* best = row->get();
+    while (row != end && ((*row)->Quantity != quantity || (*row)->SubQuantity != subQuantity))
+        ++row;
+    if (row != end)
+        best = row->get();
+    while (row != end && ((*row)->Quantity != quantity || (*row)->SubQuantity != subQuantity ||
+                          static_cast<std::uint16_t>((*row)->Device) != device))
+        ++row;
+    if (row != end)
+        best = row->get();
+    while (row != end && ((*row)->Quantity != quantity || (*row)->SubQuantity != subQuantity ||
+                          static_cast<std::uint16_t>((*row)->Device) != device || (*row)->Index != index ||
+                          (*row)->Flags != flags))
+        ++row;
+    if (row != end)
+        best = row->get();
+
+    if (fileColumn < 0 || fileColumn >= best->StyleCount)
+        return 0;
+    const PlainStyle& style = *best->Styles[static_cast<std::size_t>(fileColumn)];
+    *symbolColor = style.SymbolColor;
+    *symbolShape = style.SymbolShape;
+    *symbolSize = style.SymbolSize;
+    *symbolFill = style.SymbolFill;
+    *lineColor = style.LineColor;
+    *lineStyle = style.LineStyle;
+    *lineWidth = style.LineWidth;
+    *useSymbolColor = style.UseSymbolColor ? 1 : 0;
+    return 1;
+}
+
+} // namespace bench

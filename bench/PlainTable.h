@@ -1,0 +1,51 @@
+// The peers' table: rows and records of the same size as the library's, each on the heap by itself, without a class
+// framework.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace bench
+{
+
+constexpr int plainColumns = 32; // records of a row
+
+struct PlainStyle {
+    virtual ~PlainStyle() = default; // as in the library, the fields stand behind a pointer
+    std::uint16_t Reserved = 0;
+    std::uint32_t LineColor = 0;
+    std::uint32_t SymbolColor = 0;
+    std::int16_t SymbolShape = 0;
+    std::int16_t SymbolSize = 10;
+    std::int16_t SymbolFill = 1;
+    std::int16_t LineStyle = 0;
+    std::int16_t LineWidth = 1;
+    bool UseSymbolColor = false;
+};
+
+struct PlainRow {
+    virtual ~PlainRow() = default;
+    std::int16_t Device = 0;
+    std::uint16_t Quantity = 0;
+    std::uint16_t SubQuantity = 0;
+    std::uint8_t Index = 0;
+    std::uint32_t Flags = 0;
+    std::int32_t ColumnCount = plainColumns;
+    bool ReservedFlag = false;
+    std::uint8_t Level = 0;
+    void* StylesKind = nullptr; // the library's list of records has its kind, its sizes and its flags here
+    std::unique_ptr<std::unique_ptr<PlainStyle>[]> Styles;
+    std::int64_t StyleCount = 0;
+    std::int64_t StyleRoom = 0;
+    std::int64_t StyleGrowth = 0;
+    bool Same[7] = {};
+};
+
+using PlainTable = std::vector<std::unique_ptr<PlainRow>>;
+
+// A row, then its array, then its records: the order in which the library allocates them.
+std::unique_ptr<PlainRow> MakePlainRow();
+PlainTable MakePlainTable(std::size_t rows);
+
+} // namespace bench

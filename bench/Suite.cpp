@@ -1,0 +1,96 @@
+// The run of a suite on Google Benchmark, and its table.
+#include "Suite.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace
+{
+
+const std::vector<std::string> commonOptions = {
+    "--benchmark_enable_random_interleaving=true",
+    "--benchmark_report_aggregates_only=true",
+};
+constexpr std::string_view medianName = "median";
+
+// Shows what it is told as usual, and keeps the medians.
+class MedianReporter : public benchmark::ConsoleReporter
+{
+public:
+    explicit MedianReporter(std::map<std::string, double>& medians) : ConsoleReporter(OO_None), m_medians(medians) {}
+
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs) {
+            if (run.aggregate_name == medianName)
+                m_medians[run.run_name.function_name] = run.GetAdjustedRealTime();
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+private:
+    std::map<std::string, double>& m_medians;
+};
+
+} // namespace
+
+namespace bench
+{
+
+Suite::Suite(int argc, char** argv, std::vector<std::string> options)
+{
+    options.insert(options.begin(), commonOptions.begin(), commonOptions.end());
+    std::vector<char*> arguments(argv, argv + 1);
+    for (std::string& option : options)
+        arguments.push_back(option.data());
+    arguments.insert(arguments.end(), argv + 1, argv + argc); // the last of equal options counts
+    int count = static_cast<int>(arguments.size());
+    arguments.push_back(nullptr);
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
+        std::exit(EXIT_FAILURE);
+}
+
+void Suite::Add(const std::string& name, double rows, std::function<void(benchmark::State&)> body)
+{
+    m_rows[name] = rows;
+    benchmark::RegisterBenchmark(name.c_str(), std::move(body))->UseRealTime()->Unit(benchmark::kNanosecond);
+}
+
+void Suite::Run()
+{
+    MedianReporter reporter(m_medians);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::ClearRegisteredBenchmarks();
+}
+
+void Suite::PrintTable(std::string_view title, std::string_view unit) const
+{
+    std::printf("\n%.*s (medians, ns %.*s)\n", static_cast<int>(title.size()), title.data(),
+                static_cast<int>(unit.size()), unit.data());
+    std::printf("%-36s %-24s %12s %12s %7s %8s  %s\n", "case", "peer", "ours", "peer", "ratio", "goal", "met");
+    for (const Comparison& comparison : m_comparisons)
+        PrintLine(comparison);
+}
+
+void Suite::PrintLine(const Comparison& comparison) const
+{
+    const auto ours = m_medians.find(comparison.Ours);
+    const auto peer = m_medians.find(comparison.Peer);
+    if (ours == m_medians.end() || peer == m_medians.end()) {
+        std::printf("%-36s %-24s not run\n", comparison.Name.c_str(), comparison.Peer.c_str());
+        return;
+    }
+    const double oursTime = ours->second / m_rows.at(comparison.Ours);
+    const double peerTime = peer->second / m_rows.at(comparison.Peer);
+    const double ratio = oursTime / peerTime;
+    std::printf("%-36s %-24s %12.1f %12.1f %7.2f ", comparison.Name.c_str(), comparison.Peer.c_str(), oursTime,
+                peerTime, ratio);
+    if (comparison.Goal == 0)
+        std::printf("%8s  %s\n", "-", "-");
+    else
+        std::printf("<= %5.2f  %s\n", comparison.Goal, ratio <= comparison.Goal ? "yes" : "no");
+}
+
+} // namespace bench

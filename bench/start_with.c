@@ -1,0 +1,21 @@
+/* A host that names itself, asks for one style and ends; 0 when it got one. */
+#include <styleatlas.h>
+
+enum { powerQuantity = 32, rms = 3 };
+
+int main(void)
+{
+    uint32_t symbolColor;
+    uint32_t lineColor;
+    int16_t symbolShape;
+    int16_t symbolSize;
+    int16_t symbolFill;
+    int16_t lineStyle;
+    int16_t lineWidth;
+    uint8_t useSymbolColor;
+    StyleAtlasSetApplication(u"Bench");
+    return GetStyleAtlas(0, powerQuantity, rms, 0, 0, 0, &symbolColor, &symbolShape, &symbolSize, &symbolFill,
+                         &lineColor, &lineStyle, &lineWidth, &useSymbolColor) == 1
+               ? 0
+               : 1;
+}

@@ -1,0 +1,207 @@
+// Files and archives: every byte at its place, and no file that holds up the host.
+#include "support/ChildProcess.h"
+#include "support/TempPrefix.h"
+
+#include <afxpriv.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr const TCHAR* drivePath = _T("C:\\file");
+constexpr int bufferSize = 4096;
+constexpr int valueBytes = 14; // of what WriteValues writes
+
+void WriteValues(CArchive& ar)
+{
+    ar << true << static_cast<BYTE>(0x12) << static_cast<WORD>(0xFEDC) << static_cast<short>(-2)
+       << static_cast<DWORD>(0x89ABCDEF) << -559038737;
+}
+
+void ExpectValues(CArchive& ar)
+{
+    bool flag = false;
+    BYTE byte = 0;
+    WORD word = 0;
+    short number = 0;
+    DWORD dword = 0;
+    int integer = 0;
+    ar >> flag >> byte >> word >> number >> dword >> integer;
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(byte, 0x12);
+    EXPECT_EQ(word, 0xFEDC);
+    EXPECT_EQ(number, -2);
+    EXPECT_EQ(dword, 0x89ABCDEFU);
+    EXPECT_EQ(integer, -559038737);
+}
+
+void WritePadded(int padding, int bufSize)
+{
+    CFile file;
+    ASSERT_TRUE(file.Open(drivePath, CFile::modeCreate | CFile::modeWrite));
+    CArchive ar(&file, CArchive::store, bufSize);
+    for (int i = 0; i < padding; ++i)
+        ar << static_cast<BYTE>(i);
+    WriteValues(ar);
+    ar.Close();
+    file.Close();
+}
+
+// The cause of the archive exception that the action raises, 0 when it raises none.
+template <class Action> int CauseOf(Action action)
+{
+    try {
+        action();
+        return 0;
+    } catch (CArchiveException* e) {
+        const int cause = e->m_cause;
+        EXPECT_EQ(std::u16string(e->m_strFileName), drivePath);
+        e->Delete();
+        return cause;
+    }
+}
+
+// Every value lies once on each side of the buffer's end and across it.
+TEST(FileTest, ValuesCrossTheEdgeOfTheBuffer)
+{
+    const test::TempPrefix prefix;
+    const fs::path native = prefix.MakeFolder() / "file";
+    constexpr std::string_view stored("\x01\x12\xDC\xFE\xFE\xFF\xEF\xCD\xAB\x89\xEF\xBE\xAD\xDE", valueBytes);
+    for (const int bufSize : {bufferSize, 1, 0}) { // too small a buffer still holds a value
+        for (int padding = bufferSize - valueBytes - 1; padding <= bufferSize + 1; ++padding) {
+            WritePadded(padding, bufSize);
+            const std::string bytes = test::ReadWhole(native);
+            ASSERT_EQ(bytes.size(), static_cast<std::size_t>(padding + valueBytes));
+            ASSERT_EQ(bytes.substr(bytes.size() - valueBytes), stored) << padding;
+
+            CFile file;
+            ASSERT_TRUE(file.Open(drivePath, CFile::modeRead));
+            CArchive ar(&file, CArchive::load, bufSize);
+            for (int i = 0; i < padding; ++i) {
+                BYTE byte = 0;
+                ar >> byte;
+                ASSERT_EQ(byte, static_cast<BYTE>(i));
+            }
+            ExpectValues(ar);
+            EXPECT_EQ(CauseOf([&ar] { BYTE end; ar >> end; }), CArchiveException::endOfFile);
+        }
+    }
+}
+
+TEST(FileTest, AFileThatEndsTooEarlyRaisesEndOfFile)
+{
+    const test::TempPrefix prefix;
+    const fs::path native = prefix.MakeFolder() / "file";
+    for (const int padding : {0, bufferSize - 2}) {
+        WritePadded(padding, bufferSize);
+        for (int length = padding + valueBytes - 1; length >= padding; --length) {
+            fs::resize_file(native, static_cast<std::uintmax_t>(length));
+            CFile file;
+            ASSERT_TRUE(file.Open(drivePath, CFile::modeRead));
+            EXPECT_EQ(file.GetLength(), static_cast<ULONGLONG>(length));
+            CArchive ar(&file, CArchive::load, bufferSize);
+            BYTE skipped = 0;
+            for (int i = 0; i < padding; ++i)
+                ar >> skipped;
+            EXPECT_EQ(CauseOf([&ar] { ExpectValues(ar); }), CArchiveException::endOfFile) << length;
+        }
+    }
+}
+
+TEST(FileTest, TheWrongDirectionIsTold)
+{
+    const test::TempPrefix prefix;
+    prefix.MakeFolder();
+    WritePadded(0, bufferSize);
+    CFile file;
+    ASSERT_TRUE(file.Open(drivePath, CFile::modeRead));
+    {
+        CArchive loading(&file, CArchive::load, bufferSize);
+        EXPECT_EQ(CauseOf([&loading] { loading << 1; }), 2);
+        ExpectValues(loading);
+    }
+    {
+        CArchive storing(&file, CArchive::store | CArchive::bNoFlushOnDelete, bufferSize);
+        int value = 7;
+        EXPECT_EQ(CauseOf([&] { storing >> value; }), 4);
+        EXPECT_EQ(value, 7);
+    }
+}
+
+TEST(FileTest, AnArchiveFlushesAtItsEndUnlessItWasGivenUp)
+{
+    const test::TempPrefix prefix;
+    const fs::path native = prefix.MakeFolder() / "file";
+    for (const bool giveUp : {false, true}) {
+        CFile file;
+        ASSERT_TRUE(file.Open(drivePath, CFile::modeCreate | CFile::modeWrite));
+        {
+            CArchive ar(&file, CArchive::store, bufferSize);
+            WriteValues(ar);
+            if (giveUp)
+                ar.Abort();
+        }
+        EXPECT_EQ(test::ReadWhole(native).size(), giveUp ? 0U : valueBytes);
+    }
+}
+
+// What isn't an ordinary file may have no end, or wait for somebody to write.
+TEST(FileTest, ReadsOrdinaryFilesOnlyAndNeverWaits)
+{
+    const test::TempPrefix prefix;
+    const fs::path folder = prefix.MakeFolder("folder").parent_path();
+    ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((folder / "written").c_str(), 0600), 0);
+    fs::create_symlink("/dev/zero", folder / "zero");
+    fs::create_symlink("loop", folder / "loop");
+    fs::create_symlink("missing", folder / "dangling");
+    constexpr const TCHAR* paths[] = {_T(""),           _T("C:\\fifo"), _T("C:\\written"), _T("C:\\folder"),
+                                      _T("C:\\missing"), _T("C:\\zero"), _T("C:\\loop"),    _T("C:\\dangling"),
+                                      _T("/dev/tty"),    _T("C:\\fifo\\x")};
+    EXPECT_EQ(test::RunInChild([&] {
+                  const int writer = open((folder / "written").c_str(), O_RDWR);
+                  for (int i = 0; i < static_cast<int>(std::size(paths)); ++i) {
+                      CFile file;
+                      if (file.Open(paths[i], CFile::modeRead))
+                          return 1 + i;
+                  }
+                  for (const TCHAR* const path : {_T("C:\\fifo"), _T("C:\\written"), _T("C:\\folder")}) {
+                      CFile file;
+                      CMirrorFile mirror;
+                      if (file.Open(path, CFile::modeCreate | CFile::modeWrite) ||
+                          mirror.Open(path, CFile::modeCreate | CFile::modeWrite))
+                          return 50;
+                  }
+                  return writer < 0 ? 51 : 0;
+              }),
+              0);
+    EXPECT_EQ(test::EntryCount(folder), 6);
+}
+
+// A message on standard error that nobody reads: the host must go on.
+TEST(MessageTest, AFullPipeOnStandardErrorHoldsNobodyUp)
+{
+    EXPECT_EQ(test::RunInChild([] {
+                  int ends[2];
+                  if (pipe(ends) != 0 || dup2(ends[1], STDERR_FILENO) < 0)
+                      return 1;
+                  const std::u16string longText(1 << 20, u'x');
+                  if (MessageBoxW(nullptr, longText.c_str(), _T("Error"), MB_OK) != IDOK)
+                      return 2;
+                  char head[10] = {};
+                  if (read(ends[0], head, sizeof head) != sizeof head)
+                      return 3;
+                  close(ends[0]); // and a broken pipe ends nobody
+                  MessageBoxW(nullptr, _T("text"), _T("Error"), MB_OK);
+                  return std::string_view(head, sizeof head) == "Error: xxx" ? 0 : 4;
+              }),
+              0);
+}
+
+} // namespace

@@ -1,0 +1,285 @@
+// The layout file: every byte of it, how it is laid over the catalogue, and what damaged ones do.
+#include "support/LayoutBytes.h"
+#include "support/MessageRecorder.h"
+#include "support/ScriptedModel.h"
+#include "support/TempPrefix.h"
+
+#include <chrono>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <memory>
+#include <unistd.h>
+
+namespace
+{
+
+using test::BytesOf;
+using test::ReadInto;
+
+// The 50 bytes of a file with one row and one record, all as constructed.
+std::string MinimalFile()
+{
+    constexpr unsigned char bytes[] = {
+        0x01, 0x00, 0x00, 0x00, 0x20, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00, 0xFF,
+        0xFF, 0x05, 0x00, 0xFF, 0xFF, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00,
+        0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x0A, 0x00, 0x01, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00};
+    return {reinterpret_cast<const char*>(bytes), sizeof bytes};
+}
+
+std::string WithBytes(std::string file, std::size_t offset, std::string_view bytes)
+{
+    return file.replace(offset, bytes.size(), bytes);
+}
+
+// A table of three quantities, with two records each and no two fields alike.
+std::string RichFile()
+{
+    test::SetUnits(test::SingleQuantities(3));
+    k_StyleAtlas atlas;
+    atlas.ColumnCount = 2;
+    atlas.BuildCatalogue();
+    for (INT_PTR i = 0; i < 3; ++i) {
+        for (int column = 0; column < 2; ++column) {
+            k_LineDef& style = *atlas.GetRowStyle(i, column);
+            const auto seed = static_cast<short>(100 * i + 10 * column);
+            style.Reserved = static_cast<WORD>(0x1234 + seed);
+            style.LineColor = 0x00A1B2C3U + static_cast<DWORD>(seed);
+            style.SymbolColor = 0xFF445566U + static_cast<DWORD>(seed);
+            style.SymbolShape = static_cast<short>(seed + 1);
+            style.SymbolSize = static_cast<short>(seed + 2);
+            style.SymbolFill = static_cast<short>(-seed);
+            style.LineStyle = static_cast<short>(seed + 3);
+            style.LineWidth = static_cast<short>(seed + 4);
+            style.UseSymbolColor = column == 1;
+        }
+    }
+    return BytesOf(atlas);
+}
+
+std::size_t ResidentBytes()
+{
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages >> pages;
+    return pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+TEST(LayoutFile, HasTheBytesOfTheFormat)
+{
+    k_StyleAtlas atlas;
+    const auto row = new k_QuantityDesc(QuantityKey{5, 65535, 0, -1, 0});
+    row->SetColumnStyle(0, new k_LineDef);
+    atlas.Rows.Add(row);
+    EXPECT_EQ(BytesOf(atlas), MinimalFile());
+
+    k_LineDef& style = *atlas.GetRowStyle(0, 0);
+    style.LineColor = 0x11223344; // stands before the symbol's colour
+    style.SymbolColor = 0x55667788;
+    style.SymbolShape = -2;
+    style.UseSymbolColor = true;
+    row->Flags = 0xDEADBEEF;
+    row->ReservedFlag = true;
+    row->Level = 2;
+    EXPECT_EQ(BytesOf(atlas).substr(0x17, 6), "\xEF\xBE\xAD\xDE\x01\x02");
+    EXPECT_EQ(BytesOf(atlas).substr(0x1F, 10), "\x44\x33\x22\x11\x88\x77\x66\x55\xFE\xFF");
+    EXPECT_EQ(BytesOf(atlas).back(), 1);
+}
+
+TEST(LayoutFile, WritingAfterReadingGivesTheSameBytes)
+{
+    const std::string file = RichFile();
+    EXPECT_EQ(file.size(), 12 + 3 * (17 + 2 * 21));
+    k_StyleAtlas atlas; // whatever the catalogue's number of file columns
+    atlas.BuildCatalogue();
+    ReadInto(atlas, file);
+    EXPECT_EQ(atlas.Rows.GetSize(), 3);
+    EXPECT_EQ(BytesOf(atlas), file);
+}
+
+TEST(LayoutFile, KeepsOddValuesAndNormalisesOnlyTruth)
+{
+    std::string file = MinimalFile();
+    file = WithBytes(file, 0x00, "\x02");         // Version 2
+    file = WithBytes(file, 0x04, "\xFF\xFF\xFF"); // ColumnCount
+    file = WithBytes(file, 0x1B, "\x80\x07");     // ReservedFlag, Level
+    file = WithBytes(file, 0x1D, "\x34\x12");     // Reserved
+    file = WithBytes(file, 0x31, "\x07");         // UseSymbolColor
+    k_StyleAtlas atlas;
+    ReadInto(atlas, file);
+    EXPECT_EQ(atlas.Version, 2U);
+    EXPECT_EQ(atlas.ColumnCount, 0x00FFFFFFU);
+    EXPECT_TRUE(atlas.GetRow(0)->ReservedFlag);
+    EXPECT_EQ(atlas.GetRow(0)->Level, 7);
+    EXPECT_EQ(atlas.GetRow(0)->ColumnCount, 1);
+    EXPECT_TRUE(atlas.GetRowStyle(0, 0)->UseSymbolColor);
+    EXPECT_EQ(BytesOf(atlas), WithBytes(WithBytes(file, 0x1B, "\x01"), 0x31, "\x01"));
+    EXPECT_EQ(atlas.AddRow({}, 0), 1);
+    EXPECT_EQ(atlas.GetRow(1)->Styles.GetSize(), 32);
+}
+
+TEST(LayoutFile, IsLaidOverTheCatalogueByEqualKeys)
+{
+    // Stored: quantity 2 restyled, quantity 2 of a foreign device, quantity 2 once more.
+    k_StyleAtlas stored;
+    stored.ColumnCount = 3;
+    for (const short device : {0, 1, 0})
+        stored.AddRow({2, 0, 0, device, 0}, static_cast<BYTE>(2 + stored.Rows.GetSize()));
+    for (INT_PTR i = 0; i < 3; ++i)
+        stored.GetRowStyle(i, 0)->LineWidth = static_cast<short>(10 + i);
+    stored.GetRow(0)->ReservedFlag = true;
+
+    test::SetUnits(test::SingleQuantities(3));
+    k_StyleAtlas atlas;
+    atlas.FilePath = _T("file");
+    atlas.BuildCatalogue();
+    ReadInto(atlas, BytesOf(stored));
+    EXPECT_EQ(atlas.ColumnCount, 3U);
+    EXPECT_EQ(atlas.FilePath, _T("file"));
+    ASSERT_EQ(atlas.Rows.GetSize(), 4);
+    EXPECT_EQ(atlas.GetRow(0)->Styles.GetSize(), 32); // a catalogue row that the file lacks stays as it was
+    EXPECT_EQ(atlas.GetRow(1)->Quantity, 2);          // the last stored row, in the catalogue's place
+    EXPECT_EQ(atlas.GetRow(1)->Level, 4);
+    EXPECT_FALSE(atlas.GetRow(1)->ReservedFlag);
+    EXPECT_EQ(atlas.GetRow(1)->Styles.GetSize(), 3);
+    EXPECT_EQ(atlas.GetRowStyle(1, 0)->LineWidth, 12);
+    EXPECT_EQ(atlas.GetRow(3)->Device, 1); // the foreign row, behind the catalogue
+    EXPECT_EQ(atlas.GetRowStyle(3, 0)->LineWidth, 11);
+}
+
+TEST(LayoutFile, OfEqualRowsTheFirstIsReplacedAndForeignTwinsBecomeOne)
+{
+    test::SetUnits({{0, 1, 0, 0, 0}, {0, 1, 0, 0, 0}}); // a group row and two equal rows
+    k_StyleAtlas atlas;
+    atlas.BuildCatalogue();
+    k_StyleAtlas stored;
+    stored.ColumnCount = 1;
+    for (const WORD quantity : {1, 9, 9})
+        stored.AddRow({quantity, 0, 0, 0, 0}, 0);
+    stored.GetRowStyle(0, 0)->LineWidth = 5;
+    stored.GetRowStyle(2, 0)->LineWidth = 6;
+    ReadInto(atlas, BytesOf(stored));
+    ASSERT_EQ(atlas.Rows.GetSize(), 4);
+    EXPECT_EQ(atlas.GetRowStyle(1, 0)->LineWidth, 5);
+    EXPECT_EQ(atlas.GetRowStyle(2, 0)->LineWidth, 1);
+    EXPECT_EQ(atlas.GetRowStyle(3, 0)->LineWidth, 6);
+}
+
+TEST(LayoutFile, HoldsMoreThan32RecordsOfARow)
+{
+    k_StyleAtlas atlas;
+    const auto row = new k_QuantityDesc(QuantityKey{5, 0, 0, 0, 0});
+    atlas.Rows.Add(row);
+    for (short i = 0; i < 200; ++i) {
+        row->Styles.Add(new k_LineDef);
+        row->Styles.GetAt(i)->LineWidth = i;
+    }
+    k_StyleAtlas back;
+    ReadInto(back, BytesOf(atlas));
+    EXPECT_EQ(back.GetRow(0)->Styles.GetSize(), 200);
+    EXPECT_EQ(back.GetRowStyle(0, 31)->LineWidth, 31);
+    EXPECT_EQ(back.GetRowStyle(0, 32), nullptr);
+    EXPECT_EQ(BytesOf(back), BytesOf(atlas));
+}
+
+TEST(LayoutFile, EmptySlotsAreToldAndLeftOutOfTheCount)
+{
+    const test::MessageRecorder messages;
+    k_StyleAtlas atlas;
+    atlas.Rows.Add(nullptr);
+    atlas.AddRow({5, 0, 0, 0, 0}, 0);
+    atlas.Rows.Add(nullptr);
+    atlas.GetRow(1)->Styles.SetSize(2);
+    delete atlas.GetRow(1)->Styles.GetAt(1);
+    atlas.GetRow(1)->Styles.SetAt(1, nullptr); // a place without a record is stored as one as constructed
+    const std::string file = BytesOf(atlas);
+    ASSERT_EQ(messages.Messages().size(), 2U);
+    EXPECT_EQ(messages.Messages()[0].Text, u"pDesc == NULL\n0");
+    EXPECT_EQ(messages.Messages()[1].Text, u"pDesc == NULL\n2");
+    EXPECT_EQ(messages.Messages()[1].Caption, u"Error");
+    EXPECT_EQ(messages.Messages()[1].Type, MB_OK);
+    k_StyleAtlas back;
+    ReadInto(back, file);
+    EXPECT_EQ(back.Rows.GetSize(), 1);
+    EXPECT_EQ(back.GetRow(0)->Styles.GetSize(), 2);
+}
+
+TEST(LayoutFile, AnEmptyTableHas12BytesAndBytesAfterTheLastRowAreNoError)
+{
+    k_StyleAtlas atlas;
+    EXPECT_EQ(BytesOf(atlas).size(), 12U);
+    atlas.AddRow({1, 0, 0, 0, 0}, 0);
+    ReadInto(atlas, std::string("\x07\0\0\0\x08\0\0\0\0\0\0\0 and more", 21));
+    EXPECT_EQ(atlas.Version, 7U);
+    EXPECT_EQ(atlas.ColumnCount, 8U);
+    EXPECT_EQ(atlas.GetRow(0)->Styles.GetSize(), 32);
+}
+
+TEST(DamagedLayoutFile, EveryTruncationEndsWithEndOfFileAndKeepsTheRowsBefore)
+{
+    const std::string file = RichFile();
+    constexpr std::size_t header = 12;
+    constexpr std::size_t rowSize = 17 + 2 * 21;
+    for (std::size_t length = 0; length < file.size(); ++length) {
+        k_StyleAtlas atlas;
+        try {
+            ReadInto(atlas, file.substr(0, length));
+            FAIL() << length;
+        } catch (CArchiveException* e) {
+            EXPECT_EQ(e->m_cause, CArchiveException::endOfFile) << length;
+            e->Delete();
+        }
+        const std::size_t whole = length < header ? 0 : (length - header) / rowSize;
+        ASSERT_EQ(static_cast<std::size_t>(atlas.Rows.GetSize()), whole) << length;
+    }
+}
+
+TEST(DamagedLayoutFile, EveryFlippedBitIsReadAsItStandsOrEndsInAnException)
+{
+    const std::string file = RichFile();
+    for (std::size_t bit = 0; bit < file.size() * 8; ++bit) {
+        std::string damaged = file;
+        damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << (bit % 8)));
+        k_StyleAtlas atlas;
+        atlas.BuildCatalogue();
+        try {
+            ReadInto(atlas, damaged);
+        } catch (CException* e) {
+            e->Delete();
+        }
+        ASSERT_LE(atlas.Rows.GetSize(), 6);
+        const std::string written = BytesOf(atlas); // whatever was read can be written, and read again
+        k_StyleAtlas back;
+        ReadInto(back, written);
+        ASSERT_EQ(BytesOf(back), written) << bit;
+    }
+}
+
+TEST(DamagedLayoutFile, ClaimsOfTwoBillionRowsOrRecordsFailAtOnceAndTakeNoMemory)
+{
+    const std::string most("\xFF\xFF\xFF\x7F", 4);
+    const std::string rows = WithBytes(MinimalFile(), 0x08, most);
+    const std::string records = WithBytes(MinimalFile(), 0x0C, most);
+    const std::string allRows = WithBytes(MinimalFile(), 0x08, "\xFF\xFF\xFF\xFF");
+    for (const std::string& file : {rows, records, allRows}) {
+        const std::size_t before = ResidentBytes();
+        const auto start = std::chrono::steady_clock::now();
+        k_StyleAtlas atlas;
+        EXPECT_THROW(
+            try { ReadInto(atlas, file); } catch (CArchiveException* e) {
+                e->Delete();
+                throw;
+            },
+            CArchiveException*);
+        // A second is far from what it takes and far below what believing the claim would take.
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+        EXPECT_LT(ResidentBytes(), before + (8U << 20));
+    }
+}
+
+TEST(DamagedLayoutFile, ANegativeRecordCountIsAnInvalidArgument)
+{
+    k_StyleAtlas atlas;
+    EXPECT_THROW(ReadInto(atlas, WithBytes(MinimalFile(), 0x0C, "\xFF\xFF\xFF\xFF")), CInvalidArgException*);
+    EXPECT_EQ(atlas.Rows.GetSize(), 0);
+}
+
+} // namespace

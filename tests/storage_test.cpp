@@ -1,0 +1,295 @@
+// Loading, saving and the file path: which file is taken, what the registry holds afterwards, what the user is told.
+#include "support/LayoutBytes.h"
+#include "support/MessageRecorder.h"
+#include "support/ScriptedModel.h"
+#include "support/TempPrefix.h"
+
+#include <model/Host.h>
+
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace
+{
+
+constexpr const TCHAR* subKey = _T(".DEFAULT\\Software\\Halvorn\\Quorvia");
+constexpr const TCHAR* defaultPath = _T("C:\\ProgramData\\Halvorn\\Bench\\Style.Atlas");
+constexpr const char* defaultFile = "ProgramData/Halvorn/Bench/Style.Atlas";
+
+using Value = std::optional<std::u16string>;
+
+void SetValue(const TCHAR* key, DWORD type, std::string_view bytes)
+{
+    HKEY handle = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_USERS, key, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &handle, nullptr), 0);
+    ASSERT_EQ(RegSetValueExW(handle, _T("StyleAtlas"), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                             static_cast<DWORD>(bytes.size())),
+              0);
+    RegCloseKey(handle);
+}
+
+std::string Bytes(std::u16string_view text)
+{
+    return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)};
+}
+
+void SetText(const TCHAR* key, std::u16string_view text, DWORD type = REG_SZ)
+{
+    SetValue(key, type, Bytes(std::u16string(text) + u'\0'));
+}
+
+// The text of the value with its terminator taken off; nothing where the key or the value is missing.
+Value ValueOf(const TCHAR* key)
+{
+    HKEY handle = nullptr;
+    if (RegOpenKeyExW(HKEY_USERS, key, 0, KEY_READ, &handle) != 0)
+        return {};
+    std::u16string text(8192, u'\0');
+    DWORD type = 0;
+    DWORD size = static_cast<DWORD>(text.size() * sizeof(char16_t));
+    const LONG result =
+        RegQueryValueExW(handle, _T("StyleAtlas"), nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
+    RegCloseKey(handle);
+    if (result != 0 || type != REG_SZ || size < 2)
+        return {};
+    text.resize(size / sizeof(char16_t) - 1);
+    return text;
+}
+
+class Storage : public testing::Test
+{
+protected:
+    Storage()
+    {
+        test::SetUnits(test::SingleQuantities(3));
+        g_ApplicationName = _T("Bench");
+        m_prefix.MakeFolder("ProgramData/Halvorn/Bench");
+        m_atlas.SetRegistryPath(subKey);
+    }
+    ~Storage() override { g_ApplicationName.Empty(); }
+
+    // A file in which the second quantity has a line of width 5.
+    std::string StyledFile()
+    {
+        k_StyleAtlas styled;
+        styled.BuildCatalogue();
+        styled.GetRowStyle(1, 0)->LineWidth = 5;
+        return test::BytesOf(styled);
+    }
+
+    bool TableHasDefaultStyles() { return m_atlas.GetRowStyle(1, 0)->SymbolShape == 2; }
+    bool TableCameFromFile() { return m_atlas.GetRowStyle(1, 0)->LineWidth == 5; }
+    bool TableIsBare() { return !TableHasDefaultStyles() && !TableCameFromFile() && m_atlas.Rows.GetSize() == 3; }
+
+    test::TempPrefix m_prefix;
+    test::MessageRecorder m_messages;
+    k_StyleAtlas m_atlas;
+};
+
+TEST_F(Storage, TheFirstStartTakesTheDefaultPathAndTheDefaultStyles)
+{
+    EXPECT_EQ(ValueOf(subKey), Value{}); // a path set nowhere yet writes nothing
+    EXPECT_EQ(m_atlas.Load({}), 1);
+    EXPECT_EQ(m_atlas.FilePath, defaultPath);
+    EXPECT_EQ(ValueOf(subKey), Value(defaultPath));
+    EXPECT_TRUE(TableHasDefaultStyles());
+    EXPECT_FALSE(std::filesystem::exists(m_prefix.Native(defaultFile)));
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_F(Storage, AFileAtTheDefaultPathIsLaidOverTheCatalogue)
+{
+    test::WriteWhole(m_prefix.Native(defaultFile), StyledFile());
+    EXPECT_EQ(m_atlas.Load({}), 0);
+    EXPECT_EQ(m_atlas.FilePath, defaultPath);
+    EXPECT_TRUE(TableCameFromFile());
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_F(Storage, ARegistryValueNamesTheFile)
+{
+    test::WriteWhole(m_prefix.Native("mine"), StyledFile());
+    for (const DWORD type : {REG_SZ, REG_EXPAND_SZ}) {
+        SetText(subKey, u"C:\\mine", type);
+        EXPECT_EQ(m_atlas.Load({}), 0);
+        EXPECT_TRUE(TableCameFromFile());
+        EXPECT_EQ(m_atlas.FilePath, _T("C:\\mine"));
+    }
+    SetText(subKey, u"%TEMP%\\none");
+    EXPECT_EQ(m_atlas.Load({}), 1);
+    EXPECT_EQ(m_atlas.FilePath, _T("%TEMP%\\none")); // as it stands
+    EXPECT_EQ(ValueOf(subKey), u"%TEMP%\\none");
+    EXPECT_TRUE(TableHasDefaultStyles());
+}
+
+TEST_F(Storage, OnlyATextIsAValidValue)
+{
+    const std::u16string longest(1023, u'x');
+    struct Case {
+        DWORD Type;
+        std::string Bytes;
+        std::u16string Path;
+    };
+    const std::u16string byDefault = defaultPath;
+    const Case cases[] = {
+        {REG_BINARY, Bytes({u"x\0", 2}), byDefault},               // another type
+        {4, Bytes({u"x\0", 2}), byDefault},                        //
+        {REG_SZ, Bytes({u"x\0", 2}) + '\0', byDefault},            // an odd size
+        {REG_SZ, Bytes(u"x"), byDefault},                          // no terminator
+        {REG_SZ, Bytes(longest + u"yz"), byDefault},               // longer than the buffer
+        {REG_SZ, Bytes(longest + u'\0'), longest},                 // as long as the buffer
+        {REG_SZ, Bytes(longest + u'x'), byDefault},                //
+        {REG_SZ, Bytes({u"x\0y\0", 4}), u"x"},                     // read up to the first zero
+        {REG_EXPAND_SZ, Bytes({u"\0", 1}), u""},                   // an empty text is a path like any other
+        {REG_SZ, "", u""},                                         // and so is a value of size 0
+    };
+    for (const Case& c : cases) {
+        SetValue(subKey, c.Type, c.Bytes);
+        m_atlas.FilePath = _T("before");
+        EXPECT_EQ(m_atlas.Load({}), 1);
+        EXPECT_EQ(m_atlas.FilePath, c.Path.c_str()) << &c - cases;
+        if (c.Path == byDefault) {
+            EXPECT_EQ(ValueOf(subKey), Value(byDefault)) << &c - cases;
+        }
+        EXPECT_TRUE(TableHasDefaultStyles());
+    }
+}
+
+TEST_F(Storage, ADamagedFileIsToldAndLeavesTheBareCatalogue)
+{
+    std::string damaged = StyledFile();
+    damaged[4] = 2; // read before the damage, and so in force when the catalogue is built again
+    test::WriteWhole(m_prefix.Native(defaultFile), damaged.substr(0, damaged.size() - 1));
+    EXPECT_EQ(m_atlas.Load({}), 1);
+    EXPECT_TRUE(TableIsBare());
+    EXPECT_EQ(m_atlas.GetRow(0)->Styles.GetSize(), 2);
+    EXPECT_EQ(ValueOf(subKey), Value(defaultPath));
+    ASSERT_EQ(m_messages.Messages().size(), 1U);
+    EXPECT_EQ(m_messages.Messages()[0].Text, u"Cannot load style atlas.");
+    EXPECT_EQ(m_messages.Messages()[0].Caption, u"Error");
+    EXPECT_EQ(m_messages.Messages()[0].Type, MB_ICONEXCLAMATION);
+}
+
+TEST_F(Storage, APathOfItsOwnLeavesRegistryAndFilePathAlone)
+{
+    test::WriteWhole(m_prefix.Native("other"), StyledFile());
+    m_atlas.FilePath = _T("before");
+    EXPECT_EQ(m_atlas.Load(_T("\\other")), 0);
+    EXPECT_TRUE(TableCameFromFile());
+    EXPECT_EQ(m_atlas.Load(m_prefix.Native("none").u16string().c_str()), 1); // a native path
+    EXPECT_EQ(m_atlas.FilePath, _T("before"));
+    EXPECT_EQ(ValueOf(subKey), Value{});
+}
+
+TEST_F(Storage, WithoutARegistryTheDefaultPathServes)
+{
+    test::WriteWhole(m_prefix.Path() / "registry.db", "this is no registry");
+    test::WriteWhole(m_prefix.Native(defaultFile), StyledFile());
+    EXPECT_EQ(m_atlas.Load({}), 0);
+    EXPECT_EQ(m_atlas.FilePath, defaultPath);
+    EXPECT_TRUE(m_atlas.SetFilePath(_T("C:\\mine")));
+    EXPECT_EQ(m_atlas.FilePath, _T("C:\\mine"));
+    EXPECT_EQ(test::ReadWhole(m_prefix.Path() / "registry.db"), "this is no registry");
+}
+
+TEST_F(Storage, ADefaultPathBeyondTheBufferIsCutAtAWholeCharacter)
+{
+    // The path up to the name has 23 characters, so that the 1023rd falls inside a pair of surrogates.
+    const std::u16string head = u"C:\\ProgramData\\Halvorn\\";
+    std::u16string name(1023 - 1 - head.size(), u'n');
+    name += u"\U0001F600 and more";
+    g_ApplicationName = name.c_str();
+    EXPECT_EQ(m_atlas.Load({}), 1);
+    EXPECT_EQ(m_atlas.FilePath, (head + name.substr(0, 1022 - head.size())).c_str());
+    g_ApplicationName = (u"nn" + name).c_str();
+    EXPECT_EQ(m_atlas.Load({}), 1);
+    EXPECT_EQ(m_atlas.FilePath.GetLength(), 1023);
+}
+
+TEST_F(Storage, AHostWithoutANameHasItsFileInTheCommonFolder)
+{
+    g_ApplicationName.Empty();
+    m_atlas.Load({});
+    EXPECT_EQ(m_atlas.FilePath, _T("C:\\ProgramData\\Halvorn\\Style.Atlas"));
+}
+
+TEST_F(Storage, SavingWritesTheTableAndThenTakesThePath)
+{
+    m_atlas.Load({});
+    EXPECT_FALSE(m_atlas.Save({}));
+    EXPECT_EQ(test::ReadWhole(m_prefix.Native(defaultFile)), test::BytesOf(m_atlas));
+    EXPECT_FALSE(m_atlas.Save(_T("C:\\copy")));
+    EXPECT_EQ(test::ReadWhole(m_prefix.Native("copy")), test::BytesOf(m_atlas));
+    EXPECT_EQ(m_atlas.FilePath, _T("C:\\copy"));
+    EXPECT_EQ(ValueOf(subKey), Value(defaultPath)); // only SetFilePath writes it
+    EXPECT_FALSE(m_atlas.Save(_T("C:\\no folder\\copy")));
+    EXPECT_EQ(m_atlas.FilePath, _T("C:\\copy"));
+    m_atlas.FilePath.Empty();
+    EXPECT_FALSE(m_atlas.Save({}));
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_F(Storage, ASaveThatFailsHalfwayRaisesTheFileExceptionAndKeepsThePath)
+{
+    m_atlas.Load({});
+    try {
+        m_atlas.Save(_T("/dev/full"));
+        FAIL();
+    } catch (CFileException* e) {
+        EXPECT_EQ(e->m_cause, CFileException::diskFull);
+        e->Delete();
+    }
+    EXPECT_EQ(m_atlas.FilePath, defaultPath);
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_F(Storage, SetFilePathAndSetRegistryPathCarryTheFileInUse)
+{
+    EXPECT_FALSE(m_atlas.SetFilePath({}));
+    EXPECT_TRUE(m_atlas.SetFilePath(_T("C:\\mine")));
+    EXPECT_EQ(ValueOf(subKey), u"C:\\mine");
+    m_atlas.SetRegistryPath(_T("Other"));
+    EXPECT_EQ(m_atlas.RegistryPath, _T("Other"));
+    EXPECT_EQ(ValueOf(_T("Other")), u"C:\\mine");
+}
+
+TEST_F(Storage, AUserWithAValueGetsThatUsersFileAndOneWithoutInheritsTheFileInUse)
+{
+    test::WriteWhole(m_prefix.Native("theirs"), StyledFile());
+    SetText(_T("S-1\\Software\\Halvorn"), u"C:\\theirs");
+    m_atlas.Load({});
+    m_atlas.ChangeUserInfo(_T("S-1\\"), _T("Software\\Halvorn")); // no second backslash
+    EXPECT_EQ(m_atlas.RegistryPath, _T("S-1\\Software\\Halvorn"));
+    EXPECT_EQ(m_atlas.FilePath, _T("C:\\theirs"));
+    EXPECT_TRUE(TableCameFromFile());
+
+    m_atlas.ChangeUserInfo(_T("S-2"), _T("Software"));
+    EXPECT_EQ(ValueOf(_T("S-2\\Software")), u"C:\\theirs");
+    EXPECT_TRUE(TableCameFromFile());
+
+    SetValue(_T("S-3\\Software"), REG_BINARY, "xx");
+    m_atlas.ChangeUserInfo(_T("S-3"), _T("Software"));
+    EXPECT_EQ(ValueOf(_T("S-3\\Software")), u"C:\\theirs");
+
+    m_atlas.ChangeUserInfo({}, _T("rootless"));
+    EXPECT_EQ(m_atlas.RegistryPath, _T("\\rootless"));
+}
+
+TEST_F(Storage, AUserWithoutAValueInheritsAnEmptyPathToo)
+{
+    m_atlas.ChangeUserInfo(_T("S-4"), _T("Software")); // nothing was loaded before
+    EXPECT_EQ(ValueOf(_T("S-4\\Software")), Value(u""));
+    EXPECT_TRUE(m_atlas.FilePath.IsEmpty());
+    EXPECT_TRUE(TableHasDefaultStyles());
+}
+
+TEST_F(Storage, AFileTooLargeForALayoutIsDamaged)
+{
+    test::WriteWhole(m_prefix.Native(defaultFile), StyledFile());
+    std::filesystem::resize_file(m_prefix.Native(defaultFile), (256ULL << 20) + 1); // no blocks of its own
+    EXPECT_EQ(m_atlas.Load({}), 1);
+    EXPECT_TRUE(TableIsBare());
+    EXPECT_EQ(m_messages.Messages().size(), 1U);
+}
+
+} // namespace

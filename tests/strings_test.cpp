@@ -1,0 +1,183 @@
+// Strings, their conversions and the array of pointers: what their users rely on without looking.
+#include <afxcoll.h>
+#include <afxstr.h>
+
+#include <climits>
+#include <cstdint>
+#include <platform/system/Unicode.h>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using namespace std::string_view_literals;
+
+std::u16string Of(const CString& text)
+{
+    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
+}
+
+// Whether the action raises this exception of the framework.
+template <class Exception, class Action> bool Raises(Action action)
+{
+    try {
+        action();
+    } catch (Exception* e) {
+        e->Delete();
+        return true;
+    }
+    return false;
+}
+
+TEST(StringTest, WritingToOneLeavesItsCopiesAlone)
+{
+    const CString original(_T("abc"));
+    CString appended = original;
+    EXPECT_EQ(appended.GetString(), original.GetString()) << "contents are shared until somebody writes";
+    appended += _T('d');
+    CString emptied = original;
+    emptied.Empty();
+    CString formatted = original;
+    formatted.Format(_T("%s!"), original.GetString());
+
+    EXPECT_EQ(Of(original), u"abc");
+    EXPECT_EQ(Of(appended), u"abcd");
+    EXPECT_EQ(Of(emptied), u"");
+    EXPECT_EQ(Of(formatted), u"abc!");
+    EXPECT_EQ(Of(original + _T("x") + _T("")), u"abcx");
+}
+
+TEST(StringTest, TakesItsOwnTextAsArgument)
+{
+    CString text(_T("ab"));
+    const CString sharer = text;
+    std::u16string expected = u"ab";
+    for (int i = 0; i < 10; ++i) { // past the short text that stands inside the object
+        text += text;
+        text += text.GetString() + 1;
+        expected += expected;
+        expected += expected.substr(1);
+    }
+    EXPECT_EQ(Of(text), expected);
+    EXPECT_EQ(Of(sharer), u"ab");
+
+    text = _T("a long text that stands on the heap");
+    text.Format(_T("%s|%s"), text.GetString(), text.GetString() + 30);
+    EXPECT_EQ(Of(text), u"a long text that stands on the heap| heap");
+    text = _T("100%%");
+    text.Format(text);
+    EXPECT_EQ(Of(text), u"100%");
+}
+
+TEST(StringTest, FormatsWholeRangesAndRefusesWhatItDoesNotKnow)
+{
+    CString text;
+    text.Format(_T("%d %d %u%%%s"), INT_MIN, INT_MAX, UINT_MAX, _T(""));
+    EXPECT_EQ(Of(text), u"-2147483648 2147483647 4294967295%");
+    for (const TCHAR* const format : {_T("x%"), _T("%x"), _T("%5d"), _T("%S")}) {
+        EXPECT_TRUE(Raises<CInvalidArgException>([&] { text.Format(format, 1); })) << ToUtf8(format);
+        EXPECT_EQ(Of(text), u"-2147483648 2147483647 4294967295%");
+    }
+    EXPECT_TRUE(Raises<CInvalidArgException>([] { CString(_T("abc"), -1); }));
+    for (const int outside : {-1, 2, INT_MAX})
+        EXPECT_TRUE(Raises<CInvalidArgException>([outside] { CString(_T("ab")).GetAt(outside); })) << outside;
+}
+
+TEST(StringTest, FoldsTheLettersAToZAlone)
+{
+    EXPECT_EQ(CString(_T("QUORVIAZ\u00C4")).CompareNoCase(_T("quorviaz\u00C4")), 0);
+    EXPECT_NE(CString(_T("\u00C4")).CompareNoCase(_T("\u00E4")), 0);
+    EXPECT_NE(CString(_T("\u212A")).CompareNoCase(_T("k")), 0) << "the Kelvin sign is no K";
+    EXPECT_NE(_wcsicmp(_T("@[\\]^"), _T("`{|}~")), 0) << "neighbours of the letters";
+    EXPECT_LT(_wcsicmp(_T("abc"), _T("ABCD")), 0);
+    EXPECT_GT(_wcsicmp(_T("\uFFFF"), _T("A")), 0);
+    EXPECT_NE(CString(_T("a")).Compare(_T("A")), 0);
+}
+
+TEST(UnicodeTest, EverySixteenBitTextComesBack)
+{
+    for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+        const std::u16string text(1, static_cast<char16_t>(unit));
+        ASSERT_EQ(ToUtf16(ToUtf8(text)), text) << unit;
+    }
+    constexpr char16_t units[] = {0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xFFFF, u'a'};
+    constexpr unsigned texts = 6 * 6 * 6 * 6;
+    for (unsigned number = 0; number < texts; ++number) {
+        std::u16string text;
+        for (unsigned rest = number; rest > 0; rest /= 6)
+            text += units[rest % 6];
+        ASSERT_EQ(ToUtf16(ToUtf8(text)), text) << number;
+    }
+    EXPECT_EQ(ToUtf8(u"\U0001F600\U0010FFFF"), "\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF");
+}
+
+TEST(UnicodeTest, EachStrayByteBecomesOneReplacement)
+{
+    struct Case {
+        std::string_view Bytes;
+        std::u16string_view Text;
+    };
+    constexpr Case cases[] = {
+        {"\xC0\x80"sv, u"\uFFFD\uFFFD"},                             // overlong
+        {"\xE0\x9F\xBF"sv, u"\uFFFD\uFFFD\uFFFD"},                   // overlong
+        {"\xF0\x8F\xBF\xBF"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"},         // overlong
+        {"\xF4\x90\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"},         // past the last character
+        {"\xF8\x88\x80\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"}, // no such length
+        {"a\xE2\x82z"sv, u"a\uFFFD\uFFFDz"},                         // broken off
+        {"\xF0\x9F\x98"sv, u"\uFFFD\uFFFD\uFFFD"},                   // broken off at the end
+        {"\xC3"sv, u"\uFFFD"},
+        {"\x80\xFF"sv, u"\uFFFD\uFFFD"},
+        {"a\0b"sv, u"a\0b"sv},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ToUtf16(c.Bytes), c.Text) << ::testing::PrintToString(c.Bytes);
+}
+
+TEST(PtrArrayTest, GrowsWithNullsAndKeepsWhatItHolds)
+{
+    static int things[1000];
+    CPtrArray array;
+    EXPECT_EQ(array.GetData(), nullptr);
+    for (int& thing : things)
+        array.Add(&thing);
+    array.SetSize(10);
+    array.SetAtGrow(20, &things[20]);
+    array.SetSize(30, 1000);
+    array.SetAtGrow(2000, &things[0]);
+    ASSERT_EQ(array.GetSize(), 2001);
+    for (INT_PTR i = 0; i < 2000; ++i)
+        ASSERT_EQ(array.GetAt(i), i < 10 || i == 20 ? &things[i] : nullptr) << i;
+    EXPECT_EQ(array.GetAt(2000), &things[0]);
+    array.RemoveAll();
+    EXPECT_TRUE(array.IsEmpty());
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { array.GetAt(0); }));
+}
+
+TEST(PtrArrayTest, ASizeThatIsRefusedChangesNothing)
+{
+    int thing = 0;
+    CPtrArray array;
+    array.Add(&thing);
+    for (const INT_PTR size : {INT_PTR{-1}, INTPTR_MIN}) {
+        EXPECT_TRUE(Raises<CInvalidArgException>([&] { array.SetSize(size); })) << size;
+        EXPECT_TRUE(Raises<CInvalidArgException>([&] { array.SetAtGrow(size, nullptr); })) << size;
+        EXPECT_TRUE(Raises<CInvalidArgException>([&] { array.SetAt(size, nullptr); })) << size;
+    }
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { array.SetAt(1, nullptr); }));
+    // More than the address space holds, and more than a number of bytes can say.
+    for (const INT_PTR size : {INT_PTR{1} << 45, INTPTR_MAX / 8, INTPTR_MAX / 8 + 1, INTPTR_MAX}) {
+        EXPECT_TRUE(Raises<CMemoryException>([&] { array.SetSize(size); })) << size;
+        EXPECT_TRUE(Raises<CMemoryException>([&] { array.SetAtGrow(size, nullptr); })) << size;
+        EXPECT_TRUE(Raises<CMemoryException>([&] { array.SetSize(100, size); })) << size;
+        ASSERT_EQ(array.GetSize(), 1);
+        EXPECT_EQ(array.GetAt(0), &thing);
+    }
+    EXPECT_EQ(array.Add(&thing), 1) << "a growth that was refused is forgotten";
+}
+
+} // namespace
+
+// A size that there is no memory for is part of the test: the sanitizer, too, answers it with null.
+extern "C" [[gnu::visibility("default")]] const char* __asan_default_options(); // NOLINT
+const char* __asan_default_options() { return "allocator_may_return_null=1"; } // NOLINT

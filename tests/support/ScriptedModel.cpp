@@ -1,0 +1,54 @@
+#include "ScriptedModel.h"
+
+#include <model/Host.h>
+#include <model/Language.h>
+#include <model/UnitLibrary.h>
+
+k_GlossaW g_Language;
+CString g_ApplicationName;
+CString g_RegistryPath;
+
+namespace
+{
+
+struct Arrays {
+    std::vector<WORD> Devices;
+    std::vector<WORD> Quantities;
+    std::vector<int> SubQuantities;
+    std::vector<WORD> Indexes;
+    std::vector<DWORD> Flags;
+};
+Arrays scripted;
+
+} // namespace
+
+namespace test
+{
+
+void SetUnits(std::vector<UnitEntry> entries)
+{
+    scripted = {};
+    for (const UnitEntry& entry : entries) {
+        scripted.Devices.push_back(entry.Device);
+        scripted.Quantities.push_back(entry.Quantity);
+        scripted.SubQuantities.push_back(entry.SubQuantity);
+        scripted.Indexes.push_back(entry.Index);
+        scripted.Flags.push_back(entry.Flags);
+    }
+}
+
+std::vector<UnitEntry> SingleQuantities(WORD count)
+{
+    std::vector<UnitEntry> entries;
+    for (WORD i = 1; i <= count; ++i)
+        entries.push_back({.Quantity = i});
+    return entries;
+}
+
+} // namespace test
+
+k_UnitQuantities GetUnitQuantities()
+{
+    return {scripted.Devices.data(), scripted.Quantities.data(), scripted.SubQuantities.data(),
+            scripted.Indexes.data(), scripted.Flags.data(),      static_cast<int>(scripted.Quantities.size())};
+}

@@ -1,0 +1,89 @@
+// A prefix folder of a test's own, and whole files in it.
+#pragma once
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace test
+{
+
+// Makes an empty folder and has STYLEATLAS_PREFIX name it; at the end of its life the folder goes with all
+// that is in it, and the variable is what it was before. One that can't be made raises std::system_error.
+class TempPrefix
+{
+public:
+    TempPrefix()
+    {
+        std::string folder = (std::filesystem::temp_directory_path() / "styleatlas-test-XXXXXX").string();
+        if (mkdtemp(folder.data()) == nullptr)
+            throw std::system_error(errno, std::generic_category(), folder);
+        m_path = folder;
+        if (const char* const before = std::getenv(variable))
+            m_before = before;
+        setenv(variable, folder.c_str(), 1);
+    }
+    TempPrefix(const TempPrefix&) = delete;
+    TempPrefix& operator=(const TempPrefix&) = delete;
+    ~TempPrefix()
+    {
+        if (m_before.empty())
+            unsetenv(variable);
+        else
+            setenv(variable, m_before.c_str(), 1);
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+
+    const std::filesystem::path& Path() const { return m_path; }
+
+    // The native path of a path on drive C, with slashes and without the drive: Native("ProgramData/x").
+    std::filesystem::path Native(std::string_view path = {}) const { return m_path / "drive_c" / path; }
+
+    // Makes a folder of drive C with all folders above it, and gives its native path.
+    std::filesystem::path MakeFolder(std::string_view path = {}) const
+    {
+        std::filesystem::create_directories(Native(path));
+        return Native(path);
+    }
+
+private:
+    static constexpr const char* variable = "STYLEATLAS_PREFIX";
+
+    std::filesystem::path m_path;
+    std::string m_before;
+};
+
+// The bytes of a file; std::runtime_error where it can't be read.
+inline std::string ReadWhole(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (!file.is_open() || file.bad())
+        throw std::runtime_error("cannot read " + path.string());
+    return bytes;
+}
+
+// Makes the file, or replaces its contents; std::runtime_error where it can't be written.
+inline void WriteWhole(const std::filesystem::path& path, std::string_view bytes)
+{
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file)
+        throw std::runtime_error("cannot write " + path.string());
+}
+
+// How many entries stand in a folder.
+inline std::ptrdiff_t EntryCount(const std::filesystem::path& folder)
+{
+    return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator());
+}
+
+} // namespace test
