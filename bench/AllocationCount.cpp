@@ -13,16 +13,19 @@ constinit std::atomic<std::size_t> allocations{0};
 namespace bench
 {
 
-std::size_t AllocationCount() { return allocations.load(std::memory_order_relaxed); }
+std::size_t AllocationCount()
+{
+    return allocations.load(std::memory_order_relaxed);
+}
 
 } // namespace bench
 
 extern "C" {
 
-void* __libc_malloc(std::size_t size);                             // NOLINT(bugprone-reserved-identifier)
-void* __libc_calloc(std::size_t count, std::size_t size);          // NOLINT(bugprone-reserved-identifier)
-void* __libc_realloc(void* block, std::size_t size);               // NOLINT(bugprone-reserved-identifier)
-void* __libc_memalign(std::size_t alignment, std::size_t size);    // NOLINT(bugprone-reserved-identifier)
+void* __libc_malloc(std::size_t size);                          // NOLINT(bugprone-reserved-identifier)
+void* __libc_calloc(std::size_t count, std::size_t size);       // NOLINT(bugprone-reserved-identifier)
+void* __libc_realloc(void* block, std::size_t size);            // NOLINT(bugprone-reserved-identifier)
+void* __libc_memalign(std::size_t alignment, std::size_t size); // NOLINT(bugprone-reserved-identifier)
 
 [[gnu::visibility("default")]] void* malloc(std::size_t size)
 {

@@ -19,9 +19,10 @@ void SetBareTable(const PlainTable& table)
 }
 
 int BareLookup(std::int16_t fileColumn, std::uint16_t quantity, std::uint8_t subQuantity, std::uint8_t index,
-               std::uint16_t device, std::uint32_t flags, std::uint32_t* symbolColor, std::int16_t* symbolShape,
-               std::int16_t* symbolSize, std::int16_t* symbolFill, std::uint32_t* lineColor,
-               std::int16_t* lineStyle, std::int16_t* lineWidth, std::uint8_t* useSymbolColor)
+               std::uint16_t device, std::uint32_t flags, std::uint32_t* symbolColor,
+               std::int16_t* symbolShape, std::int16_t* symbolSize, std::int16_t* symbolFill,
+               std::uint32_t* lineColor, std::int16_t* lineStyle, std::int16_t* lineWidth,
+               std::uint8_t* useSymbolColor)
 {
     const std::unique_ptr<PlainRow>* const end = rows + rowCount;
     const std::unique_ptr<PlainRow>* row = rows;

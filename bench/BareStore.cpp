@@ -13,7 +13,10 @@ namespace
 
 constexpr mode_t fileMode = 0666;
 
-[[noreturn]] void Fail(const char* what) { throw std::system_error(errno, std::generic_category(), what); }
+[[noreturn]] void Fail(const char* what)
+{
+    throw std::system_error(errno, std::generic_category(), what);
+}
 
 class Descriptor
 {

@@ -13,10 +13,14 @@ namespace
 
 json ToJson(const bench::PlainStyle& style)
 {
-    return {{"reserved", style.Reserved},       {"lineColor", style.LineColor},
-            {"symbolColor", style.SymbolColor}, {"symbolShape", style.SymbolShape},
-            {"symbolSize", style.SymbolSize},   {"symbolFill", style.SymbolFill},
-            {"lineStyle", style.LineStyle},     {"lineWidth", style.LineWidth},
+    return {{"reserved", style.Reserved},
+            {"lineColor", style.LineColor},
+            {"symbolColor", style.SymbolColor},
+            {"symbolShape", style.SymbolShape},
+            {"symbolSize", style.SymbolSize},
+            {"symbolFill", style.SymbolFill},
+            {"lineStyle", style.LineStyle},
+            {"lineWidth", style.LineWidth},
             {"useSymbolColor", style.UseSymbolColor}};
 }
 

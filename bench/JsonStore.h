@@ -1,4 +1,5 @@
-// The storage's other peer: the same table as JSON, one object a row with its key and an array of record objects.
+// The storage's other peer: the same table as JSON, one object a row with its key and an array of record
+// objects.
 #pragma once
 
 #include "PlainTable.h"

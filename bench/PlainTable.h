@@ -1,5 +1,5 @@
-// The peers' table: rows and records of the same size as the library's, each on the heap by itself, without a class
-// framework.
+// The peers' table: rows and records of the same size as the library's, each on the heap by itself, without a
+// class framework.
 #pragma once
 
 #include <cstdint>

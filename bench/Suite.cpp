@@ -18,7 +18,10 @@ constexpr std::string_view medianName = "median";
 class MedianReporter : public benchmark::ConsoleReporter
 {
 public:
-    explicit MedianReporter(std::map<std::string, double>& medians) : ConsoleReporter(OO_None), m_medians(medians) {}
+    explicit MedianReporter(std::map<std::string, double>& medians)
+        : ConsoleReporter(OO_None), m_medians(medians)
+    {
+    }
 
     void ReportRuns(const std::vector<Run>& runs) override
     {
@@ -69,7 +72,8 @@ void Suite::PrintTable(std::string_view title, std::string_view unit) const
 {
     std::printf("\n%.*s (medians, ns %.*s)\n", static_cast<int>(title.size()), title.data(),
                 static_cast<int>(unit.size()), unit.data());
-    std::printf("%-36s %-24s %12s %12s %7s %8s  %s\n", "case", "peer", "ours", "peer", "ratio", "goal", "met");
+    std::printf("%-36s %-24s %12s %12s %7s %8s  %s\n", "case", "peer", "ours", "peer", "ratio", "goal",
+                "met");
     for (const Comparison& comparison : m_comparisons)
         PrintLine(comparison);
 }
@@ -85,8 +89,8 @@ void Suite::PrintLine(const Comparison& comparison) const
     const double oursTime = ours->second / m_rows.at(comparison.Ours);
     const double peerTime = peer->second / m_rows.at(comparison.Peer);
     const double ratio = oursTime / peerTime;
-    std::printf("%-36s %-24s %12.1f %12.1f %7.2f ", comparison.Name.c_str(), comparison.Peer.c_str(), oursTime,
-                peerTime, ratio);
+    std::printf("%-36s %-24s %12.1f %12.1f %7.2f ", comparison.Name.c_str(), comparison.Peer.c_str(),
+                oursTime, peerTime, ratio);
     if (comparison.Goal == 0)
         std::printf("%8s  %s\n", "-", "-");
     else

@@ -19,12 +19,13 @@ struct Comparison {
     double Goal = 0; // the largest ratio of ours to the peer's that is good enough; 0 where there is no goal
 };
 
-// Runs the measurements in random order, each several times over, so that what slows the machine for a while strikes
-// both sides, and compares the medians.
+// Runs the measurements in random order, each several times over, so that what slows the machine for a while
+// strikes both sides, and compares the medians.
 class Suite
 {
 public:
-    // Takes Google Benchmark's options from the command line; those of the program stand in for what isn't given.
+    // Takes Google Benchmark's options from the command line; those of the program stand in for what isn't
+    // given.
     Suite(int argc, char** argv, std::vector<std::string> options = {});
 
     // Adds a measurement, whose times are divided by a number of rows. The names of one suite differ.

@@ -6,8 +6,8 @@
 namespace bench
 {
 
-// In memory where the system has a place for that, so that no disk is measured. Gone with the object. A folder that
-// can't be made raises std::filesystem::filesystem_error.
+// In memory where the system has a place for that, so that no disk is measured. Gone with the object. A
+// folder that can't be made raises std::filesystem::filesystem_error.
 class TempFolder
 {
 public:

@@ -1,4 +1,5 @@
-// GetStyleAtlas, called through the library as a host calls it, against the bare loop; and its allocations: none.
+// GetStyleAtlas, called through the library as a host calls it, against the bare loop; and its allocations:
+// none.
 #include "AllocationCount.h"
 #include "BareLoop.h"
 #include "Suite.h"
@@ -19,8 +20,8 @@ constexpr int countedCalls = 1000;
 constexpr std::uint16_t noQuantity = 65535;
 constexpr const char* title = "GetStyleAtlas";
 
-// All rows have these in common; each has a quantity of its own, so that every stage of the search passes at the
-// same row.
+// All rows have these in common; each has a quantity of its own, so that every stage of the search passes at
+// the same row.
 constexpr std::uint16_t device = 2;
 constexpr std::uint8_t subQuantity = 1;
 constexpr std::uint8_t index = 3;
@@ -59,7 +60,10 @@ template <auto Lookup> void Measure(benchmark::State& state, std::uint16_t quant
     }
 }
 
-constexpr std::uint16_t QuantityOfRow(std::size_t row) { return static_cast<std::uint16_t>(row + 1); }
+constexpr std::uint16_t QuantityOfRow(std::size_t row)
+{
+    return static_cast<std::uint16_t>(row + 1);
+}
 
 void LoadLibraryTable(const bench::TempFolder& folder, std::size_t rows)
 {
@@ -142,7 +146,8 @@ std::size_t RunSize(bench::Suite& suite, std::size_t rows)
         const std::string peer = "bare loop, " + name;
         const std::uint16_t quantity = each.Quantity;
         suite.Add(name, 1, [quantity](benchmark::State& state) { Measure<GetStyleAtlas>(state, quantity); });
-        suite.Add(peer, 1, [quantity](benchmark::State& state) { Measure<bench::BareLookup>(state, quantity); });
+        suite.Add(peer, 1,
+                  [quantity](benchmark::State& state) { Measure<bench::BareLookup>(state, quantity); });
         suite.Compare({.Name = name, .Ours = name, .Peer = peer, .Goal = goal});
     }
     suite.Run();

@@ -19,8 +19,8 @@ constexpr double goalAgainstLoop = 2;
 constexpr std::size_t catalogueSizes[] = {150, 1500, 15000}; // entries
 constexpr WORD tableSizes[] = {30, 300, 3000};               // rows
 
-// Ten entries a quantity: three sub-quantities, of which two have indexes. Every third quantity is measured by two
-// devices.
+// Ten entries a quantity: three sub-quantities, of which two have indexes. Every third quantity is measured
+// by two devices.
 std::vector<test::UnitEntry> RealisticEntries(std::size_t count)
 {
     constexpr std::size_t groupSize = 10;
@@ -80,6 +80,19 @@ bench::PlainTable PlainCopy(const k_StyleAtlas& atlas)
     return table;
 }
 
+// Quantities of nine indexes, each of which becomes ten rows: a group row and nine below it.
+std::vector<test::UnitEntry> EntriesOfRows(WORD rows)
+{
+    constexpr WORD rowsOfGroup = 10;
+    std::vector<test::UnitEntry> entries;
+    for (WORD row = 0; row < rows; ++row) {
+        const auto index = static_cast<WORD>(row % rowsOfGroup);
+        if (index != 0)
+            entries.push_back({.Quantity = static_cast<WORD>(row / rowsOfGroup + 1), .Index = index});
+    }
+    return entries;
+}
+
 // What stands on disk and in memory for one table size; each measurement finds its file here, and leaves it.
 struct Stored {
     WORD Rows = 0;
@@ -101,7 +114,7 @@ std::shared_ptr<Stored> MakeStored(const bench::TempFolder& folder, WORD rows)
     stored->Json = stem / "style.json";
     stored->Loop = stem / "loop.bytes";
 
-    test::SetUnits(test::SingleQuantities(rows));
+    test::SetUnits(EntriesOfRows(rows));
     stored->Atlas.BuildCatalogue();
     stored->Atlas.ApplyDefaultStyles();
     stored->Atlas.Save(stored->Layout.u16string().c_str());
@@ -121,13 +134,13 @@ struct Side {
     std::function<void(Stored&)> Work;
 };
 
-void AddComparison(bench::Suite& suite, const std::shared_ptr<Stored>& stored, const Side& ours, const Side& json,
-                   const Side& loop)
+void AddComparison(bench::Suite& suite, const std::shared_ptr<Stored>& stored, const Side& ours,
+                   const Side& json, const Side& loop)
 {
     const std::string suffix = ", " + std::to_string(stored->Rows) + " rows";
     for (const Side& side : {ours, json, loop}) {
         suite.Add(side.Name + suffix, stored->Rows, [stored, work = side.Work](benchmark::State& state) {
-            test::SetUnits(test::SingleQuantities(stored->Rows));
+            test::SetUnits(EntriesOfRows(stored->Rows));
             for ([[maybe_unused]] const auto iteration : state)
                 work(*stored);
         });
@@ -139,21 +152,19 @@ void AddComparison(bench::Suite& suite, const std::shared_ptr<Stored>& stored, c
 
 void AddTableSize(bench::Suite& suite, const std::shared_ptr<Stored>& stored)
 {
-    AddComparison(suite, stored,
-                  {"Load",
-                   [](Stored& s) {
-                       k_StyleAtlas atlas;
-                       atlas.Load(s.Layout.u16string().c_str());
-                   }},
-                  {"JSON load", [](Stored& s) { benchmark::DoNotOptimize(bench::JsonLoad(s.Json).data()); }},
-                  {"loop load", [](Stored& s) {
-                       benchmark::DoNotOptimize(bench::BareLoad(s.Layout, s.Rows).data());
-                   }});
-    AddComparison(suite, stored, {"Save", [](Stored& s) { s.Atlas.Save(s.Layout.u16string().c_str()); }},
-                  {"JSON save", [](Stored& s) { bench::JsonSave(s.Json, s.Table); }},
-                  {"loop save", [](Stored& s) {
-                       bench::ReplaceFile(s.Loop, s.LayoutBytes, bench::bareBufferSize);
-                   }});
+    AddComparison(
+        suite, stored,
+        {"Load",
+         [](Stored& s) {
+             k_StyleAtlas atlas;
+             atlas.Load(s.Layout.u16string().c_str());
+         }},
+        {"JSON load", [](Stored& s) { benchmark::DoNotOptimize(bench::JsonLoad(s.Json).data()); }},
+        {"loop load", [](Stored& s) { benchmark::DoNotOptimize(bench::BareLoad(s.Layout, s.Rows).data()); }});
+    AddComparison(
+        suite, stored, {"Save", [](Stored& s) { s.Atlas.Save(s.Layout.u16string().c_str()); }},
+        {"JSON save", [](Stored& s) { bench::JsonSave(s.Json, s.Table); }},
+        {"loop save", [](Stored& s) { bench::ReplaceFile(s.Loop, s.LayoutBytes, bench::bareBufferSize); }});
 }
 
 void Run(int argc, char** argv)

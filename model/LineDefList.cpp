@@ -1,16 +1,22 @@
 #include "LineDefList.h"
 
+#include <algorithm>
 #include <memory>
 
 k_LineDefList::~k_LineDefList() { Clear(); }
 
 bool k_LineDefList::Clear()
 {
-    for (INT_PTR i = 0; i < GetSize(); ++i)
-        delete GetAt(i);
-    SetSize(0);
-    SetFlags();
+    Cut(0);
     return true;
+}
+
+void k_LineDefList::Cut(INT_PTR count)
+{
+    for (INT_PTR i = count; i < GetSize(); ++i)
+        delete GetAt(i);
+    SetSize(std::min(count, GetSize()));
+    SetFlags();
 }
 
 void k_LineDefList::SetFlags()

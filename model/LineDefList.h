@@ -16,6 +16,10 @@ public:
     // Deletes the records and sets all flags; true.
     bool Clear();
 
+    // Deletes the records from a position on and sets all flags. A negative position raises the invalid
+    // argument exception.
+    void Cut(INT_PTR count);
+
     // Replaces the contents by new copies of the source's records, and the flags by the source's. A null of the
     // source gives a record as constructed.
     void Assign(const k_LineDefList& source);

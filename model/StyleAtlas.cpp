@@ -55,7 +55,7 @@ INT_PTR k_StyleAtlas::AddRow(QuantityKey key, BYTE level)
 }
 
 // One forward pass: each stage's test contains the one before it, so it goes on where that one stopped.
-INT_PTR k_StyleAtlas::FindRow(QuantityKey key) const
+INT_PTR k_StyleAtlas::FindRow(const QuantityKey& key) const
 {
     const INT_PTR n = Rows.GetSize();
     void* const* const rows = Rows.GetData();
@@ -67,25 +67,30 @@ INT_PTR k_StyleAtlas::FindRow(QuantityKey key) const
         }
         return -1;
     };
+    // One by one: two neighbours read as one word, which a comparison of both invites, would wait for the
+    // caller's two stores of them.
+    const WORD quantity = key.Quantity;
+    const WORD subQuantity = key.SubQuantity;
+    const short device = key.Device;
 
-    INT_PTR best = scan(0, [key](const k_QuantityDesc& row) { return row.Quantity == key.Quantity; });
+    INT_PTR best = scan(0, [&](const k_QuantityDesc& row) { return row.Quantity == quantity; });
     if (best < 0)
         return -1;
-    INT_PTR found = scan(best, [key](const k_QuantityDesc& row) {
-        return row.Quantity == key.Quantity && row.SubQuantity == key.SubQuantity;
+    INT_PTR found = scan(best, [&](const k_QuantityDesc& row) {
+        return row.Quantity == quantity && row.SubQuantity == subQuantity;
     });
     if (found < 0)
         return best;
     best = found;
-    found = scan(best, [key](const k_QuantityDesc& row) {
-        return row.Quantity == key.Quantity && row.SubQuantity == key.SubQuantity && row.Device == key.Device;
+    found = scan(best, [&](const k_QuantityDesc& row) {
+        return row.Quantity == quantity && row.SubQuantity == subQuantity && row.Device == device;
     });
     if (found < 0)
         return best;
     best = found;
-    found = scan(best, [key](const k_QuantityDesc& row) {
-        return row.Quantity == key.Quantity && row.SubQuantity == key.SubQuantity && row.Index == key.Index &&
-               row.Device == key.Device && row.Flags == key.Flags;
+    found = scan(best, [&](const k_QuantityDesc& row) {
+        return row.Quantity == quantity && row.SubQuantity == subQuantity && row.Device == device &&
+               row.Index == key.Index && row.Flags == key.Flags;
     });
     return found < 0 ? best : found;
 }

@@ -1,8 +1,8 @@
 #include "StyleAtlas.h"
 #include "UnitLibrary.h"
 
-#include <algorithm>
-#include <vector>
+#include <array>
+#include <utility>
 
 namespace
 {
@@ -24,16 +24,29 @@ QuantityKey KeyOf(const k_UnitQuantities& list, int i)
 }
 
 // The distinct sub-quantities of a pool, in order of first appearance.
-std::vector<WORD> SubQuantitiesOf(const k_QuantityPool& pool)
+class SubQuantities
 {
-    std::vector<WORD> values;
-    for (INT_PTR i = 0; i < pool.GetSize(); ++i) {
-        const WORD value = pool.GetAt(i)->SubQuantity;
-        if (std::find(values.begin(), values.end(), value) == values.end())
-            values.push_back(value);
+public:
+    explicit SubQuantities(const k_QuantityPool& pool)
+    {
+        std::array<bool, possible> seen{};
+        for (INT_PTR i = 0; i < pool.GetSize(); ++i) {
+            const WORD value = pool.GetAt(i)->SubQuantity;
+            if (!std::exchange(seen[value], true))
+                m_values[m_count++] = value;
+        }
     }
-    return values;
-}
+
+    std::size_t Count() const { return m_count; }
+    const WORD* begin() const { return m_values.data(); }
+    const WORD* end() const { return m_values.data() + m_count; }
+
+private:
+    static constexpr std::size_t possible = 256; // see KeyOf
+
+    std::array<WORD, possible> m_values;
+    std::size_t m_count = 0;
+};
 
 } // namespace
 
@@ -87,11 +100,11 @@ void k_StyleAtlas::AddGroup(QuantityKey leader, k_QuantityPool& group)
     groupRow.Device = leader.Device;
     AddRow(groupRow, groupLevel);
 
-    const std::vector<WORD> subQuantities = SubQuantitiesOf(group);
+    const SubQuantities subQuantities(group);
     for (const WORD subQuantity : subQuantities) {
         const auto records =
             TakeMatching(group, leader.Quantity, subQuantity, static_cast<WORD>(leader.Device));
-        if (subQuantities.size() > 1) {
+        if (subQuantities.Count() > 1) {
             AddSubQuantity(*records);
             continue;
         }

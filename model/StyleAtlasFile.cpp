@@ -54,16 +54,24 @@ private:
 void WriteStyles(CArchive& ar, const k_LineDefList& styles)
 {
     for (INT_PTR i = 0; i < styles.GetSize(); ++i) {
-        k_LineDef emptyPlace;
-        k_LineDef* const pStyle = styles.GetAt(i);
-        (pStyle != nullptr ? *pStyle : emptyPlace).Serialize(ar);
+        if (k_LineDef* const pStyle = styles.GetAt(i))
+            pStyle->Serialize(ar);
+        else
+            k_LineDef().Serialize(ar); // an empty place
     }
 }
 
+// The records that the list holds are read into, not made again.
 void ReadStyles(CArchive& ar, k_LineDefList& styles, int count)
 {
-    styles.SetSize(std::min(count, placesBelieved)); // refuses a count below 0
+    styles.Cut(count); // refuses a count below 0
+    styles.SetSize(std::max<INT_PTR>(styles.GetSize(), std::min(count, placesBelieved)));
     for (int i = 0; i < count; ++i) {
+        k_LineDef* const pHeld = i < styles.GetSize() ? styles.GetAt(i) : nullptr;
+        if (pHeld != nullptr) {
+            pHeld->Serialize(ar);
+            continue;
+        }
         auto style = std::make_unique<k_LineDef>();
         style->Serialize(ar);
         styles.SetAtGrow(i, style.get());
@@ -106,18 +114,23 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
         return;
     try {
         RowIndex index(*this);
+        std::unique_ptr<k_QuantityDesc> row;
         for (DWORD i = 0; i < stored; ++i) {
-            auto row = std::make_unique<k_QuantityDesc>();
+            if (!row)
+                row = std::make_unique<k_QuantityDesc>();
             row->Serialize(ar);
             const INT_PTR end = Rows.GetSize();
             const INT_PTR position = index.PositionOf(*row, end);
             if (position == end) {
                 Rows.Add(row.get());
+                static_cast<void>(row.release());
             } else {
-                delete GetRow(position);
-                Rows.SetAt(position, row.get());
+                // The row that has to go is the next to be read into: a table over a catalogue takes no second
+                // set of records.
+                k_QuantityDesc* const pReplaced = GetRow(position);
+                Rows.SetAt(position, row.release());
+                row.reset(pReplaced);
             }
-            static_cast<void>(row.release());
         }
     } catch (const std::bad_alloc&) {
         AfxThrowMemoryException();
@@ -131,7 +144,6 @@ void k_QuantityDesc::Serialize(CArchive& ar)
         ar << Device << Quantity << SubQuantity << Index << Flags << ReservedFlag << Level;
         WriteStyles(ar, Styles);
     } else {
-        Styles.Clear();
         ar >> ColumnCount;
         ar >> Device >> Quantity >> SubQuantity >> Index >> Flags >> ReservedFlag >> Level;
         ReadStyles(ar, Styles, ColumnCount);

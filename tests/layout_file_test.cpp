@@ -184,12 +184,11 @@ TEST(LayoutFile, EmptySlotsAreToldAndLeftOutOfTheCount)
 {
     const test::MessageRecorder messages;
     k_StyleAtlas atlas;
+    atlas.ColumnCount = 1;
     atlas.Rows.Add(nullptr);
     atlas.AddRow({5, 0, 0, 0, 0}, 0);
     atlas.Rows.Add(nullptr);
-    atlas.GetRow(1)->Styles.SetSize(2);
-    delete atlas.GetRow(1)->Styles.GetAt(1);
-    atlas.GetRow(1)->Styles.SetAt(1, nullptr); // a place without a record is stored as one as constructed
+    atlas.GetRow(1)->Styles.SetSize(2); // a place without a record is stored as one as constructed
     const std::string file = BytesOf(atlas);
     ASSERT_EQ(messages.Messages().size(), 2U);
     EXPECT_EQ(messages.Messages()[0].Text, u"pDesc == NULL\n0");

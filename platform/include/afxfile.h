@@ -1,7 +1,7 @@
 // The framework's files and archives.
 #pragma once
 
-#include <afx.h>
+#include <afxobj.h>
 
 #include <bit>
 #include <cstring>

@@ -22,6 +22,7 @@ public:
 private:
     bool OpenMirror(const struct stat* pOld);
 
-    std::string m_strTarget; // native path of the file to replace
+    std::string m_strTarget;     // native path of the file to replace
+    std::string m_strFolder;     // of the target
     std::string m_strMirrorName; // native path of the file beside it; empty when written directly
 };

@@ -102,7 +102,8 @@ UINT RegisterWindowMessageW(LPCWSTR name);
 // ---- Registry
 //
 // Keys are found without regard to the case of A to Z and keep the spelling they were created with; empty parts of a
-// path are passed over. Every function returns ERROR_SUCCESS or tells what failed.
+// path are passed over. A path of more than 512 levels or 32767 characters gives ERROR_INVALID_PARAMETER, and a value
+// holds at most 16 MiB. Every function returns ERROR_SUCCESS or tells what failed.
 
 using REGSAM = DWORD;
 inline const HKEY HKEY_USERS = reinterpret_cast<HKEY>(static_cast<UINT_PTR>(0x80000003)); // NOLINT

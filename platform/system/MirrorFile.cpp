@@ -35,7 +35,7 @@ std::string FolderOf(const std::string& path)
 // The file at the end of a chain of symbolic links, whether it exists or not; empty if the chain has no end.
 std::string FollowLinks(std::string path)
 {
-    for (int i = 0; i < mostLinks; ++i) {
+    for (int i = 0; i <= mostLinks; ++i) {
         std::array<char, 4096> target;
         const ssize_t length = readlink(path.c_str(), target.data(), target.size());
         if (length < 0)
@@ -77,18 +77,28 @@ void RemoveLeftovers(const std::string& folder)
         const int file = openat(descriptor, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
         if (file < 0)
             continue;
-        if (flock(file, LOCK_EX | LOCK_NB) == 0)
+        if (flock(file, LOCK_SH | LOCK_NB) == 0) // all that a network file system gives to a reader
             unlinkat(descriptor, entry->d_name, 0);
         close(file);
     }
 }
 
 // Whether a file that was just made is still the one of its name: somebody may have taken it for a leftover in the
-// moment before it was locked.
+// moment before it was locked. A file system without locks will do: no file is taken for a leftover there.
 bool LockNewFile(int file)
 {
     struct stat status{};
-    return flock(file, LOCK_EX | LOCK_NB) == 0 && fstat(file, &status) == 0 && status.st_nlink > 0;
+    const bool isTaken = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    return !isTaken && fstat(file, &status) == 0 && status.st_nlink > 0;
+}
+
+// In a sticky folder only its owner and the file's may put another file in the place of one.
+bool MayReplace(const std::string& folder, const struct stat& old)
+{
+    struct stat status{};
+    const uid_t user = geteuid();
+    return stat(folder.c_str(), &status) != 0 || (status.st_mode & S_ISVTX) == 0 || user == 0 ||
+           user == status.st_uid || user == old.st_uid;
 }
 
 // Gives the new file the old one's owner, group and permissions, as far as the user may. Without the group, what the
@@ -116,6 +126,7 @@ CMirrorFile::~CMirrorFile() { CMirrorFile::Abort(); }
 
 BOOL CMirrorFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 {
+    CMirrorFile::Abort();
     if ((nOpenFlags & modeCreate) == 0)
         return CFile::Open(lpszFileName, nOpenFlags);
     try {
@@ -124,13 +135,15 @@ BOOL CMirrorFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
             return FALSE;
         struct stat old{};
         const bool exists = stat(m_strTarget.c_str(), &old) == 0;
-        const bool replaceable = !exists || (S_ISREG(old.st_mode) && access(m_strTarget.c_str(), W_OK) == 0);
+        const bool replaceable = !exists || (S_ISREG(old.st_mode) && access(m_strTarget.c_str(), W_OK) == 0 &&
+                                             MayReplace(FolderOf(m_strTarget), old));
         if (!replaceable || !OpenMirror(exists ? &old : nullptr)) {
             const bool refused = exists && (errno == EACCES || errno == EPERM || errno == EROFS);
             if (replaceable && !refused) // a folder without room is no reason to empty the old file
                 return FALSE;
             m_strMirrorName.clear();
-            return CFile::Open(lpszFileName, nOpenFlags);
+            if (!OpenNative(m_strTarget, O_WRONLY | O_TRUNC))
+                return FALSE;
         }
     } catch (const std::bad_alloc&) {
         AfxThrowMemoryException();
@@ -141,10 +154,10 @@ BOOL CMirrorFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 
 bool CMirrorFile::OpenMirror(const struct stat* pOld)
 {
-    const std::string folder = FolderOf(m_strTarget);
-    RemoveLeftovers(folder);
+    m_strFolder = FolderOf(m_strTarget);
+    RemoveLeftovers(m_strFolder);
     for (int i = 0; i < mostTries; ++i) {
-        m_strMirrorName = folder + '/' + MirrorName();
+        m_strMirrorName = m_strFolder + '/' + MirrorName();
         if (!OpenNative(m_strMirrorName, O_WRONLY | O_CREAT | O_EXCL)) {
             if (errno == EEXIST)
                 continue;
@@ -155,7 +168,7 @@ bool CMirrorFile::OpenMirror(const struct stat* pOld)
                 CopyPermissions(m_hFile, *pOld);
             return true;
         }
-        CFile::Abort();
+        CMirrorFile::Abort();
     }
     errno = EBUSY;
     return false;
@@ -171,7 +184,7 @@ void CMirrorFile::Close()
         if (rename(m_strMirrorName.c_str(), m_strTarget.c_str()) != 0)
             ThrowSystemError(errno);
         m_strMirrorName.clear();
-        FlushFolder(FolderOf(m_strTarget));
+        FlushFolder(m_strFolder);
     }
     CFile::Close();
 }

@@ -28,6 +28,9 @@ namespace
 
 constexpr int longestWait = 5000;       // milliseconds that other processes may hold the lock
 constexpr int progressStep = 100'000;   // virtual machine steps; no statement here needs as many
+constexpr int largestValue = 16 << 20;  // bytes; a file that holds or computes more is somebody else's
+constexpr std::size_t mostLevels = 512;
+constexpr std::size_t longestPath = 32767; // characters
 constexpr std::string_view usersName = "HKEY_USERS";
 
 constexpr const char* schema = "CREATE TABLE IF NOT EXISTS key("
@@ -102,6 +105,7 @@ public:
 
     sqlite3_int64 Number(int column) const { return sqlite3_column_int64(m_statement, column); }
     const void* Data(int column) const { return sqlite3_column_blob(m_statement, column); }
+    sqlite3_int64 DataSize(int column) const { return sqlite3_column_bytes(m_statement, column); } // after Data
 
 private:
     Statement& Keep(int result)
@@ -124,14 +128,18 @@ std::string Folded(std::string text)
     return text;
 }
 
-// The paths of a key and of all keys above it, from the root down.
+// The paths of a key and of all keys above it, from the root down; none for a path that is too long or too deep.
 std::vector<std::string> KeyPaths(std::u16string_view subKey)
 {
+    if (subKey.size() > longestPath)
+        return {};
     std::vector<std::string> paths{std::string(usersName)};
     while (!subKey.empty()) {
         const std::size_t length = std::min(subKey.find(u'\\'), subKey.size());
         if (length > 0)
             paths.push_back(paths.back() + '\\' + ToUtf8(subKey.substr(0, length)));
+        if (paths.size() > mostLevels)
+            return {};
         subKey.remove_prefix(std::min(length + 1, subKey.size()));
     }
     return paths;
@@ -151,7 +159,10 @@ int OpenDatabase(int flags, Database& database)
     if (sqlite3_db_readonly(opened, "main") != 0)
         return SQLITE_READONLY;
     sqlite3_busy_timeout(opened, longestWait);
-    sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    // The file may come from anybody: nothing that it computes is run.
+    for (const int feature : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER})
+        sqlite3_db_config(opened, feature, 0, nullptr);
+    sqlite3_limit(opened, SQLITE_LIMIT_LENGTH, largestValue);
     sqlite3_progress_handler(opened, progressStep, [](void*) { return 1; }, nullptr);
     return SQLITE_OK;
 }
@@ -212,12 +223,15 @@ LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD /*options*/, REGSAM access, 
     return Guarded([&]() -> LONG {
         if (root != HKEY_USERS)
             return ERROR_INVALID_HANDLE;
+        const std::vector<std::string> paths = KeyPaths(subKey);
+        if (paths.empty())
+            return ERROR_INVALID_PARAMETER;
         Database database;
         int result = OpenDatabase(0, database);
         if (result != SQLITE_OK)
             return ErrorOf(result);
         sqlite3_int64 id = 0;
-        result = FindKey(database.get(), KeyPaths(subKey).back(), id);
+        result = FindKey(database.get(), paths.back(), id);
         if (result != SQLITE_ROW)
             return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
         *key = new HKEY__{database.get(), id, access};
@@ -232,11 +246,13 @@ LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD /*reserved*/, LPWSTR /*key
     const LONG created = Guarded([&]() -> LONG {
         if (root != HKEY_USERS)
             return ERROR_INVALID_HANDLE;
+        const std::vector<std::string> paths = KeyPaths(subKey);
+        if (paths.empty())
+            return ERROR_INVALID_PARAMETER;
         Database database;
         const int result = OpenDatabase(SQLITE_OPEN_CREATE, database);
         if (result != SQLITE_OK)
             return ErrorOf(result);
-        const std::vector<std::string> paths = KeyPaths(subKey);
         return ErrorOf(Transact(database.get(), [&] { return InsertKeys(database.get(), paths); }));
     });
     return created == ERROR_SUCCESS ? RegOpenKeyExW(root, subKey, options, access, key) : created;
@@ -257,12 +273,15 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, 
             return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
         const sqlite3_int64 length = find.Number(1);
         const bool fits = length <= static_cast<sqlite3_int64>(*size);
+        const void* const bytes = find.Data(2);
+        if (fits && find.DataSize(2) != length) // a text, whose length isn't its size
+            return ERROR_BADDB;
         *type = static_cast<DWORD>(find.Number(0));
         *size = static_cast<DWORD>(length);
         if (!fits)
             return ERROR_MORE_DATA;
         if (length > 0)
-            std::memcpy(data, find.Data(2), static_cast<std::size_t>(length));
+            std::memcpy(data, bytes, static_cast<std::size_t>(length));
         return ERROR_SUCCESS;
     });
 }

@@ -1,0 +1,41 @@
+# Shared by ./run, ./test and .ci/run: what the project needs on a Debian machine, and how it is built.
+
+build_packages=(g++ cmake ninja-build libsqlite3-dev gettext)
+test_packages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev binutils)
+check_packages=(clang clang-format clang-tidy libclang-rt-dev)
+
+# Installs those packages of the named lists ("build", "test", "check") that are not there yet.
+install_missing() {
+    local list package
+    local -a missing=()
+    for list in "$@"; do
+        local -n packages="${list}_packages"
+        for package in "${packages[@]}"; do
+            dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+        done
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if ! command -v apt-get >/dev/null; then
+        printf 'Please install what these Debian packages hold, and start again: %s\n' "${missing[*]}" >&2
+        return 1
+    fi
+    local -a as_root=()
+    [ "$(id -u)" = 0 ] || as_root=(sudo)
+    printf 'Installing: %s\n' "${missing[*]}" >&2
+    "${as_root[@]}" apt-get update -qq >&2
+    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
+
+# Configures and builds a preset of CMakePresets.json; further arguments go to the configuration. Quiet where all
+# goes well.
+build() {
+    local preset=$1 log
+    shift
+    log=$(mktemp)
+    if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset" --parallel; } >"$log" 2>&1; then
+        tail -n 60 "$log" >&2
+        rm -f "$log"
+        return 1
+    fi
+    rm -f "$log"
+}

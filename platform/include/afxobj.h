@@ -1,0 +1,96 @@
+// The class framework's objects and exceptions. Names, slots and contracts are the framework's; only what the library
+// calls is here.
+#pragma once
+
+#include <afxstr.h>
+#include <windows.h>
+
+class CArchive;
+class CDumpContext;
+
+// What a class says of itself at run time.
+struct CRuntimeClass {
+    const char* m_lpszClassName;
+    int m_nObjectSize;
+};
+
+class CObject
+{
+public:
+    CObject(const CObject&) = delete;
+    CObject& operator=(const CObject&) = delete;
+
+    virtual CRuntimeClass* GetRuntimeClass() const;
+    virtual ~CObject();
+    virtual void Serialize(CArchive& ar);
+    virtual void AssertValid() const;
+    virtual void Dump(CDumpContext& dc) const;
+
+    // Raises the memory exception when there is no memory.
+    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t, void* place) noexcept { return place; }
+    static void operator delete(void* object) noexcept;
+    static void operator delete(void*, void*) noexcept {}
+
+protected:
+    CObject() = default;
+};
+
+// An exception is thrown as a pointer; who catches it calls Delete, which frees it if it has to be freed.
+class CException : public CObject
+{
+public:
+    void Delete();
+
+protected:
+    explicit CException(bool bAutoDelete) : m_bAutoDelete(bAutoDelete) {}
+
+private:
+    bool m_bAutoDelete;
+};
+
+class CMemoryException : public CException
+{
+public:
+    CMemoryException() : CException(false) {}
+};
+
+class CInvalidArgException : public CException
+{
+public:
+    CInvalidArgException() : CException(false) {}
+};
+
+class CFileException : public CException
+{
+public:
+    enum Cause { none, genericException, fileNotFound, accessDenied, diskFull, hardIO };
+
+    CFileException(Cause cause, LONG osError, CString fileName)
+        : CException(true), m_cause(cause), m_lOsError(osError), m_strFileName(std::move(fileName))
+    {
+    }
+
+    Cause m_cause;
+    LONG m_lOsError; // errno
+    CString m_strFileName;
+};
+
+class CArchiveException : public CException
+{
+public:
+    enum Cause { none, genericException, readOnly, endOfFile, writeOnly };
+
+    CArchiveException(int cause, CString fileName)
+        : CException(true), m_cause(cause), m_strFileName(std::move(fileName))
+    {
+    }
+
+    int m_cause;
+    CString m_strFileName;
+};
+
+[[noreturn]] void AfxThrowMemoryException();
+[[noreturn]] void AfxThrowInvalidArgException();
+[[noreturn]] void AfxThrowFileException(CFileException::Cause cause, LONG osError, LPCTSTR fileName);
+[[noreturn]] void AfxThrowArchiveException(int cause, LPCTSTR fileName);

@@ -1,0 +1,254 @@
+// Saving: whatever happens meanwhile, the old contents or the new ones stand there whole, and nothing else does.
+#include "support/ChildProcess.h"
+#include "support/ScriptedModel.h"
+#include "support/TempPrefix.h"
+
+#include <afxpriv.h>
+
+#include <random>
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr const TCHAR* drivePath = _T("C:\\layouts\\file");
+constexpr std::size_t contentsSize = 300'000;
+constexpr rlim_t littleRoom = 100'000;
+
+std::string Contents(char letter)
+{
+    return std::string(contentsSize, letter);
+}
+
+bool IsWhole(const std::string& contents)
+{
+    return contents.size() == contentsSize &&
+           contents.find_first_not_of(contents.front()) == std::string::npos;
+}
+
+enum Outcome { saved, refused, diskFull, otherFailure, notTried };
+
+// Saves as the model does.
+Outcome Save(LPCTSTR path, const std::string& contents)
+{
+    try {
+        CMirrorFile file;
+        if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
+            return refused;
+        CArchive ar(&file, CArchive::store | CArchive::bNoFlushOnDelete);
+        for (const char c : contents)
+            ar << static_cast<BYTE>(c);
+        ar.Close();
+        file.Close();
+        return saved;
+    } catch (CFileException* e) {
+        const bool isFull = e->m_cause == CFileException::diskFull;
+        e->Delete();
+        return isFull ? diskFull : otherFailure;
+    }
+}
+
+class SaveTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        fs::permissions(prefix.Path(), fs::perms{0755}); // an ordinary user comes by
+        test::WriteWhole(file, "old");
+    }
+
+    mode_t ModeOf(const fs::path& path) const
+    {
+        struct stat status{};
+        EXPECT_EQ(stat(path.c_str(), &status), 0);
+        return status.st_mode & 07777;
+    }
+
+    static int SaveAsOrdinaryUser(LPCTSTR path, const std::string& contents)
+    {
+        return test::RunInChild([&] { return test::BecomeOrdinaryUser() ? Save(path, contents) : notTried; });
+    }
+
+    const test::TempPrefix prefix;
+    const fs::path folder = prefix.MakeFolder("layouts");
+    const fs::path file = folder / "file";
+};
+
+TEST_F(SaveTest, AKilledWriterLeavesOldOrNewContentsAndNothingToTheNext)
+{
+    constexpr int rounds = 200;
+    constexpr int longestLife = 4000; // microseconds
+    std::minstd_rand random(1);
+    ASSERT_EQ(Save(drivePath, Contents('a')), saved);
+    int leftovers = 0;
+    for (int round = 0; round < rounds; ++round) {
+        test::ChildProcess writer([] {
+            for (char letter = 'a';; letter = letter == 'z' ? 'a' : static_cast<char>(letter + 1)) {
+                if (Save(drivePath, Contents(letter)) != saved)
+                    return 1;
+            }
+        });
+        usleep(random() % longestLife);
+        writer.Kill();
+        ASSERT_TRUE(IsWhole(test::ReadWhole(file))) << "in round " << round;
+        leftovers += test::EntryCount(folder) > 1 ? 1 : 0;
+        ASSERT_EQ(Save(drivePath, Contents('A')), saved);
+        ASSERT_EQ(test::EntryCount(folder), 1) << "in round " << round;
+    }
+        EXPECT_GT(leftovers, 0) << "no writer was killed at its work";
+}
+
+TEST_F(SaveTest, TwoWritersAtOnceShowWholeContentsAtAnyTime)
+{
+    const auto write = [](char letter) {
+        for (int i = 0; i < 40; ++i) {
+            if (Save(drivePath, Contents(letter)) != saved)
+                return 1;
+        }
+        return 0;
+    };
+    ASSERT_EQ(Save(drivePath, Contents('a')), saved);
+    test::ChildProcess first([&] { return write('b'); });
+    test::ChildProcess second([&] { return write('c'); });
+    for (int i = 0; i < 200; ++i)
+        ASSERT_TRUE(IsWhole(test::ReadWhole(file))) << i;
+    EXPECT_EQ(first.Wait(), 0);
+    EXPECT_EQ(second.Wait(), 0);
+    ASSERT_EQ(Save(drivePath, Contents('d')), saved);
+    EXPECT_EQ(test::EntryCount(folder), 1);
+}
+
+TEST_F(SaveTest, AFullDiskIsToldAndKeepsTheOldFile)
+{
+    EXPECT_EQ(test::RunInChild([] { return test::LimitFileSize(littleRoom) ? Save(drivePath, Contents('n')) : notTried; }),
+              diskFull);
+    EXPECT_EQ(Save(_T("/dev/full"), "x"), diskFull);
+    EXPECT_EQ(Save(_T("/dev/null"), "x"), saved);
+
+    test::SetUnits(test::SingleQuantities(200));
+    EXPECT_EQ(test::RunInChild([] {
+                  k_StyleAtlas atlas;
+                  atlas.BuildCatalogue();
+                  atlas.FilePath = _T("before");
+                  if (!test::LimitFileSize(littleRoom))
+                      return notTried;
+                  try {
+                      atlas.Save(drivePath);
+                  } catch (CFileException* e) {
+                      const bool isFull = e->m_cause == CFileException::diskFull;
+                      e->Delete();
+                      return isFull && atlas.FilePath == _T("before") ? diskFull : otherFailure;
+                  }
+                  return saved;
+              }),
+              diskFull);
+    EXPECT_EQ(test::ReadWhole(file), "old");
+    EXPECT_EQ(test::EntryCount(folder), 1);
+}
+
+TEST_F(SaveTest, AWriterThatGivesUpLeavesTheOldFile)
+{
+    CMirrorFile given;
+    for (const bool isAborted : {true, false}) {
+        CMirrorFile other;
+        ASSERT_TRUE(other.Open(drivePath, CFile::modeCreate | CFile::modeWrite));
+        ASSERT_TRUE(given.Open(drivePath, CFile::modeCreate | CFile::modeWrite));
+        other.Write("new", 3);
+        if (isAborted)
+            other.Abort();
+    }
+    EXPECT_EQ(test::EntryCount(folder), 2) << "opened anew, it takes away what it wrote before";
+    given.Close();
+    EXPECT_EQ(test::ReadWhole(file), "");
+    EXPECT_EQ(test::EntryCount(folder), 1);
+}
+
+TEST_F(SaveTest, LinksStayAndTheirTargetIsReplaced)
+{
+    constexpr int mostLinks = 40; // that the system follows
+    prefix.MakeFolder("links/inner");
+    const fs::path links = prefix.Native("links");
+    fs::create_symlink(file, links / "absolute");
+    fs::create_symlink("../layouts/file", links / "relative");
+    fs::create_symlink("relative", links / "chained");
+    fs::create_directory_symlink("../layouts", links / "folder");
+    fs::create_symlink("folder/../links/absolute", links / "winding");
+    fs::create_symlink("folder/missing", links / "dangling");
+    fs::create_symlink(file, links / "1");
+    for (int i = 2; i <= mostLinks + 1; ++i)
+        fs::create_symlink(std::to_string(i - 1), links / std::to_string(i));
+
+    for (const char* const name : {"absolute", "relative", "chained", "winding", "dangling", "40"}) {
+        const CString path = CString(_T("C:\\links\\")) + std::u16string(name, name + std::strlen(name)).c_str();
+        EXPECT_EQ(Save(path, name), saved) << name;
+        EXPECT_TRUE(fs::is_symlink(links / name)) << name;
+        EXPECT_EQ(test::ReadWhole(std::string_view(name) == "dangling" ? folder / "missing" : file), name);
+    }
+    EXPECT_EQ(Save(_T("C:\\links\\folder\\file"), "end"), saved);
+    EXPECT_EQ(test::ReadWhole(file), "end");
+    EXPECT_EQ(test::EntryCount(folder), 2);
+}
+
+TEST_F(SaveTest, WhatCannotBeReplacedIsRefused)
+{
+    fs::create_symlink("loop", folder / "loop");
+    fs::create_symlink("missing/file", folder / "astray");
+    fs::create_directory(folder / "inner");
+    const auto before = test::EntryCount(folder);
+    for (const TCHAR* const path : {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"), _T("C:\\layouts"),
+                                    _T("C:\\layouts\\inner"), _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x")})
+        EXPECT_EQ(Save(path, "new"), refused) << ::testing::PrintToString(std::u16string(path));
+    fs::permissions(file, fs::perms{0444});
+    ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()) && test::GiveToOrdinaryUser(folder.c_str()));
+    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "new"), refused) << "a file that is read-only";
+    EXPECT_EQ(test::ReadWhole(file), "old");
+    EXPECT_EQ(test::EntryCount(folder), before);
+}
+
+TEST_F(SaveTest, PermissionsStayWhateverTheMask)
+{
+    for (const mode_t mask : {0000, 0077}) {
+        const mode_t maskBefore = umask(mask);
+        for (const unsigned mode : {0600U, 0640U, 0664U, 0606U, 0755U}) {
+            fs::permissions(file, fs::perms{mode});
+            EXPECT_EQ(Save(drivePath, "new"), saved);
+            EXPECT_EQ(ModeOf(file), mode);
+        }
+        fs::remove(file);
+        EXPECT_EQ(Save(drivePath, "new"), saved);
+        EXPECT_EQ(ModeOf(file), 0666U & ~mask) << "of a new file";
+        umask(maskBefore);
+    }
+}
+
+// The folder takes no new file, or lets nobody replace another's: the file's own contents are all there is to change.
+TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
+{
+    ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()));
+    fs::permissions(folder, fs::perms{0555});
+    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "first"), saved);
+    EXPECT_EQ(test::ReadWhole(file), "first");
+    EXPECT_EQ(SaveAsOrdinaryUser(_T("C:\\layouts\\other"), "x"), refused);
+    fs::permissions(folder, fs::perms{0755});
+    if (geteuid() != 0)
+        GTEST_SKIP() << "the rest needs two users";
+
+    fs::permissions(folder, fs::perms{01777});
+    fs::permissions(file, fs::perms{0666});
+    ASSERT_EQ(chown(file.c_str(), 0, 0), 0);
+    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "second"), saved);
+    EXPECT_EQ(test::ReadWhole(file), "second");
+    EXPECT_EQ(test::EntryCount(folder), 1);
+
+    fs::permissions(folder, fs::perms{0777});
+    fs::permissions(file, fs::perms{0640});
+    ASSERT_EQ(chown(file.c_str(), test::userWithoutRights, 0), 0);
+    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "third"), saved);
+    EXPECT_EQ(ModeOf(file), 0600U) << "the group can't stay, and what it was allowed is no other group's";
+}
+
+} // namespace
