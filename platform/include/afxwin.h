@@ -1,8 +1,9 @@
-// The class framework's application object and module state.
+// The class framework's application object and module state, and what windows draw with.
 #pragma once
 
 #include <afx.h>
 #include <afxcoll.h>
+#include <afxdc.h>
 #include <windows.h>
 
 class CCmdTarget;

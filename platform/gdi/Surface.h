@@ -1,0 +1,83 @@
+// The pixels that a device context draws on.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <windef.h>
+
+namespace gdi
+{
+
+using Pixel = std::uint32_t; // 0xFFrrggbb
+constexpr Pixel opaqueAlpha = 0xFF000000;
+constexpr Pixel colorBits = 0x00FFFFFF;
+
+// The top byte of a COLORREF, which may tell of a palette, has no meaning here.
+constexpr Pixel ToPixel(COLORREF color)
+{
+    return opaqueAlpha | ((color & 0xFF) << 16) | (color & 0xFF00) | ((color >> 16) & 0xFF);
+}
+
+constexpr bool IsSameColor(Pixel first, Pixel second)
+{
+    return ((first ^ second) & colorBits) == 0;
+}
+
+// Pixels of somebody's: a bitmap's, or those of an image outside the layer. Rows are stride pixels apart.
+struct Surface {
+    Pixel* Pixels = nullptr;
+    int Width = 0;
+    int Height = 0;
+    std::ptrdiff_t Stride = 0;
+};
+
+struct Point {
+    std::int64_t X;
+    std::int64_t Y;
+};
+
+// Half-open, as all boxes are.
+struct Box {
+    std::int64_t Left;
+    std::int64_t Top;
+    std::int64_t Right;
+    std::int64_t Bottom;
+
+    bool IsEmpty() const { return Left >= Right || Top >= Bottom; }
+    Box Intersect(const Box& other) const;
+};
+
+inline Box ToBox(const RECT& rect)
+{
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+// A surface and the part of it that may be drawn on. What is drawn is computed whole, and cut here.
+class Canvas
+{
+public:
+    Canvas() = default;
+
+    // The clip box is cut to the surface.
+    Canvas(const Surface& surface, const Box& clip);
+
+    const Surface& Target() const { return m_surface; }
+    const Box& Clip() const { return m_clip; }
+    bool Contains(std::int64_t x, std::int64_t y) const
+    {
+        return x >= m_clip.Left && x < m_clip.Right && y >= m_clip.Top && y < m_clip.Bottom;
+    }
+
+    // Of a point that the clip box contains.
+    Pixel& At(std::int64_t x, std::int64_t y) const { return Row(y)[x]; }
+    Pixel* Row(std::int64_t y) const { return m_surface.Pixels + y * m_surface.Stride; }
+
+    void FillSpan(std::int64_t y, std::int64_t left, std::int64_t right, Pixel ink) const;
+    void FillBox(const Box& box, Pixel ink) const;
+
+private:
+    Surface m_surface;
+    Box m_clip{0, 0, 0, 0};
+};
+
+} // namespace gdi

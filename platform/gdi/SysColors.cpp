@@ -1,0 +1,72 @@
+#include "SysColors.h"
+
+#include <wingdi.h>
+#include <winuser.h>
+
+namespace gdi
+{
+
+namespace
+{
+
+constexpr COLORREF black = RGB(0, 0, 0);
+constexpr COLORREF white = RGB(255, 255, 255);
+constexpr COLORREF face = RGB(192, 192, 192);
+constexpr COLORREF lighterFace = RGB(223, 223, 223);
+constexpr COLORREF shadow = RGB(128, 128, 128);
+constexpr COLORREF navy = RGB(0, 0, 128);
+constexpr COLORREF skyBlue = RGB(16, 132, 208);
+
+COLORREF table[sysColorCount] = {
+    face,               // 0 scroll bar
+    RGB(0, 128, 128),   // 1 desktop
+    navy,               // 2 caption of the active window
+    shadow,             // 3 caption of other windows
+    face,               // 4 menu
+    white,              // 5 window
+    black,              // 6 frame of a window
+    black,              // 7 text in menus
+    black,              // 8 text in windows
+    white,              // 9 text in the active caption
+    face,               // 10 border of the active window
+    face,               // 11 border of other windows
+    shadow,             // 12 workspace
+    navy,               // 13 highlight
+    white,              // 14 highlighted text
+    face,               // 15 button
+    shadow,             // 16 shadow of a button
+    shadow,             // 17 disabled text
+    black,              // 18 text on buttons
+    face,               // 19 text in other captions
+    white,              // 20 highlight of a button
+    black,              // 21 dark shadow
+    lighterFace,        // 22 light on the sunny side
+    black,              // 23 text in tooltips
+    RGB(255, 255, 225), // 24 tooltip
+    black,              // 25 of no part
+    RGB(0, 0, 255),     // 26 link
+    skyBlue,            // 27 far end of the active caption
+    RGB(181, 181, 181), // 28 far end of other captions
+    navy,               // 29 highlight in menus
+    face,               // 30 menu bar
+};
+
+bool Exists(int index)
+{
+    return index >= 0 && index < sysColorCount;
+}
+
+} // namespace
+
+void SetSysColor(int index, COLORREF color)
+{
+    if (Exists(index))
+        table[index] = color;
+}
+
+} // namespace gdi
+
+COLORREF GetSysColor(int index)
+{
+    return gdi::Exists(index) ? gdi::table[index] : gdi::black;
+}

@@ -1,0 +1,185 @@
+// Text, by Qt, onto the same pixels as everything else.
+#include "DeviceContext.h"
+#include "QtConvert.h"
+
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPainter>
+#include <string>
+#include <vector>
+
+namespace gdi
+{
+
+namespace
+{
+
+constexpr std::size_t longestText = 8192;
+constexpr char16_t prefix = u'&';
+
+// Fonts belong to the application object; an application without windows has none.
+bool HasFonts()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
+
+std::u16string_view Bounded(LPCWSTR text, int count)
+{
+    if (text == nullptr)
+        return {};
+    if (count >= 0)
+        return {text, std::min(static_cast<std::size_t>(count), longestText)};
+    std::size_t length = 0;
+    while (length < longestText && text[length] != u'\0')
+        ++length;
+    return {text, length};
+}
+
+struct Line {
+    QString Text;
+    qsizetype Underlined = -1; // position of the character
+};
+
+// Takes the ampersands out; two stand for one that is shown.
+Line TakePrefixes(std::u16string_view text)
+{
+    std::u16string shown;
+    Line line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == prefix && i + 1 < text.size()) {
+            ++i;
+            if (text[i] != prefix)
+                line.Underlined = static_cast<qsizetype>(shown.size());
+        }
+        shown += text[i];
+    }
+    line.Text = ToQString(shown);
+    return line;
+}
+
+std::vector<Line> SplitLines(std::u16string_view text, UINT format)
+{
+    std::vector<Line> lines;
+    while (true) {
+        const bool isWhole = (format & DT_SINGLELINE) != 0;
+        const std::size_t end = isWhole ? std::u16string_view::npos : text.find(u'\n');
+        std::u16string_view line = text.substr(0, end);
+        if (end != std::u16string_view::npos && line.ends_with(u'\r'))
+            line.remove_suffix(1);
+        lines.push_back((format & DT_NOPREFIX) != 0 ? Line{ToQString(line)} : TakePrefixes(line));
+        if (end == std::u16string_view::npos)
+            return lines;
+        text.remove_prefix(end + 1);
+    }
+}
+
+// Lines within a rectangle.
+class TextBlock
+{
+public:
+    TextBlock(const DeviceContext& context, std::vector<Line> lines, const RECT& rect, UINT format)
+        : m_context(context), m_font(ToQFont(context.SelectedFont->Wanted())), m_metrics(m_font),
+          m_lines(std::move(lines)), m_rect(rect), m_format(format)
+    {
+    }
+
+    int Width() const
+    {
+        int width = 0;
+        for (const Line& line : m_lines)
+            width = std::max(width, m_metrics.horizontalAdvance(line.Text));
+        return width;
+    }
+
+    int Height() const { return m_metrics.height() * static_cast<int>(m_lines.size()); }
+
+    void Draw() const
+    {
+        const Canvas& canvas = m_context.Drawing;
+        const Box clip = ToBox(m_rect).Intersect(canvas.Clip());
+        if (clip.IsEmpty())
+            return;
+        QImage image = ToQImage(canvas.Target());
+        QPainter painter(&image);
+        painter.setClipRect(ToQRect(clip));
+        painter.setFont(m_font);
+        painter.setPen(ToQColor(m_context.TextColor));
+        int y = Top();
+        for (const Line& line : m_lines) {
+            DrawLine(painter, line, y);
+            y += m_metrics.height();
+        }
+    }
+
+private:
+    int Top() const
+    {
+        const bool isCentred = (m_format & (DT_SINGLELINE | DT_VCENTER)) == (DT_SINGLELINE | DT_VCENTER);
+        return m_rect.top + (isCentred ? (m_rect.bottom - m_rect.top - Height()) / 2 : 0);
+    }
+
+    void DrawLine(QPainter& painter, const Line& line, int y) const
+    {
+        const int space = m_rect.right - m_rect.left;
+        QString text = line.Text;
+        if ((m_format & DT_END_ELLIPSIS) != 0)
+            text = m_metrics.elidedText(text, Qt::ElideRight, space);
+        const int width = m_metrics.horizontalAdvance(text);
+        const int x = m_rect.left + ((m_format & DT_CENTER) != 0 ? (space - width) / 2 : 0);
+        const int baseline = y + m_metrics.ascent();
+        if (m_context.BackgroundMode == OPAQUE)
+            painter.fillRect(x, y, width, m_metrics.height(), ToQColor(m_context.BackgroundColor));
+        painter.drawText(x, baseline, text);
+        if (line.Underlined < 0 || line.Underlined >= text.size())
+            return;
+        const int start = x + m_metrics.horizontalAdvance(text.left(line.Underlined));
+        const int end = x + m_metrics.horizontalAdvance(text.left(line.Underlined + 1));
+        painter.fillRect(start, baseline + 1, end - start, 1, painter.pen().color());
+    }
+
+    const DeviceContext& m_context;
+    QFont m_font;
+    QFontMetrics m_metrics;
+    std::vector<Line> m_lines;
+    RECT m_rect;
+    UINT m_format;
+};
+
+} // namespace
+
+} // namespace gdi
+
+using gdi::DeviceContext;
+
+int DrawTextW(HDC context, LPCWSTR text, int count, LPRECT rectangle, UINT format)
+{
+    if (context == nullptr || rectangle == nullptr)
+        return 0;
+    const bool isMeasured = (format & DT_CALCRECT) != 0;
+    if (isMeasured) {
+        rectangle->right = rectangle->left;
+        rectangle->bottom = rectangle->top;
+    }
+    const std::u16string_view whole = gdi::Bounded(text, count);
+    if (whole.empty() || !gdi::HasFonts())
+        return 0;
+    const gdi::TextBlock block(*DeviceContext::FromHandle(context), gdi::SplitLines(whole, format),
+                               *rectangle, format);
+    if (isMeasured) {
+        rectangle->right += block.Width();
+        rectangle->bottom += block.Height();
+    } else {
+        block.Draw();
+    }
+    return block.Height();
+}
+
+BOOL GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, LPSIZE size)
+{
+    if (context == nullptr || text == nullptr || length < 0 || size == nullptr)
+        return FALSE;
+    RECT rect{0, 0, 0, 0};
+    DrawTextW(context, text, length, &rect, DT_CALCRECT | DT_NOPREFIX | DT_SINGLELINE);
+    *size = {rect.right, rect.bottom};
+    return TRUE;
+}

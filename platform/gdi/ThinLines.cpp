@@ -1,0 +1,136 @@
+// Lines one pixel wide.
+#include "IntegerMath.h"
+#include "Rasteriser.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace gdi
+{
+
+namespace
+{
+
+// The line from its upper end down: the step j takes one pixel along the longer side.
+struct Walk {
+    Point Start;
+    std::int64_t Length; // of the longer side
+    std::int64_t Depth;  // of the shorter side
+    int MajorStep;
+    int MinorStep;
+    bool IsSteep;   // the longer side is the vertical one
+    bool IsUpwards; // drawn towards the start
+
+    std::int64_t MajorStart() const { return IsSteep ? Start.Y : Start.X; }
+    std::int64_t MinorStart() const { return IsSteep ? Start.X : Start.Y; }
+
+    // Half rounds down, that is towards the start.
+    std::int64_t MinorNumerator(std::int64_t j) const { return 2 * j * Depth + Length - 1; }
+
+    Point At(std::int64_t j) const
+    {
+        const std::int64_t major = MajorStart() + MajorStep * j;
+        const std::int64_t minor = MinorStart() + MinorStep * (MinorNumerator(j) / (2 * Length));
+        return IsSteep ? Point{minor, major} : Point{major, minor};
+    }
+
+    // The pixels drawn are those of the steps from first up to, not including, last.
+    std::int64_t First() const { return IsUpwards ? 1 : 0; }
+    std::int64_t Last() const { return IsUpwards ? Length + 1 : Length; }
+};
+
+Walk MakeWalk(Point from, Point to)
+{
+    const bool isUpwards = to.Y < from.Y;
+    const Point start = isUpwards ? to : from;
+    const Point end = isUpwards ? from : to;
+    const std::int64_t height = end.Y - start.Y;
+    const std::int64_t width = std::abs(end.X - start.X);
+    const int sideways = end.X < start.X ? -1 : 1;
+    const bool isSteep = height > width;
+    return {.Start = start,
+            .Length = isSteep ? height : width,
+            .Depth = isSteep ? width : height,
+            .MajorStep = isSteep ? 1 : sideways,
+            .MinorStep = isSteep ? sideways : 1,
+            .IsSteep = isSteep,
+            .IsUpwards = isUpwards};
+}
+
+// Narrows the steps to those within the clip box along the longer side.
+void ClipSteps(const Walk& walk, const Box& clip, std::int64_t& first, std::int64_t& last)
+{
+    const std::int64_t low = (walk.IsSteep ? clip.Top : clip.Left) - walk.MajorStart();
+    const std::int64_t high = (walk.IsSteep ? clip.Bottom : clip.Right) - walk.MajorStart();
+    if (walk.MajorStep > 0) {
+        first = std::max(first, low);
+        last = std::min(last, high);
+    } else {
+        first = std::max(first, 1 - high);
+        last = std::min(last, 1 - low);
+    }
+}
+
+void DrawSolidStraight(const Canvas& canvas, Point from, Point to, Pixel ink)
+{
+    if (from.Y == to.Y)
+        canvas.FillSpan(from.Y, std::min(from.X, to.X + 1), std::max(from.X + 1, to.X), ink);
+    else
+        canvas.FillBox({from.X, std::min(from.Y, to.Y + 1), from.X + 1, std::max(from.Y + 1, to.Y)}, ink);
+}
+
+// Calls draw(step, pixel) for each pixel of the steps that the clip box has.
+template <class Draw> void WalkPixels(const Canvas& canvas, const Walk& walk, const Draw& draw)
+{
+    std::int64_t j = walk.First();
+    std::int64_t last = walk.Last();
+    ClipSteps(walk, canvas.Clip(), j, last);
+    if (j >= last)
+        return;
+    const Box& clip = canvas.Clip();
+    const std::int64_t low = walk.IsSteep ? clip.Left : clip.Top;
+    const std::int64_t high = walk.IsSteep ? clip.Right : clip.Bottom;
+    const std::int64_t whole = 2 * walk.Length;
+    std::int64_t minor = walk.MinorStart() + walk.MinorStep * (walk.MinorNumerator(j) / whole);
+    std::int64_t rest = walk.MinorNumerator(j) % whole;
+    std::int64_t major = walk.MajorStart() + walk.MajorStep * j;
+    for (; j < last; ++j, major += walk.MajorStep) {
+        if (minor >= low && minor < high)
+            draw(j, walk.IsSteep ? canvas.At(minor, major) : canvas.At(major, minor));
+        rest += 2 * walk.Depth;
+        if (rest >= whole) {
+            rest -= whole;
+            minor += walk.MinorStep;
+        }
+    }
+}
+
+} // namespace
+
+std::optional<Point> LastPixelOfLine(Point from, Point to)
+{
+    const Walk walk = MakeWalk(from, to);
+    if (walk.Length == 0)
+        return std::nullopt;
+    return walk.At(walk.IsUpwards ? walk.First() : walk.Last() - 1);
+}
+
+void DrawThinLine(const Canvas& canvas, Point from, Point to, const Stroke& stroke)
+{
+    if (from.X == to.X && from.Y == to.Y)
+        return;
+    if (stroke.IsSolid() && (from.X == to.X || from.Y == to.Y))
+        return DrawSolidStraight(canvas, from, to, stroke.Ink);
+    const Walk walk = MakeWalk(from, to);
+    if (stroke.IsSolid())
+        return WalkPixels(canvas, walk, [&stroke](std::int64_t, Pixel& pixel) { pixel = stroke.Ink; });
+    WalkPixels(canvas, walk, [&](std::int64_t j, Pixel& pixel) {
+        const std::int64_t steps = walk.IsUpwards ? walk.Length - j : j;
+        if ((stroke.Dashes >> (steps % stroke.Period) & 1) != 0)
+            pixel = stroke.Ink;
+        else if (stroke.Gap)
+            pixel = *stroke.Gap;
+    });
+}
+
+} // namespace gdi

@@ -1,0 +1,121 @@
+// Lines of more than one pixel, with round ends.
+#include "IntegerMath.h"
+#include "Rasteriser.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace gdi
+{
+
+namespace
+{
+
+constexpr std::int64_t farAway = std::int64_t{1} << 40; // past every coordinate
+
+// Both ends inside.
+struct Range {
+    std::int64_t Low = -farAway;
+    std::int64_t High = farAway;
+
+    bool IsEmpty() const { return Low > High; }
+
+    // Leaves those x for which factor * x <= limit.
+    void Limit(std::int64_t factor, std::int64_t limit)
+    {
+        if (factor > 0)
+            High = std::min(High, FloorDiv(limit, factor));
+        else if (factor < 0)
+            Low = std::max(Low, CeilDiv(-limit, -factor));
+        else if (limit < 0)
+            *this = {1, 0};
+    }
+};
+
+// The line in doubled coordinates, in which pixel centres and the corners between them are both whole: the
+// centre of the pixel (x, y) is (2x, 2y), and half the width is the width.
+class Capsule
+{
+public:
+    Capsule(Point first, Point last, std::int64_t width)
+        : m_first(Doubled(first, width)), m_last(Doubled(last, width)), m_width(width),
+          m_across(last.X - first.X), m_down(last.Y - first.Y)
+    {
+        const auto across = static_cast<Wide>(std::abs(m_across));
+        const auto down = static_cast<Wide>(std::abs(m_down));
+        const Wide length = across * across + down * down;
+        m_reach = FloorSqrt(length * static_cast<Wide>(width) * static_cast<Wide>(width));
+        m_way = 2 * static_cast<std::int64_t>(length);
+    }
+
+    std::int64_t TopRow() const { return CeilDiv(std::min(m_first.Y, m_last.Y) - m_width, 2); }
+    std::int64_t BottomRow() const { return FloorDiv(std::max(m_first.Y, m_last.Y) + m_width, 2); }
+
+    // The shape is convex, so the pixels of a row are one range.
+    Range PixelsOf(std::int64_t row) const
+    {
+        Range all{farAway, -farAway};
+        for (const Range& part : {PixelsOfEnd(m_first, row), PixelsOfEnd(m_last, row), PixelsBetween(row)}) {
+            if (part.IsEmpty())
+                continue;
+            all.Low = std::min(all.Low, part.Low);
+            all.High = std::max(all.High, part.High);
+        }
+        return all;
+    }
+
+private:
+    static Point Doubled(Point point, std::int64_t width)
+    {
+        const std::int64_t shift = width % 2 == 0 ? 1 : 0;
+        return {2 * point.X - shift, 2 * point.Y - shift};
+    }
+
+    Range PixelsOfEnd(Point end, std::int64_t row) const
+    {
+        const std::int64_t y = 2 * row - end.Y;
+        if (std::abs(y) > m_width)
+            return {1, 0};
+        const std::int64_t half = FloorSqrt(static_cast<Wide>(m_width * m_width - y * y));
+        return {CeilDiv(end.X - half, 2), FloorDiv(end.X + half, 2)};
+    }
+
+    // Between the lines square to the way through its ends, and no further from the way than the width.
+    Range PixelsBetween(std::int64_t row) const
+    {
+        const std::int64_t y = 2 * row - m_first.Y;
+        const std::int64_t cross = m_across * y + m_down * m_first.X;
+        const std::int64_t dot = m_down * y - m_across * m_first.X;
+        Range range;
+        range.Limit(-2 * m_down, m_reach - cross);
+        range.Limit(2 * m_down, m_reach + cross);
+        range.Limit(-2 * m_across, dot);
+        range.Limit(2 * m_across, m_way - dot);
+        return m_way == 0 ? Range{1, 0} : range;
+    }
+
+    Point m_first;
+    Point m_last;
+    std::int64_t m_width;
+    std::int64_t m_across;
+    std::int64_t m_down;
+    std::int64_t m_reach; // width times length of the way
+    std::int64_t m_way;   // its squared length, once doubled
+};
+
+} // namespace
+
+void DrawWideLine(const Canvas& canvas, Point from, Point to, std::int64_t width, Pixel ink)
+{
+    const std::optional<Point> last = LastPixelOfLine(from, to);
+    if (!last)
+        return;
+    const Capsule capsule(from, *last, width);
+    const std::int64_t bottom = std::min(capsule.BottomRow(), canvas.Clip().Bottom - 1);
+    for (std::int64_t row = std::max(capsule.TopRow(), canvas.Clip().Top); row <= bottom; ++row) {
+        const Range pixels = capsule.PixelsOf(row);
+        canvas.FillSpan(row, pixels.Low, pixels.High + 1, ink);
+    }
+}
+
+} // namespace gdi

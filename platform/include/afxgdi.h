@@ -1,0 +1,99 @@
+// The class framework's drawing: objects for handles, and the device context.
+#pragma once
+
+#include <afxobj.h>
+#include <atltypes.h>
+#include <windows.h>
+
+class CDC;
+
+// Raised by constructors that can't make their object.
+class CResourceException : public CException
+{
+public:
+    CResourceException() : CException(false) {}
+};
+
+[[noreturn]] void AfxThrowResourceException();
+
+// Owns a handle: the destructor deletes it. The objects that FromHandle and SelectObject give for handles
+// which no object owns live as long as the handle, and belong to the framework.
+class CGdiObject : public CObject
+{
+public:
+    CGdiObject() = default;
+    ~CGdiObject() override;
+
+    // False, and nothing attached, for a null handle.
+    BOOL Attach(HGDIOBJ hObject);
+    HGDIOBJ Detach();
+    BOOL DeleteObject();
+
+    // Null for a null handle.
+    static CGdiObject* FromHandle(HGDIOBJ hObject);
+
+    HGDIOBJ GetSafeHandle() const { return m_hObject; }
+
+    HGDIOBJ m_hObject = nullptr;
+};
+
+class CPen : public CGdiObject
+{
+public:
+    CPen() = default;
+    CPen(int nPenStyle, int nWidth, COLORREF crColor); // raises the resource exception
+
+    BOOL CreatePen(int nPenStyle, int nWidth, COLORREF crColor)
+    {
+        return Attach(::CreatePen(nPenStyle, nWidth, crColor));
+    }
+    static CPen* FromHandle(HPEN hPen) { return static_cast<CPen*>(CGdiObject::FromHandle(hPen)); }
+    operator HPEN() const { return static_cast<HPEN>(m_hObject); } // NOLINT(google-explicit-constructor)
+};
+
+class CBrush : public CGdiObject
+{
+public:
+    CBrush() = default;
+    explicit CBrush(COLORREF crColor); // raises the resource exception
+
+    BOOL CreateSolidBrush(COLORREF crColor) { return Attach(::CreateSolidBrush(crColor)); }
+    static CBrush* FromHandle(HBRUSH hBrush) { return static_cast<CBrush*>(CGdiObject::FromHandle(hBrush)); }
+    operator HBRUSH() const { return static_cast<HBRUSH>(m_hObject); } // NOLINT(google-explicit-constructor)
+};
+
+class CFont : public CGdiObject
+{
+public:
+    BOOL CreateFontIndirect(const LOGFONTW* lpLogFont) { return Attach(::CreateFontIndirectW(lpLogFont)); }
+    static CFont* FromHandle(HFONT hFont) { return static_cast<CFont*>(CGdiObject::FromHandle(hFont)); }
+    operator HFONT() const { return static_cast<HFONT>(m_hObject); } // NOLINT(google-explicit-constructor)
+};
+
+class CBitmap : public CGdiObject
+{
+public:
+    BOOL CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight);
+    static CBitmap* FromHandle(HBITMAP hBitmap)
+    {
+        return static_cast<CBitmap*>(CGdiObject::FromHandle(hBitmap));
+    }
+    operator HBITMAP() const
+    {
+        return static_cast<HBITMAP>(m_hObject);
+    } // NOLINT(google-explicit-constructor)
+};
+
+class CPalette : public CGdiObject
+{
+public:
+    BOOL CreatePalette(LOGPALETTE* lpLogPalette) { return Attach(::CreatePalette(lpLogPalette)); }
+    static CPalette* FromHandle(HPALETTE hPalette)
+    {
+        return static_cast<CPalette*>(CGdiObject::FromHandle(hPalette));
+    }
+    operator HPALETTE() const
+    {
+        return static_cast<HPALETTE>(m_hObject);
+    } // NOLINT(google-explicit-constructor)
+};

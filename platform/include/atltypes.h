@@ -1,0 +1,53 @@
+// Points, sizes and rectangles as the class framework has them.
+#pragma once
+
+#include <windows.h>
+
+struct CSize : SIZE {
+    CSize() noexcept : SIZE{0, 0} {}
+    CSize(int width, int height) noexcept : SIZE{width, height} {}
+    CSize(SIZE size) noexcept : SIZE(size) {} // NOLINT(google-explicit-constructor)
+};
+
+struct CPoint : POINT {
+    CPoint() noexcept : POINT{0, 0} {}
+    CPoint(int pointX, int pointY) noexcept : POINT{pointX, pointY} {}
+    CPoint(POINT point) noexcept : POINT(point) {} // NOLINT(google-explicit-constructor)
+
+    void Offset(int xOffset, int yOffset) noexcept
+    {
+        x += xOffset;
+        y += yOffset;
+    }
+};
+
+inline bool operator==(POINT first, POINT second) noexcept
+{
+    return first.x == second.x && first.y == second.y;
+}
+
+struct CRect : RECT {
+    CRect() noexcept : RECT{0, 0, 0, 0} {}
+    CRect(int l, int t, int r, int b) noexcept : RECT{l, t, r, b} {}
+    CRect(const RECT& rect) noexcept : RECT(rect) {} // NOLINT(google-explicit-constructor)
+
+    operator LPRECT() noexcept { return this; }        // NOLINT(google-explicit-constructor)
+    operator LPCRECT() const noexcept { return this; } // NOLINT(google-explicit-constructor)
+
+    int Width() const noexcept { return right - left; }
+    int Height() const noexcept { return bottom - top; }
+    CPoint TopLeft() const noexcept { return {left, top}; }
+    bool IsRectEmpty() const noexcept { return ::IsRectEmpty(this) != FALSE; }
+    bool PtInRect(POINT point) const noexcept { return ::PtInRect(this, point) != FALSE; }
+
+    void SetRect(int l, int t, int r, int b) noexcept { *this = CRect(l, t, r, b); }
+    void InflateRect(int x, int y) noexcept { ::InflateRect(this, x, y); }
+    void DeflateRect(int x, int y) noexcept { ::InflateRect(this, -x, -y); }
+    void OffsetRect(int x, int y) noexcept { ::OffsetRect(this, x, y); }
+};
+
+inline bool operator==(const RECT& first, const RECT& second) noexcept
+{
+    return first.left == second.left && first.top == second.top && first.right == second.right &&
+           first.bottom == second.bottom;
+}

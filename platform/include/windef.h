@@ -1,0 +1,70 @@
+// The basic types of the Windows interface.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#define WINAPI
+
+using BOOL = int;
+using BYTE = std::uint8_t;
+using WORD = std::uint16_t;
+using DWORD = std::uint32_t;
+using UINT = unsigned int;
+using LONG = std::int32_t;
+using ULONGLONG = std::uint64_t;
+using INT_PTR = std::intptr_t;
+using UINT_PTR = std::uintptr_t;
+using LONG_PTR = std::intptr_t;
+using COLORREF = DWORD; // red in the lowest byte, then green, then blue
+using HRESULT = LONG;
+
+using WCHAR = char16_t;
+using TCHAR = WCHAR;
+using LPCTSTR = const TCHAR*;
+using LPTSTR = TCHAR*;
+using LPCWSTR = const WCHAR*;
+using LPWSTR = WCHAR*;
+
+constexpr BOOL FALSE = 0;
+constexpr BOOL TRUE = 1;
+constexpr int MAX_PATH = 260;
+
+using HANDLE = void*;
+using HWND = struct HWND__*;
+using HMODULE = struct HINSTANCE__*;
+using HINSTANCE = HMODULE;
+using HKEY = struct HKEY__*;
+using FARPROC = void (*)();
+
+// Device contexts and what is selected into them.
+using HGDIOBJ = void*;
+using HDC = struct HDC__*;
+using HPEN = struct HPEN__*;
+using HBRUSH = struct HBRUSH__*;
+using HFONT = struct HFONT__*;
+using HBITMAP = struct HBITMAP__*;
+using HPALETTE = struct HPALETTE__*;
+
+struct POINT {
+    LONG x;
+    LONG y;
+};
+
+struct SIZE {
+    LONG cx;
+    LONG cy;
+};
+
+// Left and top are inside, right and bottom are not.
+struct RECT {
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+};
+
+using LPPOINT = POINT*;
+using LPSIZE = SIZE*;
+using LPRECT = RECT*;
+using LPCRECT = const RECT*;
