@@ -3,6 +3,8 @@
 
 #include <afx.h>
 
+class CDC;
+
 // A symbol and a line. The record checks nothing: any value that a layout file holds stands in it.
 class k_LineDef : public CObject
 {
@@ -13,6 +15,12 @@ public:
 
     // The 21 bytes of the record in the layout file.
     void Serialize(CArchive& ar) override;
+
+    // The sample of the line through the middle of a rectangle, and the symbol at its centre, which may reach beyond
+    // it; in this order they give the whole picture. The context leaves as it came, but for its current position.
+    // Raise the resource exception when a pen can't be made. The result is always 0.
+    int DrawLine(CDC* dc, RECT rect) const;
+    int DrawSymbol(CDC* dc, RECT rect) const;
 
     WORD Reserved = 0; // travels with every copy and through the file
     COLORREF LineColor = 0;
