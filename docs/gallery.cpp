@@ -1,0 +1,194 @@
+// Writes a picture of every shape, fill, line style and width, painted as the library paints them.
+//   gallery FILE.png
+#include <DeviceContext.h>
+#include <QtConvert.h>
+
+#include <QGuiApplication>
+#include <afxwin.h>
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
+#include <model/LineDef.h>
+#include <model/Palette.h>
+#include <model/StyleNames.h>
+
+namespace
+{
+
+constexpr int margin = 16;
+constexpr int captionWidth = 100;
+constexpr int cellWidth = 68;
+constexpr int linePadding = 8; // for the round ends of wide lines
+constexpr int cellHeight = 30;
+constexpr int titleHeight = 22;
+constexpr int headingHeight = 18;
+constexpr int gap = 14;
+
+constexpr short sizes[] = {4, 6, 8, 10, 12, 15, 20, 25};
+constexpr short widths[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
+constexpr short pictureSize = 15;
+constexpr COLORREF background = RGB(255, 255, 255);
+constexpr COLORREF captionColor = RGB(0x30, 0x30, 0x30);
+constexpr COLORREF titleColor = RGB(0x00, 0x00, 0x8B);
+constexpr COLORREF cellColor = RGB(0xF2, 0xF4, 0xF7); // not white, so that the window colour shows
+constexpr COLORREF symbolColor = RGB(0x8B, 0x00, 0x00);
+constexpr COLORREF lineColor = RGB(0x00, 0x00, 0xFF);
+
+constexpr int columns = 10;
+constexpr int pageWidth = 2 * margin + captionWidth + columns * cellWidth;
+
+// A page that is filled from the top down.
+class Page
+{
+public:
+    explicit Page(CDC& dc) : m_dc(dc) {}
+
+    int Bottom() const { return m_y; }
+
+    void Title(const CString& text)
+    {
+        Write(text, {margin, m_y, pageWidth - margin, m_y + titleHeight}, titleColor, 0);
+        m_y += titleHeight;
+    }
+
+    template <class Caption> void Headings(int count, const Caption& caption)
+    {
+        for (int i = 0; i < count; ++i) {
+            const int left = margin + captionWidth + i * cellWidth;
+            Write(caption(i), {left, m_y, left + cellWidth, m_y + headingHeight}, captionColor, DT_CENTER);
+        }
+        m_y += headingHeight;
+    }
+
+    // A row of the pictures style(0), style(1) ...
+    template <class Style> void Row(const CString& caption, int count, const Style& style)
+    {
+        Write(caption, {margin, m_y, margin + captionWidth, m_y + cellHeight}, captionColor, 0);
+        for (int i = 0; i < count; ++i) {
+            const int left = margin + captionWidth + i * cellWidth;
+            const CRect cell(left + 2, m_y + 1, left + cellWidth - 2, m_y + cellHeight - 1);
+            m_dc.FillSolidRect(cell, cellColor);
+            k_LineDef record;
+            style(record, i);
+            CRect sample = cell;
+            sample.DeflateRect(linePadding, 0);
+            record.DrawLine(&m_dc, sample);
+            record.DrawSymbol(&m_dc, cell);
+        }
+        m_y += cellHeight;
+    }
+
+    void Gap() { m_y += gap; }
+
+private:
+    void Write(const CString& text, CRect rect, COLORREF color, UINT alignment)
+    {
+        m_dc.SetTextColor(color);
+        m_dc.SetBkMode(TRANSPARENT);
+        m_dc.DrawText(text, rect, alignment | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    }
+
+    CDC& m_dc;
+    int m_y = margin;
+};
+
+CString Number(int number)
+{
+    CString text;
+    text.Format(_T("%d"), number);
+    return text;
+}
+
+void SetSymbol(k_LineDef& style, int shape, int fill, short size)
+{
+    style.SymbolShape = static_cast<short>(shape);
+    style.SymbolFill = static_cast<short>(fill);
+    style.SymbolSize = size;
+    style.SymbolColor = symbolColor;
+    style.LineColor = lineColor;
+}
+
+void AddShapes(Page& page)
+{
+    page.Title(_T("Shapes and fills, size 15, over a line"));
+    page.Headings(k_SymbolShapeCount, [](int shape) { return CString(k_SymbolShapes[shape]); });
+    for (int fill = 0; fill < k_SymbolFillCount; ++fill)
+        page.Row(k_SymbolFills[fill], k_SymbolShapeCount,
+                 [fill](k_LineDef& style, int shape) { SetSymbol(style, shape, fill, pictureSize); });
+    page.Gap();
+}
+
+void AddSizes(Page& page)
+{
+    page.Title(_T("Sizes, empty with dot"));
+    page.Headings(std::size(sizes), [](int i) { return Number(sizes[i]); });
+    for (int shape = 1; shape < k_SymbolShapeCount; ++shape)
+        page.Row(k_SymbolShapes[shape], std::size(sizes), [shape](k_LineDef& style, int i) {
+            SetSymbol(style, shape, 2, sizes[i]);
+            style.LineWidth = 0;
+        });
+    page.Gap();
+}
+
+void AddLines(Page& page)
+{
+    page.Title(_T("Line styles and widths"));
+    page.Headings(std::size(widths), [](int i) { return Number(widths[i]); });
+    for (const k_LineStyleName& line : k_LineStyles)
+        page.Row(line.Name, std::size(widths), [&line](k_LineDef& style, int i) {
+            style.LineStyle = line.LineStyle;
+            style.LineWidth = widths[i];
+            style.LineColor = lineColor;
+        });
+    page.Gap();
+}
+
+void AddColors(Page& page)
+{
+    page.Title(_T("The palette"));
+    for (int first = 0; first < k_PaletteSize; first += columns)
+        page.Row(Number(first + 1) + _T(" to ") + Number(first + columns), columns,
+                 [first](k_LineDef& style, int i) {
+                     SetSymbol(style, 1 + i % (k_SymbolShapeCount - 1), 0, pictureSize);
+                     style.LineColor = style.SymbolColor = k_Palette[first + i].Color;
+                 });
+}
+
+int Fill(CDC& dc)
+{
+    Page page(dc);
+    AddShapes(page);
+    AddSizes(page);
+    AddLines(page);
+    AddColors(page);
+    return page.Bottom() + margin;
+}
+
+bool WritePicture(const char* path)
+{
+    constexpr int highest = 2000;
+    QImage image(pageWidth, highest, QImage::Format_RGB32);
+    const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(image.bits()), image.width(), image.height(),
+                               image.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
+    CDC dc;
+    dc.Attach(gdi::CreateSurfaceDC(surface, {0, 0, image.width(), image.height()}));
+    dc.FillSolidRect(0, 0, image.width(), image.height(), background);
+    const int height = Fill(dc);
+    return image.copy(0, 0, pageWidth, height).save(QString::fromLocal8Bit(path), "PNG");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "Usage: %s FILE.png\n", argv[0]);
+        return EXIT_FAILURE;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const QGuiApplication application(argc, argv);
+    if (WritePicture(argv[1]))
+        return EXIT_SUCCESS;
+    std::fprintf(stderr, "%s: cannot be written\n", argv[1]);
+    return EXIT_FAILURE;
+}
