@@ -102,8 +102,9 @@ void k_SymbolPainter::Paint(int shape)
 {
     if (shape < 0 || shape >= static_cast<int>(std::size(s_shapes)))
         return;
-    (this->*s_shapes[shape].Draw)();
-    if (s_shapes[shape].Dot == dotIfAskedFor && m_fill == fillEmptyWithDot)
+    const k_Shape& entry = s_shapes[shape];
+    (this->*entry.Draw)();
+    if (entry.Dot == dotIfAskedFor && m_fill == fillEmptyWithDot)
         Disc(m_quarter);
 }
 

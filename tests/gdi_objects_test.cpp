@@ -1,0 +1,261 @@
+// Handles and what becomes of them, memory contexts, and text.
+#include "support/Picture.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <afxwin.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <set>
+
+namespace
+{
+
+using test::filling;
+using test::gapColor;
+using test::ink;
+using test::Picture;
+
+TEST(Objects, ComeBackFromTheContextAsTheyWere)
+{
+    const int before = gdi::LiveObjects();
+    {
+        Picture picture(1, 1);
+        CDC& dc = picture.Dc();
+        EXPECT_EQ(CDC::FromHandle(dc.m_hDC), &dc);
+        CPen first(PS_SOLID, 1, ink);
+        CPen second(PS_DOT, 1, ink);
+        CPen empty;
+        CPen* const stock = dc.SelectObject(&first);
+        EXPECT_EQ(HPEN(*stock), ::GetStockObject(BLACK_PEN));
+        EXPECT_EQ(dc.SelectObject(&second), &first);
+        EXPECT_EQ(dc.SelectObject(&empty), nullptr);
+        EXPECT_EQ(dc.SelectObject(static_cast<CPen*>(nullptr)), nullptr);
+        EXPECT_EQ(dc.SelectStockObject(NULL_PEN), &second);
+        HPEN const bare = ::CreatePen(PS_SOLID, 1, ink);
+        ::SelectObject(dc.m_hDC, bare);
+        EXPECT_EQ(HPEN(*dc.SelectObject(stock)), bare); // an object that the framework makes
+        EXPECT_EQ(gdi::LiveObjects(), before + 3);
+        ::DeleteObject(bare);
+        ::DeleteObject(::GetStockObject(BLACK_PEN));
+        EXPECT_EQ(::GetStockObject(3), nullptr);
+    }
+    EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST(Objects, DeletedWhileSelectedGoWithTheirSelection)
+{
+    const int before = gdi::LiveObjects();
+    Picture picture(3, 1);
+    CPen pen(PS_SOLID, 1, ink);
+    CPen* const stock = picture.Dc().SelectObject(&pen);
+    EXPECT_TRUE(pen.DeleteObject());
+    EXPECT_FALSE(pen.DeleteObject());
+    picture.Dc().LineTo(3, 0);
+    EXPECT_EQ(picture.Text(), "###\n");
+    EXPECT_EQ(gdi::LiveObjects(), before + 1);
+    EXPECT_EQ(picture.Dc().SelectObject(stock), stock);
+    EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST(Objects, RunOut)
+{
+    const int before = gdi::LiveObjects();
+    std::vector<std::unique_ptr<CBrush>> brushes;
+    while (gdi::LiveObjects() < gdi::objectLimit)
+        brushes.push_back(std::make_unique<CBrush>(ink));
+    CBrush none;
+    EXPECT_FALSE(none.CreateSolidBrush(ink));
+    EXPECT_THROW(CPen(PS_SOLID, 1, ink), CResourceException*);
+    EXPECT_THROW(CBrush{ink}, CResourceException*);
+    brushes.clear();
+    EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST(MemoryContext, DrawsOnItsBitmapAndIsCopied)
+{
+    const int before = gdi::LiveObjects();
+    {
+        Picture picture(6, 4);
+        CDC memory;
+        CBitmap bitmap;
+        ASSERT_TRUE(memory.CreateCompatibleDC(&picture.Dc()));
+        memory.FillSolidRect(0, 0, 1, 1, ink); // on nothing
+        EXPECT_FALSE(bitmap.CreateCompatibleBitmap(&picture.Dc(), 0, 5));
+        EXPECT_FALSE(bitmap.CreateCompatibleBitmap(&picture.Dc(), 32767, 32767));
+        ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&picture.Dc(), 3, 3));
+        CBitmap* const old = memory.SelectObject(&bitmap);
+        ASSERT_NE(old, nullptr);
+        CDC other;
+        other.CreateCompatibleDC(nullptr);
+        EXPECT_EQ(other.SelectObject(&bitmap), nullptr); // it has a context already
+        memory.FillSolidRect(0, 0, 3, 3, ink);
+        memory.FillSolidRect(1, 1, 1, 1, filling);
+        CDC& dc = picture.Dc();
+        EXPECT_TRUE(dc.BitBlt(-1, 0, 3, 3, &memory, 0, 0, SRCCOPY));
+        EXPECT_TRUE(dc.BitBlt(4, 1, 100, 100, &memory, 1, 1, SRCCOPY));
+        EXPECT_TRUE(dc.BitBlt(2, 0, 1, 1, &memory, -5, 0, SRCCOPY));
+        EXPECT_EQ(picture.Text(), "##....\no#..o#\n##..##\n......\n");
+        EXPECT_TRUE(dc.BitBlt(1, 1, 5, 3, &dc, 0, 0, SRCCOPY)); // onto itself, forwards and backwards
+        EXPECT_EQ(picture.Text(), "##....\no##...\n#o#..o\n.##..#\n");
+        EXPECT_TRUE(dc.BitBlt(0, 0, 5, 3, &dc, 1, 1, SRCCOPY));
+        EXPECT_EQ(picture.Text(), "##....\no#..o.\n##..#o\n.##..#\n");
+        EXPECT_FALSE(dc.BitBlt(0, 0, 1, 1, nullptr, 0, 0, SRCCOPY));
+        EXPECT_EQ(memory.SelectObject(old), &bitmap);
+    }
+    EXPECT_EQ(gdi::LiveObjects(), before);
+}
+
+TEST(Contexts, TakeNullForAnAnswer)
+{
+    CDC none;
+    CRect rect(0, 0, 1, 1);
+    EXPECT_FALSE(none.LineTo(1, 1) || none.Rectangle(rect) || none.Ellipse(0, 0, 1, 1));
+    EXPECT_FALSE(none.FloodFill(0, 0, ink) || none.CloseFigure() || none.PtVisible(0, 0));
+    EXPECT_FALSE(none.DrawEdge(rect, EDGE_RAISED, BF_RECT) || none.DrawText(_T("x"), rect, 0));
+    EXPECT_EQ(none.SetTextColor(0), CLR_INVALID);
+    EXPECT_EQ(none.SelectStockObject(NULL_PEN), nullptr);
+    Picture picture(2, 2, {0, 1, 2, 2});
+    EXPECT_EQ(picture.Dc().SetBkMode(TRANSPARENT), OPAQUE);
+    EXPECT_EQ(picture.Dc().SetBkMode(7), 0);
+    EXPECT_EQ(picture.Dc().GetBkMode(), TRANSPARENT);
+    EXPECT_TRUE(picture.Dc().PtVisible(0, 1));
+    EXPECT_FALSE(picture.Dc().PtVisible(0, 0) || picture.Dc().PtVisible(2, 1));
+}
+
+constexpr UINT measured = DT_CALCRECT | DT_NOPREFIX;
+constexpr UINT label = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
+
+// Without an application object, or with one that has no fonts.
+void ExpectNoText()
+{
+    Picture picture(60, 20);
+    CRect rect(3, 4, 50, 60);
+    EXPECT_EQ(picture.Dc().DrawText(_T("text"), rect, measured), 0);
+    EXPECT_EQ(rect, CRect(3, 4, 3, 4));
+    EXPECT_EQ(picture.Dc().GetTextExtent(_T("text")).cx, 0);
+    rect = CRect(0, 0, 60, 20);
+    EXPECT_EQ(picture.Dc().DrawText(_T("text"), rect, label), 0);
+    EXPECT_TRUE(picture.Painted().IsRectEmpty());
+}
+
+TEST(TextWithoutFonts, HasNoSizeAndIsNotDrawn)
+{
+    ExpectNoText();
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    ExpectNoText();
+}
+
+class Text : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        static int count = 1;
+        static char name[] = "gdi_test";
+        static char* names[] = {name, nullptr};
+        s_application = std::make_unique<QGuiApplication>(count, names);
+    }
+    static void TearDownTestSuite() { s_application.reset(); }
+
+    void SetUp() override
+    {
+        dc.SetTextColor(ink);
+        dc.SetBkMode(TRANSPARENT);
+    }
+
+    static std::unique_ptr<QGuiApplication> s_application;
+    Picture picture{120, 60};
+    CDC& dc = picture.Dc();
+};
+
+std::unique_ptr<QGuiApplication> Text::s_application;
+
+TEST_F(Text, IsMeasuredByLines)
+{
+    const CSize word = dc.GetTextExtent(_T("word"));
+    CRect rect(10, 10, 0, 0);
+    EXPECT_EQ(dc.DrawText(_T("word"), rect, measured), word.cy);
+    EXPECT_EQ(rect, CRect(10, 10, 10 + word.cx, 10 + word.cy));
+    EXPECT_EQ(dc.DrawText(_T("a\r\nword\n"), rect, measured), 3 * word.cy);
+    EXPECT_EQ(rect.Width(), word.cx);
+    dc.DrawText(_T("w&ord"), rect, DT_CALCRECT); // the ampersand is a mark
+    EXPECT_EQ(rect.Width(), word.cx);
+    dc.DrawText(_T("w&&ord"), rect, DT_CALCRECT);
+    EXPECT_GT(rect.Width(), word.cx);
+    EXPECT_EQ(dc.GetTextExtent(_T("words"), 4).cx, word.cx);
+    EXPECT_TRUE(picture.Painted().IsRectEmpty());
+}
+
+TEST_F(Text, StaysInItsRectangle)
+{
+    const CRect rect(20, 10, 80, 40);
+    const CString longText(_T("text that is much too long for the rectangle"));
+    std::set<std::string> looks;
+    for (const UINT format : {label, label | DT_END_ELLIPSIS, DT_CENTER | label, UINT{0}}) {
+        Picture drawn(120, 60);
+        drawn.Dc().SetBkMode(TRANSPARENT);
+        CRect target = rect;
+        EXPECT_GT(drawn.Dc().DrawText(longText, target, format), 0);
+        const CRect painted = drawn.Painted();
+        CRect common;
+        ::IntersectRect(&common, &painted, &rect);
+        EXPECT_FALSE(painted.IsRectEmpty());
+        EXPECT_EQ(common, painted);
+        EXPECT_TRUE(looks.insert(drawn.Text()).second); // cut at either end, at both, or told by dots
+    }
+    CRect target = rect;
+    dc.DrawText(_T("x"), target, DT_CENTER | label);
+    const CRect painted = picture.Painted();
+    EXPECT_NEAR(painted.left + painted.right, rect.left + rect.right, 4);
+    EXPECT_NEAR(painted.top + painted.bottom, rect.top + rect.bottom, 8);
+}
+
+TEST_F(Text, HeedsFontModeAndClip)
+{
+    LOGFONTW wanted{};
+    wanted.lfHeight = -24;
+    CFont large;
+    ASSERT_TRUE(large.CreateFontIndirect(&wanted));
+    const CSize common = dc.GetTextExtent(_T("word"));
+    CFont* const old = dc.SelectObject(&large);
+    EXPECT_GT(dc.GetTextExtent(_T("word")).cy, common.cy);
+    LOGFONTW copy{};
+    EXPECT_EQ(::GetObjectW(large.GetSafeHandle(), sizeof copy, &copy), static_cast<int>(sizeof copy));
+    EXPECT_EQ(copy.lfHeight, -24);
+    EXPECT_EQ(::GetObjectW(large.GetSafeHandle(), 4, &copy), 0);
+    dc.SelectObject(old);
+    dc.SetBkMode(OPAQUE);
+    dc.SetBkColor(gapColor);
+    CRect rect(5, 5, 115, 55);
+    dc.DrawText(_T("word"), rect, 0);
+    EXPECT_EQ(picture.Painted(), CRect(5, 5, 5 + common.cx, 5 + common.cy)); // filled behind the letters
+    Picture clipped(120, 60, {8, 7, 12, 60});
+    clipped.Dc().DrawText(_T("word"), rect, 0);
+    EXPECT_EQ(clipped.Painted(), CRect(8, 7, 12, 5 + common.cy));
+}
+
+TEST_F(Text, OfAnyKindIsHarmless)
+{
+    const CString endless(std::u16string(1000000, u'W').c_str());
+    const CString halves(_T("\xD800 \xDC00&"));
+    LOGFONTW wanted{};
+    for (const LONG height : {-0x7FFFFFFF - 1, -5, 0, 40, 0x7FFFFFFF}) {
+        wanted.lfHeight = height;
+        std::fill_n(wanted.lfFaceName, LF_FACESIZE, u'Q'); // without an end
+        CFont font;
+        ASSERT_TRUE(font.CreateFontIndirect(&wanted));
+        CFont* const old = dc.SelectObject(&font);
+        for (const CString& text : {endless, halves, CString(_T("&"))}) {
+            CRect rect(0, 0, 100, 50);
+            dc.DrawText(text, rect, label | DT_END_ELLIPSIS);
+            dc.DrawText(text, rect, 0);
+        }
+        dc.SelectObject(old);
+    }
+    EXPECT_EQ(dc.GetTextExtent(endless).cx, dc.GetTextExtent(endless, 8192).cx);
+}
+
+} // namespace

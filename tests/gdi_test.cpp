@@ -1,0 +1,428 @@
+// The floor of drawing: pixels of every primitive, clipping, objects.
+#include "support/Picture.h"
+
+#include <SysColors.h>
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace
+{
+
+using test::filling;
+using test::gapColor;
+using test::ink;
+using test::paper;
+using test::Picture;
+
+// Selects a pen and a brush for a while.
+class Tools
+{
+public:
+    Tools(CDC& dc, int style, int width) : m_dc(dc), m_pen(style, width, ink), m_brush(filling)
+    {
+        m_oldPen = dc.SelectObject(&m_pen);
+        m_oldBrush = dc.SelectObject(&m_brush);
+    }
+    Tools(const Tools&) = delete;
+    Tools& operator=(const Tools&) = delete;
+    ~Tools()
+    {
+        m_dc.SelectObject(m_oldPen);
+        m_dc.SelectObject(m_oldBrush);
+    }
+
+private:
+    CDC& m_dc;
+    CPen m_pen;
+    CBrush m_brush;
+    CPen* m_oldPen;
+    CBrush* m_oldBrush;
+};
+
+void DrawLine(Picture& picture, CPoint from, CPoint to, int style = PS_SOLID, int width = 1)
+{
+    const Tools tools(picture.Dc(), style, width);
+    picture.Dc().MoveTo(from.x, from.y);
+    picture.Dc().LineTo(to.x, to.y);
+}
+
+// Calls check(point) for points all around the middle of a square of side 2 * reach + 1.
+void ForAllAround(int reach, const std::function<void(CPoint)>& check)
+{
+    for (int y = 0; y <= 2 * reach; ++y) {
+        for (int x = 0; x <= 2 * reach; ++x)
+            check({x, y});
+    }
+}
+
+double DistanceFromWay(CPoint point, CPoint from, CPoint to, double shift = 0)
+{
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    const double x = point.x - from.x + shift;
+    const double y = point.y - from.y + shift;
+    const double length = dx * dx + dy * dy;
+    const double part = length == 0 ? 0 : std::clamp((x * dx + y * dy) / length, 0.0, 1.0);
+    return std::hypot(x - part * dx, y - part * dy);
+}
+
+TEST(ThinLines, HaveOnePixelAStepAndNotTheirEnd)
+{
+    constexpr int reach = 9;
+    constexpr int side = 2 * reach + 1;
+    const CPoint middle(reach, reach);
+    ForAllAround(reach, [&](CPoint to) {
+        Picture there(side, side);
+        DrawLine(there, middle, to);
+        const int steps = std::max(std::abs(to.x - reach), std::abs(to.y - reach));
+        ASSERT_EQ(there.Count('#'), steps) << there;
+        ASSERT_EQ(there.At(to.x, to.y), '.') << there;
+        ForAllAround(reach, [&](CPoint pixel) {
+            ASSERT_TRUE(there.At(pixel.x, pixel.y) == '.' || DistanceFromWay(pixel, middle, to) <= 0.5)
+                << there;
+        });
+        // Neither the direction nor a mirror makes a difference, but for the end that is left out.
+        Picture back(side, side);
+        DrawLine(back, to, middle);
+        Picture mirrored(side, side);
+        DrawLine(mirrored, middle, {2 * reach - to.x, to.y});
+        ForAllAround(reach, [&](CPoint pixel) {
+            const bool isEnd = pixel == middle || pixel == to;
+            ASSERT_TRUE(isEnd || back.At(pixel.x, pixel.y) == there.At(pixel.x, pixel.y)) << there << back;
+            ASSERT_EQ(mirrored.At(2 * reach - pixel.x, pixel.y), there.At(pixel.x, pixel.y))
+                << there << mirrored;
+        });
+    });
+}
+
+TEST(StyledLines, RepeatTheirDashesFromTheStartInEveryDirection)
+{
+    constexpr int length = 49;
+    const std::pair<int, std::string> styles[] = {
+        {PS_SOLID, "#################################################"},
+        {PS_DASH, "##################------##################------#"},
+        {PS_DOT, "###---###---###---###---###---###---###---###---#"},
+        {PS_DASHDOT, "#########------###------#########------###------#"},
+        {PS_DASHDOTDOT, "#########---###---###---#########---###---###---#"},
+        {PS_NULL, "................................................."},
+        {77, "#################################################"},
+    };
+    for (const auto& [style, opaque] : styles) {
+        for (const CSize step :
+             {CSize(1, 0), CSize(0, 1), CSize(-1, 0), CSize(0, -1), CSize(1, 1), CSize(-1, -1)}) {
+            for (const int mode : {OPAQUE, TRANSPARENT}) {
+                Picture picture(2 * length + 1, 2 * length + 1);
+                picture.Dc().SetBkMode(mode);
+                picture.Dc().SetBkColor(gapColor);
+                const CPoint end(length + step.cx * length, length + step.cy * length);
+                DrawLine(picture, {length, length}, end, style);
+                std::string seen;
+                for (int i = 0; i < length; ++i)
+                    seen += picture.At(length + i * step.cx, length + i * step.cy);
+                std::string expected = opaque;
+                if (mode == TRANSPARENT)
+                    std::ranges::replace(expected, '-', '.');
+                EXPECT_EQ(seen, expected) << style;
+            }
+        }
+    }
+}
+
+TEST(WideLines, HoldThePixelsNearTheWay)
+{
+    std::mt19937 random(1);
+    constexpr int side = 40;
+    std::uniform_int_distribution<int> coordinate(8, side - 9);
+    for (int round = 0; round < 300; ++round) {
+        const int width = 2 + round % 12;
+        const CPoint from(coordinate(random), coordinate(random));
+        const CPoint to = round < 20 ? from : CPoint(coordinate(random), coordinate(random));
+        Picture picture(side, side);
+        DrawLine(picture, from, to, round % 5, width);
+        const auto last = gdi::LastPixelOfLine({from.x, from.y}, {to.x, to.y});
+        ForAllAround(side / 2 - 1, [&](CPoint pixel) {
+            const bool isOn = picture.At(pixel.x, pixel.y) == '#';
+            const CPoint end = last ? CPoint(static_cast<int>(last->X), static_cast<int>(last->Y)) : from;
+            const double distance = DistanceFromWay(pixel, from, end, width % 2 == 0 ? 0.5 : 0);
+            const bool isNear = last && distance < width / 2.0;
+            const bool isOnTheEdge = last && std::abs(distance - width / 2.0) < 1e-9;
+            ASSERT_TRUE(isOnTheEdge || isOn == isNear) << width << picture;
+        });
+    }
+}
+
+TEST(WideLines, HaveRoundEnds)
+{
+    Picture picture(20, 9);
+    DrawLine(picture, {5, 4}, {15, 4}, PS_DOT, -7);
+    EXPECT_EQ(picture.Text(), "....................\n"
+                              "....############....\n"
+                              "...##############...\n"
+                              "..################..\n"
+                              "..################..\n"
+                              "..################..\n"
+                              "...##############...\n"
+                              "....############....\n"
+                              "....................\n");
+}
+
+TEST(Shapes, LeaveOutTheRightAndBottomEdge)
+{
+    struct Case {
+        int Pen;
+        CRect Rectangle;
+        CRect Ellipse;
+        const char* Text;
+    };
+    const Case cases[] = {
+        {PS_SOLID,
+         {1, 1, 6, 5},
+         {7, 0, 17, 10},
+         "..........####...\n.#####..##oooo##.\n.#ooo#..#oooooo#.\n.#ooo#.#oooooooo#\n.#####.#oooooooo#\n"
+         ".......#oooooooo#\n.......#oooooooo#\n........#oooooo#.\n........##oooo##.\n..........####...\n"},
+        {PS_NULL,
+         {6, 5, 1, 1},
+         {15, 5, 8, 0},
+         ".........oooo....\n.oooo...oooooo...\n.oooo...oooooo...\n.oooo....oooo....\n.................\n"
+         ".................\n.................\n.................\n.................\n.................\n"},
+        {PS_SOLID,
+         {1, 1, 2, 4},
+         {4, 1, 8, 2},
+         ".................\n.#..####.........\n.#...............\n.#...............\n.................\n"
+         ".................\n.................\n.................\n.................\n.................\n"},
+        {PS_SOLID,
+         {3, 3, 3, 9},
+         {4, 4, 9, 4},
+         ".................\n.................\n.................\n.................\n.................\n"
+         ".................\n.................\n.................\n.................\n.................\n"},
+    };
+    for (const Case& each : cases) {
+        Picture picture(17, 10);
+        const Tools tools(picture.Dc(), each.Pen, 1);
+        picture.Dc().Rectangle(each.Rectangle);
+        const CRect& box = each.Ellipse;
+        picture.Dc().Ellipse(box.left, box.top, box.right, box.bottom);
+        EXPECT_EQ(picture.Text(), each.Text);
+    }
+}
+
+TEST(Ellipses, HoldThePixelsWhoseCentresTheyHold)
+{
+    for (int width = 1; width <= 24; ++width) {
+        for (int height = 1; height <= 24; ++height) {
+            Picture picture(width, height);
+            const Tools tools(picture.Dc(), PS_SOLID, 1);
+            picture.Dc().Ellipse(0, 0, width, height);
+            const auto holds = [=](int x, int y) {
+                const int dx = (2 * x + 1 - width) * height;
+                const int dy = (2 * y + 1 - height) * width;
+                return dx * dx + dy * dy <= width * width * height * height;
+            };
+            for (int y = 0; y < height; ++y) {
+                for (int x = 0; x < width; ++x) {
+                    const bool isInner =
+                        holds(x - 1, y) && holds(x + 1, y) && holds(x, y - 1) && holds(x, y + 1);
+                    ASSERT_EQ(picture.At(x, y), !holds(x, y) ? '.' : isInner ? 'o' : '#') << picture;
+                }
+            }
+        }
+    }
+}
+
+TEST(FloodFill, StopsAtTheBorderColourAlone)
+{
+    struct Case {
+        CPoint Seed;
+        COLORREF Border;
+        BOOL Result;
+        const char* Text;
+    };
+    // A closed line of pixels that touch at corners, and a pixel of another colour within.
+    const Case cases[] = {
+        {{3, 3}, ink, TRUE, "...#...\n..#o#..\n.#ooo#.\n#ooooo#\n.#ooo#.\n..#o#..\n...#...\n"},
+        {{0, 0}, ink, TRUE, "ooo#...\noo#.#..\no#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
+        {{3, 0}, ink, FALSE, "...#...\n..#.#..\n.#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
+        {{7, 3}, ink, FALSE, "...#...\n..#.#..\n.#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
+        {{3, -1}, ink, FALSE, "...#...\n..#.#..\n.#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
+        {{1, 1}, gapColor, TRUE, "ooooooo\nooooooo\nooooooo\nooo-ooo\nooooooo\nooooooo\nooooooo\n"},
+    };
+    for (const Case& each : cases) {
+        Picture picture(7, 7);
+        DrawLine(picture, {3, 0}, {0, 3});
+        DrawLine(picture, {0, 3}, {3, 6});
+        DrawLine(picture, {3, 6}, {6, 3});
+        DrawLine(picture, {6, 3}, {3, 0});
+        picture.Dc().FillSolidRect(3, 3, 1, 1, gapColor);
+        const Tools tools(picture.Dc(), PS_SOLID, 1);
+        EXPECT_EQ(picture.Dc().FloodFill(each.Seed.x, each.Seed.y, each.Border), each.Result);
+        EXPECT_EQ(picture.Text(), each.Text);
+    }
+}
+
+TEST(FloodFill, FindsItsWayThroughAMaze)
+{
+    constexpr int side = 401; // a comb: every second column, joined at alternating ends
+    for (const COLORREF border : {ink, filling}) {
+        Picture picture(side, side);
+        for (int x = 1; x < side; x += 2)
+            picture.Dc().FillSolidRect(x, x % 4 == 1 ? 1 : 0, 1, side - 1, border);
+        const int free = picture.Count('.');
+        const Tools tools(picture.Dc(), PS_SOLID, 1);
+        EXPECT_TRUE(picture.Dc().FloodFill(0, side - 1, border));
+        EXPECT_EQ(picture.Count('.'), 0);
+        EXPECT_EQ(picture.Count('o'), border == filling ? side * side : free);
+    }
+}
+
+// Draws every primitive, around and beyond the picture.
+void DrawEverything(CDC& dc, std::mt19937& random)
+{
+    std::uniform_int_distribution<int> coordinate(-12, 36);
+    const auto any = [&] { return coordinate(random); };
+    for (int round = 0; round < 10; ++round) {
+        const Tools tools(dc, round % 7, round % 3 == 0 ? any() / 4 : 1);
+        dc.SetBkMode(round % 2 == 0 ? OPAQUE : TRANSPARENT);
+        dc.MoveTo(any(), any());
+        dc.LineTo(any(), any());
+        dc.LineTo(any(), any());
+        dc.Rectangle(any(), any(), any(), any());
+        dc.Ellipse(any(), any(), any(), any());
+        CRect rect(any(), any(), any(), any());
+        dc.DrawEdge(rect, round % 2 == 0 ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT);
+        dc.DrawFrameControl(rect, DFC_SCROLL,
+                            DFCS_SCROLLDOWN | (round % 2 == 0 ? DFCS_PUSHED : DFCS_INACTIVE));
+        dc.DrawFocusRect(rect);
+    }
+}
+
+TEST(Clipping, OnlyCuts)
+{
+    constexpr int side = 24;
+    for (const CRect& clip :
+         {CRect(5, 0, 24, 24), CRect(0, 7, 24, 24), CRect(0, 0, 13, 24), CRect(0, 0, 24, 11),
+          CRect(6, 6, 9, 20), CRect(-5, -5, 3, 3), CRect(9, 9, 9, 9)}) {
+        for (unsigned seed = 0; seed < 40; ++seed) {
+            Picture whole(side, side);
+            Picture clipped(side, side, clip);
+            for (Picture* const picture : {&whole, &clipped}) {
+                std::mt19937 random(seed);
+                DrawEverything(picture->Dc(), random);
+            }
+            whole.CutTo(clip);
+            ASSERT_EQ(whole, clipped);
+        }
+    }
+}
+
+TEST(Clipping, MakesShapesOfAnySizeCheap)
+{
+    constexpr int far = 65534;
+    constexpr int furthest = 0x7FFFFFFF;
+    Picture picture(20, 20);
+    for (int round = 0; round < 200; ++round) {
+        for (const int reach : {far, furthest}) {
+            for (const int width : {1, 32767, -32768}) {
+                DrawLine(picture, {-reach, -reach}, {reach, reach}, PS_DOT, width);
+                DrawLine(picture, {reach, -reach}, {-reach, reach}, PS_SOLID, width);
+            }
+            const Tools tools(picture.Dc(), PS_SOLID, 1);
+            picture.Dc().Ellipse(-reach, -reach, reach, reach);
+            picture.Dc().Rectangle(-reach, -reach, reach, reach);
+            CRect rect(-reach, -reach, reach, reach);
+            picture.Dc().DrawFocusRect(rect);
+            picture.Dc().DrawFrameControl(rect, DFC_SCROLL, DFCS_SCROLLDOWN);
+        }
+        // The far edge of an ellipse as it passes through the picture, which is flat there.
+        const Tools tools(picture.Dc(), PS_SOLID, 1);
+        picture.Dc().FillSolidRect(0, 0, 20, 20, paper);
+        picture.Dc().Ellipse(10 - far, 5, 10 + far, 5 + 2 * far);
+    }
+    EXPECT_EQ(picture.Count('.'), 20 * 5);
+    EXPECT_EQ(picture.Count('#'), 20);
+    EXPECT_EQ(picture.Count('o'), 20 * 14);
+}
+
+// Gives the system colours the letters of the pictures: lit sides '#' and 'o', shaded ones '-' and ' '.
+class EdgeColors
+{
+public:
+    EdgeColors()
+    {
+        for (auto& [index, color] : m_colors) {
+            const COLORREF before = ::GetSysColor(index);
+            gdi::SetSysColor(index, color);
+            color = before;
+        }
+    }
+    EdgeColors(const EdgeColors&) = delete;
+    EdgeColors& operator=(const EdgeColors&) = delete;
+    ~EdgeColors()
+    {
+        for (const auto& [index, color] : m_colors)
+            gdi::SetSysColor(index, color);
+    }
+
+private:
+    std::pair<int, COLORREF> m_colors[5] = {{COLOR_BTNHIGHLIGHT, ink},
+                                            {COLOR_3DLIGHT, filling},
+                                            {COLOR_BTNSHADOW, gapColor},
+                                            {COLOR_3DDKSHADOW, test::windowColor},
+                                            {COLOR_BTNFACE, paper}};
+};
+
+TEST(Edges, AreDrawnFromTheOutsideIn)
+{
+    const EdgeColors colors;
+    struct Case {
+        UINT Edge;
+        UINT Sides;
+        const char* Text;
+    };
+    const Case cases[] = {
+        {EDGE_RAISED, BF_RECT, "oooo \no##- \no#.- \no--- \n     \n"},
+        {EDGE_SUNKEN, BF_RECT, "----#\n-  o#\n- .o#\n-ooo#\n#####\n"},
+        {BDR_RAISEDINNER, BF_RECT, "####-\n#...-\n#...-\n#...-\n-----\n"},
+        {BDR_SUNKENOUTER, BF_RECT, "----#\n-...#\n-...#\n-...#\n#####\n"},
+        {BDR_SUNKENINNER, BF_RIGHT, "....o\n....o\n....o\n....o\n....o\n"},
+        {BDR_SUNKENINNER, BF_BOTTOM, ".....\n.....\n.....\n.....\nooooo\n"},
+    };
+    for (const Case& each : cases) {
+        Picture picture(5, 5);
+        CRect rect(0, 0, 5, 5);
+        EXPECT_TRUE(picture.Dc().DrawEdge(rect, each.Edge, each.Sides));
+        EXPECT_EQ(picture.Text(), each.Text);
+    }
+}
+
+TEST(ScrollButton, ShowsWhetherItIsPushed)
+{
+    const EdgeColors colors;
+    gdi::SetSysColor(COLOR_BTNTEXT, ink);
+    CRect rect(0, 0, 9, 9);
+    Picture raised(9, 9);
+    EXPECT_TRUE(raised.Dc().DrawFrameControl(rect, DFC_SCROLL, DFCS_SCROLLDOWN));
+    EXPECT_EQ(raised.Text(), "oooooooo \no######- \no#.....- \no#.###.- \no#..#..- \no#.....- \no#.....- \n"
+                             "o------- \n         \n");
+    Picture pushed(9, 9);
+    EXPECT_TRUE(pushed.Dc().DrawFrameControl(rect, DFC_SCROLL, DFCS_SCROLLDOWN | DFCS_PUSHED));
+    EXPECT_EQ(pushed.Text(), "---------\n-.......-\n-.......-\n-.......-\n-...###.-\n-....#..-\n-.......-\n"
+                             "-.......-\n---------\n");
+    EXPECT_FALSE(pushed.Dc().DrawFrameControl(rect, DFC_SCROLL, DFCS_INACTIVE));
+    gdi::SetSysColor(COLOR_BTNTEXT, 0);
+}
+
+TEST(FocusRect, GoesWhenDrawnAgain)
+{
+    Picture picture(9, 6);
+    DrawLine(picture, {0, 0}, {9, 6}, PS_SOLID, 3);
+    const std::string before = picture.Text();
+    picture.Dc().DrawFocusRect(CRect(1, 1, 8, 5));
+    EXPECT_EQ(picture.Count('?'), 9); // of the 18 pixels along the inside
+    picture.Dc().DrawFocusRect(CRect(1, 1, 8, 5));
+    EXPECT_EQ(picture.Text(), before);
+}
+
+} // namespace
