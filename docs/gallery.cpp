@@ -81,11 +81,11 @@ public:
     void Gap() { m_y += gap; }
 
 private:
-    void Write(const CString& text, CRect rect, COLORREF color, UINT alignment)
+    void Write(const CString& text, RECT rect, COLORREF color, UINT alignment)
     {
         m_dc.SetTextColor(color);
         m_dc.SetBkMode(TRANSPARENT);
-        m_dc.DrawText(text, rect, alignment | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+        m_dc.DrawText(text, &rect, alignment | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
 
     CDC& m_dc;

@@ -1,0 +1,298 @@
+// The painting of styles: a cell for each shape and fill, a page of cells, and growth with the size; against
+// QPainter without antialiasing, with its painter open all the time, and against filling the same area once.
+#include "Suite.h"
+
+#include <DeviceContext.h>
+#include <QtConvert.h>
+
+#include <QPainter>
+#include <afxwin.h>
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
+#include <model/LineDef.h>
+#include <model/StyleNames.h>
+#include <stdexcept>
+
+namespace
+{
+
+constexpr double painterGoal = 1.0 / 3;
+constexpr double growthGoal = 1;
+constexpr int cellWidth = 60;
+constexpr int cellHeight = 18;
+constexpr int pageColumns = 32;
+constexpr int pageRows = 20;
+constexpr int pageCells = pageRows * pageColumns;
+constexpr short cellSymbol = 10;
+constexpr int smallSize = 16;
+constexpr int largeSize = 256;
+constexpr int growthSide = 300;
+constexpr COLORREF symbolColor = RGB(0x8B, 0, 0);
+constexpr COLORREF lineColor = RGB(0, 0, 0xFF);
+constexpr COLORREF cellColor = RGB(0xC0, 0xC0, 0xC0);
+constexpr double mostDifferent = 0.25; // of the pixels that either side paints
+
+void SetStyle(k_LineDef& style, int shape, int fill, int size = cellSymbol)
+{
+    style.SymbolShape = static_cast<short>(shape);
+    style.SymbolFill = static_cast<short>(fill);
+    style.SymbolSize = static_cast<short>(size);
+    style.SymbolColor = symbolColor;
+    style.LineColor = lineColor;
+}
+
+// An image, and a context on it.
+class Board
+{
+public:
+    Board(int width, int height) : Image(width, height, QImage::Format_RGB32)
+    {
+        const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(Image.bits()), width, height,
+                                   Image.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
+        Dc.Attach(gdi::CreateSurfaceDC(surface, {0, 0, width, height}));
+        Dc.SetBkMode(TRANSPARENT);
+        Clear();
+    }
+
+    void Clear() { Dc.FillSolidRect(0, 0, Image.width(), Image.height(), cellColor); }
+
+    QImage Image;
+    CDC Dc;
+};
+
+// Where the symbol comes to stand. Both sides clear it first, as nothing is left to fill in a picture of
+// itself.
+CRect SymbolPlace(const k_LineDef& style, const RECT& cell)
+{
+    CRect place((cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2, (cell.left + cell.right) / 2,
+                (cell.top + cell.bottom) / 2);
+    place.InflateRect(style.SymbolSize / 2 + 1, style.SymbolSize / 2 + 1);
+    return place;
+}
+
+void PaintOurs(CDC& dc, const k_LineDef& style, const RECT& cell)
+{
+    dc.FillSolidRect(SymbolPlace(style, cell), cellColor);
+    style.DrawLine(&dc, cell);
+    style.DrawSymbol(&dc, cell);
+}
+
+// The same picture as a user of QPainter would draw it.
+class Peer
+{
+public:
+    explicit Peer(QImage& image) : m_painter(&image)
+    {
+        m_painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+
+    void Paint(const k_LineDef& style, const RECT& cell)
+    {
+        m_painter.fillRect(gdi::ToQRect(gdi::ToBox(SymbolPlace(style, cell))), gdi::ToQColor(cellColor));
+        const QPoint centre((cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2);
+        PaintLine(style, cell, centre.y());
+        PaintSymbol(style, centre, style.SymbolSize / 2, style.SymbolSize / 4);
+    }
+
+private:
+    void PaintLine(const k_LineDef& style, const RECT& cell, int y)
+    {
+        static constexpr Qt::PenStyle styles[] = {Qt::SolidLine,   Qt::DashLine,       Qt::DotLine,
+                                                  Qt::DashDotLine, Qt::DashDotDotLine, Qt::NoPen};
+        m_painter.setPen(QPen(Qt::white, style.LineWidth));
+        m_painter.drawLine(cell.left, y, cell.right - 1, y);
+        const bool isWide = style.LineWidth > 1;
+        m_painter.setPen(QPen(gdi::ToQColor(style.LineColor), style.LineWidth,
+                              isWide ? Qt::SolidLine : styles[style.LineStyle],
+                              isWide ? Qt::RoundCap : Qt::SquareCap));
+        m_painter.drawLine(cell.left, y, cell.right - 1, y);
+    }
+
+    void PaintSymbol(const k_LineDef& style, QPoint c, int h, int q)
+    {
+        const QColor color = gdi::ToQColor(style.SymbolColor);
+        const bool isFilled = style.SymbolFill == 0;
+        m_painter.setPen(color);
+        const auto paintDot = [&] {
+            m_painter.setBrush(color);
+            m_painter.drawEllipse(c.x() - q, c.y() - q, 2 * q - 1, 2 * q - 1);
+        };
+        const auto paintPolygon = [&](std::initializer_list<QPoint> points) {
+            m_painter.setBrush(isFilled ? QBrush(color) : QBrush(Qt::NoBrush));
+            m_painter.drawPolygon(std::data(points), static_cast<int>(points.size()));
+        };
+        const int x = c.x();
+        const int y = c.y();
+        const QLine plus[] = {{x - h, y, x + h - 1, y}, {x, y - h, x, y + h - 1}};
+        const QLine cross[] = {{x - h, y - h, x + h - 1, y + h - 1}, {x + h, y - h, x - h + 1, y + h - 1}};
+        switch (style.SymbolShape) {
+        case 1:
+            return m_painter.drawLines(cross, 2);
+        case 2:
+            paintPolygon({{x - h, y + h}, {x + h, y + h}, {x, y - h}});
+            break;
+        case 3:
+            paintPolygon({{x - h, y - h}, {x, y + h}, {x + h, y - h}});
+            break;
+        case 4:
+            m_painter.setBrush(isFilled ? color : QColor(Qt::white));
+            m_painter.drawRect(x - h, y - h, 2 * h - 1, 2 * h - 1);
+            break;
+        case 5:
+            m_painter.drawLines(plus, 2);
+            break;
+        case 6:
+            m_painter.drawLines(plus, 2);
+            m_painter.drawLines(cross, 2);
+            break;
+        case 7:
+            paintPolygon({{x, y - h}, {x - h, y - q}, {x, y + h}, {x + h, y - q}});
+            break;
+        case 8:
+            m_painter.setBrush(isFilled ? color : QColor(Qt::white));
+            m_painter.drawEllipse(x - h, y - h, 2 * h - 1, 2 * h - 1);
+            break;
+        default:
+            return paintDot();
+        }
+        if (style.SymbolFill == 2)
+            paintDot();
+    }
+
+    QPainter m_painter;
+};
+
+// Measures painted pictures only if both sides paint the same, but for how each rounds.
+void RequireAlike(const QImage& ours, const QImage& peer, const std::string& name)
+{
+    int painted = 0;
+    int different = 0;
+    for (int y = 0; y < ours.height(); ++y) {
+        for (int x = 0; x < ours.width(); ++x) {
+            const QRgb background = gdi::ToPixel(cellColor);
+            const QRgb first = ours.pixel(x, y);
+            const QRgb second = peer.pixel(x, y);
+            painted += first != background || second != background ? 1 : 0;
+            different += first != second ? 1 : 0;
+        }
+    }
+    if (painted == 0 || different > painted * mostDifferent)
+        throw std::runtime_error(name + ": the two pictures differ");
+}
+
+// Adds the three measurements of pictures that paint(paintStyle) describes by calls of paintStyle(style,
+// cell).
+template <class Describe>
+void AddPictures(bench::Suite& suite, const std::string& name, int width, int height, double cells,
+                 const Describe& describe)
+{
+    {
+        Board ours(width, height);
+        Board peer(width, height);
+        describe([&](const k_LineDef& style, const RECT& cell) { PaintOurs(ours.Dc, style, cell); });
+        Peer painter(peer.Image);
+        describe([&](const k_LineDef& style, const RECT& cell) { painter.Paint(style, cell); });
+        RequireAlike(ours.Image, peer.Image, name);
+    }
+    suite.Add(name, cells, [=](benchmark::State& state) {
+        Board board(width, height);
+        for ([[maybe_unused]] const auto iteration : state)
+            describe([&](const k_LineDef& style, const RECT& cell) { PaintOurs(board.Dc, style, cell); });
+    });
+    suite.Add("QPainter, " + name, cells, [=](benchmark::State& state) {
+        Board board(width, height);
+        Peer painter(board.Image);
+        for ([[maybe_unused]] const auto iteration : state)
+            describe([&](const k_LineDef& style, const RECT& cell) { painter.Paint(style, cell); });
+    });
+    suite.Add("fill, " + name, cells, [=](benchmark::State& state) {
+        Board board(width, height);
+        for ([[maybe_unused]] const auto iteration : state)
+            describe([&](const k_LineDef&, const RECT& cell) { board.Dc.FillSolidRect(&cell, cellColor); });
+    });
+    suite.Compare({.Name = name, .Ours = name, .Peer = "QPainter, " + name, .Goal = painterGoal});
+    suite.Compare({.Name = name, .Ours = name, .Peer = "fill, " + name});
+}
+
+void AddCells(bench::Suite& suite)
+{
+    for (int shape = 1; shape < k_SymbolShapeCount; ++shape) {
+        for (int fill = 0; fill < k_SymbolFillCount; ++fill) {
+            const std::string name = "shape " + std::to_string(shape) + ", fill " + std::to_string(fill);
+            AddPictures(suite, name, cellWidth, cellHeight, 1, [=](const auto& paint) {
+                k_LineDef style;
+                SetStyle(style, shape, fill);
+                paint(style, {0, 0, cellWidth, cellHeight});
+            });
+        }
+    }
+}
+
+void AddPage(bench::Suite& suite)
+{
+    AddPictures(suite, "page", pageColumns * cellWidth, pageRows * cellHeight, pageCells,
+                [](const auto& paint) {
+                    k_LineDef style;
+                    for (int i = 0; i < pageCells; ++i) {
+                        SetStyle(style, i % k_SymbolShapeCount, i % k_SymbolFillCount);
+                        if (style.SymbolShape == 0)
+                            style.SymbolShape = 9;
+                        style.LineStyle = static_cast<short>(i / k_SymbolShapeCount % k_LineStyleCount);
+                        const int left = i % pageColumns * cellWidth + 2;
+                        const int top = i / pageColumns * cellHeight;
+                        paint(style, {left, top, left + cellWidth - 4, top + cellHeight});
+                    }
+                });
+}
+
+// A symbol of a large size against one of a small size, for each pixel of the square that holds it.
+void AddGrowth(bench::Suite& suite)
+{
+    static constexpr RECT whole{0, 0, growthSide, growthSide};
+    for (int shape = 1; shape < k_SymbolShapeCount; ++shape) {
+        const auto add = [&](int size) {
+            const std::string name = "shape " + std::to_string(shape) + ", size " + std::to_string(size);
+            suite.Add(name, double{1} * size * size, [=](benchmark::State& state) {
+                Board board(growthSide, growthSide);
+                k_LineDef style;
+                SetStyle(style, shape, 0, size);
+                for ([[maybe_unused]] const auto iteration : state) {
+                    board.Dc.FillSolidRect(SymbolPlace(style, whole), cellColor);
+                    style.DrawSymbol(&board.Dc, whole);
+                }
+            });
+            return name;
+        };
+        const std::string small = add(smallSize);
+        const std::string large = add(largeSize);
+        suite.Compare({.Name = large, .Ours = large, .Peer = small, .Goal = growthGoal});
+    }
+}
+
+int Run(int argc, char** argv)
+{
+    const std::vector<std::string> options = {"--benchmark_repetitions=9", "--benchmark_min_time=0.01"};
+    bench::Suite pictures(argc, argv, options);
+    AddCells(pictures);
+    AddPage(pictures);
+    pictures.Run();
+    bench::Suite growth(argc, argv, options);
+    AddGrowth(growth);
+    growth.Run();
+    pictures.PrintTable("Painting a style", "a cell");
+    growth.PrintTable("Growth with the size of the symbol", "a pixel of its square");
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "%s\n", e.what());
+        return EXIT_FAILURE;
+    }
+}
