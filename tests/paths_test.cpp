@@ -75,7 +75,9 @@ TEST(PathsTest, WithoutAFolderThereAreNoDrives)
                       unsetenv(name);
                   if (setuid(unknownUser) != 0)
                       return 1;
-                  return PrefixFolder().empty() && NativePath(u"C:\\x").empty() && NativePath(u"/x") == "/x" ? 0 : 2;
+                  return PrefixFolder().empty() && NativePath(u"C:\\x").empty() && NativePath(u"/x") == "/x"
+                             ? 0
+                             : 2;
               }),
               0);
 }

@@ -1,4 +1,5 @@
-// Saving: whatever happens meanwhile, the old contents or the new ones stand there whole, and nothing else does.
+// Saving: whatever happens meanwhile, the old contents or the new ones stand there whole, and nothing else
+// does.
 #include "support/ChildProcess.h"
 #include "support/ScriptedModel.h"
 #include "support/TempPrefix.h"
@@ -63,7 +64,8 @@ protected:
 
     mode_t ModeOf(const fs::path& path) const
     {
-        struct stat status{};
+        struct stat status {
+        };
         EXPECT_EQ(stat(path.c_str(), &status), 0);
         return status.st_mode & 07777;
     }
@@ -99,7 +101,7 @@ TEST_F(SaveTest, AKilledWriterLeavesOldOrNewContentsAndNothingToTheNext)
         ASSERT_EQ(Save(drivePath, Contents('A')), saved);
         ASSERT_EQ(test::EntryCount(folder), 1) << "in round " << round;
     }
-        EXPECT_GT(leftovers, 0) << "no writer was killed at its work";
+    EXPECT_GT(leftovers, 0) << "no writer was killed at its work";
 }
 
 TEST_F(SaveTest, TwoWritersAtOnceShowWholeContentsAtAnyTime)
@@ -124,7 +126,8 @@ TEST_F(SaveTest, TwoWritersAtOnceShowWholeContentsAtAnyTime)
 
 TEST_F(SaveTest, AFullDiskIsToldAndKeepsTheOldFile)
 {
-    EXPECT_EQ(test::RunInChild([] { return test::LimitFileSize(littleRoom) ? Save(drivePath, Contents('n')) : notTried; }),
+    EXPECT_EQ(test::RunInChild(
+                  [] { return test::LimitFileSize(littleRoom) ? Save(drivePath, Contents('n')) : notTried; }),
               diskFull);
     EXPECT_EQ(Save(_T("/dev/full"), "x"), diskFull);
     EXPECT_EQ(Save(_T("/dev/null"), "x"), saved);
@@ -183,7 +186,8 @@ TEST_F(SaveTest, LinksStayAndTheirTargetIsReplaced)
         fs::create_symlink(std::to_string(i - 1), links / std::to_string(i));
 
     for (const char* const name : {"absolute", "relative", "chained", "winding", "dangling", "40"}) {
-        const CString path = CString(_T("C:\\links\\")) + std::u16string(name, name + std::strlen(name)).c_str();
+        const CString path =
+            CString(_T("C:\\links\\")) + std::u16string(name, name + std::strlen(name)).c_str();
         EXPECT_EQ(Save(path, name), saved) << name;
         EXPECT_TRUE(fs::is_symlink(links / name)) << name;
         EXPECT_EQ(test::ReadWhole(std::string_view(name) == "dangling" ? folder / "missing" : file), name);
@@ -199,8 +203,9 @@ TEST_F(SaveTest, WhatCannotBeReplacedIsRefused)
     fs::create_symlink("missing/file", folder / "astray");
     fs::create_directory(folder / "inner");
     const auto before = test::EntryCount(folder);
-    for (const TCHAR* const path : {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"), _T("C:\\layouts"),
-                                    _T("C:\\layouts\\inner"), _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x")})
+    for (const TCHAR* const path :
+         {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"), _T("C:\\layouts"),
+          _T("C:\\layouts\\inner"), _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x")})
         EXPECT_EQ(Save(path, "new"), refused) << ::testing::PrintToString(std::u16string(path));
     fs::permissions(file, fs::perms{0444});
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()) && test::GiveToOrdinaryUser(folder.c_str()));
@@ -225,7 +230,8 @@ TEST_F(SaveTest, PermissionsStayWhateverTheMask)
     }
 }
 
-// The folder takes no new file, or lets nobody replace another's: the file's own contents are all there is to change.
+// The folder takes no new file, or lets nobody replace another's: the file's own contents are all there is to
+// change.
 TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
 {
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()));

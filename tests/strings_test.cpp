@@ -119,13 +119,13 @@ TEST(UnicodeTest, EachStrayByteBecomesOneReplacement)
         std::u16string_view Text;
     };
     constexpr Case cases[] = {
-        {"\xC0\x80"sv, u"\uFFFD\uFFFD"},                             // overlong
-        {"\xE0\x9F\xBF"sv, u"\uFFFD\uFFFD\uFFFD"},                   // overlong
-        {"\xF0\x8F\xBF\xBF"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"},         // overlong
-        {"\xF4\x90\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"},         // past the last character
+        {"\xC0\x80"sv, u"\uFFFD\uFFFD"},                               // overlong
+        {"\xE0\x9F\xBF"sv, u"\uFFFD\uFFFD\uFFFD"},                     // overlong
+        {"\xF0\x8F\xBF\xBF"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"},           // overlong
+        {"\xF4\x90\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"},           // past the last character
         {"\xF8\x88\x80\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"}, // no such length
-        {"a\xE2\x82z"sv, u"a\uFFFD\uFFFDz"},                         // broken off
-        {"\xF0\x9F\x98"sv, u"\uFFFD\uFFFD\uFFFD"},                   // broken off at the end
+        {"a\xE2\x82z"sv, u"a\uFFFD\uFFFDz"},                           // broken off
+        {"\xF0\x9F\x98"sv, u"\uFFFD\uFFFD\uFFFD"},                     // broken off at the end
         {"\xC3"sv, u"\uFFFD"},
         {"\x80\xFF"sv, u"\uFFFD\uFFFD"},
         {"a\0b"sv, u"a\0b"sv},
@@ -180,4 +180,7 @@ TEST(PtrArrayTest, ASizeThatIsRefusedChangesNothing)
 
 // A size that there is no memory for is part of the test: the sanitizer, too, answers it with null.
 extern "C" [[gnu::visibility("default")]] const char* __asan_default_options(); // NOLINT
-const char* __asan_default_options() { return "allocator_may_return_null=1"; } // NOLINT
+const char* __asan_default_options()
+{
+    return "allocator_may_return_null=1";
+} // NOLINT
