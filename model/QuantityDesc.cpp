@@ -21,14 +21,8 @@ bool k_QuantityDesc::GetKey(QuantityKey& key) const
     return true;
 }
 
-k_LineDef* k_QuantityDesc::GetColumnStyle(int column)
+k_LineDef* k_QuantityDesc::GetEmptyPlace()
 {
-    if (column >= k_MaxFileColumns || column >= Styles.GetSize())
-        return nullptr;
-    k_LineDef* const pStyle = Styles.GetAt(column);
-    if (pStyle != nullptr)
-        return pStyle;
-    // An empty place reads as a record as constructed, whatever was written to the last one that was handed out.
     static k_LineDef emptyPlace;
     emptyPlace = k_LineDef();
     return &emptyPlace;

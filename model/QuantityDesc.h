@@ -21,7 +21,13 @@ public:
 
     // The record of a file column, which stays the row's; null for a column that the row has no record for. A
     // negative column raises the invalid argument exception.
-    k_LineDef* GetColumnStyle(int column);
+    k_LineDef* GetColumnStyle(int column)
+    {
+        if (column >= k_MaxFileColumns || column >= Styles.GetSize())
+            return nullptr;
+        k_LineDef* const pStyle = Styles.GetAt(column);
+        return pStyle != nullptr ? pStyle : GetEmptyPlace();
+    }
 
     // Puts a record, which is the row's from then on, in the place of a file column; false, and nothing, from column
     // 32 upward. A record that stood there is not deleted.
@@ -41,4 +47,8 @@ public:
     bool ReservedFlag = false; // travels with every copy and through the file
     BYTE Level = 0;            // depth in the outline
     k_LineDefList Styles;      // position = file column
+
+private:
+    // What an empty place reads as: a record as constructed, whatever was written to the last one handed out.
+    static k_LineDef* GetEmptyPlace();
 };

@@ -28,7 +28,7 @@ public:
 
     // The index of the row that fits best: the first that is equal; else the first with equal Quantity, SubQuantity
     // and Device; else the first with equal Quantity and SubQuantity; else the first with equal Quantity; else -1.
-    INT_PTR FindRow(const QuantityKey& key) const;
+    INT_PTR FindRow(QuantityKey key) const;
 
     // Null for an index outside the table.
     k_QuantityDesc* GetRow(INT_PTR row) const;

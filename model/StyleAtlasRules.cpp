@@ -1,6 +1,6 @@
 #include "Host.h"
 #include "Palette.h"
-#include "StyleAtlas.h"
+#include "StyleAtlasLookup.h"
 #include "StyleNames.h"
 
 #include <algorithm>

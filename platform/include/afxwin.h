@@ -73,9 +73,11 @@ struct AFX_MODULE_STATE {
     CWinApp* m_pCurrentWinApp;
 };
 
-AFX_MODULE_STATE* AfxGetStaticModuleState(); // this module's
-AFX_MODULE_STATE* AfxGetModuleState();       // the one in force on this thread
-CWinApp* AfxGetApp();                        // of the state in force
+extern constinit AFX_MODULE_STATE afxModuleState;
+
+inline AFX_MODULE_STATE* AfxGetStaticModuleState() { return &afxModuleState; } // this module's
+AFX_MODULE_STATE* AfxGetModuleState();                                         // the one in force on this thread
+CWinApp* AfxGetApp();                                                          // of the state in force
 
 // Puts a module's state in force on this thread, until the end of its scope.
 class AFX_MAINTAIN_STATE2

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #define WINAPI
+#define FORCEINLINE inline __attribute__((always_inline))
 #define _T(text) u##text // NOLINT(bugprone-reserved-identifier)
 
 using BOOL = int;

@@ -43,7 +43,7 @@ std::string FollowLinks(std::string path)
         if (static_cast<std::size_t>(length) == target.size())
             return {};
         const std::string name(target.data(), static_cast<std::size_t>(length));
-        path = name.starts_with('/') ? name : FolderOf(path) + '/' + name;
+        path = name.starts_with('/') ? name : FolderOf(path).append("/").append(name);
     }
     return {};
 }

@@ -130,8 +130,9 @@ void CString::Format(const TCHAR* pszFormat, ...)
         std::va_list& List;
         ~EndOfArguments() { va_end(List); }
     } end{args};
-    m_text = WithFrameworkMemory([&] {
-        std::u16string text = FormatText(pszFormat, args);
-        return text.empty() ? nullptr : std::make_shared<std::u16string>(std::move(text));
-    });
+    try {
+        m_text = MakeText(FormatText(pszFormat, args));
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
 }

@@ -1,20 +1,13 @@
 #include <afxwin.h>
 
-namespace
-{
-
 // Stands before every static object with a constructor, so that an application object can enter itself.
-constinit AFX_MODULE_STATE moduleState{nullptr};
-
-} // namespace
+constinit AFX_MODULE_STATE afxModuleState{nullptr};
 
 constinit thread_local AFX_MODULE_STATE* AFX_MAINTAIN_STATE2::s_pInForce = nullptr;
 
-AFX_MODULE_STATE* AfxGetStaticModuleState() { return &moduleState; }
-
 AFX_MODULE_STATE* AfxGetModuleState()
 {
-    return AFX_MAINTAIN_STATE2::s_pInForce ? AFX_MAINTAIN_STATE2::s_pInForce : &moduleState;
+    return AFX_MAINTAIN_STATE2::s_pInForce ? AFX_MAINTAIN_STATE2::s_pInForce : &afxModuleState;
 }
 
 CWinApp* AfxGetApp() { return AfxGetModuleState()->m_pCurrentWinApp; }
@@ -32,10 +25,10 @@ BOOL CWinThread::InitInstance() { return TRUE; }
 
 int CWinThread::ExitInstance() { return 0; }
 
-CWinApp::CWinApp() { moduleState.m_pCurrentWinApp = this; }
+CWinApp::CWinApp() { afxModuleState.m_pCurrentWinApp = this; }
 
 CWinApp::~CWinApp()
 {
-    if (moduleState.m_pCurrentWinApp == this)
-        moduleState.m_pCurrentWinApp = nullptr;
+    if (afxModuleState.m_pCurrentWinApp == this)
+        afxModuleState.m_pCurrentWinApp = nullptr;
 }

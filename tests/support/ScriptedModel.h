@@ -2,7 +2,7 @@
 // model reaches are defined here too.
 #pragma once
 
-#include <model/StyleAtlas.h>
+#include <model/StyleAtlasLookup.h>
 
 #include <vector>
 
