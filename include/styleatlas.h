@@ -7,11 +7,14 @@
  * Strings are zero-terminated UTF-16 in the machine's byte order. They stay the caller's and are copied before a
  * call returns. No pointer argument may be null.
  *
- * The library starts no thread and takes no lock: calls must not overlap. No call throws, and none ends the host:
- * what goes wrong is told to the user in a message box, or on standard error where there is no display.
+ * The library starts no thread and takes no lock: calls must not overlap, and a thread must not be cancelled in one.
+ * No call throws, and none ends the host: a damaged layout file, or a unit library that cannot be loaded, is told to
+ * the user in a message box, or on standard error where there is no display. Where memory runs out, the table holds
+ * the rows that were made until then.
  *
- * What is kept on disk stands below one prefix folder: the environment variable STYLEATLAS_PREFIX, else
- * "styleatlas" in $XDG_DATA_HOME, else ~/.local/share/styleatlas. In it, drive_c/ stands for drive C. The layout
+ * What is kept on disk stands below one prefix folder: the environment variable STYLEATLAS_PREFIX (best an absolute
+ * path: a relative one follows the current folder), else "styleatlas" in $XDG_DATA_HOME, if that is absolute, else
+ * ~/.local/share/styleatlas. In it, drive_c/ stands for drive C. The layout
  * file of a host is by default C:\ProgramData\Halvorn\<host name>\Style.Atlas. The library creates no folder for
  * it: an installer does, or a save has nowhere to go.
  */
@@ -83,13 +86,15 @@ void StyleAtlasSetApplication(const char16_t* applicationName);
  *                 stored in either case.
  *
  * Returns 1 and writes all eight values; or returns 0 and writes none, where the table has no row of this quantity
- * (an empty table included) or the row holds no style for this file column. It allocates nothing. */
+ * (an empty table included) or the row holds no style for this file column. It allocates nothing, unless the unit
+ * library could not be loaded so far: that is tried again at every call. */
 int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, uint8_t index, uint16_t device,
                   uint32_t flags, uint32_t* symbolColor, int16_t* symbolShape, int16_t* symbolSize,
                   int16_t* symbolFill, uint32_t* lineColor, int16_t* lineStyle, int16_t* lineWidth,
                   uint8_t* useSymbolColor);
 
-/* Opens the editor above the given window and returns when the user has closed it: 1 after OK, when the new styles
+/* Opens the editor above the given window and returns when the user has closed it (this version has no editor yet,
+ * and returns -1 at once): 1 after OK, when the new styles
  * are in force and have been written to the layout file; 2 after Cancel, when nothing has changed; -1 where the
  * editor cannot be shown, for instance without a display. The parent is the desktop's id of a window, 0 for none;
  * it stays the caller's. */

@@ -43,7 +43,7 @@ public:
     WORD SubQuantity = 0;
     BYTE Index = 0;
     DWORD Flags = 0;
-    int ColumnCount = 32; // of a stored row, the number of records in the file; the size of Styles is what counts
+    int ColumnCount = k_MaxFileColumns; // of a stored row, the number of records in the file; the size of Styles is what counts
     bool ReservedFlag = false; // travels with every copy and through the file
     BYTE Level = 0;            // depth in the outline
     k_LineDefList Styles;      // position = file column

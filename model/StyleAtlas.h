@@ -42,7 +42,7 @@ public:
     // Gives the number of rows.
     INT_PTR BuildCatalogue();
 
-    // Moves the records of a Quantity, and of the SubQuantity and Device unless these are k_AnyQuantity, out of the
+    // Moves the records of a Quantity, and of the SubQuantity and Device unless these are k_Any, out of the
     // pool into a new one, in their order; null when there are none.
     static std::unique_ptr<k_QuantityPool> TakeMatching(k_QuantityPool& pool, WORD quantity, WORD subQuantity,
                                                         WORD device);
@@ -72,8 +72,8 @@ public:
     int Load(CString path);
 
     // Writes the table to the path, or, for an empty path, to FilePath; the path becomes FilePath when the whole file
-    // is on disk. Always false. A file that cannot be opened ends silently; a failure while the bytes go out raises
-    // the file exception, and the old file stands.
+    // is on disk. Always false. A file that cannot be opened ends silently, an exception out of the opening is told in
+    // a message; a failure while the bytes go out raises the file exception. The old file stands in each case.
     bool Save(CString path);
 
     // Makes the path FilePath and stores it in the registry; false for an empty path, which changes nothing.
@@ -82,11 +82,12 @@ public:
     // Changes the subkey and carries the file in use over to it.
     void SetRegistryPath(CString subKey);
 
-    // Moves to the settings of another user and loads that user's table.
+    // Moves to the settings in the user's root and the key below it, joined by one backslash, and loads the file that
+    // they name; settings that name none are given FilePath.
     void ChangeUserInfo(CString userRoot, CString subKey);
 
     DWORD Version = 1;
-    DWORD ColumnCount = 32; // as the file has it; at most 32 file columns are built or shown
+    DWORD ColumnCount = k_MaxFileColumns; // as the file has it; at most 32 file columns are built or shown
     k_QuantityList Rows;
     CString RegistryPath; // subkey below HKEY_USERS
     CString FilePath;     // of the layout file in use

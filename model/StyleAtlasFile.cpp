@@ -4,8 +4,9 @@
 
 #include <afxwin.h>
 #include <algorithm>
+#include <map>
 #include <new>
-#include <unordered_map>
+#include <tuple>
 
 namespace
 {
@@ -14,14 +15,17 @@ namespace
 // records do follow.
 constexpr int placesBelieved = 64;
 
-struct KeyHash {
-    std::size_t operator()(const QuantityKey& key) const noexcept
+// More rows than any unit library reports. A file that claims more is damaged, before it has taken the memory.
+constexpr DWORD mostRows = 1U << 18;
+
+// Any order will do, but for a hash, which a hostile file could defeat.
+struct KeyOrder {
+    bool operator()(const QuantityKey& first, const QuantityKey& second) const
     {
-        const ULONGLONG bits = (static_cast<ULONGLONG>(key.Quantity) << 48) ^
-                               (static_cast<ULONGLONG>(static_cast<WORD>(key.Device)) << 32) ^
-                               (static_cast<ULONGLONG>(key.SubQuantity) << 8) ^ key.Index ^
-                               (static_cast<ULONGLONG>(key.Flags) << 16);
-        return static_cast<std::size_t>((bits ^ (bits >> 29)) * 0x9E3779B97F4A7C15U);
+        const auto members = [](const QuantityKey& key) {
+            return std::tie(key.Quantity, key.SubQuantity, key.Device, key.Index, key.Flags);
+        };
+        return members(first) < members(second);
     }
 };
 
@@ -32,7 +36,6 @@ public:
     explicit RowIndex(const k_StyleAtlas& atlas)
     {
         const INT_PTR size = atlas.Rows.GetSize();
-        m_positions.reserve(static_cast<std::size_t>(size));
         for (INT_PTR i = 0; i < size; ++i) {
             if (const k_QuantityDesc* const pRow = atlas.GetRow(i))
                 PositionOf(*pRow, i);
@@ -48,7 +51,7 @@ public:
     }
 
 private:
-    std::unordered_map<QuantityKey, INT_PTR, KeyHash> m_positions;
+    std::map<QuantityKey, INT_PTR, KeyOrder> m_positions;
 };
 
 void WriteStyles(CArchive& ar, const k_LineDefList& styles)
@@ -112,6 +115,8 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
     ar >> Version >> ColumnCount >> stored;
     if (stored == 0)
         return;
+    if (stored > mostRows)
+        AfxThrowArchiveException(CArchiveException::genericException, nullptr);
     try {
         RowIndex index(*this);
         std::unique_ptr<k_QuantityDesc> row;

@@ -5,7 +5,6 @@
 
 #include <afxpriv.h>
 #include <afxwin.h>
-#include <exception>
 #include <shlobj.h>
 
 namespace
@@ -16,8 +15,8 @@ constexpr REGSAM settingsAccess = KEY_READ | KEY_WRITE;
 constexpr int pathBufferLength = 1024; // characters, with the terminator
 constexpr int archiveBufferSize = 4096;
 
-// A file beyond this is no layout file: it would hold some 390,000 rows of 32 records.
-constexpr ULONGLONG largestFile = 256ULL << 20;
+// A file beyond this is no layout file: it would hold some 97,000 rows of 32 records.
+constexpr ULONGLONG largestFile = 64ULL << 20;
 
 // A key of the registry with the value that names the layout file. Where it can't be opened the handle is null: what
 // is read then is not valid, and what is written is lost.
@@ -140,7 +139,7 @@ int k_StyleAtlas::Load(CString path)
         return 0;
     } catch (CException* e) {
         e->Delete();
-    } catch (const std::exception&) { // told below, like the framework's own
+    } catch (...) { // told below, like the framework's own
     }
     ShowLoadFailure();
     BuildCatalogue();

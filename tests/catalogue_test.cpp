@@ -135,7 +135,7 @@ TEST(TakeMatching, MovesTheRecordsInTheirOrder)
     for (const QuantityKey& key : {QuantityKey{1, 1, 0, 1, 0}, QuantityKey{2, 1, 0, 1, 0}, QuantityKey{1, 2, 0, 1, 0},
                                    QuantityKey{1, 1, 1, 2, 0}, QuantityKey{1, 1, 2, 1, 0}})
         pool.AddRecord(key);
-    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 3, k_AnyQuantity, k_AnyQuantity), nullptr);
+    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 3, k_Any, k_Any), nullptr);
     EXPECT_EQ(pool.GetSize(), 5);
     const auto taken = k_StyleAtlas::TakeMatching(pool, 1, 1, 1);
     ASSERT_EQ(taken->GetSize(), 2);
@@ -144,7 +144,7 @@ TEST(TakeMatching, MovesTheRecordsInTheirOrder)
     ASSERT_EQ(pool.GetSize(), 3);
     EXPECT_EQ(pool.GetAt(0)->Quantity, 2);
     EXPECT_EQ(pool.GetAt(2)->Device, 2);
-    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 1, k_AnyQuantity, k_AnyQuantity)->GetSize(), 2);
+    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 1, k_Any, k_Any)->GetSize(), 2);
 }
 
 } // namespace

@@ -286,7 +286,7 @@ TEST_F(Storage, AUserWithoutAValueInheritsAnEmptyPathToo)
 TEST_F(Storage, AFileTooLargeForALayoutIsDamaged)
 {
     test::WriteWhole(m_prefix.Native(defaultFile), StyledFile());
-    std::filesystem::resize_file(m_prefix.Native(defaultFile), (256ULL << 20) + 1); // no blocks of its own
+    std::filesystem::resize_file(m_prefix.Native(defaultFile), (64ULL << 20) + 1); // no blocks of its own
     EXPECT_EQ(m_atlas.Load({}), 1);
     EXPECT_TRUE(TableIsBare());
     EXPECT_EQ(m_messages.Messages().size(), 1U);

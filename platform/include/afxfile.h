@@ -80,14 +80,13 @@ private:
 
     // Makes at least nBytesNeeded unread bytes stand in the buffer, or raises endOfFile.
     void FillBuffer(UINT nBytesNeeded);
-    [[noreturn]] void ThrowWrongDirection() const;
+    void MakeRoom();
 
+    // One comparison for each value: of the wrong direction there is neither room nor anything to read.
     template <class Integer> CArchive& Put(Integer value)
     {
-        if (!IsStoring())
-            ThrowWrongDirection();
-        if (static_cast<std::size_t>(m_lpBufMax - m_lpBufCur) < sizeof value)
-            Flush();
+        if (m_lpWriteEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(sizeof value))
+            MakeRoom();
         std::memcpy(m_lpBufCur, &value, sizeof value);
         m_lpBufCur += sizeof value;
         return *this;
@@ -95,9 +94,7 @@ private:
 
     template <class Integer> CArchive& Get(Integer& value)
     {
-        if (!IsLoading())
-            ThrowWrongDirection();
-        if (static_cast<std::size_t>(m_lpBufMax - m_lpBufCur) < sizeof value)
+        if (m_lpReadEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(sizeof value))
             FillBuffer(sizeof value);
         std::memcpy(&value, m_lpBufCur, sizeof value);
         m_lpBufCur += sizeof value;
@@ -108,6 +105,7 @@ private:
     CFile* m_pFile;
     int m_nBufSize;
     std::unique_ptr<BYTE[]> m_lpBufStart;
-    BYTE* m_lpBufCur; // the next byte to read or to write
-    BYTE* m_lpBufMax; // end of the bytes read; of a store, end of the buffer
+    BYTE* m_lpBufCur;   // the next byte to read or to write
+    BYTE* m_lpReadEnd;  // of the bytes read; a store has none
+    BYTE* m_lpWriteEnd; // of the buffer; a load has no room
 };

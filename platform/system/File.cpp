@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <new>
+#include <optional>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,6 +37,12 @@ CFileException::Cause CauseOf(int error)
     default:
         return CFileException::genericException;
     }
+}
+
+bool HasSizeLimit()
+{
+    rlimit limit{};
+    return getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
 }
 
 std::string NativePathOf(LPCTSTR fileName)
@@ -102,14 +110,15 @@ void CFile::Write(const void* lpBuf, UINT nCount)
 {
     int error = 0;
     {
-        const SignalGuard guard;
+        // Of what this class opens, only a file past a limit raises a signal.
+        std::optional<SignalGuard> guard;
+        if (HasSizeLimit())
+            guard.emplace();
         UINT total = 0;
         while (total < nCount && error == 0) {
             const ssize_t put = write(m_hFile, static_cast<const BYTE*>(lpBuf) + total, nCount - total);
-            if (put > 0)
+            if (put >= 0)
                 total += static_cast<UINT>(put);
-            else if (put == 0) // a device that takes nothing and says nothing
-                error = EIO;
             else if (errno != EINTR)
                 error = errno;
         }

@@ -3,6 +3,6 @@
 
 #include <string_view>
 
-// Writes a line, its end included, in one piece. A reader that is gone doesn't end the host, and one that doesn't read
-// holds it up for a second at most; the line is lost then.
+// Writes a line, its end included: in one piece, unless it is longer than a pipe takes at once. A reader that
+// is gone doesn't end the host, and one that reads nothing for a second loses the rest of the line.
 void WriteToStandardError(std::string_view line) noexcept;
