@@ -1,5 +1,5 @@
-// The functions that a host calls. Each switches to the module's state and binds the unit library before it does its
-// own work, and lets no exception through to a host that could not catch it.
+// The functions that a host calls. Each switches to the module's state and binds the unit library before it
+// does its own work, and lets no exception through to a host that could not catch it.
 #include "ModuleObjects.h"
 
 #include <include/styleatlas.h>
@@ -29,8 +29,8 @@ const TCHAR* SubKeyOf(const TCHAR* hostName)
     return otherHostSubKey;
 }
 
-// Runs the body of an export between the module's state and the host; gives the failure where an exception comes out
-// of it, of whatever kind: the unit library's can be any.
+// Runs the body of an export between the module's state and the host; gives the failure where an exception
+// comes out of it, of whatever kind: the unit library's can be any.
 template <class Result, class Body> Result RunExport(Result failure, Body body)
 {
     AFX_MANAGE_STATE(AfxGetStaticModuleState());
@@ -52,7 +52,10 @@ template <class Body> void RunExport(Body body)
     });
 }
 
-void LoadTable() { g_StyleAtlas.Load(CString()); }
+void LoadTable()
+{
+    g_StyleAtlas.Load(CString());
+}
 
 } // namespace
 

@@ -16,11 +16,11 @@ public:
 
     WORD Reserved = 0; // travels with every copy and through the file
     COLORREF LineColor = 0;
-    COLORREF SymbolColor = 0; // outline, fill and dot
-    short SymbolShape = 0;    // number of k_SymbolShapes
-    short SymbolSize = 10;    // device units
-    short SymbolFill = 1;     // number of k_SymbolFills
-    short LineStyle = 0;      // number of k_LineStyles
-    short LineWidth = 1;      // device units
+    COLORREF SymbolColor = 0;    // outline, fill and dot
+    short SymbolShape = 0;       // number of k_SymbolShapes
+    short SymbolSize = 10;       // device units
+    short SymbolFill = 1;        // number of k_SymbolFills
+    short LineStyle = 0;         // number of k_LineStyles
+    short LineWidth = 1;         // device units
     bool UseSymbolColor = false; // a choice of the user's; the line is drawn in LineColor all the same
 };

@@ -53,8 +53,8 @@ inline constexpr k_NamedColor k_Palette[] = {
 };
 constexpr int k_PaletteSize = std::size(k_Palette);
 
-// The colours that the bulk rules give out: those of the palette, but black in the place of white, which would not
-// show. Past the end they go on from entry 1, round and round, so that no two neighbours are black.
+// The colours that the bulk rules give out: those of the palette, but black in the place of white, which
+// would not show. Past the end they go on from entry 1, round and round, so that no two neighbours are black.
 constexpr COLORREF GetRuleColor(INT_PTR entry)
 {
     constexpr COLORREF black = 0;

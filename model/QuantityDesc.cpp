@@ -1,14 +1,15 @@
 #include "QuantityDesc.h"
 
 k_QuantityDesc::k_QuantityDesc(QuantityKey key)
-    : Device(key.Device), Quantity(key.Quantity), SubQuantity(key.SubQuantity), Index(key.Index), Flags(key.Flags)
+    : Device(key.Device), Quantity(key.Quantity), SubQuantity(key.SubQuantity), Index(key.Index),
+      Flags(key.Flags)
 {
 }
 
 k_QuantityDesc::k_QuantityDesc(const k_QuantityDesc& source)
     : CObject(), Device(source.Device), Quantity(source.Quantity), SubQuantity(source.SubQuantity),
-      Index(source.Index), Flags(source.Flags), ColumnCount(source.ColumnCount), ReservedFlag(source.ReservedFlag),
-      Level(source.Level)
+      Index(source.Index), Flags(source.Flags), ColumnCount(source.ColumnCount),
+      ReservedFlag(source.ReservedFlag), Level(source.Level)
 {
     Styles.Assign(source.Styles);
 }

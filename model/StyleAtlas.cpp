@@ -1,9 +1,13 @@
 #include "StyleAtlas.h"
 
-#include <algorithm>
-#include <memory>
+#include "OwnedElement.h"
 
-k_StyleAtlas::~k_StyleAtlas() { Clear(); }
+#include <algorithm>
+
+k_StyleAtlas::~k_StyleAtlas()
+{
+    Clear();
+}
 
 void k_StyleAtlas::Clear()
 {
@@ -42,9 +46,7 @@ INT_PTR k_StyleAtlas::AddRow(QuantityKey key, BYTE level)
     row->Styles.SetSize(columns);
     for (int column = 0; column < columns; ++column)
         row->SetColumnStyle(column, new k_LineDef);
-    const INT_PTR index = Rows.Add(row.get());
-    static_cast<void>(row.release());
-    return index;
+    return AddOwned(Rows, std::move(row));
 }
 
 k_QuantityDesc* k_StyleAtlas::GetRow(INT_PTR row) const

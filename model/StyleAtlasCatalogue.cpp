@@ -50,8 +50,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<k_QuantityPool> k_StyleAtlas::TakeMatching(k_QuantityPool& pool, WORD quantity, WORD subQuantity,
-                                                           WORD device)
+std::unique_ptr<k_QuantityPool> k_StyleAtlas::TakeMatching(k_QuantityPool& pool, WORD quantity,
+                                                           WORD subQuantity, WORD device)
 {
     auto taken = std::make_unique<k_QuantityPool>();
     void** const records = pool.GetData();

@@ -1,5 +1,6 @@
-// The layout file: the writer and the reader of the atlas, of its rows and of their records, side by side. The format
-// is told in docs/layout-format.md.
+// The layout file: the writer and the reader of the atlas, of its rows and of their records, side by side.
+// The format is told in docs/layout-format.md.
+#include "OwnedElement.h"
 #include "StyleAtlas.h"
 
 #include <afxwin.h>
@@ -11,11 +12,12 @@
 namespace
 {
 
-// Places that a row gets at once, whatever number of records its file claims: the list grows beyond them only as
-// records do follow.
+// Places that a row gets at once, whatever number of records its file claims: the list grows beyond them only
+// as records do follow.
 constexpr int placesBelieved = 64;
 
-// More rows than any unit library reports. A file that claims more is damaged, before it has taken the memory.
+// More rows than any unit library reports. A file that claims more is damaged, before it has taken the
+// memory.
 constexpr DWORD mostRows = 1U << 18;
 
 // Any order will do, but for a hash, which a hostile file could defeat.
@@ -29,7 +31,8 @@ struct KeyOrder {
     }
 };
 
-// Where each key stands first in the table. It finds what a walk from the first row would find, without the walk.
+// Where each key stands first in the table. It finds what a walk from the first row would find, without the
+// walk.
 class RowIndex
 {
 public:
@@ -127,11 +130,10 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
             const INT_PTR end = Rows.GetSize();
             const INT_PTR position = index.PositionOf(*row, end);
             if (position == end) {
-                Rows.Add(row.get());
-                static_cast<void>(row.release());
+                AddOwned(Rows, std::move(row));
             } else {
-                // The row that has to go is the next to be read into: a table over a catalogue takes no second
-                // set of records.
+                // The row that has to go is the next to be read into: a table over a catalogue takes no
+                // second set of records.
                 k_QuantityDesc* const pReplaced = GetRow(position);
                 Rows.SetAt(position, row.release());
                 row.reset(pReplaced);
@@ -158,8 +160,8 @@ void k_QuantityDesc::Serialize(CArchive& ar)
 void k_LineDef::Serialize(CArchive& ar)
 {
     if (ar.IsStoring()) {
-        ar << Reserved << LineColor << SymbolColor << SymbolShape << SymbolSize << SymbolFill << LineStyle << LineWidth
-           << UseSymbolColor;
+        ar << Reserved << LineColor << SymbolColor << SymbolShape << SymbolSize << SymbolFill << LineStyle
+           << LineWidth << UseSymbolColor;
     } else {
         ar >> Reserved >> LineColor >> SymbolColor >> SymbolShape >> SymbolSize >> SymbolFill >> LineStyle >>
             LineWidth >> UseSymbolColor;

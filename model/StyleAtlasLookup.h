@@ -1,5 +1,5 @@
-// The lookup of a style, which a host asks for each curve that it draws. It stands in a header so that it becomes part
-// of the export: a call of its own would cost as much as a short search.
+// The lookup of a style, which a host asks for each curve that it draws. It stands in a header so that it
+// becomes part of the export: a call of its own would cost as much as a short search.
 #pragma once
 
 #include "StyleAtlas.h"

@@ -18,8 +18,8 @@ constexpr int archiveBufferSize = 4096;
 // A file beyond this is no layout file: it would hold some 97,000 rows of 32 records.
 constexpr ULONGLONG largestFile = 64ULL << 20;
 
-// A key of the registry with the value that names the layout file. Where it can't be opened the handle is null: what
-// is read then is not valid, and what is written is lost.
+// A key of the registry with the value that names the layout file. Where it can't be opened the handle is
+// null: what is read then is not valid, and what is written is lost.
 class SettingsKey
 {
 public:
@@ -43,7 +43,8 @@ public:
             Create();
     }
 
-    // False, and nothing, unless the value is a text: with its terminator, or of size 0, which is the empty text.
+    // False, and nothing, unless the value is a text: with its terminator, or of size 0, which is the empty
+    // text.
     bool ReadPath(CString& path) const
     {
         TCHAR buffer[pathBufferLength] = {};
@@ -109,7 +110,8 @@ bool OpenForReading(CFile& file, const CString& path)
 
 void ShowLoadFailure()
 {
-    const TCHAR* const text = g_Language.GetUnStrippedText(_T("Cannot load style atlas."), k_LanguageSection, true);
+    const TCHAR* const text =
+        g_Language.GetUnStrippedText(_T("Cannot load style atlas."), k_LanguageSection, true);
     const TCHAR* const caption = g_Language.GetUnStrippedText(_T("Error"), _T("Language"), true);
     MessageBoxW(nullptr, text, caption, MB_ICONEXCLAMATION);
 }

@@ -18,8 +18,11 @@ struct k_LineStyleName {
     const TCHAR* Name;
 };
 inline constexpr k_LineStyleName k_LineStyles[] = {
-    {PS_SOLID, _T("solid")},         {PS_DASH, _T("dashed")},
-    {PS_DOT, _T("dotted")},          {PS_DASHDOT, _T("dash dotted")},
-    {PS_DASHDOTDOT, _T("dahs dot dot")}, {PS_NULL, _T("no line")},
+    {PS_SOLID, _T("solid")},
+    {PS_DASH, _T("dashed")},
+    {PS_DOT, _T("dotted")},
+    {PS_DASHDOT, _T("dash dotted")},
+    {PS_DASHDOTDOT, _T("dahs dot dot")},
+    {PS_NULL, _T("no line")},
 };
 constexpr int k_LineStyleCount = std::size(k_LineStyles);

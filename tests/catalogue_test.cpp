@@ -18,8 +18,8 @@ struct Row {
     friend bool operator==(const Row&, const Row&) = default;
     friend std::ostream& operator<<(std::ostream& out, const Row& row)
     {
-        return out << '(' << row.Quantity << ' ' << row.SubQuantity << ' ' << row.Index << ' ' << row.Device << ' '
-                   << row.Flags << " level " << row.Level << ')';
+        return out << '(' << row.Quantity << ' ' << row.SubQuantity << ' ' << row.Index << ' ' << row.Device
+                   << ' ' << row.Flags << " level " << row.Level << ')';
     }
 };
 
@@ -111,10 +111,8 @@ TEST(Catalogue, GroupsStandInOrderOfFirstAppearance)
 TEST(Catalogue, AnEntryWithoutDeviceGathersItsQuantityFromAllDevices)
 {
     EXPECT_EQ(Outline({{1, 10, 1, 0, 0}, {65535, 10, 1, 0, 0}, {2, 10, 2, 0, 0}}),
-              (std::vector<Row>{{10, 1, 0, 1, 0, 0},
-                                {10, 65535, 0, -1, 0, 0},
-                                {10, 1, 0, -1, 0, 1},
-                                {10, 2, 0, 2, 0, 1}}));
+              (std::vector<Row>{
+                  {10, 1, 0, 1, 0, 0}, {10, 65535, 0, -1, 0, 0}, {10, 1, 0, -1, 0, 1}, {10, 2, 0, 2, 0, 1}}));
 }
 
 TEST(Catalogue, ARebuildStartsAnewAndKeepsThePaths)
@@ -132,8 +130,9 @@ TEST(Catalogue, ARebuildStartsAnewAndKeepsThePaths)
 TEST(TakeMatching, MovesTheRecordsInTheirOrder)
 {
     k_QuantityPool pool;
-    for (const QuantityKey& key : {QuantityKey{1, 1, 0, 1, 0}, QuantityKey{2, 1, 0, 1, 0}, QuantityKey{1, 2, 0, 1, 0},
-                                   QuantityKey{1, 1, 1, 2, 0}, QuantityKey{1, 1, 2, 1, 0}})
+    for (const QuantityKey& key :
+         {QuantityKey{1, 1, 0, 1, 0}, QuantityKey{2, 1, 0, 1, 0}, QuantityKey{1, 2, 0, 1, 0},
+          QuantityKey{1, 1, 1, 2, 0}, QuantityKey{1, 1, 2, 1, 0}})
         pool.AddRecord(key);
     EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 3, k_Any, k_Any), nullptr);
     EXPECT_EQ(pool.GetSize(), 5);

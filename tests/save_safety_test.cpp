@@ -9,7 +9,10 @@
 #include <string_view>
 #include <sys/stat.h>
 
+#include <array>
+#include <cstring>
 #include <gtest/gtest.h>
+#include <sys/xattr.h>
 
 namespace
 {
@@ -216,6 +219,30 @@ TEST_F(SaveTest, PermissionsStayWhateverTheMask)
 }
 
 // Where the folder takes no new file, or lets nobody replace another's, the file itself can still be written.
+TEST_F(SaveTest, AnAccessListStays)
+{
+    // The owner and user 1234 may write, the group and everybody else nothing: the mask shows as the group's
+    // rights.
+    struct Entry {
+        std::uint16_t Tag;
+        std::uint16_t Rights;
+        std::uint32_t Id;
+    };
+    struct List {
+        std::uint32_t Version = 2;
+        Entry Entries[5] = {{1, 6, ~0U}, {2, 6, 1234}, {4, 0, ~0U}, {16, 6, ~0U}, {32, 0, ~0U}};
+    };
+    constexpr const char* name = "system.posix_acl_access";
+    const List list;
+    if (setxattr(file.c_str(), name, &list, sizeof list, 0) != 0)
+        GTEST_SKIP() << "the file system has no access lists";
+    ASSERT_EQ(Save(drivePath, "new"), saved);
+    std::array<char, 256> after{};
+    ASSERT_EQ(getxattr(file.c_str(), name, after.data(), after.size()), static_cast<ssize_t>(sizeof list));
+    EXPECT_EQ(std::memcmp(after.data(), &list, sizeof list), 0);
+    EXPECT_EQ(Mode(), 0660U);
+}
+
 TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
 {
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()));

@@ -2,11 +2,11 @@
 //
 // Texts are looked up by section and text in compiled gettext catalogues of the domain "glossa", the section
 // being the message context. The user's environment names the languages (LC_ALL, LC_MESSAGES or LANG;
-// with a locale other than "C", LANGUAGE goes before them), whether or not the program has called setlocale and whether or not such a locale is installed.
-// English stands behind every other language; its catalogue names what a program has only a key for. The
-// catalogues are read at the first lookup, from the folder in the environment variable GLOSSA_LOCALEDIR, else
-// from the one that is installed with the library. A catalogue that cannot be used is told on standard error
-// and left out.
+// with a locale other than "C", LANGUAGE goes before them), whether or not the program has called setlocale
+// and whether or not such a locale is installed. English stands behind every other language; its catalogue
+// names what a program has only a key for. The catalogues are read at the first lookup, from the folder in
+// the environment variable GLOSSA_LOCALEDIR, else from the one that is installed with the library. A
+// catalogue that cannot be used is told on standard error and left out.
 #pragma once
 
 #include <memory>

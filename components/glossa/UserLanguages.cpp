@@ -32,7 +32,10 @@ std::string_view Variable(const char* name)
     return value != nullptr ? value : "";
 }
 
-bool IsNoLanguage(std::string_view locale) { return locale.empty() || locale == "C" || locale == "POSIX"; }
+bool IsNoLanguage(std::string_view locale)
+{
+    return locale.empty() || locale == "C" || locale == "POSIX";
+}
 
 // A user without a language wants the texts as they are, whatever the list says.
 std::string_view Wanted()

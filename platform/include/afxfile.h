@@ -7,7 +7,8 @@
 #include <cstring>
 #include <memory>
 
-// A file, opened by a path of the drives or a native one. Any failure but that of Open raises the file exception.
+// A file, opened by a path of the drives or a native one. Any failure but that of Open raises the file
+// exception.
 class CFile : public CObject
 {
 public:
@@ -16,8 +17,8 @@ public:
     CFile() = default;
     ~CFile() override; // closes; what fails then is lost
 
-    // Reading takes ordinary files only, so that no device or pipe can hold up the caller. modeCreate empties a file
-    // that exists. False when the file can't be opened.
+    // Reading takes ordinary files only, so that no device or pipe can hold up the caller. modeCreate empties
+    // a file that exists. False when the file can't be opened.
     virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags);
     virtual UINT Read(void* lpBuf, UINT nCount); // fewer bytes only at the end of the file
     virtual void Write(const void* lpBuf, UINT nCount);
@@ -29,15 +30,17 @@ public:
 protected:
     static constexpr int hFileNull = -1;
 
-    BOOL OpenNative(const std::string& path, int flags);
+    static constexpr UINT newFileMode = 0666; // less what the user's mask takes away
+
+    BOOL OpenNative(const std::string& path, int flags, UINT mode = newFileMode);
     [[noreturn]] void ThrowSystemError(int error) const;
 
     int m_hFile = hFileNull;
     CString m_strFileName;
 };
 
-// A byte buffer over a file: integers go in and out in little-endian order, one after the other. It doesn't own the
-// file. A store that isn't closed is flushed on destruction, unless bNoFlushOnDelete was asked for.
+// A byte buffer over a file: integers go in and out in little-endian order, one after the other. It doesn't
+// own the file. A store that isn't closed is flushed on destruction, unless bNoFlushOnDelete was asked for.
 class CArchive
 {
 public:
@@ -50,11 +53,9 @@ public:
 
     BOOL IsLoading() const { return (m_nMode & load) != 0; }
     BOOL IsStoring() const { return (m_nMode & load) == 0; }
-    CFile* GetFile() const { return m_pFile; }
 
     void Flush(); // a store: empties the buffer into the file
     void Close(); // flushes and lets the file go
-    void Abort(); // lets the file go without a flush
 
     CArchive& operator<<(BYTE by) { return Put(by); }
     CArchive& operator<<(WORD w) { return Put(w); }
@@ -76,7 +77,8 @@ public:
     }
 
 private:
-    static_assert(std::endian::native == std::endian::little, "the stream is little-endian, and so is the machine");
+    static_assert(std::endian::native == std::endian::little,
+                  "the stream is little-endian, and so is the machine");
 
     // Makes at least nBytesNeeded unread bytes stand in the buffer, or raises endOfFile.
     void FillBuffer(UINT nBytesNeeded);

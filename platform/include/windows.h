@@ -1,5 +1,6 @@
-// The part of the Windows interface that the library uses and that needs no window: types, run-time modules, the
-// registry, message boxes. Names, values and contracts are those of Windows; the bodies are in platform/system.
+// The part of the Windows interface that the library uses and that needs no window: types, run-time modules,
+// the registry, message boxes. Names, values and contracts are those of Windows; the bodies are in
+// platform/system.
 #pragma once
 
 #include <cstddef>
@@ -18,14 +19,12 @@ using LONG = std::int32_t;
 using ULONGLONG = std::uint64_t;
 using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
-using LONG_PTR = std::intptr_t;
 using COLORREF = DWORD; // red in the lowest byte, then green, then blue
 using HRESULT = LONG;
 
 using WCHAR = char16_t;
 using TCHAR = WCHAR;
 using LPCTSTR = const TCHAR*;
-using LPTSTR = TCHAR*;
 using LPCWSTR = const WCHAR*;
 using LPWSTR = WCHAR*;
 
@@ -36,7 +35,6 @@ constexpr int MAX_PATH = 260;
 using HANDLE = void*;
 using HWND = struct HWND__*;
 using HMODULE = struct HINSTANCE__*;
-using HINSTANCE = HMODULE;
 using HKEY = struct HKEY__*;
 using FARPROC = void (*)();
 
@@ -73,11 +71,12 @@ int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identif
 
 // ---- Run-time modules
 
-// Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when there is
-// none. A module stays loaded until the process ends.
+// Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when
+// there is none. A module stays loaded until the process ends.
 HMODULE LoadLibraryW(LPCWSTR fileName);
 
-// Gives an entry of a module: from its table ModuleExports, else from the loader. Null when it has none of that name.
+// Gives an entry of a module: from its table ModuleExports, else from the loader. Null when it has none of
+// that name.
 FARPROC GetProcAddress(HMODULE module, const char* name);
 
 // An entry of a module's table of exports, for names that no linker takes. The table is
@@ -94,7 +93,8 @@ constexpr UINT MB_OK = 0;
 constexpr UINT MB_ICONEXCLAMATION = 48;
 constexpr int IDOK = 1;
 
-// Shows a message and waits for the user; where there is no display, writes it to standard error and returns IDOK.
+// Shows a message and waits for the user, where a user interface has been put in place for that; else writes
+// it to standard error and returns IDOK.
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
 // Gives the number of the message of this name, the same at every call, 0xC000 or above; 0 on failure.
@@ -102,9 +102,10 @@ UINT RegisterWindowMessageW(LPCWSTR name);
 
 // ---- Registry
 //
-// Keys are found without regard to the case of A to Z and keep the spelling they were created with; empty parts of a
-// path are passed over. A path of more than 512 levels or 32767 characters gives ERROR_INVALID_PARAMETER, and a value
-// holds at most 16 MiB. Every function returns ERROR_SUCCESS or tells what failed.
+// Keys are found without regard to the case of A to Z and keep the spelling they were created with; empty
+// parts of a path are passed over. A path of more than 512 levels or 32767 characters gives
+// ERROR_INVALID_PARAMETER, and a value holds at most 16 MiB. Every function returns ERROR_SUCCESS or tells
+// what failed.
 
 using REGSAM = DWORD;
 inline const HKEY HKEY_USERS = reinterpret_cast<HKEY>(static_cast<UINT_PTR>(0x80000003)); // NOLINT
@@ -116,13 +117,13 @@ constexpr DWORD REG_BINARY = 3;
 
 LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD options, REGSAM access, HKEY* key);
 
-// Opens the key, after creating it and all keys above it where they are missing. No class, options or security
-// attributes are kept.
+// Opens the key, after creating it and all keys above it where they are missing. No class, options or
+// security attributes are kept.
 LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD reserved, LPWSTR keyClass, DWORD options, REGSAM access,
                      void* security, HKEY* key, DWORD* disposition);
 
-// Reads a value into a buffer of *size bytes and stores its size there. A value that is longer than the buffer gives
-// ERROR_MORE_DATA and leaves the buffer alone.
+// Reads a value into a buffer of *size bytes and stores its size there. A value that is longer than the
+// buffer gives ERROR_MORE_DATA and leaves the buffer alone.
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
 
 // Stores a value of size bytes; it is on disk when the call returns.

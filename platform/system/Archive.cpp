@@ -11,8 +11,9 @@ constexpr int leastBufferSize = 128; // holds every integer, with some to spare
 } // namespace
 
 CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize)
-    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(nBufSize), m_lpBufStart(new (std::nothrow) BYTE[nBufSize]),
-      m_lpBufCur(m_lpBufStart.get()), m_lpReadEnd(m_lpBufCur), m_lpWriteEnd(m_lpBufCur)
+    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(std::max(nBufSize, leastBufferSize)),
+      m_lpBufStart(new (std::nothrow) BYTE[m_nBufSize]), m_lpBufCur(m_lpBufStart.get()),
+      m_lpReadEnd(m_lpBufCur), m_lpWriteEnd(m_lpBufCur)
 {
     if (!m_lpBufStart)
         AfxThrowMemoryException();
@@ -44,8 +45,6 @@ void CArchive::Close()
     Flush();
     m_pFile = nullptr;
 }
-
-void CArchive::Abort() { m_pFile = nullptr; }
 
 void CArchive::MakeRoom()
 {

@@ -1,12 +1,12 @@
 #include <afx.h>
 
+#include "Memory.h"
 #include "Paths.h"
 #include "SignalGuard.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
-#include <new>
 #include <optional>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -15,7 +15,6 @@
 namespace
 {
 
-constexpr mode_t newFileMode = 0666;      // less what the user's mask takes away
 constexpr int commonFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK; // no file that is opened may hold up the host
 
 CFileException::Cause CauseOf(int error)
@@ -45,15 +44,6 @@ bool HasSizeLimit()
     return getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
 }
 
-std::string NativePathOf(LPCTSTR fileName)
-{
-    try {
-        return NativePath(fileName);
-    } catch (const std::bad_alloc&) {
-        AfxThrowMemoryException();
-    }
-}
-
 } // namespace
 
 CFile::~CFile()
@@ -66,22 +56,23 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 {
     const int create = (nOpenFlags & modeCreate) != 0 ? O_CREAT | O_TRUNC : 0;
     const int flags = (nOpenFlags & modeWrite) != 0 ? O_WRONLY | create : O_RDONLY;
-    if (!OpenNative(NativePathOf(lpszFileName), flags))
+    if (!OpenNative(WithFrameworkMemory([&] { return NativePath(lpszFileName); }), flags))
         return FALSE;
     m_strFileName = lpszFileName;
     return TRUE;
 }
 
-BOOL CFile::OpenNative(const std::string& path, int flags)
+BOOL CFile::OpenNative(const std::string& path, int flags, UINT mode)
 {
     CFile::Abort();
-    const int file = open(path.c_str(), flags | commonFlags, newFileMode);
+    const int file = open(path.c_str(), flags | commonFlags, mode);
     if (file < 0)
         return FALSE;
-    struct stat status{};
+    struct stat status {
+    };
     const bool writing = (flags & O_ACCMODE) != O_RDONLY;
-    const bool fit = fstat(file, &status) == 0 &&
-                     (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
+    const bool fit =
+        fstat(file, &status) == 0 && (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
     if (!fit) {
         close(file);
         return FALSE;
@@ -117,8 +108,10 @@ void CFile::Write(const void* lpBuf, UINT nCount)
         UINT total = 0;
         while (total < nCount && error == 0) {
             const ssize_t put = write(m_hFile, static_cast<const BYTE*>(lpBuf) + total, nCount - total);
-            if (put >= 0)
+            if (put > 0)
                 total += static_cast<UINT>(put);
+            else if (put == 0) // a device that takes nothing and says nothing
+                error = EIO;
             else if (errno != EINTR)
                 error = errno;
         }
@@ -129,7 +122,8 @@ void CFile::Write(const void* lpBuf, UINT nCount)
 
 ULONGLONG CFile::GetLength() const
 {
-    struct stat status{};
+    struct stat status {
+    };
     if (fstat(m_hFile, &status) != 0)
         ThrowSystemError(errno);
     return static_cast<ULONGLONG>(status.st_size);
@@ -153,4 +147,7 @@ void CFile::Abort()
     m_hFile = hFileNull;
 }
 
-void CFile::ThrowSystemError(int error) const { AfxThrowFileException(CauseOf(error), error, m_strFileName); }
+void CFile::ThrowSystemError(int error) const
+{
+    AfxThrowFileException(CauseOf(error), error, m_strFileName);
+}

@@ -16,7 +16,9 @@ class Descriptor
 {
 public:
     // Without O_NONBLOCK a pipe would hold up the caller until somebody writes into it.
-    explicit Descriptor(const char* path) : m_file(open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK)) {}
+    explicit Descriptor(const char* path) : m_file(open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK))
+    {
+    }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor()
@@ -38,7 +40,8 @@ const char* ReadWholeFile(const std::string& nativePath, std::size_t mostBytes, 
     const Descriptor file(nativePath.c_str());
     if (file.Get() < 0)
         return std::strerror(errno);
-    struct stat status{};
+    struct stat status {
+    };
     if (fstat(file.Get(), &status) != 0)
         return std::strerror(errno);
     if (!S_ISREG(status.st_mode))

@@ -10,7 +10,10 @@ AFX_MODULE_STATE* AfxGetModuleState()
     return AFX_MAINTAIN_STATE2::s_pInForce ? AFX_MAINTAIN_STATE2::s_pInForce : &afxModuleState;
 }
 
-CWinApp* AfxGetApp() { return AfxGetModuleState()->m_pCurrentWinApp; }
+CWinApp* AfxGetApp()
+{
+    return AfxGetModuleState()->m_pCurrentWinApp;
+}
 
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
 {
@@ -19,13 +22,25 @@ const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
     return &map;
 }
 
-const AFX_MSGMAP* CCmdTarget::GetMessageMap() const { return GetThisMessageMap(); }
+const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
+{
+    return GetThisMessageMap();
+}
 
-BOOL CWinThread::InitInstance() { return TRUE; }
+BOOL CWinThread::InitInstance()
+{
+    return TRUE;
+}
 
-int CWinThread::ExitInstance() { return 0; }
+int CWinThread::ExitInstance()
+{
+    return 0;
+}
 
-CWinApp::CWinApp() { afxModuleState.m_pCurrentWinApp = this; }
+CWinApp::CWinApp()
+{
+    afxModuleState.m_pCurrentWinApp = this;
+}
 
 CWinApp::~CWinApp()
 {

@@ -1,5 +1,5 @@
-// The outside of the model in a test: a unit library that reports what the test says. The module's objects that the
-// model reaches are defined here too.
+// The outside of the model in a test: a unit library that reports what the test says. The module's objects
+// that the model reaches are defined here too.
 #pragma once
 
 #include <model/StyleAtlasLookup.h>
