@@ -8,6 +8,7 @@
 #include <map>
 #include <new>
 #include <tuple>
+#include <utility>
 
 namespace
 {
@@ -130,7 +131,7 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
             const INT_PTR end = Rows.GetSize();
             const INT_PTR position = index.PositionOf(*row, end);
             if (position == end) {
-                AddOwned(Rows, std::move(row));
+                AddOwned(Rows, std::exchange(row, nullptr));
             } else {
                 // The row that has to go is the next to be read into: a table over a catalogue takes no
                 // second set of records.
