@@ -8,6 +8,11 @@ namespace
 
 constinit std::atomic<std::size_t> allocations{0};
 
+void Count()
+{
+    allocations.fetch_add(1, std::memory_order_relaxed);
+}
+
 } // namespace
 
 namespace bench
@@ -20,6 +25,7 @@ std::size_t AllocationCount()
 
 } // namespace bench
 
+#pragma GCC visibility push(default)
 extern "C" {
 
 void* __libc_malloc(std::size_t size);                          // NOLINT(bugprone-reserved-identifier)
@@ -27,28 +33,22 @@ void* __libc_calloc(std::size_t count, std::size_t size);       // NOLINT(bugpro
 void* __libc_realloc(void* block, std::size_t size);            // NOLINT(bugprone-reserved-identifier)
 void* __libc_memalign(std::size_t alignment, std::size_t size); // NOLINT(bugprone-reserved-identifier)
 
-[[gnu::visibility("default")]] void* malloc(std::size_t size)
+void* malloc(std::size_t size)
 {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    return __libc_malloc(size);
+    return Count(), __libc_malloc(size);
 }
-
-[[gnu::visibility("default")]] void* calloc(std::size_t count, std::size_t size)
+void* calloc(std::size_t count, std::size_t size)
 {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    return __libc_calloc(count, size);
+    return Count(), __libc_calloc(count, size);
 }
-
-[[gnu::visibility("default")]] void* realloc(void* block, std::size_t size)
+void* realloc(void* block, std::size_t size)
 {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    return __libc_realloc(block, size);
+    return Count(), __libc_realloc(block, size);
 }
-
-[[gnu::visibility("default")]] void* aligned_alloc(std::size_t alignment, std::size_t size)
+void* aligned_alloc(std::size_t alignment, std::size_t size)
 {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    return __libc_memalign(alignment, size);
+    return Count(), __libc_memalign(alignment, size);
 }
 
 } // extern "C"
+#pragma GCC visibility pop

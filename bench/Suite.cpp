@@ -72,7 +72,7 @@ void Suite::PrintTable(std::string_view title, std::string_view unit) const
 {
     std::printf("\n%.*s (medians, ns %.*s)\n", static_cast<int>(title.size()), title.data(),
                 static_cast<int>(unit.size()), unit.data());
-    std::printf("%-36s %-24s %12s %12s %7s %8s  %s\n", "case", "peer", "ours", "peer", "ratio", "goal",
+    std::printf("%-30s %-33s %12s %12s %7s %8s  %s\n", "case", "peer", "ours", "peer", "ratio", "goal",
                 "met");
     for (const Comparison& comparison : m_comparisons)
         PrintLine(comparison);
@@ -83,13 +83,13 @@ void Suite::PrintLine(const Comparison& comparison) const
     const auto ours = m_medians.find(comparison.Ours);
     const auto peer = m_medians.find(comparison.Peer);
     if (ours == m_medians.end() || peer == m_medians.end()) {
-        std::printf("%-36s %-24s not run\n", comparison.Name.c_str(), comparison.Peer.c_str());
+        std::printf("%-30s %-33s not run\n", comparison.Name.c_str(), comparison.Peer.c_str());
         return;
     }
     const double oursTime = ours->second / m_rows.at(comparison.Ours);
     const double peerTime = peer->second / m_rows.at(comparison.Peer);
     const double ratio = oursTime / peerTime;
-    std::printf("%-36s %-24s %12.1f %12.1f %7.2f ", comparison.Name.c_str(), comparison.Peer.c_str(),
+    std::printf("%-30s %-33s %12.1f %12.1f %7.2f ", comparison.Name.c_str(), comparison.Peer.c_str(),
                 oursTime, peerTime, ratio);
     if (comparison.Goal == 0)
         std::printf("%8s  %s\n", "-", "-");

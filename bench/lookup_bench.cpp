@@ -1,7 +1,7 @@
 // GetStyleAtlas, called through the library as a host calls it, against the bare loop; and its allocations:
 // none.
 #include "AllocationCount.h"
-#include "BareLoop.h"
+#include "PeerTable.h"
 #include "Suite.h"
 #include "TempFolder.h"
 
@@ -30,13 +30,7 @@ constexpr std::int16_t column = 7;
 
 struct Answer {
     int Found = 0;
-    std::uint32_t SymbolColor = 0;
-    std::int16_t SymbolShape = 0;
-    std::int16_t SymbolSize = 0;
-    std::int16_t SymbolFill = 0;
-    std::uint32_t LineColor = 0;
-    std::int16_t LineStyle = 0;
-    std::int16_t LineWidth = 0;
+    bench::PlainStyle Style;
     std::uint8_t UseSymbolColor = 0;
 
     friend bool operator==(const Answer&, const Answer&) = default;
@@ -45,9 +39,10 @@ struct Answer {
 // Calls straight, not through a pointer: the library's function takes the way through the linkage table.
 template <auto Lookup> void Ask(std::uint16_t quantity, std::int16_t fileColumn, Answer& answer)
 {
-    answer.Found = Lookup(fileColumn, quantity, subQuantity, index, device, flags, &answer.SymbolColor,
-                          &answer.SymbolShape, &answer.SymbolSize, &answer.SymbolFill, &answer.LineColor,
-                          &answer.LineStyle, &answer.LineWidth, &answer.UseSymbolColor);
+    bench::PlainStyle& style = answer.Style;
+    answer.Found = Lookup(fileColumn, quantity, subQuantity, index, device, flags, &style.SymbolColor,
+                          &style.SymbolShape, &style.SymbolSize, &style.SymbolFill, &style.LineColor,
+                          &style.LineStyle, &style.LineWidth, &answer.UseSymbolColor);
 }
 
 template <auto Lookup> void Measure(benchmark::State& state, std::uint16_t quantity)
@@ -91,15 +86,8 @@ bench::PlainTable CopyLibraryTable(std::size_t rows)
         for (std::int16_t i = 0; i < bench::plainColumns; ++i) {
             Answer answer;
             Ask<GetStyleAtlas>(QuantityOfRow(row), i, answer);
-            bench::PlainStyle& style = *table[row]->Styles[static_cast<std::size_t>(i)];
-            style.SymbolColor = answer.SymbolColor;
-            style.SymbolShape = answer.SymbolShape;
-            style.SymbolSize = answer.SymbolSize;
-            style.SymbolFill = answer.SymbolFill;
-            style.LineColor = answer.LineColor;
-            style.LineStyle = answer.LineStyle;
-            style.LineWidth = answer.LineWidth;
-            style.UseSymbolColor = answer.UseSymbolColor != 0;
+            answer.Style.UseSymbolColor = answer.UseSymbolColor != 0;
+            *table[row]->Styles[static_cast<std::size_t>(i)] = answer.Style;
         }
     }
     return table;

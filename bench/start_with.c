@@ -1,7 +1,7 @@
 /* A host that names itself, asks for one style and ends; 0 when it got one. */
 #include <styleatlas.h>
 
-enum { powerQuantity = 32, rms = 3 };
+enum { activePower = 32, ofPhase1 = 1, analyser = 4, isOfPhase = 2 };
 
 int main(void)
 {
@@ -14,8 +14,8 @@ int main(void)
     int16_t lineWidth;
     uint8_t useSymbolColor;
     StyleAtlasSetApplication(u"Bench");
-    return GetStyleAtlas(0, powerQuantity, rms, 0, 0, 0, &symbolColor, &symbolShape, &symbolSize, &symbolFill,
-                         &lineColor, &lineStyle, &lineWidth, &useSymbolColor) == 1
+    return GetStyleAtlas(0, activePower, 0, ofPhase1, analyser, isOfPhase, &symbolColor, &symbolShape,
+                         &symbolSize, &symbolFill, &lineColor, &lineStyle, &lineWidth, &useSymbolColor) == 1
                ? 0
                : 1;
 }

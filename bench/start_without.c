@@ -1,2 +1,5 @@
 /* The same program without the library: what it costs to start and to end a process. */
-int main(void) { return 0; }
+int main(void)
+{
+    return 0;
+}

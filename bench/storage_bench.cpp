@@ -1,6 +1,5 @@
 // The catalogue, and the layout file written and read, against JSON and against bare loops.
-#include "BareStore.h"
-#include "JsonStore.h"
+#include "PeerStore.h"
 #include "ScriptedModel.h"
 #include "Suite.h"
 #include "TempFolder.h"

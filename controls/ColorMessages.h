@@ -1,5 +1,5 @@
-// The registered messages that pass between colour popup, colour button and dialog. The wParam of each is a COLORREF;
-// the lParam is 0 from the popup and the control id from the button.
+// The registered messages that pass between colour popup, colour button and dialog. The wParam of each is a
+// COLORREF; the lParam is 0 from the popup and the control id from the button.
 #pragma once
 
 #include <windows.h>

@@ -1,9 +1,9 @@
-// The functions that a host calls. Each switches to the module's state and binds the unit library before it does its
-// own work, and lets no exception through to a host that could not catch it.
+// The functions that a host calls. Each switches to the module's state and binds the unit library before it
+// does its own work, and lets no exception through to a host that could not catch it.
 #include "ModuleObjects.h"
 
-#include <exception>
 #include <include/styleatlas.h>
+#include <model/StyleAtlasLookup.h>
 
 namespace
 {
@@ -29,7 +29,8 @@ const TCHAR* SubKeyOf(const TCHAR* hostName)
     return otherHostSubKey;
 }
 
-// Runs the body of an export; gives the failure where an exception comes out of it.
+// Runs the body of an export between the module's state and the host; gives the failure where an exception
+// comes out of it, of whatever kind: the unit library's can be any.
 template <class Result, class Body> Result RunExport(Result failure, Body body)
 {
     AFX_MANAGE_STATE(AfxGetStaticModuleState());
@@ -38,12 +39,23 @@ template <class Result, class Body> Result RunExport(Result failure, Body body)
         return body();
     } catch (CException* e) {
         e->Delete();
-    } catch (const std::exception&) { // the result says it
+    } catch (...) { // nobody is left who could be told more than the table does
     }
     return failure;
 }
 
-void LoadTable() { g_StyleAtlas.Load(CString()); }
+template <class Body> void RunExport(Body body)
+{
+    RunExport(0, [&body] {
+        body();
+        return 0;
+    });
+}
+
+void LoadTable()
+{
+    g_StyleAtlas.Load(CString());
+}
 
 } // namespace
 
@@ -81,32 +93,27 @@ int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, ui
 
 void StyleAtlasChangeUserInfo(const char16_t* userRoot, const char16_t* subKey)
 {
-    RunExport(false, [&] {
+    RunExport([&] {
         const CString root = userRoot;
         const CString key = subKey;
         g_StyleAtlas.ChangeUserInfo(root, key);
-        return true;
     });
 }
 
 void StyleAtlasSetApplication(const char16_t* applicationName)
 {
-    RunExport(false, [&] {
+    RunExport([&] {
         g_ApplicationName = applicationName;
         const CString subKey = SubKeyOf(applicationName);
         g_StyleAtlas.SetRegistryPath(subKey);
         g_RegistryPath = subKey;
         LoadTable();
-        return true;
     });
 }
 
 void ReloadStyleAtlas(void) // NOLINT(modernize-redundant-void-arg): as the C header declares it
 {
-    RunExport(false, [] {
-        LoadTable();
-        return true;
-    });
+    RunExport([] { LoadTable(); });
 }
 
 } // extern "C"

@@ -1,5 +1,5 @@
-// All objects of the module with static storage, in one source, so that they are constructed in the order in which
-// they stand here and destroyed in the reverse order.
+// All objects of the module with static storage, in one source, so that they are constructed in the order in
+// which they stand here and destroyed in the reverse order.
 #include "ModuleObjects.h"
 
 #include <controls/ColorMessages.h>

@@ -3,14 +3,14 @@
 
 #include <afxwin.h>
 
-// The unit library's entry points. Of an argument wider than its member of the QuantityKey only the member's width
-// counts. Arrays and texts stay the unit library's.
+// The unit library's entry points. Of an argument wider than its member of the QuantityKey only the member's
+// width counts. Arrays and texts stay the unit library's.
 using k_PfnChangeUserInfo = void(WINAPI*)(const WCHAR* userRoot, const WCHAR* subKey, WORD options);
 using k_PfnGetSymbol = const WCHAR*(WINAPI*)(DWORD quantity, DWORD subQuantity, DWORD flags, DWORD device,
                                              DWORD index, int mode);
 using k_PfnGetName = FARPROC;
-using k_PfnGetQuantities = void(WINAPI*)(WORD*& devices, WORD*& quantities, int*& subQuantities, WORD*& indexes,
-                                         DWORD*& flags, int& count);
+using k_PfnGetQuantities = void(WINAPI*)(WORD*& devices, WORD*& quantities, int*& subQuantities,
+                                         WORD*& indexes, DWORD*& flags, int& count);
 
 class CStyleAtlasApp : public CWinApp
 {
@@ -18,8 +18,9 @@ public:
     CStyleAtlasApp() = default;
     ~CStyleAtlasApp() override;
 
-    // Loads the unit library and finds its entry points, unless that has been done. An entry point that it lacks
-    // stays null. A library that can't be loaded is told in a message, and tried again at the next call.
+    // Loads the unit library and finds its entry points, unless that has been done. An entry point that it
+    // lacks stays null. A library that can't be loaded is told in a message, and tried again at the next
+    // call.
     void BindUnitLibrary()
     {
         if (m_hUnitLibrary == nullptr)

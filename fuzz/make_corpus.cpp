@@ -1,5 +1,5 @@
-// Writes the seeds of the layout fuzzer into a folder: whole files of each shape that the reader tells apart, and
-// damaged ones.
+// Writes the seeds of the layout fuzzer into a folder: whole files of each shape that the reader tells apart,
+// and damaged ones.
 #include "FuzzCatalogue.h"
 
 #include <cstdio>
@@ -23,7 +23,10 @@ struct Seed {
     Change Apply;
 };
 
-k_QuantityDesc& FirstRow(k_StyleAtlas& atlas) { return *atlas.GetRow(0); }
+k_QuantityDesc& FirstRow(k_StyleAtlas& atlas)
+{
+    return *atlas.GetRow(0);
+}
 
 constexpr Seed wholeFiles[] = {
     {"catalogue", [](k_StyleAtlas&) {}},
@@ -60,7 +63,8 @@ void Write(const std::filesystem::path& path, const std::string& bytes)
     std::ofstream file(path, std::ios::binary);
     file << bytes;
     if (!file.flush())
-        throw std::filesystem::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
+        throw std::filesystem::filesystem_error("cannot write", path,
+                                                std::make_error_code(std::errc::io_error));
 }
 
 void Run(const std::filesystem::path& folder)
@@ -73,7 +77,8 @@ void Run(const std::filesystem::path& folder)
         const std::filesystem::path path = std::filesystem::absolute(folder / seed.Name);
         atlas.Save(path.u16string().c_str());
         if (Contents(path).size() < headerSize)
-            throw std::filesystem::filesystem_error("cannot write", path, std::make_error_code(std::errc::io_error));
+            throw std::filesystem::filesystem_error("cannot write", path,
+                                                    std::make_error_code(std::errc::io_error));
     }
     const std::string whole = Contents(folder / wholeFiles[0].Name);
     const auto damaged = [&whole](std::size_t offset, char value) {

@@ -127,7 +127,7 @@ private:
         }
         ++column.missing;
         if (!field.empty())
-            Tell("\"" + Printable(field, LongestQuote) + "\" in column " +
+            Tell('"' + Printable(field, LongestQuote) + "\" in column " +
                  Printable(column.header, LongestQuote) + " is not a number");
     }
 

@@ -1,19 +1,23 @@
 /* styleatlas.h: the C interface of the style atlas library.
  *
- * The style atlas says, for every measured quantity and every file column, how a curve is drawn: by which symbol
- * and by which line. A host names itself once with StyleAtlasSetApplication, which loads the table, and then asks
- * for the style of each curve with GetStyleAtlas.
+ * The style atlas says, for every measured quantity and every file column, how a curve is drawn: by which
+ * symbol and by which line. A host names itself once with StyleAtlasSetApplication, which loads the table,
+ * and then asks for the style of each curve with GetStyleAtlas.
  *
- * Strings are zero-terminated UTF-16 in the machine's byte order. They stay the caller's and are copied before a
- * call returns. No pointer argument may be null.
+ * Strings are zero-terminated UTF-16 in the machine's byte order. They stay the caller's and are copied
+ * before a call returns. No pointer argument may be null.
  *
- * The library starts no thread and takes no lock: calls must not overlap. No call throws, and none ends the host:
- * what goes wrong is told to the user in a message box, or on standard error where there is no display.
+ * The library starts no thread and takes no lock: calls must not overlap, and a thread must not be cancelled
+ * in one. No call throws, and none ends the host: a damaged layout file, or a unit library that cannot be
+ * loaded, is told to the user in a message box, or on standard error where there is no display. Where memory
+ * runs out, the table holds the rows that were made until then.
  *
- * What is kept on disk stands below one prefix folder: the environment variable STYLEATLAS_PREFIX, else
- * "styleatlas" in $XDG_DATA_HOME, else ~/.local/share/styleatlas. In it, drive_c/ stands for drive C. The layout
- * file of a host is by default C:\ProgramData\Halvorn\<host name>\Style.Atlas. The library creates no folder for
- * it: an installer does, or a save has nowhere to go.
+ * What is kept on disk stands below one prefix folder: the environment variable STYLEATLAS_PREFIX (best an
+ * absolute path: a relative one follows the current folder), else "styleatlas" in $XDG_DATA_HOME, if that is
+ * absolute, else
+ * ~/.local/share/styleatlas. In it, drive_c/ stands for drive C. The layout
+ * file of a host is by default C:\ProgramData\Halvorn\<host name>\Style.Atlas. The library creates no folder
+ * for it: an installer does, or a save has nowhere to go.
  */
 #ifndef STYLEATLAS_H
 #define STYLEATLAS_H
@@ -58,19 +62,19 @@ enum StyleAtlasLineStyle {
     STYLEATLAS_LINE_NONE = 5
 };
 
-/* Names the host, and loads the table: the catalogue of the unit library, with the host's layout file laid over it,
- * or with distinct default styles where there is no such file. A host calls it once, before every other function.
- * The name chooses the host's settings ("Quorvia" and "Tandrell" have settings of their own) and, letter for
- * letter, the folder of its default layout file; an empty name is a name like any other.
- * A damaged layout file is told in a message, and the table then holds the catalogue with plain black lines. */
+/* Names the host, and loads the table: the catalogue of the unit library, with the host's layout file laid
+ * over it, or with distinct default styles where there is no such file. A host calls it once, before every
+ * other function. The name chooses the host's settings ("Quorvia" and "Tandrell" have settings of their own)
+ * and, letter for letter, the folder of its default layout file; an empty name is a name like any other. A
+ * damaged layout file is told in a message, and the table then holds the catalogue with plain black lines. */
 void StyleAtlasSetApplication(const char16_t* applicationName);
 
 /* Gives the style of one curve: of the table's row that fits the quantity best, in the given file column.
  *
  *   fileColumn    file column, counted from 0; a table answers for 0 to 31
  *   quantity, subQuantity, index, device, flags
- *                 the identity of the quantity, as the unit library numbers it. Of the rows of the quantity, an
- *                 equal one is best, then the first with equal subQuantity and device, then the first with equal
+ *                 the identity of the quantity, as the unit library numbers it. Of the rows of the quantity,
+ * an equal one is best, then the first with equal subQuantity and device, then the first with equal
  *                 subQuantity, then the first.
  *   symbolColor, lineColor
  *                 colours: red in the lowest byte, then green, then blue
@@ -79,20 +83,21 @@ void StyleAtlasSetApplication(const char16_t* applicationName);
  *   symbolSize, lineWidth
  *                 in device units of the drawing; the editor offers 2 to 25 and 1 to 10, a file can bring any
  *   useSymbolColor
- *                 1 if the user wants the line in the symbol's colour, else 0. lineColor is handed out as it is
- *                 stored in either case.
+ *                 1 if the user wants the line in the symbol's colour, else 0. lineColor is handed out as it
+ * is stored in either case.
  *
- * Returns 1 and writes all eight values; or returns 0 and writes none, where the table has no row of this quantity
- * (an empty table included) or the row holds no style for this file column. It allocates nothing. */
+ * Returns 1 and writes all eight values; or returns 0 and writes none, where the table has no row of this
+ * quantity (an empty table included) or the row holds no style for this file column. It allocates nothing,
+ * unless the unit library could not be loaded so far: that is tried again at every call. */
 int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, uint8_t index, uint16_t device,
                   uint32_t flags, uint32_t* symbolColor, int16_t* symbolShape, int16_t* symbolSize,
                   int16_t* symbolFill, uint32_t* lineColor, int16_t* lineStyle, int16_t* lineWidth,
                   uint8_t* useSymbolColor);
 
-/* Opens the editor above the given window and returns when the user has closed it: 1 after OK, when the new styles
- * are in force and have been written to the layout file; 2 after Cancel, when nothing has changed; -1 where the
- * editor cannot be shown, for instance without a display. The parent is the desktop's id of a window, 0 for none;
- * it stays the caller's. */
+/* Opens the editor above the given window and returns when the user has closed it (this version has no editor
+ * yet, and returns -1 at once): 1 after OK, when the new styles are in force and have been written to the
+ * layout file; 2 after Cancel, when nothing has changed; -1 where the editor cannot be shown, for instance
+ * without a display. The parent is the desktop's id of a window, 0 for none; it stays the caller's. */
 int EditStyleAtlas(uintptr_t parentWindow);
 
 /* Loads the table again: the unit library's catalogue of this moment and the layout file. Every style fetched
@@ -100,8 +105,8 @@ int EditStyleAtlas(uintptr_t parentWindow);
 void ReloadStyleAtlas(void);
 
 /* Moves to another user's settings and loads that user's table. userRoot is the user's root below HKEY_USERS,
- * subKey the key below it. A user whose settings name no layout file takes over the one in use. Every style fetched
- * before is stale. */
+ * subKey the key below it. A user whose settings name no layout file takes over the one in use. Every style
+ * fetched before is stale. */
 void StyleAtlasChangeUserInfo(const char16_t* userRoot, const char16_t* subKey);
 
 #ifdef __cplusplus

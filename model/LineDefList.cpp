@@ -1,9 +1,13 @@
 #include "LineDefList.h"
 
-#include <algorithm>
-#include <memory>
+#include "OwnedElement.h"
 
-k_LineDefList::~k_LineDefList() { Clear(); }
+#include <algorithm>
+
+k_LineDefList::~k_LineDefList()
+{
+    Clear();
+}
 
 bool k_LineDefList::Clear()
 {
@@ -46,8 +50,7 @@ void k_LineDefList::Assign(const k_LineDefList& source)
         auto record = std::make_unique<k_LineDef>();
         if (const k_LineDef* const pSource = source.GetAt(i))
             *record = *pSource;
-        Add(record.get());
-        static_cast<void>(record.release());
+        AddOwned(*this, std::move(record));
     }
 }
 

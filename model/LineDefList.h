@@ -5,8 +5,8 @@
 
 #include <afxtempl.h>
 
-// The list deletes the records that it holds when it is cleared or destroyed. One that only selects records of others
-// is emptied with CPtrArray::SetSize(0, -1) first. A selection can hold nulls.
+// The list deletes the records that it holds when it is cleared or destroyed. One that only selects records
+// of others is emptied with CPtrArray::SetSize(0, -1) first. A selection can hold nulls.
 class k_LineDefList : public CTypedPtrArray<CPtrArray, k_LineDef*>
 {
 public:
@@ -20,8 +20,8 @@ public:
     // argument exception.
     void Cut(INT_PTR count);
 
-    // Replaces the contents by new copies of the source's records, and the flags by the source's. A null of the
-    // source gives a record as constructed.
+    // Replaces the contents by new copies of the source's records, and the flags by the source's. A null of
+    // the source gives a record as constructed.
     void Assign(const k_LineDefList& source);
 
     // Appends the source's pointers, not copies; false for a null source.

@@ -1,6 +1,7 @@
 // The named colours: the bulk rules take them in order, and the colour popup shows them as a grid.
 #pragma once
 
+#include <iterator>
 #include <windows.h>
 
 struct k_NamedColor {
@@ -50,11 +51,10 @@ inline constexpr k_NamedColor k_Palette[] = {
     {RGB(0xE6, 0xE6, 0xFA), _T("Lavender")},
     {RGB(0xFF, 0xFF, 0xFF), _T("White")},
 };
-constexpr int k_PaletteSize = 40;
-static_assert(sizeof k_Palette / sizeof k_Palette[0] == k_PaletteSize);
+constexpr int k_PaletteSize = std::size(k_Palette);
 
-// The colours that the bulk rules give out: those of the palette, but black in the place of white, which would not
-// show. Past the end they go on from entry 1, round and round, so that no two neighbours are black.
+// The colours that the bulk rules give out: those of the palette, but black in the place of white, which
+// would not show. Past the end they go on from entry 1, round and round, so that no two neighbours are black.
 constexpr COLORREF GetRuleColor(INT_PTR entry)
 {
     constexpr COLORREF black = 0;

@@ -1,14 +1,15 @@
 #include "QuantityDesc.h"
 
 k_QuantityDesc::k_QuantityDesc(QuantityKey key)
-    : Device(key.Device), Quantity(key.Quantity), SubQuantity(key.SubQuantity), Index(key.Index), Flags(key.Flags)
+    : Device(key.Device), Quantity(key.Quantity), SubQuantity(key.SubQuantity), Index(key.Index),
+      Flags(key.Flags)
 {
 }
 
 k_QuantityDesc::k_QuantityDesc(const k_QuantityDesc& source)
     : CObject(), Device(source.Device), Quantity(source.Quantity), SubQuantity(source.SubQuantity),
-      Index(source.Index), Flags(source.Flags), ColumnCount(source.ColumnCount), ReservedFlag(source.ReservedFlag),
-      Level(source.Level)
+      Index(source.Index), Flags(source.Flags), ColumnCount(source.ColumnCount),
+      ReservedFlag(source.ReservedFlag), Level(source.Level)
 {
     Styles.Assign(source.Styles);
 }
@@ -21,14 +22,8 @@ bool k_QuantityDesc::GetKey(QuantityKey& key) const
     return true;
 }
 
-k_LineDef* k_QuantityDesc::GetColumnStyle(int column)
+k_LineDef* k_QuantityDesc::GetEmptyPlace()
 {
-    if (column >= k_MaxFileColumns || column >= Styles.GetSize())
-        return nullptr;
-    k_LineDef* const pStyle = Styles.GetAt(column);
-    if (pStyle != nullptr)
-        return pStyle;
-    // An empty place reads as a record as constructed, whatever was written to the last one that was handed out.
     static k_LineDef emptyPlace;
     emptyPlace = k_LineDef();
     return &emptyPlace;

@@ -3,9 +3,11 @@
 
 #include <windows.h>
 
-// SubQuantity of the row that stands for a whole group of a Quantity; as an argument of a search, any SubQuantity or
-// any Device.
-constexpr WORD k_AnyQuantity = 65535;
+// SubQuantity of the row that stands for a whole group of a Quantity.
+constexpr WORD k_GroupSubQuantity = 65535;
+
+// As the SubQuantity or the Device of a search: any.
+constexpr WORD k_Any = 65535;
 
 struct QuantityKey {
     WORD Quantity = 0;

@@ -1,6 +1,7 @@
 #include "QuantityPool.h"
 
-#include <memory>
+#include "OwnedElement.h"
+
 #include <new>
 
 k_QuantityPool::~k_QuantityPool()
@@ -14,6 +15,5 @@ void k_QuantityPool::AddRecord(const QuantityKey& key)
     std::unique_ptr<QuantityKey> record(new (std::nothrow) QuantityKey(key));
     if (!record)
         AfxThrowMemoryException();
-    Add(record.get());
-    static_cast<void>(record.release());
+    AddOwned(*this, std::move(record));
 }

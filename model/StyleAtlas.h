@@ -6,9 +6,9 @@
 
 #include <memory>
 
-// The table and what is done with it as a whole. The atlas owns its rows; the pointers that it hands out stay its own
-// and are good until the rows are replaced. A slot of Rows can be empty, and everything that walks the table passes
-// over such a slot. A failed allocation raises the memory exception.
+// The table and what is done with it as a whole. The atlas owns its rows; the pointers that it hands out stay
+// its own and are good until the rows are replaced. A slot of Rows can be empty, and everything that walks
+// the table passes over such a slot. A failed allocation raises the memory exception.
 class k_StyleAtlas : public CObject
 {
 public:
@@ -26,23 +26,25 @@ public:
     // Appends a row with a record as constructed for each file column, and gives its index.
     INT_PTR AddRow(QuantityKey key, BYTE level);
 
-    // The index of the row that fits best: the first that is equal; else the first with equal Quantity, SubQuantity
-    // and Device; else the first with equal Quantity and SubQuantity; else the first with equal Quantity; else -1.
-    INT_PTR FindRow(const QuantityKey& key) const;
+    // The index of the row that fits best: the first that is equal; else the first with equal Quantity,
+    // SubQuantity and Device; else the first with equal Quantity and SubQuantity; else the first with equal
+    // Quantity; else -1.
+    INT_PTR FindRow(QuantityKey key) const;
 
     // Null for an index outside the table.
     k_QuantityDesc* GetRow(INT_PTR row) const;
 
-    // Null for a row or a file column that is not there. A negative number raises the invalid argument exception.
+    // Null for a row or a file column that is not there. A negative number raises the invalid argument
+    // exception.
     k_LineDef* GetRowStyle(INT_PTR row, int column) const;
 
     // ---- Catalogue
 
-    // Replaces the rows by an outline of the quantities that the unit library reports now, all styles as constructed.
-    // Gives the number of rows.
+    // Replaces the rows by an outline of the quantities that the unit library reports now, all styles as
+    // constructed. Gives the number of rows.
     INT_PTR BuildCatalogue();
 
-    // Moves the records of a Quantity, and of the SubQuantity and Device unless these are k_AnyQuantity, out of the
+    // Moves the records of a Quantity, and of the SubQuantity and Device unless these are k_Any, out of the
     // pool into a new one, in their order; null when there are none.
     static std::unique_ptr<k_QuantityPool> TakeMatching(k_QuantityPool& pool, WORD quantity, WORD subQuantity,
                                                         WORD device);
@@ -62,18 +64,20 @@ public:
 
     // ---- Layout file
 
-    // Writes the table, or reads a stored table and lays it over the rows that are there: a stored row replaces the
-    // first row of an equal key, or is appended.
+    // Writes the table, or reads a stored table and lays it over the rows that are there: a stored row
+    // replaces the first row of an equal key, or is appended.
     void Serialize(CArchive& ar) override;
 
-    // Builds the catalogue and lays the layout file over it: the file at the path, or, for an empty path, the one that
-    // the registry names, which becomes FilePath. 0 when the table came from a file; 1 when there is none, and the
-    // default styles stand, or when it is damaged, which a message tells, and the bare catalogue stands.
+    // Builds the catalogue and lays the layout file over it: the file at the path, or, for an empty path, the
+    // one that the registry names, which becomes FilePath. 0 when the table came from a file; 1 when there is
+    // none, and the default styles stand, or when it is damaged, which a message tells, and the bare
+    // catalogue stands.
     int Load(CString path);
 
-    // Writes the table to the path, or, for an empty path, to FilePath; the path becomes FilePath when the whole file
-    // is on disk. Always false. A file that cannot be opened ends silently; a failure while the bytes go out raises
-    // the file exception, and the old file stands.
+    // Writes the table to the path, or, for an empty path, to FilePath; the path becomes FilePath when the
+    // whole file is on disk. Always false. A file that cannot be opened ends silently, an exception out of
+    // the opening is told in a message; a failure while the bytes go out raises the file exception. The old
+    // file stands in each case.
     bool Save(CString path);
 
     // Makes the path FilePath and stores it in the registry; false for an empty path, which changes nothing.
@@ -82,11 +86,12 @@ public:
     // Changes the subkey and carries the file in use over to it.
     void SetRegistryPath(CString subKey);
 
-    // Moves to the settings of another user and loads that user's table.
+    // Moves to the settings in the user's root and the key below it, joined by one backslash, and loads the
+    // file that they name; settings that name none are given FilePath.
     void ChangeUserInfo(CString userRoot, CString subKey);
 
     DWORD Version = 1;
-    DWORD ColumnCount = 32; // as the file has it; at most 32 file columns are built or shown
+    DWORD ColumnCount = k_MaxFileColumns; // as the file has it; at most 32 file columns are built or shown
     k_QuantityList Rows;
     CString RegistryPath; // subkey below HKEY_USERS
     CString FilePath;     // of the layout file in use

@@ -50,8 +50,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<k_QuantityPool> k_StyleAtlas::TakeMatching(k_QuantityPool& pool, WORD quantity, WORD subQuantity,
-                                                           WORD device)
+std::unique_ptr<k_QuantityPool> k_StyleAtlas::TakeMatching(k_QuantityPool& pool, WORD quantity,
+                                                           WORD subQuantity, WORD device)
 {
     auto taken = std::make_unique<k_QuantityPool>();
     void** const records = pool.GetData();
@@ -59,8 +59,8 @@ std::unique_ptr<k_QuantityPool> k_StyleAtlas::TakeMatching(k_QuantityPool& pool,
     for (INT_PTR i = 0; i < pool.GetSize(); ++i) {
         auto* const pRecord = static_cast<QuantityKey*>(records[i]);
         const bool passes = pRecord->Quantity == quantity &&
-                            (subQuantity == k_AnyQuantity || pRecord->SubQuantity == subQuantity) &&
-                            (device == k_AnyQuantity || static_cast<WORD>(pRecord->Device) == device);
+                            (subQuantity == k_Any || pRecord->SubQuantity == subQuantity) &&
+                            (device == k_Any || static_cast<WORD>(pRecord->Device) == device);
         if (passes)
             taken->Add(pRecord);
         // In this order one of the pools holds the record at every moment.
@@ -81,7 +81,7 @@ INT_PTR k_StyleAtlas::BuildCatalogue()
         master.AddRecord(KeyOf(list, i));
     while (!master.IsEmpty()) {
         const QuantityKey leader = *master.GetAt(0);
-        const auto group = TakeMatching(master, leader.Quantity, k_AnyQuantity, static_cast<WORD>(leader.Device));
+        const auto group = TakeMatching(master, leader.Quantity, k_Any, static_cast<WORD>(leader.Device));
         AddGroup(leader, *group);
     }
     return Rows.GetSize();
@@ -96,7 +96,7 @@ void k_StyleAtlas::AddGroup(QuantityKey leader, k_QuantityPool& group)
     }
     QuantityKey groupRow;
     groupRow.Quantity = leader.Quantity;
-    groupRow.SubQuantity = k_AnyQuantity;
+    groupRow.SubQuantity = k_GroupSubQuantity;
     groupRow.Device = leader.Device;
     AddRow(groupRow, groupLevel);
 

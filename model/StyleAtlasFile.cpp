@@ -1,38 +1,45 @@
-// The layout file: the writer and the reader of the atlas, of its rows and of their records, side by side. The format
-// is told in docs/layout-format.md.
+// The layout file: the writer and the reader of the atlas, of its rows and of their records, side by side.
+// The format is told in docs/layout-format.md.
+#include "OwnedElement.h"
 #include "StyleAtlas.h"
 
 #include <afxwin.h>
 #include <algorithm>
+#include <map>
 #include <new>
-#include <unordered_map>
+#include <tuple>
+#include <utility>
 
 namespace
 {
 
-// Places that a row gets at once, whatever number of records its file claims: the list grows beyond them only as
-// records do follow.
+// Places that a row gets at once, whatever number of records its file claims: the list grows beyond them only
+// as records do follow.
 constexpr int placesBelieved = 64;
 
-struct KeyHash {
-    std::size_t operator()(const QuantityKey& key) const noexcept
+// More rows than any unit library reports. A file that claims more is damaged, before it has taken the
+// memory.
+constexpr DWORD mostRows = 1U << 18;
+
+// Any order will do, but for a hash, which a hostile file could defeat.
+struct KeyOrder {
+    bool operator()(const QuantityKey& first, const QuantityKey& second) const
     {
-        const ULONGLONG bits = (static_cast<ULONGLONG>(key.Quantity) << 48) ^
-                               (static_cast<ULONGLONG>(static_cast<WORD>(key.Device)) << 32) ^
-                               (static_cast<ULONGLONG>(key.SubQuantity) << 8) ^ key.Index ^
-                               (static_cast<ULONGLONG>(key.Flags) << 16);
-        return static_cast<std::size_t>((bits ^ (bits >> 29)) * 0x9E3779B97F4A7C15U);
+        const auto members = [](const QuantityKey& key) {
+            return std::tie(key.Quantity, key.SubQuantity, key.Device, key.Index, key.Flags);
+        };
+        return members(first) < members(second);
     }
 };
 
-// Where each key stands first in the table. It finds what a walk from the first row would find, without the walk.
+// Where each key stands first in the table. It finds what a walk from the first row would find, without the
+// walk.
 class RowIndex
 {
 public:
     explicit RowIndex(const k_StyleAtlas& atlas)
     {
         const INT_PTR size = atlas.Rows.GetSize();
-        m_positions.reserve(static_cast<std::size_t>(size));
         for (INT_PTR i = 0; i < size; ++i) {
             if (const k_QuantityDesc* const pRow = atlas.GetRow(i))
                 PositionOf(*pRow, i);
@@ -48,7 +55,7 @@ public:
     }
 
 private:
-    std::unordered_map<QuantityKey, INT_PTR, KeyHash> m_positions;
+    std::map<QuantityKey, INT_PTR, KeyOrder> m_positions;
 };
 
 void WriteStyles(CArchive& ar, const k_LineDefList& styles)
@@ -112,6 +119,8 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
     ar >> Version >> ColumnCount >> stored;
     if (stored == 0)
         return;
+    if (stored > mostRows)
+        AfxThrowArchiveException(CArchiveException::genericException, nullptr);
     try {
         RowIndex index(*this);
         std::unique_ptr<k_QuantityDesc> row;
@@ -122,11 +131,10 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
             const INT_PTR end = Rows.GetSize();
             const INT_PTR position = index.PositionOf(*row, end);
             if (position == end) {
-                Rows.Add(row.get());
-                static_cast<void>(row.release());
+                AddOwned(Rows, std::exchange(row, nullptr));
             } else {
-                // The row that has to go is the next to be read into: a table over a catalogue takes no second
-                // set of records.
+                // The row that has to go is the next to be read into: a table over a catalogue takes no
+                // second set of records.
                 k_QuantityDesc* const pReplaced = GetRow(position);
                 Rows.SetAt(position, row.release());
                 row.reset(pReplaced);
@@ -153,8 +161,8 @@ void k_QuantityDesc::Serialize(CArchive& ar)
 void k_LineDef::Serialize(CArchive& ar)
 {
     if (ar.IsStoring()) {
-        ar << Reserved << LineColor << SymbolColor << SymbolShape << SymbolSize << SymbolFill << LineStyle << LineWidth
-           << UseSymbolColor;
+        ar << Reserved << LineColor << SymbolColor << SymbolShape << SymbolSize << SymbolFill << LineStyle
+           << LineWidth << UseSymbolColor;
     } else {
         ar >> Reserved >> LineColor >> SymbolColor >> SymbolShape >> SymbolSize >> SymbolFill >> LineStyle >>
             LineWidth >> UseSymbolColor;

@@ -1,6 +1,6 @@
 #include "Host.h"
 #include "Palette.h"
-#include "StyleAtlas.h"
+#include "StyleAtlasLookup.h"
 #include "StyleNames.h"
 
 #include <algorithm>
@@ -33,8 +33,8 @@ template <class Change> void ForEachFileColumn(const k_StyleAtlas& atlas, int fi
     }
 }
 
-// Calls change(record, run) for each record of the first columns, row by row. A run is a stretch of rows of the same
-// Quantity, counted from 0.
+// Calls change(record, run) for each record of the first columns, row by row. A run is a stretch of rows of
+// the same Quantity, counted from 0.
 template <class Change> void ForEachRun(const k_StyleAtlas& atlas, int columns, Change change)
 {
     INT_PTR run = -1;
@@ -57,7 +57,8 @@ template <class Change> void ForEachRun(const k_StyleAtlas& atlas, int columns, 
 
 void k_StyleAtlas::SetFileColors(int first, int end)
 {
-    ForEachFileColumn(*this, first, end, [](k_LineDef& style, int column) { SetColor(style, GetRuleColor(column)); });
+    ForEachFileColumn(*this, first, end,
+                      [](k_LineDef& style, int column) { SetColor(style, GetRuleColor(column)); });
 }
 
 void k_StyleAtlas::SetFileSymbols(int first, int end)
@@ -73,7 +74,8 @@ void k_StyleAtlas::SetMainQuantityColors()
 
 void k_StyleAtlas::SetMainQuantitySymbols()
 {
-    ForEachRun(*this, GetBoundedColumnCount(), [](k_LineDef& style, INT_PTR run) { SetSymbol(style, run + 1); });
+    ForEachRun(*this, GetBoundedColumnCount(),
+               [](k_LineDef& style, INT_PTR run) { SetSymbol(style, run + 1); });
 }
 
 void k_StyleAtlas::ApplyDefaultStyles()

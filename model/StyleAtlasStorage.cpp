@@ -5,7 +5,6 @@
 
 #include <afxpriv.h>
 #include <afxwin.h>
-#include <exception>
 #include <shlobj.h>
 
 namespace
@@ -16,11 +15,11 @@ constexpr REGSAM settingsAccess = KEY_READ | KEY_WRITE;
 constexpr int pathBufferLength = 1024; // characters, with the terminator
 constexpr int archiveBufferSize = 4096;
 
-// A file beyond this is no layout file: it would hold some 390,000 rows of 32 records.
-constexpr ULONGLONG largestFile = 256ULL << 20;
+// A file beyond this is no layout file: it would hold some 97,000 rows of 32 records.
+constexpr ULONGLONG largestFile = 64ULL << 20;
 
-// A key of the registry with the value that names the layout file. Where it can't be opened the handle is null: what
-// is read then is not valid, and what is written is lost.
+// A key of the registry with the value that names the layout file. Where it can't be opened the handle is
+// null: what is read then is not valid, and what is written is lost.
 class SettingsKey
 {
 public:
@@ -44,7 +43,8 @@ public:
             Create();
     }
 
-    // False, and nothing, unless the value is a text: with its terminator, or of size 0, which is the empty text.
+    // False, and nothing, unless the value is a text: with its terminator, or of size 0, which is the empty
+    // text.
     bool ReadPath(CString& path) const
     {
         TCHAR buffer[pathBufferLength] = {};
@@ -110,7 +110,8 @@ bool OpenForReading(CFile& file, const CString& path)
 
 void ShowLoadFailure()
 {
-    const TCHAR* const text = g_Language.GetUnStrippedText(_T("Cannot load style atlas."), k_LanguageSection, true);
+    const TCHAR* const text =
+        g_Language.GetUnStrippedText(_T("Cannot load style atlas."), k_LanguageSection, true);
     const TCHAR* const caption = g_Language.GetUnStrippedText(_T("Error"), _T("Language"), true);
     MessageBoxW(nullptr, text, caption, MB_ICONEXCLAMATION);
 }
@@ -140,7 +141,7 @@ int k_StyleAtlas::Load(CString path)
         return 0;
     } catch (CException* e) {
         e->Delete();
-    } catch (const std::exception&) { // told below, like the framework's own
+    } catch (...) { // told below, like the framework's own
     }
     ShowLoadFailure();
     BuildCatalogue();

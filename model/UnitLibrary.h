@@ -13,6 +13,6 @@ struct k_UnitQuantities {
     int Count = 0;
 };
 
-// The quantities that the unit library reports at this moment; an empty list where the library is not bound or lacks
-// the entry point.
+// The quantities that the unit library reports at this moment; an empty list where the library is not bound
+// or lacks the entry point.
 k_UnitQuantities GetUnitQuantities();

@@ -1,5 +1,5 @@
-// Out of memory, at every allocation in turn: nothing crashes, nothing leaks, no file is lost, and the table can be
-// loaded again afterwards. Replaces operator new, so it is a program of its own.
+// Out of memory, at every allocation in turn: nothing crashes, nothing leaks, no file is lost, and the table
+// can be loaded again afterwards. Replaces operator new, so it is a program of its own.
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
 #include "support/ScriptedModel.h"
@@ -34,14 +34,38 @@ void* AllocateOrThrow(std::size_t size)
 
 } // namespace
 
-void* operator new(std::size_t size) { return AllocateOrThrow(size); }
-void* operator new[](std::size_t size) { return AllocateOrThrow(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+void* operator new(std::size_t size)
+{
+    return AllocateOrThrow(size);
+}
+void* operator new[](std::size_t size)
+{
+    return AllocateOrThrow(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return Allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+    return Allocate(size);
+}
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace
 {
@@ -65,8 +89,8 @@ protected:
     }
     ~AllocationFailure() override { g_ApplicationName.Empty(); }
 
-    // Runs the operation again and again, each time with the next allocation failing, until none is left to fail.
-    // Nothing but the framework's exceptions comes out of it.
+    // Runs the operation again and again, each time with the next allocation failing, until none is left to
+    // fail. Nothing but the framework's exceptions comes out of it.
     template <class Operation> void FailEach(Operation operation)
     {
         long failures = 0;

@@ -18,8 +18,8 @@ struct Row {
     friend bool operator==(const Row&, const Row&) = default;
     friend std::ostream& operator<<(std::ostream& out, const Row& row)
     {
-        return out << '(' << row.Quantity << ' ' << row.SubQuantity << ' ' << row.Index << ' ' << row.Device << ' '
-                   << row.Flags << " level " << row.Level << ')';
+        return out << '(' << row.Quantity << ' ' << row.SubQuantity << ' ' << row.Index << ' ' << row.Device
+                   << ' ' << row.Flags << " level " << row.Level << ')';
     }
 };
 
@@ -111,10 +111,8 @@ TEST(Catalogue, GroupsStandInOrderOfFirstAppearance)
 TEST(Catalogue, AnEntryWithoutDeviceGathersItsQuantityFromAllDevices)
 {
     EXPECT_EQ(Outline({{1, 10, 1, 0, 0}, {65535, 10, 1, 0, 0}, {2, 10, 2, 0, 0}}),
-              (std::vector<Row>{{10, 1, 0, 1, 0, 0},
-                                {10, 65535, 0, -1, 0, 0},
-                                {10, 1, 0, -1, 0, 1},
-                                {10, 2, 0, 2, 0, 1}}));
+              (std::vector<Row>{
+                  {10, 1, 0, 1, 0, 0}, {10, 65535, 0, -1, 0, 0}, {10, 1, 0, -1, 0, 1}, {10, 2, 0, 2, 0, 1}}));
 }
 
 TEST(Catalogue, ARebuildStartsAnewAndKeepsThePaths)
@@ -132,10 +130,11 @@ TEST(Catalogue, ARebuildStartsAnewAndKeepsThePaths)
 TEST(TakeMatching, MovesTheRecordsInTheirOrder)
 {
     k_QuantityPool pool;
-    for (const QuantityKey& key : {QuantityKey{1, 1, 0, 1, 0}, QuantityKey{2, 1, 0, 1, 0}, QuantityKey{1, 2, 0, 1, 0},
-                                   QuantityKey{1, 1, 1, 2, 0}, QuantityKey{1, 1, 2, 1, 0}})
+    for (const QuantityKey& key :
+         {QuantityKey{1, 1, 0, 1, 0}, QuantityKey{2, 1, 0, 1, 0}, QuantityKey{1, 2, 0, 1, 0},
+          QuantityKey{1, 1, 1, 2, 0}, QuantityKey{1, 1, 2, 1, 0}})
         pool.AddRecord(key);
-    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 3, k_AnyQuantity, k_AnyQuantity), nullptr);
+    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 3, k_Any, k_Any), nullptr);
     EXPECT_EQ(pool.GetSize(), 5);
     const auto taken = k_StyleAtlas::TakeMatching(pool, 1, 1, 1);
     ASSERT_EQ(taken->GetSize(), 2);
@@ -144,7 +143,7 @@ TEST(TakeMatching, MovesTheRecordsInTheirOrder)
     ASSERT_EQ(pool.GetSize(), 3);
     EXPECT_EQ(pool.GetAt(0)->Quantity, 2);
     EXPECT_EQ(pool.GetAt(2)->Device, 2);
-    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 1, k_AnyQuantity, k_AnyQuantity)->GetSize(), 2);
+    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 1, k_Any, k_Any)->GetSize(), 2);
 }
 
 } // namespace

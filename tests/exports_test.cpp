@@ -1,4 +1,5 @@
-// The library as a host meets it: a program in C that links it, with the real components or with stand-ins for them.
+// The library as a host meets it: a program in C that links it, with the real components or with stand-ins
+// for them.
 #include "support/Process.h"
 #include "support/TempPrefix.h"
 
@@ -22,7 +23,8 @@ protected:
     Exports()
     {
         test::WriteWhole(m_catalogue, catalogue);
-        m_environment = {"STYLEATLAS_PREFIX=" + m_prefix.Path().string(), "MENSURA_CATALOGUE=" + m_catalogue, "LC_ALL=C"};
+        m_environment = {"STYLEATLAS_PREFIX=" + m_prefix.Path().string(), "MENSURA_CATALOGUE=" + m_catalogue,
+                         "LC_ALL=C"};
     }
 
     test::Outcome Run(std::vector<std::string> calls)
@@ -51,7 +53,8 @@ protected:
 
 TEST_F(Exports, AreFiveNamesAndNoOther)
 {
-    const test::Outcome outcome = test::Run({"nm", "-D", "--defined-only", "--format=posix", STYLEATLAS_LIBRARY}, {});
+    const test::Outcome outcome =
+        test::Run({"nm", "-D", "--defined-only", "--format=posix", STYLEATLAS_LIBRARY}, {});
     ASSERT_EQ(outcome.Status, 0) << outcome.Errors;
     std::vector<std::string> names;
     std::istringstream lines(outcome.Output);
@@ -64,11 +67,11 @@ TEST_F(Exports, AreFiveNamesAndNoOther)
 
 TEST_F(Exports, AnswerFromTheTableOnceTheHostHasNamedItself)
 {
-    const test::Outcome outcome = Run({"get=0,30,0,0,0,0", // nothing is loaded yet
-                                       "name=Bench", "get=0,30,0,0,0,0", "get=1,20,2,0,1,0",
-                                       "get=1,20,9,9,9,9",   // the group row answers for its quantity
-                                       "get=31,30,0,0,0,0", "get=32,30,0,0,0,0", "get=-1,30,0,0,0,0",
-                                       "get=0,31,0,0,0,0", "edit"});
+    const test::Outcome outcome =
+        Run({"get=0,30,0,0,0,0", // nothing is loaded yet
+             "name=Bench", "get=0,30,0,0,0,0", "get=1,20,2,0,1,0",
+             "get=1,20,9,9,9,9", // the group row answers for its quantity
+             "get=31,30,0,0,0,0", "get=32,30,0,0,0,0", "get=-1,30,0,0,0,0", "get=0,31,0,0,0,0", "edit"});
     EXPECT_EQ(outcome.Output, "0: 000007 7 7 7 000007 7 7 7\n"
                               "named\n"
                               "1: 000000 2 10 2 000000 0 1 0\n"

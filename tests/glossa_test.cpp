@@ -85,6 +85,7 @@ protected:
             m_before.emplace_back(variable, ValueOf(variable));
             unsetenv(variable);
         }
+        setenv("LANG", "zz", 1); // without a locale the list in LANGUAGE doesn't count
         std::string folder = (fs::temp_directory_path() / "glossa-XXXXXX").string();
         ASSERT_NE(mkdtemp(folder.data()), nullptr);
         m_folder = folder;
@@ -124,21 +125,23 @@ private:
 TEST_F(Glossa, GermanFollowsEveryVariableByItsRank)
 {
     using Setting = std::vector<std::pair<const char*, const char*>>;
-    const Setting german[] = {{{"LANGUAGE", "de"}},
+    const Setting german[] = {{{"LANGUAGE", "de"}, {"LANG", "en_US.UTF-8"}},
                               {{"LANG", "de_AT.UTF-8"}},
                               {{"LC_MESSAGES", "de_DE@euro"}, {"LANG", "C"}},
                               {{"LC_ALL", "de_CH.ISO-8859-1"}, {"LC_MESSAGES", "C"}},
-                              {{"LANGUAGE", "de"}, {"LC_ALL", "C"}},
+                              {{"LANGUAGE", "de"}, {"LC_ALL", "C.UTF-8"}},
                               {{"LANGUAGE", ""}, {"LANG", "de"}},
-                              {{"LANGUAGE", "xx:../de:de/../de::de:en"}}};
+                              {{"LANGUAGE", "xx:../de:de/../de::de:en"}, {"LANG", "xx"}}};
     const Setting english[] = {{},
                                {{"LC_ALL", "C"}},
                                {{"LANG", "POSIX"}},
+                               {{"LANGUAGE", "de"}},
+                               {{"LANGUAGE", "de"}, {"LC_ALL", "C"}},
                                {{"LANG", "C.UTF-8"}},
                                {{"LANG", "xx_XX.UTF-8"}},
                                {{"LANGUAGE", "xx"}, {"LC_ALL", "C.UTF-8"}},
-                               {{"LANGUAGE", "en_GB:de"}},
-                               {{"LANGUAGE", "C:de"}},
+                               {{"LANGUAGE", "en_GB:de"}, {"LANG", "de"}},
+                               {{"LANGUAGE", "C:de"}, {"LANG", "de"}},
                                {{"LC_ALL", "C"}, {"LANG", "de"}}};
     const auto shownUnder = [](const Setting& setting, const TCHAR* text) {
         for (const char* const variable : languageVariables)

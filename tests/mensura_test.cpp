@@ -342,7 +342,7 @@ TEST_F(Mensura, RefusesWhatIsNoOrdinaryFile)
     EXPECT_TRUE(List("0;1;0;0;0;a;").size() == 1);
     fs::resize_file(m_file, std::uintmax_t{1} << 40);
     EXPECT_TRUE(List().empty());
-    EXPECT_EQ(m_told, Told(": larger than 16 MiB"));
+    EXPECT_EQ(m_told, Told(": too large"));
     fs::resize_file(m_file, 16 << 20);
     EXPECT_TRUE(List().empty());
     EXPECT_EQ(m_told, Told(":1: the line is longer than 4096 bytes"));

@@ -1,4 +1,5 @@
-// Records, rows and lists: values as constructed, deep copies, who deletes what, and the edges of the file columns.
+// Records, rows and lists: values as constructed, deep copies, who deletes what, and the edges of the file
+// columns.
 #include <model/QuantityDesc.h>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
-// Loading, saving and the file path: which file is taken, what the registry holds afterwards, what the user is told.
+// Loading, saving and the file path: which file is taken, what the registry holds afterwards, what the user
+// is told.
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
 #include "support/ScriptedModel.h"
@@ -21,7 +22,8 @@ using Value = std::optional<std::u16string>;
 void SetValue(const TCHAR* key, DWORD type, std::string_view bytes)
 {
     HKEY handle = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_USERS, key, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &handle, nullptr), 0);
+    ASSERT_EQ(
+        RegCreateKeyExW(HKEY_USERS, key, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &handle, nullptr), 0);
     ASSERT_EQ(RegSetValueExW(handle, _T("StyleAtlas"), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                              static_cast<DWORD>(bytes.size())),
               0);
@@ -47,8 +49,8 @@ Value ValueOf(const TCHAR* key)
     std::u16string text(8192, u'\0');
     DWORD type = 0;
     DWORD size = static_cast<DWORD>(text.size() * sizeof(char16_t));
-    const LONG result =
-        RegQueryValueExW(handle, _T("StyleAtlas"), nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
+    const LONG result = RegQueryValueExW(handle, _T("StyleAtlas"), nullptr, &type,
+                                         reinterpret_cast<BYTE*>(text.data()), &size);
     RegCloseKey(handle);
     if (result != 0 || type != REG_SZ || size < 2)
         return {};
@@ -79,7 +81,10 @@ protected:
 
     bool TableHasDefaultStyles() { return m_atlas.GetRowStyle(1, 0)->SymbolShape == 2; }
     bool TableCameFromFile() { return m_atlas.GetRowStyle(1, 0)->LineWidth == 5; }
-    bool TableIsBare() { return !TableHasDefaultStyles() && !TableCameFromFile() && m_atlas.Rows.GetSize() == 3; }
+    bool TableIsBare()
+    {
+        return !TableHasDefaultStyles() && !TableCameFromFile() && m_atlas.Rows.GetSize() == 3;
+    }
 
     test::TempPrefix m_prefix;
     test::MessageRecorder m_messages;
@@ -132,16 +137,16 @@ TEST_F(Storage, OnlyATextIsAValidValue)
     };
     const std::u16string byDefault = defaultPath;
     const Case cases[] = {
-        {REG_BINARY, Bytes({u"x\0", 2}), byDefault},               // another type
-        {4, Bytes({u"x\0", 2}), byDefault},                        //
-        {REG_SZ, Bytes({u"x\0", 2}) + '\0', byDefault},            // an odd size
-        {REG_SZ, Bytes(u"x"), byDefault},                          // no terminator
-        {REG_SZ, Bytes(longest + u"yz"), byDefault},               // longer than the buffer
-        {REG_SZ, Bytes(longest + u'\0'), longest},                 // as long as the buffer
-        {REG_SZ, Bytes(longest + u'x'), byDefault},                //
-        {REG_SZ, Bytes({u"x\0y\0", 4}), u"x"},                     // read up to the first zero
-        {REG_EXPAND_SZ, Bytes({u"\0", 1}), u""},                   // an empty text is a path like any other
-        {REG_SZ, "", u""},                                         // and so is a value of size 0
+        {REG_BINARY, Bytes({u"x\0", 2}), byDefault},    // another type
+        {4, Bytes({u"x\0", 2}), byDefault},             //
+        {REG_SZ, Bytes({u"x\0", 2}) + '\0', byDefault}, // an odd size
+        {REG_SZ, Bytes(u"x"), byDefault},               // no terminator
+        {REG_SZ, Bytes(longest + u"yz"), byDefault},    // longer than the buffer
+        {REG_SZ, Bytes(longest + u'\0'), longest},      // as long as the buffer
+        {REG_SZ, Bytes(longest + u'x'), byDefault},     //
+        {REG_SZ, Bytes({u"x\0y\0", 4}), u"x"},          // read up to the first zero
+        {REG_EXPAND_SZ, Bytes({u"\0", 1}), u""},        // an empty text is a path like any other
+        {REG_SZ, "", u""},                              // and so is a value of size 0
     };
     for (const Case& c : cases) {
         SetValue(subKey, c.Type, c.Bytes);
@@ -286,7 +291,7 @@ TEST_F(Storage, AUserWithoutAValueInheritsAnEmptyPathToo)
 TEST_F(Storage, AFileTooLargeForALayoutIsDamaged)
 {
     test::WriteWhole(m_prefix.Native(defaultFile), StyledFile());
-    std::filesystem::resize_file(m_prefix.Native(defaultFile), (256ULL << 20) + 1); // no blocks of its own
+    std::filesystem::resize_file(m_prefix.Native(defaultFile), (64ULL << 20) + 1); // no blocks of its own
     EXPECT_EQ(m_atlas.Load({}), 1);
     EXPECT_TRUE(TableIsBare());
     EXPECT_EQ(m_messages.Messages().size(), 1U);

@@ -21,7 +21,8 @@ INT_PTR BestRow(const k_StyleAtlas& atlas, const QuantityKey& key)
     INT_PTR found = first([&](const QuantityKey& row) { return row == key; });
     if (found < 0)
         found = first([&](const QuantityKey& row) {
-            return row.Quantity == key.Quantity && row.SubQuantity == key.SubQuantity && row.Device == key.Device;
+            return row.Quantity == key.Quantity && row.SubQuantity == key.SubQuantity &&
+                   row.Device == key.Device;
         });
     if (found < 0)
         found = first([&](const QuantityKey& row) {
@@ -40,9 +41,9 @@ TEST(FindRow, GivesTheRowThatFitsBest)
 {
     k_StyleAtlas atlas;
     EXPECT_EQ(atlas.FindRow({20, 1, 0, 0, 0}), -1); // an empty table
-    for (const QuantityKey& key : {QuantityKey{20, 65535, 0, 0, 0}, QuantityKey{20, 1, 0, 0, 0},
-                                   QuantityKey{20, 2, 0, 0, 0}, QuantityKey{20, 2, 1, 0, 0},
-                                   QuantityKey{20, 1, 0, 1, 0}})
+    for (const QuantityKey& key :
+         {QuantityKey{20, 65535, 0, 0, 0}, QuantityKey{20, 1, 0, 0, 0}, QuantityKey{20, 2, 0, 0, 0},
+          QuantityKey{20, 2, 1, 0, 0}, QuantityKey{20, 1, 0, 1, 0}})
         atlas.AddRow(key, 0);
     struct Case {
         QuantityKey Key;
@@ -53,7 +54,8 @@ TEST(FindRow, GivesTheRowThatFitsBest)
         {{20, 1, 0, 1, 7}, 4}, {{20, 9, 0, 0, 0}, 0}, {{30, 0, 0, 0, 0}, -1},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(atlas.FindRow(c.Key), c.Row) << c.Key.SubQuantity << ' ' << int{c.Key.Index} << ' ' << c.Key.Device;
+        EXPECT_EQ(atlas.FindRow(c.Key), c.Row)
+            << c.Key.SubQuantity << ' ' << int{c.Key.Index} << ' ' << c.Key.Device;
 }
 
 TEST(FindRow, KeepsItsPromiseOnAnyTable)
@@ -61,7 +63,8 @@ TEST(FindRow, KeepsItsPromiseOnAnyTable)
     std::mt19937 random(4711);
     const auto below = [&random](unsigned end) { return static_cast<WORD>(random() % end); };
     const auto anyKey = [&below] {
-        return QuantityKey{below(3), below(3), static_cast<BYTE>(below(2)), static_cast<short>(below(2)), below(2)};
+        return QuantityKey{below(3), below(3), static_cast<BYTE>(below(2)), static_cast<short>(below(2)),
+                           below(2)};
     };
     for (int round = 0; round < 300; ++round) {
         k_StyleAtlas atlas;
@@ -127,7 +130,8 @@ TEST(Table, ClearKeepsCountersAndPaths)
 
 TEST(Table, ARowGetsARecordForEachFileColumnButNeverMoreThan32)
 {
-    for (const auto& [columnCount, records] : {std::pair{0U, 0}, {1U, 1}, {32U, 32}, {33U, 32}, {0xFFFFFFFFU, 32}}) {
+    for (const auto& [columnCount, records] :
+         {std::pair{0U, 0}, {1U, 1}, {32U, 32}, {33U, 32}, {0xFFFFFFFFU, 32}}) {
         k_StyleAtlas atlas;
         atlas.ColumnCount = columnCount;
         EXPECT_EQ(atlas.AddRow({}, 0), 0);

@@ -15,11 +15,7 @@ struct CatalogueFile {
 // told. language is one path part. Throws std::exception where there is no memory.
 CatalogueFile ReadCatalogueFile(const std::string& language);
 
-// The absolute folder of the catalogues that are installed with this library, found at the first call. Throws
-// std::exception where there is no memory.
-const std::string& InstalledLocaleFolder();
-
-// Says on standard error that a file is left out, and why.
-void TellUnusable(const std::string& path, const char* reason) noexcept;
+// Says on standard error that a file is left out, and why. Throws std::exception where there is no memory.
+void TellUnusable(const std::string& path, const char* reason);
 
 } // namespace glossa

@@ -3,6 +3,8 @@
 #include <exception>
 #include <string_view>
 
+#include <ModuleFolder.h>
+
 #include "Catalogue.h"
 #include "CatalogueFile.h"
 
@@ -67,7 +69,7 @@ const glossa::Catalogue* k_GlossaW::Loaded() noexcept
 void InitMFCGlossaExtDLL()
 {
     try {
-        glossa::InstalledLocaleFolder();
+        ModuleFolder();
     } catch (const std::exception&) {
         return; // no memory: the first lookup tries again
     }

@@ -1,12 +1,12 @@
 // The language library: turns the English texts of a program into the user's language.
 //
 // Texts are looked up by section and text in compiled gettext catalogues of the domain "glossa", the section
-// being the message context. The user's environment names the languages (LANGUAGE, else LC_ALL, LC_MESSAGES
-// or LANG), whether or not the program has called setlocale and whether or not such a locale is installed.
-// English stands behind every other language; its catalogue names what a program has only a key for. The
-// catalogues are read at the first lookup, from the folder in the environment variable GLOSSA_LOCALEDIR, else
-// from the one that is installed with the library. A catalogue that cannot be used is told on standard error
-// and left out.
+// being the message context. The user's environment names the languages (LC_ALL, LC_MESSAGES or LANG;
+// with a locale other than "C", LANGUAGE goes before them), whether or not the program has called setlocale
+// and whether or not such a locale is installed. English stands behind every other language; its catalogue
+// names what a program has only a key for. The catalogues are read at the first lookup, from the folder in
+// the environment variable GLOSSA_LOCALEDIR, else from the one that is installed with the library. A
+// catalogue that cannot be used is told on standard error and left out.
 #pragma once
 
 #include <memory>
@@ -34,11 +34,11 @@ public:
 
     // The translation for a place that shows no access keys: its "&" marks are taken out ("&&" becomes "&"),
     // and blanks at both ends are dropped. With bUseUserLanguage false, only English translates.
-    virtual const TCHAR* GetStrippedText(const TCHAR* pszText, CString strSection, bool bUseUserLanguage);
+    const TCHAR* GetStrippedText(const TCHAR* pszText, CString strSection, bool bUseUserLanguage);
 
     // The translation as the catalogue has it. With bUseUserLanguage false, only English translates.
-    virtual const TCHAR* GetUnStrippedText(const TCHAR* pszText, CString strSection, bool bUseUserLanguage);
-    virtual CString GetUnStrippedText(CString strText, CString strSection, bool bUseUserLanguage);
+    const TCHAR* GetUnStrippedText(const TCHAR* pszText, CString strSection, bool bUseUserLanguage);
+    CString GetUnStrippedText(CString strText, CString strSection, bool bUseUserLanguage);
 
 private:
     const glossa::Catalogue* Loaded() noexcept;

@@ -9,8 +9,9 @@ namespace glossa
 namespace
 {
 
-// Tried in this order; the first that is set and not empty decides.
-constexpr const char* variables[] = {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"};
+// The first that is set and not empty is the user's locale.
+constexpr const char* localeVariables[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
+constexpr const char* listVariable = "LANGUAGE";
 
 // Bounds on what an environment can make the library try.
 constexpr std::size_t mostLanguages = 8;
@@ -25,14 +26,29 @@ struct LocaleName {
     std::string Modifier;
 };
 
+std::string_view Variable(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+bool IsNoLanguage(std::string_view locale)
+{
+    return locale.empty() || locale == "C" || locale == "POSIX";
+}
+
+// A user without a language wants the texts as they are, whatever the list says.
 std::string_view Wanted()
 {
-    for (const char* const variable : variables) {
-        const char* const value = std::getenv(variable);
-        if (value != nullptr && *value != 0)
-            return value;
+    std::string_view locale;
+    for (const char* const name : localeVariables) {
+        if (locale.empty())
+            locale = Variable(name);
     }
-    return {};
+    if (IsNoLanguage(locale))
+        return {};
+    const std::string_view list = Variable(listVariable);
+    return list.empty() ? locale : list;
 }
 
 constexpr bool IsLetterOrDigit(char c)

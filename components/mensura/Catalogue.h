@@ -62,7 +62,7 @@ private:
         std::uint32_t device;
         std::uint32_t index;
         std::uint64_t flags;
-        auto operator<=>(const Pattern&) const = default;
+        auto operator<=>(const Pattern&) const = default; // NOLINT(modernize-use-nullptr): no pointers
     };
     static constexpr std::uint32_t Any = 0xFFFFFFFF;
     static constexpr std::uint64_t AnyFlags = 0xFFFFFFFFFF;

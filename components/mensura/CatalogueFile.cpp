@@ -1,18 +1,14 @@
 #include "CatalogueFile.h"
 
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <string_view>
-#include <utility>
+#include <ModuleFolder.h>
+#include <StandardError.h>
+#include <WholeFile.h>
 
-#include <dlfcn.h>
-#include <fcntl.h>
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
 #include <sys/stat.h>
-#include <unistd.h>
+#include <utility>
 
 namespace mensura
 {
@@ -32,92 +28,27 @@ class Complaints
 public:
     explicit Complaints(const std::string& path) : m_path{path} {}
 
-    void TellOfFile(const char* reason) const
+    void TellOfFile(const std::string& reason) const
     {
-        std::fprintf(stderr, "mensura: %s: %s\n", m_path.c_str(), reason);
+        WriteToStandardError("mensura: " + m_path + ": " + reason + '\n');
     }
 
     void TellOfLine(std::size_t line, const std::string& reason)
     {
         if (++m_count <= MaxMessages)
-            std::fprintf(stderr, "mensura: %s:%zu: %s\n", m_path.c_str(), line, reason.c_str());
+            WriteToStandardError("mensura: " + m_path + ':' + std::to_string(line) + ": " + reason + '\n');
     }
 
     void TellOfRest() const
     {
         if (m_count > MaxMessages)
-            TellOfFile(("... and " + std::to_string(m_count - MaxMessages) + " more").c_str());
+            TellOfFile("... and " + std::to_string(m_count - MaxMessages) + " more");
     }
 
 private:
     const std::string& m_path;
     std::size_t m_count = 0;
 };
-
-class FileDescriptor
-{
-public:
-    // Without O_NONBLOCK a pipe would hold the caller until somebody writes into it.
-    explicit FileDescriptor(const std::string& path)
-        : m_descriptor{open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)}
-    {
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor()
-    {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
-
-    bool IsOpen() const { return m_descriptor >= 0; }
-
-    bool IsRegular() const
-    {
-        struct stat status = {};
-        return fstat(m_descriptor, &status) == 0 && S_ISREG(status.st_mode);
-    }
-
-    ssize_t Read(std::array<char, 65536>& buffer) const
-    {
-        ssize_t count = -1;
-        do
-            count = read(m_descriptor, buffer.data(), buffer.size());
-        while (count < 0 && errno == EINTR);
-        return count;
-    }
-
-private:
-    int m_descriptor;
-};
-
-// The whole file, with its true size as the limit: what stat says of a file need not be what reading gives.
-std::optional<std::string> ReadFile(const std::string& path, const Complaints& complaints)
-{
-    const FileDescriptor file{path};
-    if (!file.IsOpen()) {
-        complaints.TellOfFile(std::strerror(errno));
-        return std::nullopt;
-    }
-    if (!file.IsRegular()) {
-        complaints.TellOfFile("not a regular file");
-        return std::nullopt;
-    }
-    std::string content;
-    std::array<char, 65536> buffer;
-    while (const ssize_t count = file.Read(buffer)) {
-        if (count < 0) {
-            complaints.TellOfFile(std::strerror(errno));
-            return std::nullopt;
-        }
-        content.append(buffer.data(), static_cast<std::size_t>(count));
-        if (content.size() > MaxFileSize) {
-            complaints.TellOfFile("larger than 16 MiB");
-            return std::nullopt;
-        }
-    }
-    return content;
-}
 
 // False where the catalogue takes no more lines.
 bool AddLine(std::string_view text, std::size_t number, Catalogue& catalogue, Complaints& complaints)
@@ -141,24 +72,12 @@ bool AddLine(std::string_view text, std::size_t number, Catalogue& catalogue, Co
     return false;
 }
 
-// The folder of the installed data, seen from the file that this code was loaded from.
-std::string DataFolder()
-{
-    Dl_info self = {};
-    if (dladdr(reinterpret_cast<const void*>(&DataFolder), &self) == 0 || self.dli_fname == nullptr)
-        return MENSURA_LIB_TO_DATA;
-    const std::string_view library = self.dli_fname;
-    const std::size_t slash = library.rfind('/');
-    const std::string folder = slash == std::string_view::npos ? "." : std::string{library.substr(0, slash)};
-    return folder + "/" + MENSURA_LIB_TO_DATA;
-}
-
 } // namespace
 
 std::string CataloguePath()
 {
-    const char* const named = std::getenv(PathVariable);
-    return named != nullptr && *named != '\0' ? named : DataFolder() + FileName;
+    const char* const named = secure_getenv(PathVariable);
+    return named != nullptr && *named != '\0' ? named : ModuleFolder() + "/" MENSURA_LIB_TO_DATA + FileName;
 }
 
 std::optional<FileStamp> StampOf(const std::string& path)
@@ -174,10 +93,12 @@ Catalogue ReadCatalogue(const std::string& path)
 {
     Catalogue catalogue;
     Complaints complaints{path};
-    const std::optional<std::string> content = ReadFile(path, complaints);
-    if (!content)
+    std::string content;
+    if (const char* const hindrance = ReadWholeFile(path, MaxFileSize, content)) {
+        complaints.TellOfFile(hindrance);
         return catalogue;
-    std::string_view rest = *content;
+    }
+    std::string_view rest = content;
     if (rest.starts_with(ByteOrderMark))
         rest.remove_prefix(ByteOrderMark.size());
     bool isTakingLines = true;

@@ -8,7 +8,8 @@
 #include "Catalogue.h"
 #include "CatalogueFile.h"
 
-#include <cstdio>
+#include <StandardError.h>
+
 #include <map>
 #include <optional>
 #include <string>
@@ -84,7 +85,7 @@ UnitLibrary& Library()
 
 void TellOfFailure()
 {
-    std::fputs("mensura: not enough memory for the catalogue\n", stderr);
+    WriteToStandardError("mensura: not enough memory for the catalogue\n");
 }
 
 QuantityKey KeyOf(std::uint32_t quantity, std::uint32_t subQuantity, std::uint32_t flags,

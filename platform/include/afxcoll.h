@@ -10,17 +10,16 @@ public:
     ~CPtrArray() override;
 
     INT_PTR GetSize() const { return m_nSize; }
-    INT_PTR GetCount() const { return m_nSize; }
     bool IsEmpty() const { return m_nSize == 0; }
 
-    // Cuts the array, or grows it with nulls. A negative size raises the invalid argument exception, one that there
-    // is no memory for the memory exception; the array is unchanged then. nGrowBy is the least number of places by
-    // which the array grows from now on, -1 leaves it.
+    // Cuts the array, or grows it with nulls. A negative size raises the invalid argument exception, one that
+    // there is no memory for the memory exception; the array is unchanged then. nGrowBy is the least number
+    // of places by which the array grows from now on, -1 leaves it.
     void SetSize(INT_PTR nNewSize, INT_PTR nGrowBy = -1);
     void RemoveAll() { SetSize(0); }
 
-    // A position outside the array raises the invalid argument exception; SetAtGrow grows the array to the position
-    // and refuses a negative one alone.
+    // A position outside the array raises the invalid argument exception; SetAtGrow grows the array to the
+    // position and refuses a negative one alone.
     void* GetAt(INT_PTR nIndex) const
     {
         if (nIndex < 0 || nIndex >= m_nSize)

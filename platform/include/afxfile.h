@@ -7,7 +7,8 @@
 #include <cstring>
 #include <memory>
 
-// A file, opened by a path of the drives or a native one. Any failure but that of Open raises the file exception.
+// A file, opened by a path of the drives or a native one. Any failure but that of Open raises the file
+// exception.
 class CFile : public CObject
 {
 public:
@@ -16,8 +17,8 @@ public:
     CFile() = default;
     ~CFile() override; // closes; what fails then is lost
 
-    // Reading takes ordinary files only, so that no device or pipe can hold up the caller. modeCreate empties a file
-    // that exists. False when the file can't be opened.
+    // Reading takes ordinary files only, so that no device or pipe can hold up the caller. modeCreate empties
+    // a file that exists. False when the file can't be opened.
     virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags);
     virtual UINT Read(void* lpBuf, UINT nCount); // fewer bytes only at the end of the file
     virtual void Write(const void* lpBuf, UINT nCount);
@@ -29,15 +30,17 @@ public:
 protected:
     static constexpr int hFileNull = -1;
 
-    BOOL OpenNative(const std::string& path, int flags);
+    static constexpr UINT newFileMode = 0666; // less what the user's mask takes away
+
+    BOOL OpenNative(const std::string& path, int flags, UINT mode = newFileMode);
     [[noreturn]] void ThrowSystemError(int error) const;
 
     int m_hFile = hFileNull;
     CString m_strFileName;
 };
 
-// A byte buffer over a file: integers go in and out in little-endian order, one after the other. It doesn't own the
-// file. A store that isn't closed is flushed on destruction, unless bNoFlushOnDelete was asked for.
+// A byte buffer over a file: integers go in and out in little-endian order, one after the other. It doesn't
+// own the file. A store that isn't closed is flushed on destruction, unless bNoFlushOnDelete was asked for.
 class CArchive
 {
 public:
@@ -50,11 +53,9 @@ public:
 
     BOOL IsLoading() const { return (m_nMode & load) != 0; }
     BOOL IsStoring() const { return (m_nMode & load) == 0; }
-    CFile* GetFile() const { return m_pFile; }
 
     void Flush(); // a store: empties the buffer into the file
     void Close(); // flushes and lets the file go
-    void Abort(); // lets the file go without a flush
 
     CArchive& operator<<(BYTE by) { return Put(by); }
     CArchive& operator<<(WORD w) { return Put(w); }
@@ -76,18 +77,18 @@ public:
     }
 
 private:
-    static_assert(std::endian::native == std::endian::little, "the stream is little-endian, and so is the machine");
+    static_assert(std::endian::native == std::endian::little,
+                  "the stream is little-endian, and so is the machine");
 
     // Makes at least nBytesNeeded unread bytes stand in the buffer, or raises endOfFile.
     void FillBuffer(UINT nBytesNeeded);
-    [[noreturn]] void ThrowWrongDirection() const;
+    void MakeRoom();
 
+    // One comparison for each value: of the wrong direction there is neither room nor anything to read.
     template <class Integer> CArchive& Put(Integer value)
     {
-        if (!IsStoring())
-            ThrowWrongDirection();
-        if (static_cast<std::size_t>(m_lpBufMax - m_lpBufCur) < sizeof value)
-            Flush();
+        if (m_lpWriteEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(sizeof value))
+            MakeRoom();
         std::memcpy(m_lpBufCur, &value, sizeof value);
         m_lpBufCur += sizeof value;
         return *this;
@@ -95,9 +96,7 @@ private:
 
     template <class Integer> CArchive& Get(Integer& value)
     {
-        if (!IsLoading())
-            ThrowWrongDirection();
-        if (static_cast<std::size_t>(m_lpBufMax - m_lpBufCur) < sizeof value)
+        if (m_lpReadEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(sizeof value))
             FillBuffer(sizeof value);
         std::memcpy(&value, m_lpBufCur, sizeof value);
         m_lpBufCur += sizeof value;
@@ -108,6 +107,7 @@ private:
     CFile* m_pFile;
     int m_nBufSize;
     std::unique_ptr<BYTE[]> m_lpBufStart;
-    BYTE* m_lpBufCur; // the next byte to read or to write
-    BYTE* m_lpBufMax; // end of the bytes read; of a store, end of the buffer
+    BYTE* m_lpBufCur;   // the next byte to read or to write
+    BYTE* m_lpReadEnd;  // of the bytes read; a store has none
+    BYTE* m_lpWriteEnd; // of the buffer; a load has no room
 };

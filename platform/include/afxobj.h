@@ -1,5 +1,5 @@
-// The class framework's objects and exceptions. Names, slots and contracts are the framework's; only what the library
-// calls is here.
+// The class framework's objects and exceptions. Names, slots and contracts are the framework's; only what the
+// library calls is here.
 #pragma once
 
 #include <afxstr.h>
@@ -28,9 +28,7 @@ public:
 
     // Raises the memory exception when there is no memory.
     static void* operator new(std::size_t size);
-    static void* operator new(std::size_t, void* place) noexcept { return place; }
     static void operator delete(void* object) noexcept;
-    static void operator delete(void*, void*) noexcept {}
 
 protected:
     CObject() = default;

@@ -5,10 +5,10 @@
 
 struct stat;
 
-// A CFile that, opened with modeCreate, writes beside the file that its path names and puts the new file in its place
-// at Close, when every byte is on disk. Until then, and after Abort, destruction or the end of the process, the old
-// file stands as it was. Symbolic links are followed, and the file's permissions stay. Where the folder refuses a new
-// file but the file itself can be written, it is written directly; so are devices.
+// A CFile that, opened with modeCreate, writes beside the file that its path names and puts the new file in
+// its place at Close, when every byte is on disk. Until then, and after Abort, destruction or the end of the
+// process, the old file stands as it was. Symbolic links are followed, and the file's permissions stay. Where
+// the folder refuses a new file but the file itself can be written, it is written directly; so are devices.
 class CMirrorFile : public CFile
 {
 public:
@@ -20,6 +20,7 @@ public:
     void Abort() override;
 
 private:
+    bool OpenForCreation(const std::string& target);
     bool OpenMirror(const struct stat* pOld);
 
     std::string m_strTarget;     // native path of the file to replace

@@ -1,4 +1,5 @@
-// The framework's wide string: 16-bit characters, passed by value, contents shared until one of the sharers writes.
+// The framework's wide string: 16-bit characters, passed by value, contents shared until one of the sharers
+// writes.
 #pragma once
 
 #include <memory>
@@ -40,6 +41,15 @@ private:
     std::shared_ptr<std::u16string> m_text; // null is the empty text
 };
 
-inline CString operator+(CString first, LPCTSTR second) { return first += second; }
-inline bool operator==(const CString& first, LPCTSTR second) { return first.Compare(second) == 0; }
-inline bool operator==(const CString& first, const CString& second) { return first.Compare(second) == 0; }
+inline CString operator+(CString first, LPCTSTR second)
+{
+    return first += second;
+}
+inline bool operator==(const CString& first, LPCTSTR second)
+{
+    return first.Compare(second) == 0;
+}
+inline bool operator==(const CString& first, const CString& second)
+{
+    return first.Compare(second) == 0;
+}

@@ -60,8 +60,8 @@ public:
     virtual int ExitInstance();  // 0
 };
 
-// The one application object of a module. The framework calls InitInstance when the module has been loaded and all
-// its static objects stand, and ExitInstance before they go.
+// The one application object of a module. The framework calls InitInstance when the module has been loaded
+// and all its static objects stand, and ExitInstance before they go.
 class CWinApp : public CWinThread
 {
 public:
@@ -74,9 +74,14 @@ struct AFX_MODULE_STATE {
     CWinApp* m_pCurrentWinApp;
 };
 
-AFX_MODULE_STATE* AfxGetStaticModuleState(); // this module's
-AFX_MODULE_STATE* AfxGetModuleState();       // the one in force on this thread
-CWinApp* AfxGetApp();                        // of the state in force
+extern constinit AFX_MODULE_STATE afxModuleState;
+
+inline AFX_MODULE_STATE* AfxGetStaticModuleState()
+{
+    return &afxModuleState;
+} // this module's
+AFX_MODULE_STATE* AfxGetModuleState(); // the one in force on this thread
+CWinApp* AfxGetApp();                  // of the state in force
 
 // Puts a module's state in force on this thread, until the end of its scope.
 class AFX_MAINTAIN_STATE2

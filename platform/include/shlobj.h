@@ -8,6 +8,6 @@ constexpr DWORD SHGFP_TYPE_DEFAULT = 1;
 constexpr HRESULT S_OK = 0;
 constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 
-// Writes the path of a folder, with its terminator, into a buffer of MAX_PATH characters. Knows the folder for data
-// common to all users, whoever asks; any other gives E_INVALIDARG.
+// Writes the path of a folder, with its terminator, into a buffer of MAX_PATH characters. Knows the folder
+// for data common to all users, whoever asks; any other gives E_INVALIDARG.
 HRESULT SHGetFolderPathW(HWND owner, int folder, HANDLE token, DWORD flags, LPWSTR path);

@@ -15,14 +15,12 @@ using LONG = std::int32_t;
 using ULONGLONG = std::uint64_t;
 using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
-using LONG_PTR = std::intptr_t;
 using COLORREF = DWORD; // red in the lowest byte, then green, then blue
 using HRESULT = LONG;
 
 using WCHAR = char16_t;
 using TCHAR = WCHAR;
 using LPCTSTR = const TCHAR*;
-using LPTSTR = TCHAR*;
 using LPCWSTR = const WCHAR*;
 using LPWSTR = WCHAR*;
 
@@ -33,7 +31,6 @@ constexpr int MAX_PATH = 260;
 using HANDLE = void*;
 using HWND = struct HWND__*;
 using HMODULE = struct HINSTANCE__*;
-using HINSTANCE = HMODULE;
 using HKEY = struct HKEY__*;
 using FARPROC = void (*)();
 

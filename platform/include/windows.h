@@ -7,6 +7,7 @@
 #include <wingdi.h>
 #include <winuser.h>
 
+#define FORCEINLINE inline __attribute__((always_inline))
 #define _T(text) u##text // NOLINT(bugprone-reserved-identifier)
 
 // Results of the system. Only those are named that a caller or the layer itself tells apart.
@@ -51,8 +52,8 @@ constexpr UINT MB_OK = 0;
 constexpr UINT MB_ICONEXCLAMATION = 48;
 constexpr int IDOK = 1;
 
-// Shows a message and waits for the user; where there is no display, writes it to standard error and returns
-// IDOK.
+// Shows a message and waits for the user, where a user interface has been put in place for that; else writes
+// it to standard error and returns IDOK.
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
 // Gives the number of the message of this name, the same at every call, 0xC000 or above; 0 on failure.

@@ -11,13 +11,14 @@ constexpr int leastBufferSize = 128; // holds every integer, with some to spare
 } // namespace
 
 CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize)
-    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(std::max(nBufSize, leastBufferSize)), m_lpBufStart(new (std::nothrow) BYTE[m_nBufSize]),
-      m_lpBufCur(m_lpBufStart.get()), m_lpBufMax(m_lpBufCur)
+    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(std::max(nBufSize, leastBufferSize)),
+      m_lpBufStart(new (std::nothrow) BYTE[m_nBufSize]), m_lpBufCur(m_lpBufStart.get()),
+      m_lpReadEnd(m_lpBufCur), m_lpWriteEnd(m_lpBufCur)
 {
     if (!m_lpBufStart)
         AfxThrowMemoryException();
     if (IsStoring())
-        m_lpBufMax += m_nBufSize;
+        m_lpWriteEnd += m_nBufSize;
 }
 
 CArchive::~CArchive()
@@ -45,22 +46,23 @@ void CArchive::Close()
     m_pFile = nullptr;
 }
 
-void CArchive::Abort() { m_pFile = nullptr; }
+void CArchive::MakeRoom()
+{
+    if (!IsStoring())
+        AfxThrowArchiveException(CArchiveException::readOnly, m_pFile->GetFilePath());
+    Flush();
+}
 
 void CArchive::FillBuffer(UINT nBytesNeeded)
 {
+    if (!IsLoading())
+        AfxThrowArchiveException(CArchiveException::writeOnly, m_pFile->GetFilePath());
     BYTE* const start = m_lpBufStart.get();
-    const auto unread = static_cast<UINT>(m_lpBufMax - m_lpBufCur);
+    const auto unread = static_cast<UINT>(m_lpReadEnd - m_lpBufCur);
     std::memmove(start, m_lpBufCur, unread);
     m_lpBufCur = start;
-    m_lpBufMax = start + unread;
-    m_lpBufMax += m_pFile->Read(m_lpBufMax, static_cast<UINT>(m_nBufSize) - unread);
-    if (static_cast<UINT>(m_lpBufMax - m_lpBufCur) < nBytesNeeded)
+    m_lpReadEnd = start + unread;
+    m_lpReadEnd += m_pFile->Read(m_lpReadEnd, static_cast<UINT>(m_nBufSize) - unread);
+    if (static_cast<UINT>(m_lpReadEnd - m_lpBufCur) < nBytesNeeded)
         AfxThrowArchiveException(CArchiveException::endOfFile, m_pFile->GetFilePath());
-}
-
-void CArchive::ThrowWrongDirection() const
-{
-    AfxThrowArchiveException(IsStoring() ? CArchiveException::writeOnly : CArchiveException::readOnly,
-                             m_pFile->GetFilePath());
 }

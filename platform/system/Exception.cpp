@@ -18,9 +18,15 @@ void CException::Delete()
         delete this;
 }
 
-void AfxThrowMemoryException() { ThrowStanding<CMemoryException>(); }
+void AfxThrowMemoryException()
+{
+    ThrowStanding<CMemoryException>();
+}
 
-void AfxThrowInvalidArgException() { ThrowStanding<CInvalidArgException>(); }
+void AfxThrowInvalidArgException()
+{
+    ThrowStanding<CInvalidArgException>();
+}
 
 void AfxThrowFileException(CFileException::Cause cause, LONG osError, LPCTSTR fileName)
 {

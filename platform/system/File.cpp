@@ -1,19 +1,20 @@
 #include <afx.h>
 
+#include "Memory.h"
 #include "Paths.h"
 #include "SignalGuard.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
-#include <new>
+#include <optional>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace
 {
 
-constexpr mode_t newFileMode = 0666;      // less what the user's mask takes away
 constexpr int commonFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK; // no file that is opened may hold up the host
 
 CFileException::Cause CauseOf(int error)
@@ -37,13 +38,10 @@ CFileException::Cause CauseOf(int error)
     }
 }
 
-std::string NativePathOf(LPCTSTR fileName)
+bool HasSizeLimit()
 {
-    try {
-        return NativePath(fileName);
-    } catch (const std::bad_alloc&) {
-        AfxThrowMemoryException();
-    }
+    rlimit limit{};
+    return getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
 }
 
 } // namespace
@@ -58,22 +56,23 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 {
     const int create = (nOpenFlags & modeCreate) != 0 ? O_CREAT | O_TRUNC : 0;
     const int flags = (nOpenFlags & modeWrite) != 0 ? O_WRONLY | create : O_RDONLY;
-    if (!OpenNative(NativePathOf(lpszFileName), flags))
+    if (!OpenNative(WithFrameworkMemory([&] { return NativePath(lpszFileName); }), flags))
         return FALSE;
     m_strFileName = lpszFileName;
     return TRUE;
 }
 
-BOOL CFile::OpenNative(const std::string& path, int flags)
+BOOL CFile::OpenNative(const std::string& path, int flags, UINT mode)
 {
     CFile::Abort();
-    const int file = open(path.c_str(), flags | commonFlags, newFileMode);
+    const int file = open(path.c_str(), flags | commonFlags, mode);
     if (file < 0)
         return FALSE;
-    struct stat status{};
+    struct stat status {
+    };
     const bool writing = (flags & O_ACCMODE) != O_RDONLY;
-    const bool fit = fstat(file, &status) == 0 &&
-                     (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
+    const bool fit =
+        fstat(file, &status) == 0 && (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
     if (!fit) {
         close(file);
         return FALSE;
@@ -102,7 +101,10 @@ void CFile::Write(const void* lpBuf, UINT nCount)
 {
     int error = 0;
     {
-        const SignalGuard guard;
+        // Of what this class opens, only a file past a limit raises a signal.
+        std::optional<SignalGuard> guard;
+        if (HasSizeLimit())
+            guard.emplace();
         UINT total = 0;
         while (total < nCount && error == 0) {
             const ssize_t put = write(m_hFile, static_cast<const BYTE*>(lpBuf) + total, nCount - total);
@@ -120,7 +122,8 @@ void CFile::Write(const void* lpBuf, UINT nCount)
 
 ULONGLONG CFile::GetLength() const
 {
-    struct stat status{};
+    struct stat status {
+    };
     if (fstat(m_hFile, &status) != 0)
         ThrowSystemError(errno);
     return static_cast<ULONGLONG>(status.st_size);
@@ -144,4 +147,7 @@ void CFile::Abort()
     m_hFile = hFileNull;
 }
 
-void CFile::ThrowSystemError(int error) const { AfxThrowFileException(CauseOf(error), error, m_strFileName); }
+void CFile::ThrowSystemError(int error) const
+{
+    AfxThrowFileException(CauseOf(error), error, m_strFileName);
+}

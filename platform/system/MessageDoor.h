@@ -1,5 +1,5 @@
-// The door through which message boxes leave the library. Where a program has a display, its user interface puts a
-// door of its own here; else messages go to standard error.
+// The door through which message boxes leave the library. Where a program has a display, its user interface
+// puts a door of its own here; else messages go to standard error.
 #pragma once
 
 #include <windows.h>

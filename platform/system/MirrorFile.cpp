@@ -1,6 +1,9 @@
 #include <afxpriv.h>
 
+#include "Memory.h"
 #include "Paths.h"
+#include "Permissions.h"
+#include "SignalGuard.h"
 
 #include <array>
 #include <cerrno>
@@ -8,14 +11,14 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
-#include <new>
 #include <sys/file.h>
 #include <sys/random.h>
+#include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-// The new file is called ".<16 hexadecimal digits>.new-layout" and is locked as long as its writer lives. One that
-// nobody has locked is what a killed writer left behind; the next writer in this folder removes it.
+// The new file is called ".<16 hexadecimal digits>.new-layout" and is locked as long as its writer lives. One
+// that nobody has locked is what a killed writer left behind; the next writer in this folder removes it.
 
 namespace
 {
@@ -24,12 +27,13 @@ constexpr std::string_view mirrorSuffix = ".new-layout";
 constexpr std::size_t mirrorDigits = 16;
 constexpr int mostLinks = 40; // as many as the system itself follows
 constexpr int mostTries = 100;
-constexpr mode_t permissionBits = 07777;
+constexpr std::size_t largestPiece = 1 << 20;
+constexpr mode_t ownersOnly = 0600; // until the file has the permissions of the one that it replaces
 
+// Up to the last slash, that included; empty for the current folder.
 std::string FolderOf(const std::string& path)
 {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    return path.substr(0, path.rfind('/') + 1);
 }
 
 // The file at the end of a chain of symbolic links, whether it exists or not; empty if the chain has no end.
@@ -43,7 +47,7 @@ std::string FollowLinks(std::string path)
         if (static_cast<std::size_t>(length) == target.size())
             return {};
         const std::string name(target.data(), static_cast<std::size_t>(length));
-        path = name.starts_with('/') ? name : FolderOf(path) + '/' + name;
+        path = name.starts_with('/') ? name : FolderOf(path) + name;
     }
     return {};
 }
@@ -67,7 +71,8 @@ bool IsMirrorName(std::string_view name)
 
 void RemoveLeftovers(const std::string& folder)
 {
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.empty() ? "." : folder.c_str()),
+                                                      closedir);
     if (!entries)
         return;
     while (const dirent* const entry = readdir(entries.get())) {
@@ -83,37 +88,44 @@ void RemoveLeftovers(const std::string& folder)
     }
 }
 
-// Whether a file that was just made is still the one of its name: somebody may have taken it for a leftover in the
-// moment before it was locked. A file system without locks will do: no file is taken for a leftover there.
+// Whether a file that was just made is still the one of its name: somebody may have taken it for a leftover
+// in the moment before it was locked. A file system without locks will do: no file is taken for a leftover
+// there.
 bool LockNewFile(int file)
 {
-    struct stat status{};
+    struct stat status {
+    };
     const bool isTaken = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     return !isTaken && fstat(file, &status) == 0 && status.st_nlink > 0;
 }
 
-// In a sticky folder only its owner and the file's may put another file in the place of one.
-bool MayReplace(const std::string& folder, const struct stat& old)
+// Of a new file beside the old one, or in its place: the file itself may be writable all the same, as one
+// that somebody else owns in a sticky folder, or one that is mounted by itself.
+bool IsRefusal(int error)
 {
-    struct stat status{};
-    const uid_t user = geteuid();
-    return stat(folder.c_str(), &status) != 0 || (status.st_mode & S_ISVTX) == 0 || user == 0 ||
-           user == status.st_uid || user == old.st_uid;
+    return error == EACCES || error == EPERM || error == EROFS || error == EBUSY || error == EXDEV;
 }
 
-// Gives the new file the old one's owner, group and permissions, as far as the user may. Without the group, what the
-// group was allowed falls back to what everybody is.
-void CopyPermissions(int file, const struct stat& old)
+// Writes the contents of the open file over the target; gives what failed, 0 for nothing.
+int WriteOver(int file, const std::string& target)
 {
-    mode_t mode = old.st_mode & permissionBits;
-    if (fchown(file, old.st_uid, old.st_gid) != 0 && fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0)
-        mode = (mode & ~S_IRWXG & permissionBits) | ((mode & S_IRWXO) << 3);
-    fchmod(file, mode);
+    const SignalGuard guard;
+    const int over = open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    if (over < 0)
+        return errno;
+    off_t position = 0;
+    ssize_t sent = 0;
+    do
+        sent = sendfile(over, file, &position, largestPiece);
+    while (sent > 0 || (sent < 0 && errno == EINTR));
+    const int error = sent < 0 || fsync(over) != 0 ? errno : 0;
+    close(over);
+    return error;
 }
 
 void FlushFolder(const std::string& folder)
 {
-    const int file = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int file = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (file < 0)
         return;
     fsync(file); // some file systems refuse this for a folder; the file itself is safe by then
@@ -122,50 +134,54 @@ void FlushFolder(const std::string& folder)
 
 } // namespace
 
-CMirrorFile::~CMirrorFile() { CMirrorFile::Abort(); }
+CMirrorFile::~CMirrorFile()
+{
+    CMirrorFile::Abort();
+}
 
 BOOL CMirrorFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 {
     CMirrorFile::Abort();
     if ((nOpenFlags & modeCreate) == 0)
         return CFile::Open(lpszFileName, nOpenFlags);
-    try {
-        m_strTarget = FollowLinks(NativePath(lpszFileName));
-        if (m_strTarget.empty())
-            return FALSE;
-        struct stat old{};
-        const bool exists = stat(m_strTarget.c_str(), &old) == 0;
-        const bool replaceable = !exists || (S_ISREG(old.st_mode) && access(m_strTarget.c_str(), W_OK) == 0 &&
-                                             MayReplace(FolderOf(m_strTarget), old));
-        if (!replaceable || !OpenMirror(exists ? &old : nullptr)) {
-            const bool refused = exists && (errno == EACCES || errno == EPERM || errno == EROFS);
-            if (replaceable && !refused) // a folder without room is no reason to empty the old file
-                return FALSE;
-            m_strMirrorName.clear();
-            if (!OpenNative(m_strTarget, O_WRONLY | O_TRUNC))
-                return FALSE;
-        }
-    } catch (const std::bad_alloc&) {
-        AfxThrowMemoryException();
-    }
+    if (!WithFrameworkMemory([&] { return OpenForCreation(FollowLinks(NativePath(lpszFileName))); }))
+        return FALSE;
     m_strFileName = lpszFileName;
     return TRUE;
 }
 
+bool CMirrorFile::OpenForCreation(const std::string& target)
+{
+    if (target.empty())
+        return false;
+    m_strTarget = target;
+    m_strFolder = FolderOf(target);
+    struct stat old {
+    };
+    const bool exists = stat(target.c_str(), &old) == 0;
+    if (exists && (!S_ISREG(old.st_mode) || faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
+        return OpenNative(target, O_WRONLY | O_TRUNC) != FALSE;
+    if (OpenMirror(exists ? &old : nullptr))
+        return true;
+    // A folder without room is no reason to empty the old file.
+    return exists && IsRefusal(errno) && OpenNative(target, O_WRONLY | O_TRUNC) != FALSE;
+}
+
+// False, with errno, where the folder takes no new file.
 bool CMirrorFile::OpenMirror(const struct stat* pOld)
 {
-    m_strFolder = FolderOf(m_strTarget);
     RemoveLeftovers(m_strFolder);
     for (int i = 0; i < mostTries; ++i) {
-        m_strMirrorName = m_strFolder + '/' + MirrorName();
-        if (!OpenNative(m_strMirrorName, O_WRONLY | O_CREAT | O_EXCL)) {
+        m_strMirrorName = m_strFolder + MirrorName();
+        if (!OpenNative(m_strMirrorName, O_RDWR | O_CREAT | O_EXCL, pOld ? ownersOnly : newFileMode)) {
+            m_strMirrorName.clear();
             if (errno == EEXIST)
                 continue;
             return false;
         }
         if (LockNewFile(m_hFile)) {
             if (pOld)
-                CopyPermissions(m_hFile, *pOld);
+                CopyPermissions(m_hFile, m_strTarget, *pOld);
             return true;
         }
         CMirrorFile::Abort();
@@ -181,8 +197,12 @@ void CMirrorFile::Close()
     if (fsync(m_hFile) != 0 && errno != EINVAL && errno != EROFS) // devices have nothing to flush
         ThrowSystemError(errno);
     if (!m_strMirrorName.empty()) {
-        if (rename(m_strMirrorName.c_str(), m_strTarget.c_str()) != 0)
-            ThrowSystemError(errno);
+        if (rename(m_strMirrorName.c_str(), m_strTarget.c_str()) != 0) {
+            const int error = IsRefusal(errno) ? WriteOver(m_hFile, m_strTarget) : errno;
+            if (error != 0)
+                ThrowSystemError(error);
+            unlink(m_strMirrorName.c_str());
+        }
         m_strMirrorName.clear();
         FlushFolder(m_strFolder);
     }

@@ -1,5 +1,6 @@
-// The entry point of a module: it is told when the loader has attached the module and when it is about to detach it.
-// This source is the last of its module, so that its static object is constructed last and destroyed first.
+// The entry point of a module: it is told when the loader has attached the module and when it is about to
+// detach it. This source is the last of its module, so that its static object is constructed last and
+// destroyed first.
 #include <afxwin.h>
 
 namespace

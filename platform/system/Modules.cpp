@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "ModuleFolder.h"
 #include "Unicode.h"
 
 #include <dlfcn.h>
@@ -19,16 +20,6 @@ std::string NativeName(std::string name)
     return "lib" + name + ".so";
 }
 
-std::string FolderOfThisModule()
-{
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&FolderOfThisModule), &info) == 0 || info.dli_fname == nullptr)
-        return {};
-    const std::string path = info.dli_fname;
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
-}
-
 } // namespace
 
 HMODULE LoadLibraryW(LPCWSTR fileName)
@@ -36,11 +27,8 @@ HMODULE LoadLibraryW(LPCWSTR fileName)
     try {
         const std::string name = NativeName(ToUtf8(fileName));
         void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
-        if (module == nullptr) {
-            const std::string folder = FolderOfThisModule();
-            if (!folder.empty())
-                module = dlopen((folder + name).c_str(), RTLD_NOW | RTLD_LOCAL);
-        }
+        if (module == nullptr)
+            module = dlopen((ModuleFolder() + '/' + name).c_str(), RTLD_NOW | RTLD_LOCAL);
         return static_cast<HMODULE>(module);
     } catch (const std::bad_alloc&) {
         return nullptr;

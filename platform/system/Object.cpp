@@ -24,4 +24,7 @@ void* CObject::operator new(std::size_t size)
     return object;
 }
 
-void CObject::operator delete(void* object) noexcept { ::operator delete(object); }
+void CObject::operator delete(void* object) noexcept
+{
+    ::operator delete(object);
+}

@@ -20,8 +20,14 @@ constexpr const char* sharedName = "styleatlas";
 constexpr std::u16string_view commonDataFolder = u"C:\\ProgramData";
 constexpr std::size_t userRecordSize = 16384; // of getpwuid_r; ample
 
-constexpr bool IsSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
-constexpr bool IsDriveLetter(char16_t c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); }
+constexpr bool IsSeparator(char16_t c)
+{
+    return c == u'\\' || c == u'/';
+}
+constexpr bool IsDriveLetter(char16_t c)
+{
+    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+}
 
 std::string Variable(const char* name)
 {
@@ -49,7 +55,8 @@ std::string WithoutSlash(std::string path)
     return path;
 }
 
-// The names between the separators, with "." left out and ".." taking back the name before it, as far as there is one.
+// The names between the separators, with "." left out and ".." taking back the name before it, as far as
+// there is one.
 std::vector<std::u16string_view> PathNames(std::u16string_view path)
 {
     std::vector<std::u16string_view> names;

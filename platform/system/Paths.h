@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
-// The prefix folder as a native path without a slash at its end; empty when the user has no folder of his own.
+// The prefix folder as a native path without a slash at its end; empty when the user has no folder of his
+// own.
 std::string PrefixFolder();
 
-// The native path of a path of the drives: C:\a\b is a/b in the prefix folder's drive_c, a path from the root is on C,
-// and ".." stops at the root of the drive. A native absolute path passes unchanged, and a relative path stays
-// relative to the current folder. Empty for an empty path, or when there is no prefix folder.
+// The native path of a path of the drives: C:\a\b is a/b in the prefix folder's drive_c, a path from the root
+// is on C, and ".." stops at the root of the drive. A native absolute path passes unchanged, and a relative
+// path stays relative to the current folder. Empty for an empty path, or when there is no prefix folder.
 std::string NativePath(std::u16string_view path);
 
 // Makes the folder and those above it; false if it doesn't stand afterwards.

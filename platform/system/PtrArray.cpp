@@ -12,7 +12,10 @@ constexpr INT_PTR mostElements = std::numeric_limits<INT_PTR>::max() / static_ca
 
 } // namespace
 
-CPtrArray::~CPtrArray() { std::free(m_pData); }
+CPtrArray::~CPtrArray()
+{
+    std::free(m_pData);
+}
 
 void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
@@ -33,8 +36,8 @@ void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
     m_nSize = nNewSize;
 }
 
-// An array that is grown one by one grows by half each time, so that the copying stays linear; one that is given its
-// size at once takes no more than that.
+// An array that is grown one by one grows by half each time, so that the copying stays linear; one that is
+// given its size at once takes no more than that.
 void CPtrArray::Reserve(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
     const INT_PTR growth = m_nMaxSize > 0 ? std::max({nGrowBy, leastGrowth, m_nMaxSize / 2}) : nGrowBy;

@@ -5,17 +5,19 @@
 #include "Unicode.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <memory>
 #include <new>
+#include <optional>
 #include <sqlite3.h>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// The registry is the SQLite file registry.db in the prefix folder. Every open key has a connection of its own, so no
-// lock is held between calls; a write is one transaction that takes the lock at its start, so that processes which
-// write at once wait for each other. Keys and values are found by their folded names.
+// The registry is the SQLite file registry.db in the prefix folder. Every open key has a connection of its
+// own, so no lock is held between calls; a write is one transaction that takes the lock at its start, so that
+// processes which write at once wait for each other. Keys and values are found by their folded names.
 
 struct HKEY__ {
     sqlite3* Database;
@@ -26,18 +28,23 @@ struct HKEY__ {
 namespace
 {
 
-constexpr int longestWait = 5000;       // milliseconds that other processes may hold the lock
-constexpr int progressStep = 100'000;   // virtual machine steps; no statement here needs as many
-constexpr int largestValue = 16 << 20;  // bytes; a file that holds or computes more is somebody else's
+// Milliseconds that other processes may hold the lock; and those once they have held it that long, so that a
+// host which goes on to the next call doesn't wait all over again.
+constexpr int longestWait = 2000;
+constexpr int waitWhileHeld = 50;
+constexpr std::chrono::seconds heldFor{5};
+constexpr int progressStep = 100'000;  // virtual machine steps; no statement here needs as many
+constexpr int largestValue = 16 << 20; // bytes; a file that holds or computes more is somebody else's
 constexpr std::size_t mostLevels = 512;
 constexpr std::size_t longestPath = 32767; // characters
 constexpr std::string_view usersName = "HKEY_USERS";
 
-constexpr const char* schema = "CREATE TABLE IF NOT EXISTS key("
-                               "id INTEGER PRIMARY KEY, folded TEXT NOT NULL UNIQUE, path TEXT NOT NULL);"
-                               "CREATE TABLE IF NOT EXISTS value("
-                               "key INTEGER NOT NULL REFERENCES key(id), folded TEXT NOT NULL, name TEXT NOT NULL,"
-                               "type INTEGER NOT NULL, data BLOB NOT NULL, PRIMARY KEY(key, folded)) WITHOUT ROWID";
+constexpr const char* schema =
+    "CREATE TABLE IF NOT EXISTS key("
+    "id INTEGER PRIMARY KEY, folded TEXT NOT NULL UNIQUE, path TEXT NOT NULL);"
+    "CREATE TABLE IF NOT EXISTS value("
+    "key INTEGER NOT NULL REFERENCES key(id), folded TEXT NOT NULL, name TEXT NOT NULL,"
+    "type INTEGER NOT NULL, data BLOB NOT NULL, PRIMARY KEY(key, folded)) WITHOUT ROWID";
 
 struct CloseDatabase {
     void operator()(sqlite3* database) const { sqlite3_close(database); }
@@ -79,7 +86,8 @@ class Statement
 public:
     Statement(sqlite3* database, std::string_view text)
     {
-        m_result = sqlite3_prepare_v2(database, text.data(), static_cast<int>(text.size()), &m_statement, nullptr);
+        m_result =
+            sqlite3_prepare_v2(database, text.data(), static_cast<int>(text.size()), &m_statement, nullptr);
     }
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
@@ -91,7 +99,8 @@ public:
     }
     Statement& Bind(int parameter, std::string_view text)
     {
-        return Keep(sqlite3_bind_text64(m_statement, parameter, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8));
+        return Keep(sqlite3_bind_text64(m_statement, parameter, text.data(), text.size(), SQLITE_STATIC,
+                                        SQLITE_UTF8));
     }
     Statement& BindData(int parameter, const BYTE* data, DWORD size)
     {
@@ -105,7 +114,10 @@ public:
 
     sqlite3_int64 Number(int column) const { return sqlite3_column_int64(m_statement, column); }
     const void* Data(int column) const { return sqlite3_column_blob(m_statement, column); }
-    sqlite3_int64 DataSize(int column) const { return sqlite3_column_bytes(m_statement, column); } // after Data
+    sqlite3_int64 DataSize(int column) const
+    {
+        return sqlite3_column_bytes(m_statement, column);
+    } // after Data
 
 private:
     Statement& Keep(int result)
@@ -119,7 +131,10 @@ private:
     int m_result = SQLITE_OK;
 };
 
-int Execute(sqlite3* database, const char* text) { return sqlite3_exec(database, text, nullptr, nullptr, nullptr); }
+int Execute(sqlite3* database, const char* text)
+{
+    return sqlite3_exec(database, text, nullptr, nullptr, nullptr);
+}
 
 std::string Folded(std::string text)
 {
@@ -128,7 +143,8 @@ std::string Folded(std::string text)
     return text;
 }
 
-// The paths of a key and of all keys above it, from the root down; none for a path that is too long or too deep.
+// The paths of a key and of all keys above it, from the root down; none for a path that is too long or too
+// deep.
 std::vector<std::string> KeyPaths(std::u16string_view subKey)
 {
     if (subKey.size() > longestPath)
@@ -145,6 +161,13 @@ std::vector<std::string> KeyPaths(std::u16string_view subKey)
     return paths;
 }
 
+thread_local std::optional<std::chrono::steady_clock::time_point> lastBusy;
+
+int Wait()
+{
+    return lastBusy && std::chrono::steady_clock::now() - *lastBusy < heldFor ? waitWhileHeld : longestWait;
+}
+
 int OpenDatabase(int flags, Database& database)
 {
     const std::string prefix = PrefixFolder();
@@ -158,12 +181,14 @@ int OpenDatabase(int flags, Database& database)
         return result;
     if (sqlite3_db_readonly(opened, "main") != 0)
         return SQLITE_READONLY;
-    sqlite3_busy_timeout(opened, longestWait);
+    sqlite3_busy_timeout(opened, Wait());
     // The file may come from anybody: nothing that it computes is run.
-    for (const int feature : {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER})
+    for (const int feature :
+         {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER})
         sqlite3_db_config(opened, feature, 0, nullptr);
     sqlite3_limit(opened, SQLITE_LIMIT_LENGTH, largestValue);
-    sqlite3_progress_handler(opened, progressStep, [](void*) { return 1; }, nullptr);
+    sqlite3_progress_handler(
+        opened, progressStep, [](void*) { return 1; }, nullptr);
     return SQLITE_OK;
 }
 
@@ -210,7 +235,10 @@ template <class Body> LONG Guarded(Body body)
 {
     const SignalGuard guard;
     try {
-        return body();
+        const LONG result = body();
+        if (result == ERROR_BUSY)
+            lastBusy = std::chrono::steady_clock::now();
+        return result;
     } catch (const std::bad_alloc&) {
         return ERROR_OUTOFMEMORY;
     }
@@ -240,8 +268,8 @@ LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD /*options*/, REGSAM access, 
     });
 }
 
-LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD /*reserved*/, LPWSTR /*keyClass*/, DWORD options, REGSAM access,
-                     void* /*security*/, HKEY* key, DWORD* /*disposition*/)
+LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD /*reserved*/, LPWSTR /*keyClass*/, DWORD options,
+                     REGSAM access, void* /*security*/, HKEY* key, DWORD* /*disposition*/)
 {
     const LONG created = Guarded([&]() -> LONG {
         if (root != HKEY_USERS)
@@ -299,8 +327,12 @@ LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, cons
             Statement store(key->Database, "INSERT INTO value(key, folded, name, type, data)"
                                            " VALUES(?1, ?2, ?3, ?4, ?5) ON CONFLICT(key, folded)"
                                            " DO UPDATE SET type = excluded.type, data = excluded.data");
-            const int result =
-                store.Bind(1, key->Id).Bind(2, folded).Bind(3, utf8).Bind(4, type).BindData(5, data, size).Step();
+            const int result = store.Bind(1, key->Id)
+                                   .Bind(2, folded)
+                                   .Bind(3, utf8)
+                                   .Bind(4, type)
+                                   .BindData(5, data, size)
+                                   .Step();
             return result == SQLITE_DONE ? SQLITE_OK : result;
         }));
     });

@@ -1,5 +1,5 @@
-// A write past a file-size limit or into a broken pipe raises a signal that would end the host. Within the scope of a
-// SignalGuard such a write only fails.
+// A write past a file-size limit or into a broken pipe raises a signal that would end the host. Within the
+// scope of a SignalGuard such a write only fails.
 #pragma once
 
 #include <csignal>

@@ -1,13 +1,17 @@
 #include <afx.h>
 
+#include "Memory.h"
+
 #include <algorithm>
 #include <cstdarg>
-#include <new>
 
 namespace
 {
 
-constexpr TCHAR FoldCase(TCHAR ch) { return ch >= u'A' && ch <= u'Z' ? static_cast<TCHAR>(ch + (u'a' - u'A')) : ch; }
+constexpr TCHAR FoldCase(TCHAR ch)
+{
+    return ch >= u'A' && ch <= u'Z' ? static_cast<TCHAR>(ch + (u'a' - u'A')) : ch;
+}
 
 int CompareFolded(std::u16string_view first, std::u16string_view second)
 {
@@ -18,16 +22,6 @@ int CompareFolded(std::u16string_view first, std::u16string_view second)
             return difference;
     }
     return static_cast<int>(first.size()) - static_cast<int>(second.size());
-}
-
-// Runs an operation of the standard library and turns its memory exception into the framework's.
-template <class Operation> auto WithFrameworkMemory(Operation operation)
-{
-    try {
-        return operation();
-    } catch (const std::bad_alloc&) {
-        AfxThrowMemoryException();
-    }
 }
 
 std::shared_ptr<std::u16string> MakeText(std::u16string_view text)
@@ -74,7 +68,10 @@ std::u16string FormatText(const TCHAR* format, std::va_list args)
 
 } // namespace
 
-int _wcsicmp(LPCWSTR first, LPCWSTR second) { return CompareFolded(first, second); } // NOLINT
+int _wcsicmp(LPCWSTR first, LPCWSTR second)
+{
+    return CompareFolded(first, second);
+} // NOLINT
 
 CString::CString(LPCTSTR psz) : m_text(psz ? MakeText(psz) : nullptr) {}
 
@@ -89,21 +86,28 @@ CString::CString(LPCTSTR pch, int nLength)
 std::u16string& CString::Own()
 {
     if (!m_text || m_text.use_count() > 1)
-        m_text = WithFrameworkMemory([this] { return std::make_shared<std::u16string>(GetString(), GetLength()); });
+        m_text = WithFrameworkMemory(
+            [this] { return std::make_shared<std::u16string>(GetString(), GetLength()); });
     return *m_text;
 }
 
 CString& CString::operator+=(LPCTSTR psz)
 {
     std::u16string& text = Own();
-    WithFrameworkMemory([&] { text.append(psz); return true; });
+    WithFrameworkMemory([&] {
+        text.append(psz);
+        return true;
+    });
     return *this;
 }
 
 CString& CString::operator+=(TCHAR ch)
 {
     std::u16string& text = Own();
-    WithFrameworkMemory([&] { text.push_back(ch); return true; });
+    WithFrameworkMemory([&] {
+        text.push_back(ch);
+        return true;
+    });
     return *this;
 }
 
@@ -119,7 +123,10 @@ int CString::Compare(LPCTSTR psz) const
     return std::u16string_view(GetString()).compare(psz);
 }
 
-int CString::CompareNoCase(LPCTSTR psz) const { return CompareFolded(GetString(), psz); }
+int CString::CompareNoCase(LPCTSTR psz) const
+{
+    return CompareFolded(GetString(), psz);
+}
 
 void CString::Format(const TCHAR* pszFormat, ...)
 {
@@ -130,8 +137,9 @@ void CString::Format(const TCHAR* pszFormat, ...)
         std::va_list& List;
         ~EndOfArguments() { va_end(List); }
     } end{args};
-    m_text = WithFrameworkMemory([&] {
-        std::u16string text = FormatText(pszFormat, args);
-        return text.empty() ? nullptr : std::make_shared<std::u16string>(std::move(text));
-    });
+    try {
+        m_text = MakeText(FormatText(pszFormat, args));
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
 }

@@ -7,8 +7,14 @@ namespace
 
 constexpr char32_t replacement = 0xFFFD;
 
-constexpr bool IsHighSurrogate(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
-constexpr bool IsLowSurrogate(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
+constexpr bool IsHighSurrogate(char32_t c)
+{
+    return c >= 0xD800 && c < 0xDC00;
+}
+constexpr bool IsLowSurrogate(char32_t c)
+{
+    return c >= 0xDC00 && c < 0xE000;
+}
 
 void AppendUtf8(std::string& out, char32_t c)
 {

@@ -1,5 +1,5 @@
-// Conversion between the layer's 16-bit strings and the UTF-8 of the system. A surrogate without its partner is
-// carried through as three bytes of its own, so that every 16-bit text comes back as it was.
+// Conversion between the layer's 16-bit strings and the UTF-8 of the system. A surrogate without its partner
+// is carried through as three bytes of its own, so that every 16-bit text comes back as it was.
 #pragma once
 
 #include <string>

@@ -38,11 +38,12 @@ static void Get(const char* text)
     int16_t style = 7;
     int16_t width = 7;
     uint8_t useSymbolColor = 7;
-    const int found = GetStyleAtlas((int16_t)numbers[0], (uint16_t)numbers[1], (uint8_t)numbers[2],
-                                    (uint8_t)numbers[3], (uint16_t)numbers[4], (uint32_t)numbers[5], &symbolColor,
-                                    &shape, &size, &fill, &lineColor, &style, &width, &useSymbolColor);
-    printf("%d: %06X %d %d %d %06X %d %d %d\n", found, (unsigned)symbolColor, shape, size, fill, (unsigned)lineColor,
-           style, width, useSymbolColor);
+    const int found =
+        GetStyleAtlas((int16_t)numbers[0], (uint16_t)numbers[1], (uint8_t)numbers[2], (uint8_t)numbers[3],
+                      (uint16_t)numbers[4], (uint32_t)numbers[5], &symbolColor, &shape, &size, &fill,
+                      &lineColor, &style, &width, &useSymbolColor);
+    printf("%d: %06X %d %d %d %06X %d %d %d\n", found, (unsigned)symbolColor, shape, size, fill,
+           (unsigned)lineColor, style, width, useSymbolColor);
 }
 
 int main(int argc, char** argv)

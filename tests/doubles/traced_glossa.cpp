@@ -7,16 +7,24 @@ class glossa::Catalogue
 {
 };
 
-k_GlossaW::k_GlossaW() { std::fputs("glossa constructed\n", stderr); }
+k_GlossaW::k_GlossaW()
+{
+    std::fputs("glossa constructed\n", stderr);
+}
 
-k_GlossaW::~k_GlossaW() { std::fputs("glossa destroyed\n", stderr); }
+k_GlossaW::~k_GlossaW()
+{
+    std::fputs("glossa destroyed\n", stderr);
+}
 
-const TCHAR* k_GlossaW::GetStrippedText(const TCHAR* pszText, CString /*strSection*/, bool /*bUseUserLanguage*/)
+const TCHAR* k_GlossaW::GetStrippedText(const TCHAR* pszText, CString /*strSection*/,
+                                        bool /*bUseUserLanguage*/)
 {
     return pszText;
 }
 
-const TCHAR* k_GlossaW::GetUnStrippedText(const TCHAR* pszText, CString /*strSection*/, bool /*bUseUserLanguage*/)
+const TCHAR* k_GlossaW::GetUnStrippedText(const TCHAR* pszText, CString /*strSection*/,
+                                          bool /*bUseUserLanguage*/)
 {
     return pszText;
 }
@@ -26,4 +34,7 @@ CString k_GlossaW::GetUnStrippedText(CString strText, CString /*strSection*/, bo
     return strText;
 }
 
-void InitMFCGlossaExtDLL() { std::fputs("glossa attached\n", stderr); }
+void InitMFCGlossaExtDLL()
+{
+    std::fputs("glossa attached\n", stderr);
+}

@@ -17,7 +17,10 @@ public:
         m_position += count;
         return static_cast<UINT>(count);
     }
-    void Write(const void* lpBuf, UINT nCount) override { m_bytes.append(static_cast<const char*>(lpBuf), nCount); }
+    void Write(const void* lpBuf, UINT nCount) override
+    {
+        m_bytes.append(static_cast<const char*>(lpBuf), nCount);
+    }
     const std::string& Bytes() const { return m_bytes; }
 
 private:

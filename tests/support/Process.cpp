@@ -53,7 +53,8 @@ void Drain(const Pipe& first, std::string& firstText, const Pipe& second, std::s
             std::array<char, 4096> buffer;
             const ssize_t got = read(one.fd, buffer.data(), buffer.size());
             if (got > 0)
-                (&one == &waiting[0] ? firstText : secondText).append(buffer.data(), static_cast<std::size_t>(got));
+                (&one == &waiting[0] ? firstText : secondText)
+                    .append(buffer.data(), static_cast<std::size_t>(got));
             else if (got == 0 || errno != EINTR)
                 one.fd = -1;
         }
@@ -100,8 +101,8 @@ Outcome Run(const std::vector<std::string>& arguments, const std::vector<std::st
     std::vector<std::string> words = arguments;
     std::vector<std::string> variables = Environment(environment);
     pid_t child = 0;
-    const int result =
-        posix_spawnp(&child, arguments[0].c_str(), &actions, nullptr, Pointers(words).data(), Pointers(variables).data());
+    const int result = posix_spawnp(&child, arguments[0].c_str(), &actions, nullptr, Pointers(words).data(),
+                                    Pointers(variables).data());
     posix_spawn_file_actions_destroy(&actions);
     if (result != 0)
         throw std::runtime_error("cannot run " + arguments[0]);

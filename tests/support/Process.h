@@ -13,8 +13,8 @@ struct Outcome {
     std::string Errors;
 };
 
-// Runs arguments[0] (found on the search path) with this process's environment, in which the settings "NAME=VALUE"
-// stand; waits for its end.
+// Runs arguments[0] (found on the search path) with this process's environment, in which the settings
+// "NAME=VALUE" stand; waits for its end.
 Outcome Run(const std::vector<std::string>& arguments, const std::vector<std::string>& environment);
 
 } // namespace test

@@ -49,6 +49,7 @@ std::vector<UnitEntry> SingleQuantities(WORD count)
 
 k_UnitQuantities GetUnitQuantities()
 {
-    return {scripted.Devices.data(), scripted.Quantities.data(), scripted.SubQuantities.data(),
-            scripted.Indexes.data(), scripted.Flags.data(),      static_cast<int>(scripted.Quantities.size())};
+    return {scripted.Devices.data(),       scripted.Quantities.data(),
+            scripted.SubQuantities.data(), scripted.Indexes.data(),
+            scripted.Flags.data(),         static_cast<int>(scripted.Quantities.size())};
 }

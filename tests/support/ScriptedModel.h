@@ -1,8 +1,8 @@
-// The outside of the model in a test: a unit library that reports what the test says. The module's objects that the
-// model reaches are defined here too.
+// The outside of the model in a test: a unit library that reports what the test says. The module's objects
+// that the model reaches are defined here too.
 #pragma once
 
-#include <model/StyleAtlas.h>
+#include <model/StyleAtlasLookup.h>
 
 #include <vector>
 

@@ -8,4 +8,7 @@ UINT RegisterWindowMessageW(LPCWSTR name)
     return 0xC000;
 }
 
-int main() { std::puts("loaded"); }
+int main()
+{
+    std::puts("loaded");
+}

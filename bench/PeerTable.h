@@ -22,6 +22,8 @@ struct PlainStyle {
     std::int16_t LineStyle = 0;
     std::int16_t LineWidth = 1;
     bool UseSymbolColor = false;
+
+    friend bool operator==(const PlainStyle&, const PlainStyle&) = default;
 };
 
 struct PlainRow {
@@ -47,5 +49,17 @@ using PlainTable = std::vector<std::unique_ptr<PlainRow>>;
 // A row, then its array, then its records: the order in which the library allocates them.
 std::unique_ptr<PlainRow> MakePlainRow();
 PlainTable MakePlainTable(std::size_t rows);
+
+// The table that BareLookup searches from now on; it stays the caller's and must not change while it is in
+// use.
+void SetBareTable(const PlainTable& table);
+
+// GetStyleAtlas as a bare loop over an array of pointers to rows: same arguments, same staged search, same
+// answer.
+int BareLookup(std::int16_t fileColumn, std::uint16_t quantity, std::uint8_t subQuantity, std::uint8_t index,
+               std::uint16_t device, std::uint32_t flags, std::uint32_t* symbolColor,
+               std::int16_t* symbolShape, std::int16_t* symbolSize, std::int16_t* symbolFill,
+               std::uint32_t* lineColor, std::int16_t* lineStyle, std::int16_t* lineWidth,
+               std::uint8_t* useSymbolColor);
 
 } // namespace bench

@@ -1,0 +1,52 @@
+// The lookup of a style, which a host asks for each curve that it draws. It stands in a header so that it
+// becomes part of the export: a call of its own would cost as much as a short search.
+#pragma once
+
+#include "StyleAtlas.h"
+
+// One forward pass: each stage's test contains the one before it, so it goes on where that one stopped.
+FORCEINLINE INT_PTR k_StyleAtlas::FindRow(QuantityKey key) const
+{
+    const INT_PTR n = Rows.GetSize();
+    void* const* const rows = Rows.GetData();
+    const auto scan = [rows, n](INT_PTR from, auto passes) -> INT_PTR {
+        for (INT_PTR i = from; i < n; ++i) {
+            const k_QuantityDesc* const pRow = static_cast<const k_QuantityDesc*>(rows[i]);
+            if (pRow != nullptr && passes(*pRow))
+                return i;
+        }
+        return -1;
+    };
+    const auto hasQuantity = [&key](const k_QuantityDesc& row) { return row.Quantity == key.Quantity; };
+    const auto hasSubQuantity = [&](const k_QuantityDesc& row) {
+        return hasQuantity(row) && row.SubQuantity == key.SubQuantity;
+    };
+    const auto hasDevice = [&](const k_QuantityDesc& row) {
+        return hasSubQuantity(row) && row.Device == key.Device;
+    };
+    const auto isEqual = [&](const k_QuantityDesc& row) {
+        return hasDevice(row) && row.Index == key.Index && row.Flags == key.Flags;
+    };
+
+    INT_PTR best = scan(0, hasQuantity);
+    if (best < 0)
+        return -1;
+    INT_PTR found = scan(best, hasSubQuantity);
+    if (found < 0)
+        return best;
+    best = found;
+    found = scan(best, hasDevice);
+    if (found < 0)
+        return best;
+    best = found;
+    found = scan(best, isEqual);
+    return found < 0 ? best : found;
+}
+
+inline k_LineDef* k_StyleAtlas::GetRowStyle(INT_PTR row, int column) const
+{
+    if (row >= Rows.GetSize())
+        return nullptr;
+    auto* const pRow = static_cast<k_QuantityDesc*>(Rows.GetAt(row));
+    return pRow != nullptr ? pRow->GetColumnStyle(column) : nullptr;
+}
