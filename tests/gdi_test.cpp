@@ -173,39 +173,37 @@ TEST(Shapes, LeaveOutTheRightAndBottomEdge)
 {
     struct Case {
         int Pen;
-        CRect Rectangle;
-        CRect Ellipse;
-        const char* Text;
+        CRect Box;
+        const char* Rectangle;
+        const char* Ellipse;
     };
     const Case cases[] = {
         {PS_SOLID,
-         {1, 1, 6, 5},
-         {7, 0, 17, 10},
-         "..........####...\n.#####..##oooo##.\n.#ooo#..#oooooo#.\n.#ooo#.#oooooooo#\n.#####.#oooooooo#\n"
-         ".......#oooooooo#\n.......#oooooooo#\n........#oooooo#.\n........##oooo##.\n..........####...\n"},
+         {1, 0, 7, 5},
+         ".######.\n.#oooo#.\n.#oooo#.\n.#oooo#.\n.######.\n........\n",
+         "..####..\n.#oooo#.\n.#oooo#.\n.#oooo#.\n..####..\n........\n"},
         {PS_NULL,
-         {6, 5, 1, 1},
-         {15, 5, 8, 0},
-         ".........oooo....\n.oooo...oooooo...\n.oooo...oooooo...\n.oooo....oooo....\n.................\n"
-         ".................\n.................\n.................\n.................\n.................\n"},
+         {7, 5, 1, 0}, // sides exchanged
+         ".ooooo..\n.ooooo..\n.ooooo..\n.ooooo..\n........\n........\n",
+         "..ooo...\n.ooooo..\n.ooooo..\n..ooo...\n........\n........\n"},
         {PS_SOLID,
-         {1, 1, 2, 4},
-         {4, 1, 8, 2},
-         ".................\n.#..####.........\n.#...............\n.#...............\n.................\n"
-         ".................\n.................\n.................\n.................\n.................\n"},
+         {2, 2, 3, 5},
+         "........\n........\n..#.....\n..#.....\n..#.....\n........\n",
+         "........\n........\n..#.....\n..#.....\n..#.....\n........\n"},
         {PS_SOLID,
-         {3, 3, 3, 9},
-         {4, 4, 9, 4},
-         ".................\n.................\n.................\n.................\n.................\n"
-         ".................\n.................\n.................\n.................\n.................\n"},
+         {2, 2, 2, 5},
+         "........\n........\n........\n........\n........\n........\n",
+         "........\n........\n........\n........\n........\n........\n"},
     };
     for (const Case& each : cases) {
-        Picture picture(17, 10);
-        const Tools tools(picture.Dc(), each.Pen, 1);
-        picture.Dc().Rectangle(each.Rectangle);
-        const CRect& box = each.Ellipse;
-        picture.Dc().Ellipse(box.left, box.top, box.right, box.bottom);
-        EXPECT_EQ(picture.Text(), each.Text);
+        Picture rectangle(8, 6);
+        Picture ellipse(8, 6);
+        const Tools first(rectangle.Dc(), each.Pen, 1);
+        const Tools second(ellipse.Dc(), each.Pen, 1);
+        rectangle.Dc().Rectangle(each.Box);
+        ellipse.Dc().Ellipse(each.Box.left, each.Box.top, each.Box.right, each.Box.bottom);
+        EXPECT_EQ(rectangle.Text(), each.Rectangle);
+        EXPECT_EQ(ellipse.Text(), each.Ellipse);
     }
 }
 
@@ -237,28 +235,28 @@ TEST(FloodFill, StopsAtTheBorderColourAlone)
     struct Case {
         CPoint Seed;
         COLORREF Border;
-        BOOL Result;
-        const char* Text;
+        const char* Text; // null: nothing is done
     };
     // A closed line of pixels that touch at corners, and a pixel of another colour within.
     const Case cases[] = {
-        {{3, 3}, ink, TRUE, "...#...\n..#o#..\n.#ooo#.\n#ooooo#\n.#ooo#.\n..#o#..\n...#...\n"},
-        {{0, 0}, ink, TRUE, "ooo#...\noo#.#..\no#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
-        {{3, 0}, ink, FALSE, "...#...\n..#.#..\n.#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
-        {{7, 3}, ink, FALSE, "...#...\n..#.#..\n.#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
-        {{3, -1}, ink, FALSE, "...#...\n..#.#..\n.#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
-        {{1, 1}, gapColor, TRUE, "ooooooo\nooooooo\nooooooo\nooo-ooo\nooooooo\nooooooo\nooooooo\n"},
+        {{3, 3}, ink, "...#...\n..#o#..\n.#ooo#.\n#ooooo#\n.#ooo#.\n..#o#..\n...#...\n"},
+        {{0, 0}, ink, "ooo#...\noo#.#..\no#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
+        {{1, 1}, gapColor, "ooooooo\nooooooo\nooooooo\nooo-ooo\nooooooo\nooooooo\nooooooo\n"},
+        {{3, 0}, ink, nullptr},
+        {{7, 3}, ink, nullptr},
+        {{3, -1}, ink, nullptr},
     };
     for (const Case& each : cases) {
         Picture picture(7, 7);
-        DrawLine(picture, {3, 0}, {0, 3});
-        DrawLine(picture, {0, 3}, {3, 6});
-        DrawLine(picture, {3, 6}, {6, 3});
-        DrawLine(picture, {6, 3}, {3, 0});
+        constexpr POINT corners[] = {{3, 0}, {0, 3}, {3, 6}, {6, 3}, {3, 0}};
+        for (int i = 0; i < 4; ++i)
+            DrawLine(picture, corners[i], corners[i + 1]);
         picture.Dc().FillSolidRect(3, 3, 1, 1, gapColor);
+        const std::string before = picture.Text();
         const Tools tools(picture.Dc(), PS_SOLID, 1);
-        EXPECT_EQ(picture.Dc().FloodFill(each.Seed.x, each.Seed.y, each.Border), each.Result);
-        EXPECT_EQ(picture.Text(), each.Text);
+        const bool isDone = picture.Dc().FloodFill(each.Seed.x, each.Seed.y, each.Border) != FALSE;
+        EXPECT_EQ(isDone, each.Text != nullptr);
+        EXPECT_EQ(picture.Text(), isDone ? each.Text : before);
     }
 }
 

@@ -39,6 +39,13 @@ void DrawSymbol(Picture& picture, int shape, int fill, int size, const RECT& rec
     EXPECT_EQ(Symbol(style, shape, fill, size).DrawSymbol(&picture.Dc(), rect), 0);
 }
 
+struct SymbolPicture : Picture {
+    SymbolPicture(int shape, int fill, int size) : Picture(side, side)
+    {
+        DrawSymbol(*this, shape, fill, size);
+    }
+};
+
 class StylePainting : public testing::Test
 {
 protected:
@@ -108,25 +115,14 @@ TEST_F(StylePainting, ShowsEveryShapeAndFill)
         ".............###########......#...............................................#.................\n");
 }
 
-TEST_F(StylePainting, TakesSizesInPairs)
-{
-    ForAllSymbols([](int shape, int fill, int size) {
-        Picture even(side, side);
-        Picture given(side, side);
-        DrawSymbol(even, shape, fill, size / 2 * 2);
-        DrawSymbol(given, shape, fill, size);
-        EXPECT_EQ(given, even);
-    });
-}
-
 TEST_F(StylePainting, ReachesAsFarAsItsSize)
 {
     // How many pixels the shape reaches past half its size at the right and at the bottom.
     const CSize both(1, 1);
     const CSize past[] = {{0, 0}, {1, 0}, both, both, {0, 0}, {0, 0}, {1, 0}, both, {0, 0}, {0, 0}};
     ForAllSymbols([&](int shape, int fill, int size) {
-        Picture picture(side, side);
-        DrawSymbol(picture, shape, fill, size);
+        const SymbolPicture picture(shape, fill, size);
+        EXPECT_EQ(picture, SymbolPicture(shape, fill, size / 2 * 2)); // sizes go in pairs
         const int half = shape == none ? 0 : shape == point ? size / 4 : size / 2;
         const int low = middle - half;
         const int high = middle + half;
@@ -144,12 +140,9 @@ TEST_F(StylePainting, DotsTheShapesThatHaveOne)
 {
     for (int shape = none; shape < shapeCount; ++shape) {
         for (int size = 0; size <= largestSize; ++size) {
-            Picture plain(side, side);
-            Picture dotted(side, side);
-            Picture dot(side, side);
-            DrawSymbol(plain, shape, empty, size);
-            DrawSymbol(dotted, shape, withDot, size);
-            DrawSymbol(dot, point, withDot, size);
+            const SymbolPicture plain(shape, empty, size);
+            const SymbolPicture dotted(shape, withDot, size);
+            const SymbolPicture dot(point, withDot, size);
             const bool hasDot = shape != none && shape != cross;
             for (int y = 0; y < side; ++y) {
                 for (int x = 0; x < side; ++x)
@@ -189,33 +182,19 @@ TEST_F(StylePainting, LiesOverTheLine)
 TEST_F(StylePainting, TakesAnyNumber)
 {
     for (const int fill : {-1, 3, 32767}) {
-        for (const int shape : {triangle, triangle2, square, diamond}) {
-            Picture odd(side, side);
-            Picture outline(side, side);
-            DrawSymbol(odd, shape, fill, 20);
-            DrawSymbol(outline, shape, empty, 20);
-            EXPECT_EQ(odd, outline);
-        }
-        Picture odd(side, side);
-        Picture disc(side, side);
-        DrawSymbol(odd, circle, fill, 20);
-        DrawSymbol(disc, circle, filled, 20);
-        EXPECT_EQ(odd, disc);
+        for (const int shape : {triangle, triangle2, square, diamond})
+            EXPECT_EQ(SymbolPicture(shape, fill, 20), SymbolPicture(shape, empty, 20));
+        EXPECT_EQ(SymbolPicture(circle, fill, 20), SymbolPicture(circle, filled, 20));
     }
-    for (const int shape : {-32768, -1, 10, 32767}) {
-        Picture picture(side, side);
-        DrawSymbol(picture, shape, filled, 20);
-        EXPECT_TRUE(picture.Painted().IsRectEmpty());
-    }
+    for (const int shape : {-32768, -1, 10, 32767})
+        EXPECT_TRUE(SymbolPicture(shape, filled, 20).Painted().IsRectEmpty());
     for (const int size : {-32768, -32767, 32767}) {
         for (int shape = none; shape < shapeCount; ++shape) {
             Picture picture(side, side);
             for (int i = 0; i < 100; ++i)
                 DrawSymbol(picture, shape, i % 3, size, {-20000 * i, -20000, 20000 * i, 20000});
         }
-        Picture large(side, side);
-        DrawSymbol(large, plus, filled, size);
-        EXPECT_EQ(large.Count('#'), 2 * side - 1);
+        EXPECT_EQ(SymbolPicture(plus, filled, size).Count('#'), 2 * side - 1);
     }
 }
 

@@ -27,8 +27,14 @@ inline bool operator==(POINT first, POINT second) noexcept
 }
 
 struct CRect : RECT {
-    CRect() noexcept : RECT{0, 0, 0, 0} {}
-    CRect(int l, int t, int r, int b) noexcept : RECT{l, t, r, b} {}
+    CRect() noexcept : CRect(0, 0, 0, 0) {}
+    CRect(int l, int t, int r, int b) noexcept
+    {
+        left = l;
+        top = t;
+        right = r;
+        bottom = b;
+    }
     CRect(const RECT& rect) noexcept : RECT(rect) {} // NOLINT(google-explicit-constructor)
 
     operator LPRECT() noexcept { return this; }        // NOLINT(google-explicit-constructor)
