@@ -1,57 +1,13 @@
-// The class framework's application object and module state, and what windows draw with.
+// The class framework's windows, what they draw with, the application object and the module state.
 #pragma once
 
 #include <afx.h>
 #include <afxcoll.h>
 #include <afxdc.h>
+#include <afxmsg.h>
 #include <windows.h>
 
-class CCmdTarget;
 class CWinApp;
-
-using AFX_PMSG = void (CCmdTarget::*)();
-
-// A line of a message map: which message leads to which handler. The last line of a map is all 0.
-struct AFX_MSGMAP_ENTRY {
-    UINT nMessage;
-    UINT nCode;
-    UINT nID;
-    UINT nLastID;
-    UINT_PTR nSig;
-    AFX_PMSG pfn;
-};
-
-struct AFX_MSGMAP {
-    const AFX_MSGMAP* (*pfnGetBaseMap)();
-    const AFX_MSGMAP_ENTRY* lpEntries;
-};
-
-// clang-format off
-#define DECLARE_MESSAGE_MAP()                                                                                \
-protected:                                                                                                   \
-    static const AFX_MSGMAP* GetThisMessageMap();                                                            \
-    const AFX_MSGMAP* GetMessageMap() const override;
-
-#define BEGIN_MESSAGE_MAP(theClass, baseClass)                                                               \
-    const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); }                        \
-    const AFX_MSGMAP* theClass::GetThisMessageMap()                                                          \
-    {                                                                                                        \
-        using BaseClass = baseClass;                                                                         \
-        static constexpr AFX_MSGMAP_ENTRY entries[] = {
-
-#define END_MESSAGE_MAP()                                                                                    \
-            {0, 0, 0, 0, 0, nullptr}};                                                                       \
-        static constexpr AFX_MSGMAP map = {&BaseClass::GetThisMessageMap, entries};                          \
-        return &map;                                                                                         \
-    }
-// clang-format on
-
-class CCmdTarget : public CObject
-{
-protected:
-    static const AFX_MSGMAP* GetThisMessageMap();
-    virtual const AFX_MSGMAP* GetMessageMap() const;
-};
 
 class CWinThread : public CCmdTarget
 {
@@ -106,3 +62,6 @@ private:
 
 // NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define AFX_MANAGE_STATE(state) AFX_MAINTAIN_STATE2 moduleStateInForce(state)
+
+#include <afxctl.h>
+#include <afxwnd.h>

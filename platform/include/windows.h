@@ -5,6 +5,7 @@
 
 #include <windef.h>
 #include <wingdi.h>
+#include <winmsg.h>
 #include <winuser.h>
 
 #define FORCEINLINE inline __attribute__((always_inline))
@@ -51,6 +52,7 @@ struct ModuleExport {
 constexpr UINT MB_OK = 0;
 constexpr UINT MB_ICONEXCLAMATION = 48;
 constexpr int IDOK = 1;
+constexpr int IDCANCEL = 2;
 
 // Shows a message and waits for the user, where a user interface has been put in place for that; else writes
 // it to standard error and returns IDOK.

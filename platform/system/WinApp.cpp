@@ -17,7 +17,7 @@ CWinApp* AfxGetApp()
 
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
 {
-    static constexpr AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, 0, nullptr}};
+    static constexpr AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, nullptr, nullptr}};
     static constexpr AFX_MSGMAP map = {nullptr, entries};
     return &map;
 }

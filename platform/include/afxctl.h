@@ -1,0 +1,63 @@
+// The class framework's controls: a push button, a combo box, tooltips; and the system's colour dialog.
+#pragma once
+
+#include <afxwnd.h>
+
+class CButton : public CWnd
+{
+public:
+    // Makes a push button. With BS_OWNERDRAW its parent is sent WM_DRAWITEM for it, and hands that back to
+    // DrawItem.
+    virtual BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+
+protected:
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+};
+
+class CComboBox : public CWnd
+{
+public:
+    // Makes a combo box. Without CBS_HASSTRINGS an owner-drawn box keeps no texts: what CB_INSERTSTRING is
+    // given is the item's data.
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+    // The text of an item; empty for one that the box doesn't have.
+    void GetLBText(int nIndex, CString& rString) const;
+
+    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+
+protected:
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+};
+
+// Texts that show while the mouse rests on a rectangle of a window.
+class CToolTipCtrl : public CWnd
+{
+public:
+    virtual BOOL Create(CWnd* pParentWnd, DWORD dwStyle = 0);
+
+    // One tool; the text is copied. Tools of one id differ by their rectangles, in client coordinates of the
+    // window.
+    BOOL AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool, UINT_PTR nIDTool);
+};
+
+// The system's colour dialog.
+class CColorDialog
+{
+public:
+    // customColors, 16 of them, are shown, and updated in place. They stay the caller's.
+    CColorDialog(COLORREF clrInit, DWORD dwFlags, CWnd* pParentWnd, COLORREF* customColors);
+
+    INT_PTR DoModal(); // IDOK or IDCANCEL
+    COLORREF GetColor() const { return m_color; }
+
+private:
+    COLORREF m_color;
+    DWORD m_flags;
+    CWnd* m_pParentWnd;
+    COLORREF* m_customColors;
+};

@@ -1,0 +1,212 @@
+// The class framework's windows. A CWnd is attached to a window, and the messages of the window go through
+// it: through its message map, and what that doesn't name to Default.
+#pragma once
+
+#include <afxdc.h>
+#include <afxmsg.h>
+#include <afxstr.h>
+
+class CWnd : public CCmdTarget
+{
+public:
+    CWnd() = default;
+    ~CWnd() override; // destroys the window that is attached
+
+    // Makes a window of a class that AfxRegisterWndClass gave, and attaches it. A popup's parent is its
+    // owner. False, and nothing attached, when there is no display to show it on, no such class, or WM_CREATE
+    // gave -1.
+    BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x, int y,
+                  int nWidth, int nHeight, HWND hWndParent, UINT nID);
+
+    // Attaches a window that stands already; PreSubclassWindow is told first.
+    BOOL SubclassWindow(HWND hWnd);
+    HWND Detach();
+
+    // The object attached to a window; else one that the framework keeps for it as long as the window lives.
+    // Null for a handle that isn't a window.
+    static CWnd* FromHandle(HWND hWnd);
+    static CWnd* FromHandlePermanent(HWND hWnd); // the attached one alone
+    HWND GetSafeHwnd() const { return m_hWnd; }
+
+    // Sends WM_DESTROY, then WM_NCDESTROY as the last message of all.
+    virtual BOOL DestroyWindow();
+
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+    {
+        return ::SendMessageW(m_hWnd, message, wParam, lParam);
+    }
+
+    DWORD GetStyle() const;
+    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd); // whether anything changed
+    CWnd* GetParent() const;
+    int GetDlgCtrlID() const;
+
+    void GetClientRect(LPRECT lpRect) const { ::GetClientRect(m_hWnd, lpRect); }
+    void GetWindowRect(LPRECT lpRect) const { ::GetWindowRect(m_hWnd, lpRect); }
+    void ScreenToClient(LPPOINT lpPoint) const { ::ScreenToClient(m_hWnd, lpPoint); }
+    void ScreenToClient(LPRECT lpRect) const;
+    void MoveWindow(int x, int y, int nWidth, int nHeight,
+                    BOOL bRepaint = TRUE); // in the parent's client coordinates
+    void MoveWindow(LPCRECT lpRect, BOOL bRepaint = TRUE);
+    void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
+    BOOL RedrawWindow(LPCRECT lpRectUpdate = nullptr, UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE)
+    {
+        return ::RedrawWindow(m_hWnd, lpRectUpdate, nullptr, flags);
+    }
+
+    BOOL EnableWindow(BOOL bEnable = TRUE); // whether it was disabled before
+    BOOL IsWindowEnabled() const;
+    CWnd* SetFocus();
+
+    // From SetCapture on all mouse messages come to this window, those outside of it included.
+    CWnd* SetCapture();
+    static CWnd* GetCapture();
+
+    int GetWindowTextLength() const;
+    void GetWindowText(CString& rString) const;
+    void SetWindowText(LPCTSTR lpszString);
+    CFont* GetFont() const;
+    void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
+
+    // Sees every message of input for this window, and for the windows in it, before it is sent; true keeps
+    // it from being sent.
+    virtual BOOL PreTranslateMessage(MSG* pMsg);
+
+    HWND m_hWnd = nullptr;
+
+protected:
+    // Called before a window is attached.
+    virtual void PreSubclassWindow();
+
+    // Leads a message through the map; what that doesn't name, to DefWindowProc.
+    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+
+    // A message about this window that its parent has been sent; true when it is dealt with.
+    virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+
+    // What the window's own handling makes of the message that is being handled.
+    LRESULT Default();
+
+    // The window is gone; the last call that an object gets from it.
+    virtual void PostNcDestroy();
+
+    afx_msg int OnCreate(struct CREATESTRUCT* lpCreateStruct);
+    afx_msg void OnNcDestroy();
+
+private:
+    friend class WindowSide;
+
+    static BOOL ReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+
+    DECLARE_MESSAGE_MAP()
+};
+
+struct CREATESTRUCT {
+    void* lpCreateParams;
+    HWND hwndParent;
+    int cy;
+    int cx;
+    int y;
+    int x;
+    LONG style;
+    LPCWSTR lpszName;
+    LPCWSTR lpszClass;
+    DWORD dwExStyle;
+};
+using LPCREATESTRUCT = CREATESTRUCT*;
+
+// The name of a window class with the style and the background, a system colour's index and 1 (0: none).
+LPCTSTR AfxRegisterWndClass(UINT nClassStyle, HANDLE hCursor = nullptr, HBRUSH hbrBackground = nullptr,
+                            HANDLE hIcon = nullptr);
+
+BOOL ReleaseCapture(); // of the thread's window that has it
+
+// Drawing on a window in answer to WM_PAINT: on what has to be painted, and nothing else.
+class CPaintDC : public CDC
+{
+public:
+    explicit CPaintDC(CWnd* pWnd); // raises the resource exception
+    ~CPaintDC() override;
+
+protected:
+    HWND m_hWnd;
+};
+
+// Drawing on a window at any time.
+class CClientDC : public CDC
+{
+public:
+    explicit CClientDC(CWnd* pWnd); // raises the resource exception
+    ~CClientDC() override;
+
+protected:
+    HWND m_hWnd;
+};
+
+// ---- Message maps: what each handler is called with
+
+template <auto Handler> LRESULT AfxOnPlain(CCmdTarget* pTarget, WPARAM, LPARAM)
+{
+    AfxCall<Handler>(pTarget);
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnAsked(CCmdTarget* pTarget, WPARAM, LPARAM)
+{
+    return AfxCall<Handler>(pTarget);
+}
+template <auto Handler> LRESULT AfxOnCreate(CCmdTarget* pTarget, WPARAM, LPARAM lParam)
+{
+    return AfxCall<Handler>(pTarget, reinterpret_cast<LPCREATESTRUCT>(lParam));
+}
+template <auto Handler> LRESULT AfxOnEraseBkgnd(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
+{
+    return AfxCall<Handler>(pTarget, CDC::FromHandle(reinterpret_cast<HDC>(wParam)));
+}
+template <auto Handler> LRESULT AfxOnSize(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam),
+                     static_cast<int>(LOWORD(static_cast<UINT_PTR>(lParam))),
+                     static_cast<int>(HIWORD(static_cast<UINT_PTR>(lParam))));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnEnable(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
+{
+    AfxCall<Handler>(pTarget, static_cast<BOOL>(wParam));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnFocus(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
+{
+    AfxCall<Handler>(pTarget, CWnd::FromHandle(reinterpret_cast<HWND>(wParam)));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnActivateApp(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    AfxCall<Handler>(pTarget, static_cast<BOOL>(wParam), static_cast<DWORD>(lParam));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnMouse(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    const auto position = static_cast<UINT_PTR>(lParam);
+    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam),
+                     CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnKey(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam),
+                     static_cast<UINT>(LOWORD(static_cast<UINT_PTR>(lParam))),
+                     static_cast<UINT>(HIWORD(static_cast<UINT_PTR>(lParam))));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnMessage(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    return AfxCall<Handler>(pTarget, wParam, lParam);
+}
+template <auto Handler> LRESULT AfxOnCommandId(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
+{
+    AfxCall<Handler>(pTarget, static_cast<UINT>(LOWORD(wParam)));
+    return 0;
+}
