@@ -49,7 +49,7 @@ int QtKeyOf(UINT virtualKey)
 
 // The leak sanitizer asks for it: what the font library keeps for itself until the process ends is no leak of
 // ours.
-extern "C" const char* __lsan_default_suppressions()
+extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions()
 {
     return "leak:libfontconfig\n";
 }
