@@ -127,17 +127,22 @@ std::string DateText(double time)
 std::string TimeOfDayText(double time, Seconds seconds, int decimals)
 {
     const double ofDay = time - StartOf(DayOf(time));
-    const int hours = static_cast<int>(ofDay / SecondsOfHour);
-    const int minutes = static_cast<int>((ofDay - hours * SecondsOfHour) / SecondsOfMinute);
+    const int whole = static_cast<int>(ofDay);
+    const int hours = whole / SecondsOfHour;
+    const int minutes = whole / SecondsOfMinute % 60;
     std::array<char, 40> text;
     if (seconds == Seconds::Hidden) {
         std::snprintf(text.data(), text.size(), "%02d:%02d", hours, minutes);
     } else {
-        const int width = decimals > 0 ? decimals + 3 : 2;
-        std::snprintf(text.data(), text.size(), "%02d:%02d:%0*.*f", hours, minutes, width, decimals,
-                      ofDay - hours * SecondsOfHour - minutes * SecondsOfMinute);
+        std::snprintf(text.data(), text.size(), "%02d:%02d:%02d", hours, minutes, whole % SecondsOfMinute);
     }
-    return text.data();
+    std::string shown = text.data();
+    if (decimals > 0) {
+        const auto fraction = static_cast<long>((ofDay - whole) * std::pow(10.0, decimals));
+        std::snprintf(text.data(), text.size(), ".%0*ld", decimals, fraction);
+        shown += text.data();
+    }
+    return shown;
 }
 
 } // namespace atlashost

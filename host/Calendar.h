@@ -24,8 +24,8 @@ double StartOf(std::chrono::year_month_day day);
 // "1973-05-01"
 std::string DateText(double time);
 
-// "07:30" without seconds, "07:30:15" with them and no decimals, "07:30:15.250" with three. Rounds to what is
-// shown; the time is expected not to round up to midnight.
+// "07:30" without seconds, "07:30:15" with them and no decimals, "07:30:15.250" with three. What is not shown
+// is cut off.
 enum class Seconds { Hidden, Shown };
 std::string TimeOfDayText(double time, Seconds seconds, int decimals);
 
