@@ -18,7 +18,7 @@ constexpr int WidestLine = 256;
 constexpr std::size_t MostLinePoints = 4;  // of one column of pixels
 constexpr std::size_t MostSymbols = 16;    // of one column of pixels
 constexpr std::size_t FewReadings = 16;    // they always have their symbols
-constexpr int DistanceOfSparseSymbols = 3; // in sizes of the symbol
+constexpr int DistanceOfSparseSymbols = 2; // in sizes of the symbol
 
 // On and off by turns, in pixels. Wider lines than one pixel are solid.
 const QList<qreal>& DashesOf(int lineStyle)
@@ -52,7 +52,7 @@ CurvePainter::CurvePainter(QPainter& painter, const CurveStyle& style)
 {
 }
 
-void CurvePainter::DrawCurve(const Curve& curve, QRect frame, Range times, Range values)
+CurvePainter::Symbols CurvePainter::DrawCurve(const Curve& curve, QRect frame, Range times, Range values)
 {
     m_frame = frame;
     m_times = times;
@@ -62,9 +62,13 @@ void CurvePainter::DrawCurve(const Curve& curve, QRect frame, Range times, Range
     m_painter.setPen(PenOf(m_style));
     if (m_style.lineStyle != STYLEATLAS_LINE_NONE)
         DrawLine(Thinned(curve.readings, times, frame.width(), MostLinePoints));
-    if (!m_symbol.image.isNull())
-        DrawSymbols(Thinned(curve.readings, times, frame.width(), MostSymbols), SymbolDistance(curve));
+    int distance = 0;
+    if (!m_symbol.image.isNull()) {
+        distance = SymbolDistance(curve);
+        DrawSymbols(Thinned(curve.readings, times, frame.width(), MostSymbols), distance);
+    }
     m_painter.restore();
+    return distance > 0 ? Symbols::OfSome : Symbols::OfAll;
 }
 
 void CurvePainter::DrawSample(QRect rect)

@@ -18,12 +18,15 @@ namespace atlashost
 class CurvePainter
 {
 public:
+    enum class Symbols { OfAll, OfSome };
+
     CurvePainter(QPainter& painter, const CurveStyle& style);
 
     // Draws the curve into the frame, whose edges are the ends of the ranges. The line ends at missing
     // readings; between two of them, a lone reading that has no symbol is drawn as a dot. Where readings
-    // stand too close for their symbols, only some have one, unless there is no line to show the others.
-    void DrawCurve(const Curve& curve, QRect frame, Range times, Range values);
+    // stand too close for their symbols, only some have one, unless there is no line to show the others; the
+    // result says so.
+    Symbols DrawCurve(const Curve& curve, QRect frame, Range times, Range values);
 
     // The style as the legend shows it: a line through the middle with a symbol over it.
     void DrawSample(QRect rect);

@@ -5,7 +5,6 @@
 #include "Text.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -24,7 +23,6 @@ constexpr std::size_t MaxReadings = 32'000'000;
 constexpr double Farthest = 1e300;   // differences and sums of such numbers do not overflow
 constexpr double Smallest = 1e-290;  // fractions of such a number do not underflow
 constexpr double Resolution = 1e-13; // of values that are not equal but for rounding
-constexpr std::size_t TimeKinds = 3;
 
 // "Wind speed, mean of 07:00 and 10:00, mph" is a title and a unit.
 std::pair<std::string, std::string> TitleAndUnit(const MeasuredQuantity& quantity)
@@ -37,16 +35,23 @@ std::pair<std::string, std::string> TitleAndUnit(const MeasuredQuantity& quantit
             Printable(WithoutBlanks(name.substr(comma + 1)))};
 }
 
-// Files that bear one name are told apart by their folders.
+// Short names, as room is scarce where they are shown. Files that bear one name are told apart by their
+// folders.
 std::vector<std::string> FileNames(std::span<const char* const> paths)
 {
-    const auto withoutFolder = [](std::string_view path) { return path.substr(path.rfind('/') + 1); };
+    const auto shortName = [](std::string_view path) {
+        path.remove_prefix(path.rfind('/') + 1);
+        constexpr std::string_view Extension = ".csv";
+        if (path.size() > Extension.size() && path.ends_with(Extension))
+            path.remove_suffix(Extension.size());
+        return path;
+    };
     std::map<std::string_view, int> counts;
     for (const char* const path : paths)
-        ++counts[withoutFolder(path)];
+        ++counts[shortName(path)];
     std::vector<std::string> names;
     for (const char* const path : paths)
-        names.push_back(Printable(counts[withoutFolder(path)] == 1 ? withoutFolder(path) : path));
+        names.push_back(Printable(counts[shortName(path)] == 1 ? shortName(path) : path));
     return names;
 }
 
@@ -68,6 +73,13 @@ void Extend(std::optional<Range>& range, double value)
     range = range ? Range{std::min(range->low, value), std::max(range->high, value)} : Range{value, value};
 }
 
+Range DivisibleTimes(Range times, TimeKind kind)
+{
+    if (kind == TimeKind::Date && times.low == times.high)
+        return {times.low - SecondsOfDay / 2, times.high + SecondsOfDay / 2};
+    return Divisible(times);
+}
+
 class PlotMaker
 {
 public:
@@ -87,8 +99,9 @@ public:
 
     Plot Finish()
     {
+        ShareTimes();
         for (PanelInProgress& entry : m_panels) {
-            entry.panel.times = TimesOf(entry.panel.timeKind);
+            entry.panel.times = DivisibleTimes(entry.panel.times, entry.panel.timeKind);
             entry.panel.values = Divisible(*entry.values);
             m_plot.panels.push_back(std::move(entry.panel));
         }
@@ -99,6 +112,7 @@ private:
     struct PanelInProgress {
         Panel panel;
         const MeasuredQuantity* quantity = nullptr;
+        std::optional<Range> times;
         std::optional<Range> values;
     };
 
@@ -125,9 +139,8 @@ private:
     void AddToPanel(const InputFile& file, const MeasuredQuantity& quantity, Curve curve, Range times)
     {
         PanelInProgress& entry = PanelOf(file, quantity);
-        std::optional<Range>& allTimes = m_times[static_cast<std::size_t>(file.content.timeKind)];
-        Extend(allTimes, times.low);
-        Extend(allTimes, times.high);
+        Extend(entry.times, times.low);
+        Extend(entry.times, times.high);
         for (const Reading& reading : curve.readings) {
             if (!IsGap(reading))
                 Extend(entry.values, reading.value);
@@ -151,17 +164,30 @@ private:
         return entry;
     }
 
-    Range TimesOf(TimeKind kind) const
+    // In the order of time, panels that overlap the ones before them belong together.
+    void ShareTimes()
     {
-        const Range times = *m_times[static_cast<std::size_t>(kind)];
-        if (kind == TimeKind::Date && times.low == times.high)
-            return {times.low - SecondsOfDay / 2, times.high + SecondsOfDay / 2};
-        return Divisible(times);
+        std::vector<PanelInProgress*> ordered;
+        for (PanelInProgress& entry : m_panels)
+            ordered.push_back(&entry);
+        std::ranges::sort(ordered, {}, [](const PanelInProgress* entry) {
+            return std::pair{entry->panel.timeKind, entry->times->low};
+        });
+        for (auto first = ordered.begin(); first != ordered.end();) {
+            Range shared = *(*first)->times;
+            const TimeKind kind = (*first)->panel.timeKind;
+            auto next = first;
+            for (; next != ordered.end() && (*next)->panel.timeKind == kind &&
+                   (*next)->times->low <= shared.high;
+                 ++next)
+                shared.high = std::max(shared.high, (*next)->times->high);
+            for (; first != next; ++first)
+                (*first)->panel.times = shared;
+        }
     }
 
     Plot m_plot;
     std::vector<PanelInProgress> m_panels;
-    std::array<std::optional<Range>, TimeKinds> m_times; // by the kind of time
     const std::vector<std::string> m_fileNames;
     std::size_t m_readingCount = 0;
 };

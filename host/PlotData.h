@@ -45,7 +45,7 @@ struct Panel {
     std::string unit;  // empty where the name ends with none
     TimeKind timeKind = TimeKind::Row;
     std::string timeTitle; // as the first file heads it
-    Range times;           // of all panels with this kind of time, so that they can be compared; divisible
+    Range times;           // that of all panels with which the panel has some time in common; divisible
     Range values;          // divisible
     std::vector<Curve> curves;
 };

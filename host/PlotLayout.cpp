@@ -15,13 +15,13 @@ constexpr int Margin = 12; // around the picture, and between panels
 constexpr int Padding = 6; // between the parts of a panel
 constexpr int TickLength = 4;
 
-constexpr int GoodPanelHeight = 150; // lower ones only where there is no room at the side
+constexpr int GoodPanelHeight = 120; // lower ones only where there is no room at the side
 constexpr int LowestPanel = 90;
-constexpr int NarrowestPanel = 300;
+constexpr int NarrowestPanel = 400;
 
 constexpr int SampleWidth = 44;
 constexpr int LegendRow = 18;
-constexpr int LegendShare = 4;       // it takes at most one part in so many of a panel
+constexpr int LegendShare = 3;       // it takes at most one part in so many of a panel
 constexpr int LegendFromWidth = 260; // narrower panels have none
 constexpr int ValueStep = 28;        // pixels for a step of the values, or more
 

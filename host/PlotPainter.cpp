@@ -18,6 +18,7 @@ namespace
 
 constexpr QRgb Paper = qRgb(255, 255, 255);
 constexpr QRgb TextColor = qRgb(0x30, 0x34, 0x3A);
+constexpr QRgb NoteColor = qRgb(0x7A, 0x80, 0x88);
 constexpr QRgb FrameColor = qRgb(0x9A, 0xA0, 0xA8);
 constexpr QRgb GridColor = qRgb(0xE8, 0xEA, 0xED);
 
@@ -49,12 +50,12 @@ public:
     }
 
 private:
-    void Write(QRect rect, int alignment, const std::string& text)
+    void Write(QRect rect, int alignment, const std::string& text, Qt::TextElideMode cut = Qt::ElideRight)
     {
         m_painter.setPen(QColor{TextColor});
         m_painter.drawText(
             rect, alignment | Qt::TextSingleLine,
-            m_painter.fontMetrics().elidedText(QString::fromStdString(text), Qt::ElideMiddle, rect.width()));
+            m_painter.fontMetrics().elidedText(QString::fromStdString(text), cut, rect.width()));
     }
 
     void DrawTitle()
@@ -63,7 +64,20 @@ private:
         bold.setBold(true);
         m_painter.setFont(bold);
         Write(m_layout.title, Qt::AlignLeft | Qt::AlignVCenter, m_panel.title);
+        const QString title = QString::fromStdString(m_panel.title);
+        m_endOfTitle = m_layout.title.left() + m_painter.fontMetrics().horizontalAdvance(title);
         m_painter.setFont(PlotFont());
+    }
+
+    // Left out where the title leaves no room.
+    void DrawNote(const QString& note)
+    {
+        QRect room = m_layout.title;
+        room.setLeft(m_endOfTitle + 2 * LabelGap);
+        room.setRight(m_frame.right());
+        m_painter.setPen(QColor{NoteColor});
+        if (room.width() > m_painter.fontMetrics().horizontalAdvance(note))
+            m_painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, note);
     }
 
     void DrawUnit()
@@ -127,9 +141,14 @@ private:
 
     void DrawCurves()
     {
-        for (const Curve& curve : m_panel.curves)
-            CurvePainter{m_painter, curve.style}.DrawCurve(curve, m_frame, m_layout.times.range,
-                                                           m_layout.values.range);
+        bool isSparse = false;
+        for (const Curve& curve : m_panel.curves) {
+            const CurvePainter::Symbols symbols = CurvePainter{m_painter, curve.style}.DrawCurve(
+                curve, m_frame, m_layout.times.range, m_layout.values.range);
+            isSparse = isSparse || symbols == CurvePainter::Symbols::OfSome;
+        }
+        if (isSparse)
+            DrawNote("not every reading has its symbol");
     }
 
     void DrawLegend()
@@ -137,7 +156,9 @@ private:
         for (std::size_t i = 0; i < m_layout.legend.size(); ++i) {
             const Curve& curve = m_panel.curves[i];
             CurvePainter{m_painter, curve.style}.DrawSample(LegendSample(m_layout.legend[i]));
-            Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter, curve.fileName);
+            // The ends of names tell more than what they begin with.
+            Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter, curve.fileName,
+                  Qt::ElideLeft);
         }
         if (!m_layout.moreFiles.isNull())
             Write(LegendName(m_layout.moreFiles), Qt::AlignLeft | Qt::AlignVCenter,
@@ -148,6 +169,7 @@ private:
     const Panel& m_panel;
     const PanelLayout& m_layout;
     const QRect m_frame;
+    int m_endOfTitle = 0;
 };
 
 } // namespace
