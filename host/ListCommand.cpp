@@ -1,15 +1,11 @@
 #include "Commands.h"
 
-#include "MeasuredFile.h"
-#include "QuantityNames.h"
+#include "InputFiles.h"
 #include "StyleWords.h"
 #include "Text.h"
 #include "TextTable.h"
 
-#include <algorithm>
 #include <iostream>
-#include <limits>
-#include <stdexcept>
 #include <string>
 
 namespace atlashost
@@ -20,24 +16,23 @@ namespace
 class CurveList
 {
 public:
-    void AddFile(const char* path)
+    void AddFile(const InputFile& file)
     {
-        const std::string shownPath = Printable(path, std::string::npos);
-        const std::size_t fileColumn = m_nextColumn++;
-        try {
-            const MeasuredFile file = ReadMeasuredFile(path);
-            for (const std::string& remark : file.remarks)
-                Tell(shownPath + ":" + remark);
-            m_files.AddRow({std::to_string(fileColumn), std::to_string(file.rows), shownPath});
-            for (const MeasuredColumn& column : file.columns)
-                AddCurve(fileColumn, shownPath, column);
-        } catch (const std::runtime_error& error) {
-            Tell(shownPath + ": " + error.what());
-            m_status = Failed;
+        const std::string fileColumn = std::to_string(file.fileColumn);
+        m_files.AddRow({fileColumn, std::to_string(file.content.rows), file.shownPath});
+        for (std::size_t i = 0; i < file.quantities.size(); ++i) {
+            const MeasuredQuantity* const quantity = file.quantities[i];
+            if (quantity == nullptr)
+                continue;
+            const MeasuredColumn& column = file.content.columns[i];
+            m_curves.AddRow({fileColumn, Printable(column.header), Printable(quantity->symbol),
+                             Printable(quantity->name), std::to_string(column.readings),
+                             std::to_string(column.missing),
+                             StyleCell(StyleOf(file.StyleColumn(), *quantity), m_colors)});
         }
     }
 
-    int Print() const
+    void Print() const
     {
         if (!m_files.IsEmpty())
             m_files.Print(std::cout);
@@ -45,29 +40,9 @@ public:
             std::cout << '\n';
             m_curves.Print(std::cout);
         }
-        return m_status;
     }
 
 private:
-    void AddCurve(std::size_t fileColumn, const std::string& shownPath, const MeasuredColumn& column)
-    {
-        const MeasuredQuantity* const quantity = m_names.Find(column.header);
-        if (quantity == nullptr) {
-            Tell(shownPath + ": no quantity fits the column \"" + Printable(column.header) +
-                 "\", it is left out");
-            return;
-        }
-        constexpr std::size_t LastColumn = std::numeric_limits<std::int16_t>::max();
-        const auto styleColumn = static_cast<std::int16_t>(std::min(fileColumn, LastColumn));
-        m_curves.AddRow({std::to_string(fileColumn), Printable(column.header), Printable(quantity->symbol),
-                         Printable(quantity->name), std::to_string(column.readings),
-                         std::to_string(column.missing),
-                         StyleCell(StyleOf(styleColumn, *quantity), m_colors)});
-    }
-
-    static void Tell(const std::string& message) { std::cerr << ProgramName << ": " << message << '\n'; }
-
-    const QuantityNames m_names;
     const ColorDepth m_colors = ColorsOfOutput();
     TextTable m_files{{{"File", Align::Right}, {"Rows", Align::Right}, {"Path"}}};
     TextTable m_curves{{{"File", Align::Right},
@@ -77,18 +52,17 @@ private:
                         {"Readings", Align::Right},
                         {"Missing", Align::Right},
                         {"Style"}}};
-    std::size_t m_nextColumn = 0;
-    int m_status = Succeeded;
 };
 
 } // namespace
 
 int ListCurves(std::span<const char* const> paths)
 {
+    const QuantityNames names;
     CurveList list;
-    for (const char* const path : paths)
-        list.AddFile(path);
-    return list.Print();
+    const int status = ForEachFile(paths, names, [&list](const InputFile& file) { list.AddFile(file); });
+    list.Print();
+    return status;
 }
 
 } // namespace atlashost

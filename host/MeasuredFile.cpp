@@ -1,5 +1,6 @@
 #include "MeasuredFile.h"
 
+#include "Calendar.h"
 #include "CsvReader.h"
 #include "Text.h"
 
@@ -9,7 +10,10 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 #include <memory>
+#include <numeric>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -23,8 +27,10 @@ namespace
 {
 
 constexpr std::size_t MaxFileSize = 64 << 20;
+constexpr std::size_t MaxFields = 16'000'000; // in memory, a short field takes more room than in the file
 constexpr std::size_t MaxRemarks = 20;
 constexpr std::size_t LongestQuote = 30; // characters of a field or header in a remark
+constexpr double NoValue = std::numeric_limits<double>::quiet_NaN();
 
 struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -69,13 +75,15 @@ std::string ReadWhole(const std::string& path)
 }
 
 // Independent of the locale, whose decimal mark can be another one than the file's.
-bool IsNumber(std::string_view text)
+std::optional<double> ParseNumber(std::string_view text)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     double value = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc{} && stop == text.data() + text.size() && std::isfinite(value);
+    if (error != std::errc{} || stop != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
 }
 
 class Reader
@@ -88,6 +96,8 @@ public:
         ReadHead();
         while (m_csv.Next())
             ReadRow();
+        if (m_file.timeKind == TimeKind::Row)
+            std::iota(m_file.times.begin(), m_file.times.end(), 1.0);
         if (m_remarkCount > MaxRemarks)
             m_file.remarks.push_back("... and " + std::to_string(m_remarkCount - MaxRemarks) + " more");
         return std::move(m_file);
@@ -102,8 +112,9 @@ private:
             throw std::runtime_error{"more than " + std::to_string(CsvReader::MaxFields) + " columns"};
         if (m_csv.FieldCount() < 2)
             throw std::runtime_error{"no column of data beside the first"};
+        m_file.timeHeader = WithoutBlanks(m_csv.Fields().front());
         for (std::size_t i = 1; i < m_csv.FieldCount(); ++i)
-            m_file.columns.push_back({std::string{WithoutBlanks(m_csv.Fields()[i])}});
+            m_file.columns.emplace_back().header = WithoutBlanks(m_csv.Fields()[i]);
         TellOfOpenQuote();
     }
 
@@ -112,16 +123,34 @@ private:
         ++m_file.rows;
         TellOfOpenQuote();
         const std::size_t expected = m_file.columns.size() + 1;
+        if (m_file.rows > MaxFields / expected)
+            throw std::runtime_error{"more than 16 million fields"};
         if (m_csv.FieldCount() > expected)
             Tell("the line has " + std::to_string(m_csv.FieldCount()) + " fields, the head line " +
                  std::to_string(expected));
+        m_file.times.push_back(TimeOf(WithoutBlanks(m_csv.Fields().front())));
         for (std::size_t i = 1; i < expected; ++i)
-            Count(m_file.columns[i - 1], i < m_csv.Fields().size() ? WithoutBlanks(m_csv.Fields()[i]) : "");
+            Take(m_file.columns[i - 1], i < m_csv.Fields().size() ? WithoutBlanks(m_csv.Fields()[i]) : "");
     }
 
-    void Count(MeasuredColumn& column, std::string_view field)
+    double TimeOf(std::string_view field)
     {
-        if (IsNumber(field)) {
+        const std::optional<double> date =
+            m_file.timeKind != TimeKind::Number ? ParseTime(field) : std::nullopt;
+        const std::optional<double> number =
+            m_file.timeKind != TimeKind::Date ? ParseNumber(field) : std::nullopt;
+        if (date)
+            m_file.timeKind = TimeKind::Date;
+        else if (number)
+            m_file.timeKind = TimeKind::Number;
+        return date ? *date : number.value_or(NoValue);
+    }
+
+    void Take(MeasuredColumn& column, std::string_view field)
+    {
+        const std::optional<double> value = ParseNumber(field);
+        column.values.push_back(value.value_or(NoValue));
+        if (value) {
             ++column.readings;
             return;
         }

@@ -14,15 +14,19 @@ namespace atlashost
 
 const char* const Usage =
     R"(Usage: atlas-host [options] list FILE.csv...
+       atlas-host [options] plot FILE.csv...
        atlas-host [options] table
 
 Shows how the curves of measured data are drawn.
 
   list FILE.csv...  the curves of the files; the first file is file column 0, and so on
+  plot FILE.csv...  the curves themselves, a panel for each quantity; Esc closes the window
   table             all quantities of the unit library, in one file column
 
   --host NAME       the name by which this host is known to the style atlas (AirLab)
   --column N        the file column of the command table, 0 to 31 (0)
+  --png FILE        the command plot writes a PNG file and opens no window; it needs no display
+  --size WxH        the size of that picture in pixels, each 100 to 8192 (one that suits the plot)
   --help            show this text
   --version         show the version
 )";
@@ -30,11 +34,13 @@ Shows how the curves of measured data are drawn.
 namespace
 {
 
-enum Option : int { Host = 1, Column, Help, Version, Unknown = '?', NoArgument = ':' };
+enum Option : int { Host = 1, Column, Png, Size, Help, Version, Unknown = '?', NoArgument = ':' };
 
 constexpr option LongOptions[] = {
     {"host", required_argument, nullptr, Host},
     {"column", required_argument, nullptr, Column},
+    {"png", required_argument, nullptr, Png},
+    {"size", required_argument, nullptr, Size},
     {"help", no_argument, nullptr, Help},
     {"version", no_argument, nullptr, Version},
     {},
@@ -57,6 +63,30 @@ std::int16_t ParseColumn(std::string_view text)
     return column;
 }
 
+// "1200x800"
+void ParseSize(std::string_view text, PlotTarget& target)
+{
+    const char* const end = text.data() + text.size();
+    const auto [cross, widthError] = std::from_chars(text.data(), end, target.width);
+    const bool hasCross = widthError == std::errc{} && cross != end && *cross == 'x';
+    const auto isSide = [](int side) { return side >= SmallestSide && side <= LargestSide; };
+    if (hasCross) {
+        const auto [stop, heightError] = std::from_chars(cross + 1, end, target.height);
+        if (heightError == std::errc{} && stop == end && isSide(target.width) && isSide(target.height))
+            return;
+    }
+    throw UsageError{"--size takes a width and a height from " + std::to_string(SmallestSide) + " to " +
+                     std::to_string(LargestSide) + " as in 1200x800, not \"" + Printable(text) + "\""};
+}
+
+// The list or the plot, which are of the same files.
+void TakeFiles(Action action, Options& options, const char* command)
+{
+    options.action = action;
+    if (options.files.empty())
+        throw UsageError{std::string{"the command "} + command + " takes at least one file"};
+}
+
 void ReadCommand(std::span<const char* const> words, Options& options)
 {
     if (words.empty())
@@ -64,9 +94,9 @@ void ReadCommand(std::span<const char* const> words, Options& options)
     const std::string_view command = words.front();
     options.files = words.subspan(1);
     if (command == "list") {
-        options.action = Action::List;
-        if (options.files.empty())
-            throw UsageError{"the command list takes at least one file"};
+        TakeFiles(Action::List, options, "list");
+    } else if (command == "plot") {
+        TakeFiles(Action::Plot, options, "plot");
     } else if (command == "table") {
         options.action = Action::Table;
         if (!options.files.empty())
@@ -91,6 +121,12 @@ Options ReadOptions(int argc, char** argv)
             break;
         case Column:
             options.fileColumn = ParseColumn(optarg);
+            break;
+        case Png:
+            options.plot.png = optarg;
+            break;
+        case Size:
+            ParseSize(optarg, options.plot);
             break;
         case Help:
             options.action = Action::Help;

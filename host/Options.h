@@ -1,6 +1,8 @@
 // Options.h: the command line of the program.
 #pragma once
 
+#include "Commands.h"
+
 #include <cstdint>
 #include <span>
 #include <stdexcept>
@@ -9,13 +11,14 @@
 namespace atlashost
 {
 
-enum class Action { List, Table, Help, Version };
+enum class Action { List, Plot, Table, Help, Version };
 
 struct Options {
     Action action = Action::Help;
     std::string_view hostName = "AirLab";
     std::int16_t fileColumn = 0;
-    std::span<const char* const> files; // of the action List, at least one
+    PlotTarget plot;
+    std::span<const char* const> files; // of the actions List and Plot, at least one
 };
 
 // What is wrong with a command line, in words.

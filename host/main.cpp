@@ -39,12 +39,17 @@ int Run(const Options& options)
         std::cout << ProgramName << " " ATLAS_HOST_VERSION "\n";
         return Succeeded;
     case Action::List:
+    case Action::Plot:
     case Action::Table:
         break;
     }
     PrepareSettings(options.hostName);
     StyleAtlasSetApplication(ToUtf16(options.hostName).c_str());
-    return options.action == Action::List ? ListCurves(options.files) : ShowTable(options.fileColumn);
+    if (options.action == Action::List)
+        return ListCurves(options.files);
+    if (options.action == Action::Plot)
+        return PlotCurves(options.files, options.plot);
+    return ShowTable(options.fileColumn);
 }
 
 int RunAndFlush(const Options& options)

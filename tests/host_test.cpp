@@ -18,6 +18,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QColor>
+#include <QImage>
+
 #include <gtest/gtest.h>
 
 namespace
@@ -166,9 +169,9 @@ protected:
         return paths;
     }
 
-    Result ListMonths(Words words) const
+    Result RunOnMonths(Words words, const char* command = "list") const
     {
-        words.emplace_back("list");
+        words.emplace_back(command);
         std::ranges::copy(Months(), std::back_inserter(words));
         return Run(words);
     }
@@ -179,7 +182,7 @@ protected:
 TEST_F(Host, TellsTheQuantityBySymbolAndTheFileByColor)
 {
     for (const Words& options : {Words{}, Words{"--host", "Quorvia"}, Words{"--host=Tandrell 2"}}) {
-        const Result result = ListMonths(options);
+        const Result result = RunOnMonths(options);
         ASSERT_EQ(result.status, 0) << result.err;
         EXPECT_EQ(result.err, "");
         for (std::size_t file = 0; file < Months().size(); ++file) {
@@ -195,7 +198,7 @@ TEST_F(Host, TellsTheQuantityBySymbolAndTheFileByColor)
 TEST_F(Host, TellsTheFileBySymbolAndTheQuantityByColorForTandrell)
 {
     for (const char* const name : {"Tandrell", "tANDRELL"}) {
-        const Result result = ListMonths({"--host", name});
+        const Result result = RunOnMonths({"--host", name});
         ASSERT_EQ(result.status, 0) << result.err;
         for (std::size_t file = 0; file < Months().size(); ++file) {
             for (std::size_t curve = 0; curve < Curves.size(); ++curve) {
@@ -209,7 +212,7 @@ TEST_F(Host, TellsTheFileBySymbolAndTheQuantityByColorForTandrell)
 
 TEST_F(Host, CountsTheReadings)
 {
-    const Result result = ListMonths({});
+    const Result result = RunOnMonths({});
     const std::map<std::string, std::pair<std::string, std::string>> expected = {
         {"Ozone", {"O_3", "Ozone, mean of 13:00 to 15:00, ppb"}},
         {"Solar", {"H_sol", "Solar radiation, 400 to 770 nm, 08:00 to 12:00, langley"}},
@@ -314,6 +317,8 @@ TEST_F(Host, TellsWhichFileCannotBeReadAndShowsTheOthers)
     for (int i = 0; i < 1000; ++i)
         noise += "1,x\n";
     EXPECT_EQ(std::ranges::count(Run({"list", File("noise.csv", noise)}).err, '\n'), 21);
+    noise = std::string(4000, ',') + noise + noise + noise + noise + noise;
+    EXPECT_TRUE(Run({"list", File("bare.csv", noise)}).IsSaying("more than 16 million fields"));
 }
 
 TEST_F(Host, ShowsNoStyleWhereThereIsNone)
@@ -327,12 +332,55 @@ TEST_F(Host, ShowsNoStyleWhereThereIsNone)
     EXPECT_EQ(many.LineOf({"32", "Temp"}).back(), "no style");
 
     setenv("MENSURA_CATALOGUE", (m_folder / "none").c_str(), 1);
-    const Result list = ListMonths({});
+    const Result list = RunOnMonths({});
     EXPECT_EQ(list.status, 0);
     EXPECT_TRUE(list.IsSaying("no quantity fits the column \"Ozone\"")) << list.err;
     const Result table = Run({"table"});
     EXPECT_EQ(table.status, 0);
     EXPECT_EQ(table.out, "The unit library has no quantities.\n");
+}
+
+TEST_F(Host, PlotsIntoAFileWithoutDisplayAndFonts)
+{
+    setenv("FONTCONFIG_FILE", File("fonts.conf", "<fontconfig/>").c_str(), 1);
+    const std::string png = (m_folder / "plot.png").string();
+    const Result result = RunOnMonths({"--png", png, "--size", "900x700"}, "plot");
+    unsetenv("FONTCONFIG_FILE");
+    EXPECT_EQ(std::pair(result.status, result.err), std::pair(0, std::string{}));
+    const QImage picture{QString::fromStdString(png)};
+    ASSERT_EQ(picture.size(), QSize(900, 700));
+    std::map<QRgb, int> pixels;
+    for (int i = 0; i < 900 * 700; ++i)
+        ++pixels[picture.pixel(i % 900, i / 900)];
+    for (const char* const color : Colors)
+        EXPECT_GT(pixels[QColor{color}.rgb()], 500) << color;
+}
+
+TEST_F(Host, TellsWhyThereIsNoPlot)
+{
+    EXPECT_TRUE(RunOnMonths({}, "plot").IsSaying("there is no display"));
+    setenv("DISPLAY", ":54321", 1);
+    const Result wrongDisplay = RunOnMonths({}, "plot");
+    unsetenv("DISPLAY");
+    EXPECT_EQ(wrongDisplay.status, 1);
+    EXPECT_TRUE(wrongDisplay.IsSaying("the plot cannot be shown")) << wrongDisplay.err;
+
+    const std::string pipe = (m_folder / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::pair<std::string, std::string> bad[] = {
+        {(m_folder / "none/plot.png").string(), "No such file or directory"},
+        {pipe, "No such device or address"},
+        {"/dev/full", "No space left on device"},
+    };
+    for (const auto& [path, reason] : bad) {
+        const Result result = RunOnMonths({"--png", path}, "plot");
+        EXPECT_EQ(result.status, 1) << path;
+        EXPECT_EQ(result.err, "atlas-host: " + path + " cannot be written: " + reason + "\n");
+    }
+    const Result nothing = Run({"plot", "--png", pipe, File("gaps.csv", "Date,Wind,Hue\n1,,2\n")});
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_TRUE(nothing.IsSaying("the column \"Wind\" has no readings")) << nothing.err;
+    EXPECT_TRUE(nothing.IsSaying("there is no curve to plot")) << nothing.err;
 }
 
 TEST_F(Host, UnderstandsItsCommandLine)
@@ -341,6 +389,8 @@ TEST_F(Host, UnderstandsItsCommandLine)
         {{}, "a command is missing"},
         {{"draw"}, "unknown command \"draw\""},
         {{"list"}, "at least one file"},
+        {{"--size", "99x200", "plot", "a.csv"}, "from 100 to 8192 as in 1200x800, not \"99x200\""},
+        {{"--size=200x200x", "plot", "a.csv"}, "not \"200x200x\""},
         {{"table", "a.csv"}, "takes no files"},
         {{"--colour", "table"}, "unknown option \"--colour\""},
         {{"table", "-xyz"}, "unknown option \"-x\""},
@@ -377,7 +427,7 @@ TEST_F(Host, MakesTheFolderOfItsLayout)
     EXPECT_TRUE(fs::is_directory(m_folder / "data/styleatlas" / below / "AirLab"));
 
     setenv("STYLEATLAS_PREFIX", File("occupied", "").c_str(), 1);
-    const Result occupied = ListMonths({});
+    const Result occupied = RunOnMonths({});
     EXPECT_EQ(occupied.status, 0);
     EXPECT_TRUE(occupied.IsSaying("the folder for the layout cannot be made")) << occupied.err;
     EXPECT_EQ(occupied.LineOf({"0", "Ozone"}).back(), StyleText(1, 0));

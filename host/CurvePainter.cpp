@@ -1,0 +1,145 @@
+#include "CurvePainter.h"
+
+#include "styleatlas.h"
+
+#include <QPen>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr int WidestLine = 256;
+constexpr std::size_t MostLinePoints = 4;  // of one column of pixels
+constexpr std::size_t MostSymbols = 16;    // of one column of pixels
+constexpr std::size_t FewReadings = 16;    // they always have their symbols
+constexpr int DistanceOfSparseSymbols = 2; // in sizes of the symbol
+
+// On and off by turns, in pixels. Wider lines than one pixel are solid.
+const QList<qreal>& DashesOf(int lineStyle)
+{
+    static const QList<qreal> Dashes[] = {
+        {}, {18, 6}, {3, 3}, {9, 6, 3, 6}, {9, 3, 3, 3, 3, 3},
+    };
+    const bool isDashed = lineStyle >= STYLEATLAS_LINE_DASHED && lineStyle <= STYLEATLAS_LINE_DASH_DOT_DOT;
+    return Dashes[isDashed ? lineStyle : 0];
+}
+
+QPen PenOf(const CurveStyle& style)
+{
+    if (style.lineStyle == STYLEATLAS_LINE_NONE)
+        return Qt::NoPen;
+    const int width = std::clamp(std::abs(int{style.lineWidth}), 1, WidestLine);
+    QPen pen{ToQColor(style.useSymbolColor != 0 ? style.symbolColor : style.lineColor)};
+    pen.setWidth(width);
+    pen.setCosmetic(true);
+    pen.setCapStyle(width > 1 ? Qt::RoundCap : Qt::FlatCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    if (const QList<qreal>& dashes = DashesOf(style.lineStyle); width == 1 && !dashes.empty())
+        pen.setDashPattern(dashes);
+    return pen;
+}
+
+} // namespace
+
+CurvePainter::CurvePainter(QPainter& painter, const CurveStyle& style)
+    : m_painter{painter}, m_style{style}, m_symbol{MakeSymbolPicture(style)}
+{
+}
+
+CurvePainter::Symbols CurvePainter::DrawCurve(const Curve& curve, QRect frame, Range times, Range values)
+{
+    m_frame = frame;
+    m_times = times;
+    m_values = values;
+    m_painter.save();
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+    m_painter.setPen(PenOf(m_style));
+    if (m_style.lineStyle != STYLEATLAS_LINE_NONE)
+        DrawLine(Thinned(curve.readings, times, frame.width(), MostLinePoints));
+    int distance = 0;
+    if (!m_symbol.image.isNull()) {
+        distance = SymbolDistance(curve);
+        DrawSymbols(Thinned(curve.readings, times, frame.width(), MostSymbols), distance);
+    }
+    m_painter.restore();
+    return distance > 0 ? Symbols::OfSome : Symbols::OfAll;
+}
+
+void CurvePainter::DrawSample(QRect rect)
+{
+    const QPoint centre{rect.left() + rect.width() / 2, rect.top() + rect.height() / 2};
+    m_painter.save();
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+    m_painter.setClipRect(rect);
+    m_painter.setPen(PenOf(m_style));
+    m_painter.drawLine(rect.left(), centre.y(), rect.left() + rect.width(), centre.y());
+    if (!m_symbol.image.isNull())
+        m_painter.drawImage(centre - m_symbol.centre, m_symbol.image);
+    m_painter.restore();
+}
+
+void CurvePainter::DrawLine(std::span<const Reading> readings)
+{
+    std::vector<QPoint> run;
+    for (const Reading& reading : readings) {
+        if (IsGap(reading))
+            DrawRun(std::exchange(run, {}));
+        else
+            run.push_back(PointOf(reading));
+    }
+    DrawRun(std::move(run));
+}
+
+void CurvePainter::DrawRun(std::vector<QPoint> points)
+{
+    const auto [first, last] = std::ranges::unique(points);
+    points.erase(first, last);
+    if (points.size() > 1)
+        m_painter.drawPolyline(points.data(), static_cast<int>(points.size()));
+    else if (points.size() == 1 && m_symbol.image.isNull())
+        m_painter.drawPoint(points.front());
+}
+
+void CurvePainter::DrawSymbols(std::span<const Reading> readings, int smallestDistance)
+{
+    int before = std::numeric_limits<int>::min() / 2;
+    for (std::size_t i = 0; i < readings.size(); ++i) {
+        if (IsGap(readings[i]))
+            continue;
+        const bool isLone =
+            (i == 0 || IsGap(readings[i - 1])) && (i + 1 == readings.size() || IsGap(readings[i + 1]));
+        const QPoint point = PointOf(readings[i]);
+        if (!isLone && point.x() - before < smallestDistance)
+            continue;
+        before = point.x();
+        m_painter.drawImage(point - m_symbol.centre, m_symbol.image);
+    }
+}
+
+// Symbols that hide each other by more than half tell less than a few of them do.
+int CurvePainter::SymbolDistance(const Curve& curve) const
+{
+    if (curve.readingCount <= FewReadings || m_style.lineStyle == STYLEATLAS_LINE_NONE)
+        return 0;
+    const int size = m_symbol.centre.x() * 2;
+    const int left = ColumnOf(curve.readings.front().time, m_times, m_frame.width());
+    const int right = ColumnOf(curve.readings.back().time, m_times, m_frame.width());
+    const bool isCrowded = curve.readingCount * static_cast<std::size_t>(size) / 2 >
+                           static_cast<std::size_t>(right - left + size);
+    return isCrowded ? DistanceOfSparseSymbols * size : 0;
+}
+
+QPoint CurvePainter::PointOf(const Reading& reading) const
+{
+    const double share = std::clamp(m_values.ShareOf(reading.value), 0.0, 1.0);
+    return {m_frame.left() + ColumnOf(reading.time, m_times, m_frame.width()),
+            m_frame.bottom() - static_cast<int>(std::lround(share * (m_frame.height() - 1)))};
+}
+
+} // namespace atlashost

@@ -1,0 +1,49 @@
+// CurvePainter.h: draws curves in the style that the style atlas gives.
+#pragma once
+
+#include "PlotData.h"
+#include "SymbolPicture.h"
+
+#include <QPainter>
+#include <QPoint>
+#include <QRect>
+
+#include <span>
+#include <vector>
+
+namespace atlashost
+{
+
+// Draws in whole pixels, without antialiasing. The painter outlives it.
+class CurvePainter
+{
+public:
+    enum class Symbols { OfAll, OfSome };
+
+    CurvePainter(QPainter& painter, const CurveStyle& style);
+
+    // Draws the curve into the frame, whose edges are the ends of the ranges. The line ends at missing
+    // readings; between two of them, a lone reading that has no symbol is drawn as a dot. Where readings
+    // stand too close for their symbols, only some have one, unless there is no line to show the others; the
+    // result says so.
+    Symbols DrawCurve(const Curve& curve, QRect frame, Range times, Range values);
+
+    // The style as the legend shows it: a line through the middle with a symbol over it.
+    void DrawSample(QRect rect);
+
+private:
+    void DrawLine(std::span<const Reading> readings);
+    void DrawSymbols(std::span<const Reading> readings, int smallestDistance);
+    void DrawRun(std::vector<QPoint> points);
+    int SymbolDistance(const Curve& curve) const;
+    QPoint PointOf(const Reading& reading) const;
+
+    QPainter& m_painter;
+    CurveStyle m_style;
+    SymbolPicture m_symbol;
+    QRect m_frame;
+    Range m_times;
+    Range m_values;
+};
+
+} // namespace atlashost

@@ -1,0 +1,85 @@
+#include "PictureFile.h"
+
+#include "Text.h"
+
+#include <QBuffer>
+#include <QByteArray>
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr int Permissions = 0666; // as far as the user's mask lets them
+
+[[noreturn]] void ThrowError(const char* path, const char* reason)
+{
+    throw std::runtime_error{Printable(path, std::string::npos) + " cannot be written: " + reason};
+}
+
+class OutputFile
+{
+public:
+    // Without O_NONBLOCK a pipe would hold the program until somebody reads it.
+    explicit OutputFile(const char* path)
+        : m_path{path}, m_descriptor{open(path,
+                                          O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+                                          Permissions)}
+    {
+        if (m_descriptor < 0 || fcntl(m_descriptor, F_SETFL, 0) != 0)
+            ThrowError(path, std::strerror(errno));
+    }
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile()
+    {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+    }
+
+    void Write(QByteArrayView bytes)
+    {
+        while (!bytes.empty()) {
+            const ssize_t count = write(m_descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()));
+            if (count < 0 && errno == EINTR)
+                continue;
+            if (count < 0)
+                ThrowError(m_path, std::strerror(errno));
+            bytes = bytes.sliced(count);
+        }
+    }
+
+    // Some file systems tell only here that the disk is full.
+    void Close()
+    {
+        if (close(std::exchange(m_descriptor, -1)) != 0)
+            ThrowError(m_path, std::strerror(errno));
+    }
+
+private:
+    const char* m_path;
+    int m_descriptor;
+};
+
+} // namespace
+
+void WritePng(const QImage& picture, const char* path)
+{
+    QByteArray bytes;
+    QBuffer buffer{&bytes};
+    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "PNG"))
+        ThrowError(path, "the picture cannot be encoded");
+    OutputFile file{path};
+    file.Write(bytes);
+    file.Close();
+}
+
+} // namespace atlashost

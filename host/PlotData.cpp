@@ -1,0 +1,220 @@
+#include "PlotData.h"
+
+#include "Calendar.h"
+#include "InputFiles.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr int FinestColumns = 16384;           // more than any picture has
+constexpr std::size_t MostOfFinestColumn = 16; // more can be told apart nowhere
+constexpr std::size_t MaxReadings = 32'000'000;
+constexpr double Farthest = 1e300;   // differences and sums of such numbers do not overflow
+constexpr double Smallest = 1e-290;  // fractions of such a number do not underflow
+constexpr double Resolution = 1e-13; // of values that are not equal but for rounding
+
+// "Wind speed, mean of 07:00 and 10:00, mph" is a title and a unit.
+std::pair<std::string, std::string> TitleAndUnit(const MeasuredQuantity& quantity)
+{
+    const std::string_view name = quantity.name.empty() ? quantity.symbol : quantity.name;
+    const std::size_t comma = name.rfind(',');
+    if (comma == std::string_view::npos)
+        return {Printable(name), {}};
+    return {Printable(WithoutBlanks(name.substr(0, comma))),
+            Printable(WithoutBlanks(name.substr(comma + 1)))};
+}
+
+// Short names, as room is scarce where they are shown. Files that bear one name are told apart by their
+// folders.
+std::vector<std::string> FileNames(std::span<const char* const> paths)
+{
+    const auto shortName = [](std::string_view path) {
+        path.remove_prefix(path.rfind('/') + 1);
+        constexpr std::string_view Extension = ".csv";
+        if (path.size() > Extension.size() && path.ends_with(Extension))
+            path.remove_suffix(Extension.size());
+        return path;
+    };
+    std::map<std::string_view, int> counts;
+    for (const char* const path : paths)
+        ++counts[shortName(path)];
+    std::vector<std::string> names;
+    for (const char* const path : paths)
+        names.push_back(Printable(counts[shortName(path)] == 1 ? shortName(path) : path));
+    return names;
+}
+
+std::vector<Reading> ReadingsInOrder(std::span<const double> times, std::span<const double> values)
+{
+    std::vector<Reading> readings;
+    readings.reserve(values.size());
+    for (std::size_t row = 0; row < values.size(); ++row) {
+        if (!std::isnan(times[row]))
+            readings.push_back({times[row], values[row]});
+    }
+    if (!std::ranges::is_sorted(readings, {}, &Reading::time))
+        std::ranges::stable_sort(readings, {}, &Reading::time);
+    return readings;
+}
+
+void Extend(std::optional<Range>& range, double value)
+{
+    range = range ? Range{std::min(range->low, value), std::max(range->high, value)} : Range{value, value};
+}
+
+Range DivisibleTimes(Range times, TimeKind kind)
+{
+    if (kind == TimeKind::Date && times.low == times.high)
+        return {times.low - SecondsOfDay / 2, times.high + SecondsOfDay / 2};
+    return Divisible(times);
+}
+
+class PlotMaker
+{
+public:
+    explicit PlotMaker(std::span<const char* const> paths) : m_fileNames{FileNames(paths)} {}
+
+    void AddFile(InputFile& file)
+    {
+        const MeasuredFile& content = file.content;
+        if (const auto count = std::ranges::count_if(content.times, [](double t) { return std::isnan(t); }))
+            Tell(file.shownPath + ": rows left out, as their first field is no " +
+                 (content.timeKind == TimeKind::Date ? "date" : "number") + ": " + std::to_string(count));
+        for (std::size_t i = 0; i < file.quantities.size(); ++i) {
+            if (file.quantities[i] != nullptr)
+                AddCurve(file, *file.quantities[i], file.content.columns[i]);
+        }
+    }
+
+    Plot Finish()
+    {
+        ShareTimes();
+        for (PanelInProgress& entry : m_panels) {
+            entry.panel.times = DivisibleTimes(entry.panel.times, entry.panel.timeKind);
+            entry.panel.values = Divisible(*entry.values);
+            m_plot.panels.push_back(std::move(entry.panel));
+        }
+        return std::move(m_plot);
+    }
+
+private:
+    struct PanelInProgress {
+        Panel panel;
+        const MeasuredQuantity* quantity = nullptr;
+        std::optional<Range> times;
+        std::optional<Range> values;
+    };
+
+    void AddCurve(const InputFile& file, const MeasuredQuantity& quantity, MeasuredColumn& column)
+    {
+        const std::vector<double> values = std::move(column.values);
+        const std::vector<Reading> all = ReadingsInOrder(file.content.times, values);
+        const auto gaps = static_cast<std::size_t>(std::ranges::count_if(all, IsGap));
+        if (gaps == all.size()) {
+            Tell(file.shownPath + ": the column \"" + Printable(column.header) +
+                 "\" has no readings, it is left out");
+            return;
+        }
+        Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps};
+        curve.style = StyleOf(file.StyleColumn(), quantity).value_or(CurveStyle{});
+        const Range times{all.front().time, all.back().time};
+        curve.readings = Thinned(all, Divisible(times), FinestColumns, MostOfFinestColumn);
+        m_readingCount += curve.readings.size();
+        if (m_readingCount > MaxReadings)
+            throw std::runtime_error{"more than 32 million readings in all"};
+        AddToPanel(file, quantity, std::move(curve), times);
+    }
+
+    void AddToPanel(const InputFile& file, const MeasuredQuantity& quantity, Curve curve, Range times)
+    {
+        PanelInProgress& entry = PanelOf(file, quantity);
+        Extend(entry.times, times.low);
+        Extend(entry.times, times.high);
+        for (const Reading& reading : curve.readings) {
+            if (!IsGap(reading))
+                Extend(entry.values, reading.value);
+        }
+        entry.panel.curves.push_back(std::move(curve));
+    }
+
+    PanelInProgress& PanelOf(const InputFile& file, const MeasuredQuantity& quantity)
+    {
+        const TimeKind kind = file.content.timeKind;
+        const auto found = std::ranges::find_if(m_panels, [&](const PanelInProgress& entry) {
+            return entry.quantity == &quantity && entry.panel.timeKind == kind;
+        });
+        if (found != m_panels.end())
+            return *found;
+        PanelInProgress& entry = m_panels.emplace_back();
+        entry.quantity = &quantity;
+        std::tie(entry.panel.title, entry.panel.unit) = TitleAndUnit(quantity);
+        entry.panel.timeKind = kind;
+        entry.panel.timeTitle = kind == TimeKind::Row ? "row" : Printable(file.content.timeHeader);
+        return entry;
+    }
+
+    // In the order of time, panels that overlap the ones before them belong together.
+    void ShareTimes()
+    {
+        std::vector<PanelInProgress*> ordered;
+        for (PanelInProgress& entry : m_panels)
+            ordered.push_back(&entry);
+        std::ranges::sort(ordered, {}, [](const PanelInProgress* entry) {
+            return std::pair{entry->panel.timeKind, entry->times->low};
+        });
+        for (auto first = ordered.begin(); first != ordered.end();) {
+            Range shared = *(*first)->times;
+            const TimeKind kind = (*first)->panel.timeKind;
+            auto next = first;
+            for (; next != ordered.end() && (*next)->panel.timeKind == kind &&
+                   (*next)->times->low <= shared.high;
+                 ++next)
+                shared.high = std::max(shared.high, (*next)->times->high);
+            for (; first != next; ++first)
+                (*first)->panel.times = shared;
+        }
+    }
+
+    Plot m_plot;
+    std::vector<PanelInProgress> m_panels;
+    const std::vector<std::string> m_fileNames;
+    std::size_t m_readingCount = 0;
+};
+
+} // namespace
+
+Range Divisible(Range range)
+{
+    range = {std::clamp(range.low, -Farthest, Farthest), std::clamp(range.high, -Farthest, Farthest)};
+    const double size = std::max(std::abs(range.low), std::abs(range.high));
+    if (size < Smallest)
+        return {-1, 1};
+    const double smallest = std::max(size * Resolution, Smallest);
+    if (range.high - range.low >= smallest)
+        return range;
+    const double margin = std::max(size / 10, Smallest);
+    return {range.low - margin, range.high + margin};
+}
+
+Plot ReadPlot(std::span<const char* const> paths)
+{
+    const QuantityNames names;
+    PlotMaker maker{paths};
+    const int status = ForEachFile(paths, names, [&maker](InputFile& file) { maker.AddFile(file); });
+    Plot plot = maker.Finish();
+    plot.status = status;
+    return plot;
+}
+
+} // namespace atlashost

@@ -1,0 +1,71 @@
+// PlotData.h: what a plot shows, apart from any picture: panels, and the curves in them.
+#pragma once
+
+#include "MeasuredFile.h"
+#include "StyleWords.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace atlashost
+{
+
+// Both ends inside.
+struct Range {
+    double low = 0;
+    double high = 0;
+
+    // The place of a value as a share of the range, 0 at its low end, 1 at its high one.
+    double ShareOf(double value) const { return (value - low) / (high - low); }
+};
+
+// The range with room to divide: a range of one value, or of values that differ by rounding alone, is
+// widened. Its ends stay clear of what overflows.
+Range Divisible(Range range);
+
+struct Reading {
+    double time = 0;
+    double value = 0; // NaN where a reading is missing
+};
+
+bool IsGap(const Reading& reading);
+
+struct Curve {
+    std::string fileName;
+    CurveStyle style;
+    std::vector<Reading> readings; // in the order of time, thinned to what the largest picture can show
+    std::size_t readingCount = 0;  // before that, without gaps
+};
+
+// The curves of one quantity over one kind of time.
+struct Panel {
+    std::string title; // the quantity's name without the unit
+    std::string unit;  // empty where the name ends with none
+    TimeKind timeKind = TimeKind::Row;
+    std::string timeTitle; // as the first file heads it
+    Range times;           // that of all panels with which the panel has some time in common; divisible
+    Range values;          // divisible
+    std::vector<Curve> curves;
+};
+
+struct Plot {
+    std::vector<Panel> panels; // in the order in which their quantities turned up
+    int status = 0;            // Failed where a file could not be read, else Succeeded
+};
+
+// Reads the files and asks the style atlas for the style of each curve. What is wrong is told on standard
+// error. A column without readings makes no curve; one without a style is drawn as a plain black line.
+Plot ReadPlot(std::span<const char* const> paths);
+
+// The readings that can be told apart in a picture of so many columns of pixels: where a column has more than
+// mostOfColumn readings, the first, the lowest, the highest and the last of them are left. A gap within a
+// column is not to be seen. The readings are in the order of time.
+std::vector<Reading> Thinned(std::span<const Reading> readings, Range times, int columns,
+                             std::size_t mostOfColumn);
+
+// The column of pixels in which a time is drawn, from 0 up to, not including, columns.
+int ColumnOf(double time, Range times, int columns);
+
+} // namespace atlashost
