@@ -250,6 +250,19 @@ constexpr LRESULT CB_ERR = -1;
 
 constexpr UINT TTM_RELAYEVENT = 0x0407;
 
+constexpr DWORD CC_RGBINIT = 0x0001;
 constexpr DWORD CC_FULLOPEN = 0x0002;
 constexpr DWORD CC_ANYCOLOR = 0x0100;
 constexpr COLORREF CLR_DEFAULT = 0xFF000000;
+
+struct CHOOSECOLORW {
+    DWORD lStructSize;
+    HWND hwndOwner;
+    HWND hInstance;
+    COLORREF rgbResult;
+    COLORREF* lpCustColors; // 16 of them, shown and updated in place; null for none
+    DWORD Flags;
+    LPARAM lCustData;
+    void* lpfnHook;
+    LPCWSTR lpTemplateName;
+};
