@@ -98,8 +98,9 @@ TEST(MemoryContext, DrawsOnItsBitmapAndIsCopied)
         EXPECT_EQ(picture.Text(), "##....\no#..o#\n##..##\n......\n");
         EXPECT_TRUE(dc.BitBlt(1, 1, 5, 3, &dc, 0, 0, SRCCOPY)); // onto itself, forwards and backwards
         EXPECT_EQ(picture.Text(), "##....\no##...\n#o#..o\n.##..#\n");
-        EXPECT_TRUE(dc.BitBlt(0, 0, 5, 3, &dc, 1, 1, SRCCOPY));
-        EXPECT_EQ(picture.Text(), "##....\no#..o.\n##..#o\n.##..#\n");
+        EXPECT_TRUE(dc.BitBlt(0, 0, 5, 4, &dc, 1, 0, SRCCOPY));
+        EXPECT_TRUE(dc.BitBlt(0, 0, 6, 3, &dc, 0, 1, SRCCOPY));
+        EXPECT_EQ(picture.Text(), "##....\no#..oo\n##..##\n##..##\n");
         EXPECT_FALSE(dc.BitBlt(0, 0, 1, 1, nullptr, 0, 0, SRCCOPY));
         EXPECT_EQ(memory.SelectObject(old), &bitmap);
     }

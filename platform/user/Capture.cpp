@@ -1,0 +1,74 @@
+#include "Capture.h"
+
+#include "WindowSide.h"
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+
+namespace
+{
+
+WindowSide* captureWindow = nullptr;
+QPoint messagePosition;
+
+bool IsMouseEvent(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+WindowSide* CaptureWindow()
+{
+    return captureWindow;
+}
+
+void SetCaptureTo(WindowSide& window)
+{
+    if (captureWindow != nullptr && captureWindow != &window)
+        ReleaseCaptureOf(*captureWindow);
+    captureWindow = &window;
+    if (window.Widget().isVisible())
+        window.Widget().grabMouse(); // shows us the mouse outside of our windows too
+}
+
+void ReleaseCaptureOf(const WindowSide& window)
+{
+    if (captureWindow != &window)
+        return;
+    if (QWidget::mouseGrabber() == &captureWindow->Widget())
+        captureWindow->Widget().releaseMouse();
+    captureWindow = nullptr;
+}
+
+QPoint MessagePosition()
+{
+    return messagePosition;
+}
+
+void SetMessagePosition(QPoint position)
+{
+    messagePosition = position;
+}
+
+bool RedirectToCapture(const QObject* receiver, QEvent* event)
+{
+    if (captureWindow == nullptr || !IsMouseEvent(*event) || receiver == &captureWindow->Widget() ||
+        !receiver->isWidgetType())
+        return false;
+    const auto& mouse = *static_cast<QMouseEvent*>(event);
+    QWidget& target = captureWindow->Widget();
+    const QPointF local = target.mapFromGlobal(mouse.globalPosition());
+    QMouseEvent redirected(mouse.type(), local, mouse.globalPosition(), mouse.button(), mouse.buttons(),
+                           mouse.modifiers(), mouse.pointingDevice());
+    QCoreApplication::sendEvent(&target, &redirected);
+    return true;
+}

@@ -1,0 +1,21 @@
+// The window that has the mouse, and where the mouse is.
+#pragma once
+
+#include <QPoint>
+
+class QEvent;
+class QObject;
+class WindowSide;
+
+// The window that all mouse messages go to; null if there is none.
+WindowSide* CaptureWindow();
+void SetCaptureTo(WindowSide& window);
+void ReleaseCaptureOf(const WindowSide& window); // does nothing unless the window has it
+
+// Where the mouse was at the input that is being handled, in screen coordinates.
+QPoint MessagePosition();
+void SetMessagePosition(QPoint position);
+
+// Sends a mouse event that is meant for another widget to the window with the capture; true when it has done
+// so.
+bool RedirectToCapture(const QObject* receiver, QEvent* event);

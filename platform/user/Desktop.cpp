@@ -1,0 +1,83 @@
+// What the desktop is like.
+#include "Application.h"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QScreen>
+#include <algorithm>
+#include <winmsg.h>
+
+namespace
+{
+
+constexpr int edgeWidth = 2;
+constexpr int thumbSize = 17;
+constexpr UINT sizeWithPadding = sizeof(NONCLIENTMETRICSW);
+constexpr UINT sizeWithoutPadding = sizeWithPadding - sizeof(int);
+
+QSize ScreenSize()
+{
+    const QScreen* const screen = EnsureApplication() ? QGuiApplication::primaryScreen() : nullptr;
+    return screen != nullptr ? screen->geometry().size() : QSize(0, 0);
+}
+
+LOGFONTW DesktopFont()
+{
+    LOGFONTW font{};
+    font.lfHeight = -12;
+    font.lfWeight = FW_NORMAL;
+    if (!EnsureApplication())
+        return font;
+    const QFont desktop = QApplication::font();
+    font.lfHeight = -QFontInfo(desktop).pixelSize();
+    font.lfWeight = desktop.bold() ? FW_BOLD : FW_NORMAL;
+    font.lfItalic = desktop.italic() ? 1 : 0;
+    const QString family = desktop.family().left(LF_FACESIZE - 1);
+    std::copy_n(reinterpret_cast<const WCHAR*>(family.utf16()), family.size(), font.lfFaceName);
+    return font;
+}
+
+} // namespace
+
+int GetSystemMetrics(int index)
+{
+    switch (index) {
+    case SM_CXSCREEN:
+        return ScreenSize().width();
+    case SM_CYSCREEN:
+        return ScreenSize().height();
+    case SM_CXVSCROLL:
+    case SM_CYHSCROLL:
+    case SM_CYVTHUMB:
+    case SM_CXHTHUMB:
+        return thumbSize;
+    case SM_CXEDGE:
+    case SM_CYEDGE:
+        return edgeWidth;
+    default:
+        return 0;
+    }
+}
+
+BOOL SystemParametersInfoW(UINT action, UINT size, void* data, UINT /*update*/)
+{
+    auto* const metrics = static_cast<NONCLIENTMETRICSW*>(data);
+    if (action != SPI_GETNONCLIENTMETRICS || metrics == nullptr ||
+        (metrics->cbSize != sizeWithPadding && metrics->cbSize != sizeWithoutPadding) ||
+        size < metrics->cbSize)
+        return FALSE;
+    metrics->lfCaptionFont = metrics->lfSmCaptionFont = metrics->lfMenuFont = metrics->lfStatusFont =
+        metrics->lfMessageFont = DesktopFont();
+    metrics->iScrollWidth = metrics->iScrollHeight = thumbSize;
+    return TRUE;
+}
+
+BOOL GetVersionExW(OSVERSIONINFOW* version)
+{
+    version->dwMajorVersion = 10;
+    version->dwMinorVersion = 0;
+    version->dwBuildNumber = 0;
+    version->dwPlatformId = 2;
+    version->szCSDVersion[0] = 0;
+    return TRUE;
+}

@@ -1,0 +1,99 @@
+// How a message finds its handler.
+#include "WindowSide.h"
+
+#include <afxwin.h>
+
+namespace
+{
+
+constexpr UINT firstRegistered = 0xC000;
+
+bool Fits(const AFX_MSGMAP_ENTRY& entry, UINT message, UINT code, UINT id)
+{
+    if (entry.pRegistered != nullptr)
+        return message >= firstRegistered && message == *entry.pRegistered;
+    if (entry.nMessage != message || entry.nCode != code)
+        return false;
+    const bool hasId = message == WM_COMMAND || message == WM_NOTIFY;
+    return !hasId || (id >= entry.nID && id <= entry.nLastID);
+}
+
+// The entry of the map, or of the nearest map below it; null if no map names the message.
+const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message, UINT code, UINT id)
+{
+    for (; map != nullptr; map = map->pfnGetBaseMap != nullptr ? map->pfnGetBaseMap() : nullptr) {
+        for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->pfnCall != nullptr; ++entry) {
+            if (Fits(*entry, message, code, id))
+                return entry;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
+ON_WM_NCDESTROY()
+END_MESSAGE_MAP()
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    LRESULT result = 0;
+    return OnWndMsg(message, wParam, lParam, &result) != FALSE ? result
+                                                               : DefWindowProc(message, wParam, lParam);
+}
+
+BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    switch (message) {
+    case WM_COMMAND:
+        return OnCommand(wParam, lParam);
+    case WM_DRAWITEM:
+        if (ReflectToChild(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem, message, wParam, lParam,
+                           pResult))
+            return TRUE;
+        break;
+    case WM_COMPAREITEM:
+        if (ReflectToChild(reinterpret_cast<const COMPAREITEMSTRUCT*>(lParam)->hwndItem, message, wParam,
+                           lParam, pResult))
+            return TRUE;
+        break;
+    default:
+        break;
+    }
+    const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), message, 0, 0);
+    if (entry == nullptr)
+        return FALSE;
+    *pResult = entry->pfnCall(this, wParam, lParam);
+    return TRUE;
+}
+
+// A control's notification goes back to the control first.
+BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    LRESULT result = 0;
+    if (lParam != 0 && ReflectToChild(reinterpret_cast<HWND>(lParam), WM_COMMAND, wParam, lParam, &result))
+        return TRUE;
+    const AFX_MSGMAP_ENTRY* const entry =
+        FindEntry(GetMessageMap(), WM_COMMAND, HIWORD(wParam), LOWORD(wParam));
+    if (entry == nullptr)
+        return FALSE;
+    entry->pfnCall(this, wParam, lParam);
+    return TRUE;
+}
+
+BOOL CWnd::ReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    CWnd* const child = FromHandlePermanent(hWndChild);
+    return child != nullptr ? child->OnChildNotify(message, wParam, lParam, pResult) : FALSE;
+}
+
+BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    const UINT code = message == WM_COMMAND ? HIWORD(wParam) : 0;
+    const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), message + WM_REFLECT_BASE, code, 0);
+    if (entry == nullptr)
+        return FALSE;
+    *pResult = entry->pfnCall(this, wParam, lParam);
+    return TRUE;
+}

@@ -1,0 +1,117 @@
+// The window side of a widget: what happens to the widget becomes messages, and what messages ask for is done
+// to it.
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QRegion>
+#include <QWidget>
+#include <functional>
+#include <winmsg.h>
+
+class CWnd;
+
+// A widget's class derives from its Qt class and from this, by way of WidgetWindow. The handle of the window
+// is good until WM_NCDESTROY has been sent, which is before the widget is deleted.
+class WindowSide
+{
+public:
+    // How a widget handles an event by itself.
+    using QtHandling = std::function<bool(QEvent&)>;
+
+    explicit WindowSide(QWidget& widget);
+    WindowSide(const WindowSide&) = delete;
+    WindowSide& operator=(const WindowSide&) = delete;
+    virtual ~WindowSide();
+
+    // Null for a handle whose window is gone, and for a widget that isn't a window of the layer's.
+    static WindowSide* Of(HWND handle);
+    static WindowSide* Of(const QWidget* widget);
+    HWND Handle() { return reinterpret_cast<HWND>(this); }
+    QWidget& Widget() { return m_widget; }
+
+    // The window that this one is in, or that owns it; null if there is none.
+    WindowSide* Parent();
+
+    // Hands a message to the attached object, and without one to the window's own handling.
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+    // The window's own handling: the Qt event that the message stands for, which is handled once at most;
+    // else what the kind of window makes of the message.
+    LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+
+    // Sends the last messages, and deletes the widget when the present event is over.
+    void Destroy();
+
+    // To the parent: WM_COMMAND with the id and a notification code.
+    void Notify(UINT code);
+
+    void Invalidate(const QRect& rectangle, bool erase);
+    bool HasInvalid() const { return !m_invalid.isEmpty(); }
+
+    // A context on the window's pixels for what is invalid, erased before if it has to be; and one for all of
+    // it at any time. Null when there is no memory. The second function of a pair shows what was drawn.
+    HDC BeginPaint();
+    void EndPaint(HDC context);
+    HDC GetContext();
+    void ReleaseContext(HDC context);
+
+    virtual QString Text() const;
+    virtual void SetText(const QString& text);
+    virtual void OnStyleChanged() {}
+
+    CWnd* Attached = nullptr;
+    DWORD Style = 0;
+    int Id = 0;
+    int Background = 0;   // a system colour's index and 1; 0 for none
+    HFONT Font = nullptr; // as WM_SETFONT gave it
+
+protected:
+    // Turns an event into its message; whatever the message's handlers leave, Qt handles.
+    bool Translate(QEvent& event, const QtHandling& qtHandling);
+
+    // Called by the destructor of the widget's class: a widget that Qt deletes sends its last messages too.
+    void SendLastMessages();
+
+    // What this kind of window makes of a message that stands for no event.
+    virtual LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam);
+
+    // Whether WM_PAINT draws the window, and not Qt.
+    virtual bool IsDrawnByMessage() const { return false; }
+
+private:
+    struct Pending;
+
+    bool SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event, const QtHandling& qtHandling);
+    bool SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event, const QtHandling& qtHandling);
+    bool PreTranslate(UINT message, WPARAM wParam, LPARAM lParam);
+    void PaintByMessage(const QRegion& exposed);
+    void EnsurePixels();
+    HDC ContextOn(const QRect& clip);
+
+    QWidget& m_widget;
+    Pending* m_pending = nullptr; // the event that is being translated
+    QImage m_pixels;              // of a window that is drawn by message
+    QRegion m_invalid;
+    bool m_erase = true;
+    bool m_isGone = false;
+};
+
+// A widget of Qt's class Base that is a window.
+template <class Base> class WidgetWindow : public Base, public WindowSide
+{
+public:
+    template <class... Arguments>
+    explicit WidgetWindow(Arguments&&... arguments)
+        : Base(std::forward<Arguments>(arguments)...), WindowSide(static_cast<QWidget&>(*this))
+    {
+    }
+    ~WidgetWindow() override { SendLastMessages(); }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        return Translate(*event, [this](QEvent& same) { return Base::event(&same); });
+    }
+};

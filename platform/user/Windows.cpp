@@ -1,0 +1,105 @@
+// The functions that take a window's handle.
+#include "Capture.h"
+#include "WindowSide.h"
+
+#include <winmsg.h>
+
+namespace
+{
+
+// Where the top left corner of the window's client area is on the screen.
+QPoint OriginOf(const QWidget& widget)
+{
+    return widget.mapToGlobal(QPoint(0, 0));
+}
+
+QRect PartOf(QWidget& widget, LPCRECT rectangle)
+{
+    if (rectangle == nullptr)
+        return widget.rect();
+    return {rectangle->left, rectangle->top, rectangle->right - rectangle->left,
+            rectangle->bottom - rectangle->top};
+}
+
+} // namespace
+
+LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    return window != nullptr ? window->Send(message, wParam, lParam) : 0;
+}
+
+DWORD GetMessagePos()
+{
+    const QPoint position = MessagePosition();
+    return static_cast<DWORD>(MAKELPARAM(position.x(), position.y()));
+}
+
+BOOL IsWindow(HWND handle)
+{
+    return WindowSide::Of(handle) != nullptr ? TRUE : FALSE;
+}
+
+BOOL GetWindowRect(HWND handle, LPRECT rectangle)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    const QPoint origin = OriginOf(window->Widget());
+    *rectangle = {origin.x(), origin.y(), origin.x() + window->Widget().width(),
+                  origin.y() + window->Widget().height()};
+    return TRUE;
+}
+
+BOOL GetClientRect(HWND handle, LPRECT rectangle)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    *rectangle = {0, 0, window->Widget().width(), window->Widget().height()};
+    return TRUE;
+}
+
+BOOL ScreenToClient(HWND handle, LPPOINT point)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    const QPoint origin = OriginOf(window->Widget());
+    *point = {point->x - origin.x(), point->y - origin.y()};
+    return TRUE;
+}
+
+BOOL ClientToScreen(HWND handle, LPPOINT point)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    const QPoint origin = OriginOf(window->Widget());
+    *point = {point->x + origin.x(), point->y + origin.y()};
+    return TRUE;
+}
+
+HWND GetParent(HWND handle)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    WindowSide* const parent = window != nullptr ? window->Parent() : nullptr;
+    return parent != nullptr ? parent->Handle() : nullptr;
+}
+
+BOOL InvalidateRect(HWND handle, LPCRECT rectangle, BOOL erase)
+{
+    return RedrawWindow(handle, rectangle, nullptr, RDW_INVALIDATE | (erase != FALSE ? RDW_ERASE : 0));
+}
+
+BOOL RedrawWindow(HWND handle, LPCRECT rectangle, HANDLE /*region*/, UINT flags)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    if ((flags & RDW_INVALIDATE) != 0)
+        window->Invalidate(PartOf(window->Widget(), rectangle), (flags & RDW_ERASE) != 0);
+    if ((flags & RDW_UPDATENOW) != 0)
+        window->Widget().repaint();
+    return TRUE;
+}

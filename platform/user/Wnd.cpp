@@ -1,0 +1,295 @@
+#include "Application.h"
+#include "Capture.h"
+#include "WindowSide.h"
+
+#include <QApplication>
+#include <QtConvert.h>
+#include <afxwin.h>
+#include <map>
+#include <memory>
+
+namespace
+{
+
+// The message that is being handled, for Default.
+struct CurrentMessage {
+    UINT Message = 0;
+    WPARAM WParam = 0;
+    LPARAM LParam = 0;
+};
+thread_local CurrentMessage currentMessage;
+
+// The objects that the framework keeps for windows which nobody attached one to.
+std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
+{
+    static auto* const kept = new std::map<HWND, std::unique_ptr<CWnd>>;
+    return *kept;
+}
+
+QString ToQString(LPCTSTR text)
+{
+    return text == nullptr ? QString() : gdi::ToQString(text);
+}
+
+} // namespace
+
+LRESULT WindowSide::Send(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (m_isGone)
+        return 0;
+    if (Attached == nullptr)
+        return Default(message, wParam, lParam);
+    const CurrentMessage before = std::exchange(currentMessage, {message, wParam, lParam});
+    const LRESULT result = Attached->WindowProc(message, wParam, lParam);
+    currentMessage = before;
+    return result;
+}
+
+CWnd::~CWnd()
+{
+    if (m_hWnd != nullptr)
+        CWnd::DestroyWindow();
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->Attached = nullptr;
+}
+
+BOOL CWnd::SubclassWindow(HWND hWnd)
+{
+    WindowSide* const window = WindowSide::Of(hWnd);
+    if (window == nullptr || window->Attached != nullptr)
+        return FALSE;
+    m_hWnd = hWnd;
+    window->Attached = this;
+    PreSubclassWindow();
+    return TRUE;
+}
+
+HWND CWnd::Detach()
+{
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->Attached = nullptr;
+    return std::exchange(m_hWnd, nullptr);
+}
+
+CWnd* CWnd::FromHandlePermanent(HWND hWnd)
+{
+    WindowSide* const window = WindowSide::Of(hWnd);
+    return window != nullptr ? window->Attached : nullptr;
+}
+
+CWnd* CWnd::FromHandle(HWND hWnd)
+{
+    WindowSide* const window = WindowSide::Of(hWnd);
+    if (window == nullptr)
+        return nullptr;
+    if (window->Attached != nullptr)
+        return window->Attached;
+    std::erase_if(KeptObjects(), [](const auto& kept) { return WindowSide::Of(kept.first) == nullptr; });
+    std::unique_ptr<CWnd>& kept = KeptObjects()[hWnd];
+    if (!kept) {
+        kept = std::make_unique<CWnd>();
+        kept->m_hWnd = hWnd;
+    }
+    return kept.get();
+}
+
+BOOL CWnd::DestroyWindow()
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    if (window == nullptr || (window->Attached != nullptr && window->Attached != this)) {
+        m_hWnd = nullptr;
+        return FALSE;
+    }
+    if (window->Attached == this)
+        window->Destroy(); // this object may be gone afterwards
+    return TRUE;
+}
+
+DWORD CWnd::GetStyle() const
+{
+    const WindowSide* const window = WindowSide::Of(m_hWnd);
+    return window != nullptr ? window->Style : 0;
+}
+
+BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd)
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    if (window == nullptr)
+        return FALSE;
+    const DWORD before = std::exchange(window->Style, (window->Style & ~dwRemove) | dwAdd);
+    if (window->Style == before)
+        return FALSE;
+    window->OnStyleChanged();
+    return TRUE;
+}
+
+CWnd* CWnd::GetParent() const
+{
+    return FromHandle(::GetParent(m_hWnd));
+}
+
+int CWnd::GetDlgCtrlID() const
+{
+    const WindowSide* const window = WindowSide::Of(m_hWnd);
+    return window != nullptr ? window->Id : 0;
+}
+
+void CWnd::ScreenToClient(LPRECT lpRect) const
+{
+    POINT topLeft{lpRect->left, lpRect->top};
+    ::ScreenToClient(m_hWnd, &topLeft);
+    ::OffsetRect(lpRect, topLeft.x - lpRect->left, topLeft.y - lpRect->top);
+}
+
+void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint)
+{
+    if (WindowSide* const window = WindowSide::Of(m_hWnd)) {
+        window->Widget().setGeometry(x, y, nWidth, nHeight);
+        if (bRepaint != FALSE)
+            window->Invalidate(window->Widget().rect(), true);
+    }
+}
+
+void CWnd::MoveWindow(LPCRECT lpRect, BOOL bRepaint)
+{
+    MoveWindow(lpRect->left, lpRect->top, lpRect->right - lpRect->left, lpRect->bottom - lpRect->top,
+               bRepaint);
+}
+
+BOOL CWnd::EnableWindow(BOOL bEnable)
+{
+    const BOOL wasDisabled = IsWindowEnabled() == FALSE ? TRUE : FALSE;
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->Widget().setEnabled(bEnable != FALSE);
+    return wasDisabled;
+}
+
+BOOL CWnd::IsWindowEnabled() const
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    return window != nullptr && window->Widget().isEnabled() ? TRUE : FALSE;
+}
+
+CWnd* CWnd::SetFocus()
+{
+    QWidget* const before = QApplication::focusWidget();
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->Widget().setFocus();
+    WindowSide* const side = WindowSide::Of(before);
+    return side != nullptr ? FromHandle(side->Handle()) : nullptr;
+}
+
+CWnd* CWnd::SetCapture()
+{
+    CWnd* const before = GetCapture();
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        SetCaptureTo(*window);
+    return before;
+}
+
+CWnd* CWnd::GetCapture()
+{
+    WindowSide* const window = CaptureWindow();
+    return window != nullptr ? FromHandle(window->Handle()) : nullptr;
+}
+
+BOOL ReleaseCapture()
+{
+    if (WindowSide* const window = CaptureWindow())
+        ReleaseCaptureOf(*window);
+    return TRUE;
+}
+
+int CWnd::GetWindowTextLength() const
+{
+    const WindowSide* const window = WindowSide::Of(m_hWnd);
+    return window != nullptr ? static_cast<int>(window->Text().size()) : 0;
+}
+
+void CWnd::GetWindowText(CString& rString) const
+{
+    const WindowSide* const window = WindowSide::Of(m_hWnd);
+    const QString text = window != nullptr ? window->Text() : QString();
+    rString = CString(reinterpret_cast<LPCTSTR>(text.utf16()), static_cast<int>(text.size()));
+}
+
+void CWnd::SetWindowText(LPCTSTR lpszString)
+{
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->SetText(ToQString(lpszString));
+}
+
+CFont* CWnd::GetFont() const
+{
+    return CFont::FromHandle(reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
+}
+
+void CWnd::SetFont(CFont* pFont, BOOL bRedraw)
+{
+    const HFONT font = pFont != nullptr ? static_cast<HFONT>(*pFont) : nullptr;
+    SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), bRedraw);
+}
+
+BOOL CWnd::PreTranslateMessage(MSG* /*pMsg*/)
+{
+    return FALSE;
+}
+
+void CWnd::PreSubclassWindow() {}
+
+void CWnd::PostNcDestroy() {}
+
+int CWnd::OnCreate(CREATESTRUCT* /*lpCreateStruct*/)
+{
+    return static_cast<int>(Default());
+}
+
+void CWnd::OnNcDestroy()
+{
+    Default();
+    Detach();
+    PostNcDestroy();
+}
+
+LRESULT CWnd::Default()
+{
+    return DefWindowProc(currentMessage.Message, currentMessage.WParam, currentMessage.LParam);
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    return window != nullptr ? window->Default(message, wParam, lParam) : 0;
+}
+
+CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    if (window == nullptr || !Attach(window->BeginPaint()))
+        AfxThrowResourceException();
+}
+
+CPaintDC::~CPaintDC()
+{
+    const HDC context = Detach();
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->EndPaint(context);
+    else
+        ::DeleteDC(context);
+}
+
+CClientDC::CClientDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    if (window == nullptr || !Attach(window->GetContext()))
+        AfxThrowResourceException();
+}
+
+CClientDC::~CClientDC()
+{
+    const HDC context = Detach();
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->ReleaseContext(context);
+    else
+        ::DeleteDC(context);
+}

@@ -1,0 +1,89 @@
+#include "Gui.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <WindowSide.h>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+QWidget& WidgetOf(const CWnd& window)
+{
+    return WindowSide::Of(window.m_hWnd)->Widget();
+}
+
+void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseButton button,
+               Qt::MouseButtons buttons)
+{
+    QWidget& widget = WidgetOf(window);
+    const QPointF local(point.x, point.y);
+    QMouseEvent event(type, local, widget.mapToGlobal(local), button, buttons, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+int QtKeyOf(UINT virtualKey)
+{
+    switch (virtualKey) {
+    case VK_LEFT:
+        return Qt::Key_Left;
+    case VK_UP:
+        return Qt::Key_Up;
+    case VK_RIGHT:
+        return Qt::Key_Right;
+    case VK_DOWN:
+        return Qt::Key_Down;
+    case VK_ESCAPE:
+        return Qt::Key_Escape;
+    case VK_RETURN:
+        return Qt::Key_Return;
+    default:
+        return static_cast<int>(virtualKey);
+    }
+}
+
+} // namespace
+
+namespace test
+{
+
+void Settle()
+{
+    for (int i = 0; i < 5; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+}
+
+void MoveMouse(CWnd& window, CPoint point)
+{
+    SendMouse(window, point, QEvent::MouseMove, Qt::NoButton, Qt::NoButton);
+}
+
+void PressMouse(CWnd& window, CPoint point)
+{
+    SendMouse(window, point, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
+}
+
+void ReleaseMouse(CWnd& window, CPoint point)
+{
+    SendMouse(window, point, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+}
+
+void PressKey(CWnd& window, UINT virtualKey)
+{
+    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey), Qt::NoModifier);
+    QApplication::sendEvent(&WidgetOf(window), &event);
+}
+
+COLORREF PixelOf(CWnd& window, CPoint point)
+{
+    const QImage shown = WidgetOf(window).grab().toImage();
+    const QColor color = shown.pixelColor(point.x, point.y);
+    return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
+               static_cast<BYTE>(color.blue()));
+}
+
+} // namespace test

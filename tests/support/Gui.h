@@ -1,0 +1,21 @@
+// The user of a test: mouse, keyboard and eyes, on the platform without a screen.
+#pragma once
+
+#include <afxwin.h>
+
+namespace test
+{
+
+// Lets everything happen that waits to happen.
+void Settle();
+
+// Points are in the window's client coordinates; a button is the left one.
+void MoveMouse(CWnd& window, CPoint point);
+void PressMouse(CWnd& window, CPoint point);
+void ReleaseMouse(CWnd& window, CPoint point);
+void PressKey(CWnd& window, UINT virtualKey);
+
+// What the window shows at a point.
+COLORREF PixelOf(CWnd& window, CPoint point);
+
+} // namespace test

@@ -1,0 +1,285 @@
+// Windows and messages: what real events become, who sees them in which order, and how a window ends.
+#include "support/Gui.h"
+
+#include <afxwin.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+
+namespace
+{
+
+UINT registered = 0;
+
+std::vector<std::string> heard;
+
+std::string At(CPoint point)
+{
+    return std::to_string(point.x) + ',' + std::to_string(point.y);
+}
+
+// A window that notes what it is sent.
+class k_Witness : public CWnd
+{
+public:
+    explicit k_Witness(std::string name) : m_name(std::move(name)) {}
+
+    BOOL CreatePopup(CWnd* owner, DWORD style = WS_POPUP | WS_VISIBLE)
+    {
+        return CreateEx(0, AfxRegisterWndClass(0, nullptr, Brush(COLOR_BTNFACE)), _T("title"), style, 40, 30,
+                        60, 50, owner != nullptr ? owner->m_hWnd : nullptr, 0);
+    }
+    BOOL CreateChild(CWnd& parent, UINT id)
+    {
+        return CreateEx(0, AfxRegisterWndClass(0, nullptr, Brush(COLOR_WINDOW)), _T(""),
+                        WS_CHILD | WS_VISIBLE, 10, 5, 20, 20, parent.m_hWnd, id);
+    }
+
+    BOOL PreTranslateMessage(MSG* pMsg) override
+    {
+        if (pMsg->message == m_stopped)
+            Note("stops");
+        return pMsg->message == m_stopped ? TRUE : CWnd::PreTranslateMessage(pMsg);
+    }
+
+    UINT m_stopped = 0;
+    int m_createResult = 0;
+    bool m_deletesItself = false;
+    COLORREF m_fill = CLR_INVALID;
+    DWORD m_messagePos = 0;
+
+protected:
+    static HBRUSH Brush(int color) { return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(color + 1)); }
+    void Note(const std::string& event) { heard.push_back(m_name + ' ' + event); }
+
+    afx_msg int OnCreate(LPCREATESTRUCT creation)
+    {
+        Note("create " + std::to_string(creation->cx));
+        return m_createResult;
+    }
+    afx_msg void OnDestroy()
+    {
+        Note("destroy");
+        Default();
+    }
+    afx_msg void OnNcDestroy()
+    {
+        Note("ncdestroy");
+        CWnd::OnNcDestroy();
+        if (m_deletesItself)
+            delete this;
+    }
+    afx_msg void OnPaint()
+    {
+        CPaintDC dc(this);
+        if (m_fill != CLR_INVALID)
+            dc.FillSolidRect(0, 0, 10, 10, m_fill);
+    }
+    afx_msg void OnSize(UINT, int cx, int cy)
+    {
+        Note("size " + std::to_string(cx) + 'x' + std::to_string(cy));
+    }
+    afx_msg void OnEnable(BOOL enable) { Note(enable != FALSE ? "enabled" : "disabled"); }
+    afx_msg void OnMouseMove(UINT, CPoint point) { Note("move " + At(point)); }
+    afx_msg void OnLButtonDown(UINT flags, CPoint point)
+    {
+        Note("down " + At(point) + ((flags & MK_LBUTTON) != 0 ? " L" : ""));
+    }
+    afx_msg void OnLButtonUp(UINT, CPoint point)
+    {
+        m_messagePos = GetMessagePos();
+        Note("up " + At(point));
+    }
+    afx_msg void OnKeyDown(UINT key, UINT, UINT) { Note("key " + std::to_string(key)); }
+    afx_msg LRESULT OnRegistered(WPARAM wParam, LPARAM lParam)
+    {
+        Note("registered");
+        return static_cast<LRESULT>(wParam) + lParam;
+    }
+    afx_msg void OnClicked() { Note("clicked"); }
+    afx_msg void OnRange(UINT id) { Note("command " + std::to_string(id)); }
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    std::string m_name;
+};
+
+BEGIN_MESSAGE_MAP(k_Witness, CWnd)
+ON_WM_CREATE()
+ON_WM_DESTROY()
+ON_WM_NCDESTROY()
+ON_WM_PAINT()
+ON_WM_SIZE()
+ON_WM_ENABLE()
+ON_WM_MOUSEMOVE()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_KEYDOWN()
+ON_REGISTERED_MESSAGE(registered, ThisClass::OnRegistered)
+ON_BN_CLICKED(7, ThisClass::OnClicked)
+ON_COMMAND_RANGE(100, 102, ThisClass::OnRange)
+END_MESSAGE_MAP()
+
+class Windows : public testing::Test
+{
+protected:
+    Windows()
+    {
+        registered = RegisterWindowMessageW(_T("WindowsTest"));
+        heard.clear();
+    }
+
+    static std::vector<std::string> Heard() { return std::exchange(heard, {}); }
+    using Sequence = std::vector<std::string>;
+};
+
+TEST_F(Windows, AreCreatedAndDestroyedFromTheInsideOut)
+{
+    k_Witness parent("parent");
+    k_Witness child("child");
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    ASSERT_TRUE(child.CreateChild(parent, 3));
+    EXPECT_EQ(child.GetDlgCtrlID(), 3);
+    EXPECT_EQ(child.GetParent(), &parent);
+    EXPECT_EQ(CWnd::FromHandle(child.m_hWnd), &child);
+    test::Settle();
+    EXPECT_EQ(Heard(),
+              (Sequence{"parent create 60", "parent size 60x50", "child create 20", "child size 20x20"}));
+
+    const HWND handle = child.m_hWnd;
+    EXPECT_TRUE(parent.DestroyWindow());
+    EXPECT_EQ(Heard(), (Sequence{"parent destroy", "child destroy", "child ncdestroy", "parent ncdestroy"}));
+    EXPECT_EQ(parent.m_hWnd, nullptr);
+    EXPECT_EQ(child.m_hWnd, nullptr);
+    EXPECT_FALSE(IsWindow(handle));
+    EXPECT_EQ(SendMessageW(handle, WM_PAINT, 0, 0), 0);
+    EXPECT_EQ(CWnd::FromHandle(handle), nullptr);
+    test::Settle();
+    EXPECT_EQ(Heard(), Sequence{});
+}
+
+TEST_F(Windows, ACreationThatIsRefusedLeavesNothing)
+{
+    k_Witness window("window");
+    window.m_createResult = -1;
+    EXPECT_FALSE(window.CreatePopup(nullptr));
+    EXPECT_EQ(window.m_hWnd, nullptr);
+    EXPECT_EQ(Heard(), (Sequence{"window create 60", "window destroy", "window ncdestroy"}));
+    k_Witness orphan("orphan");
+    EXPECT_FALSE(orphan.CreateChild(window, 1)); // no parent to be in
+}
+
+TEST_F(Windows, AnObjectMayDeleteItselfWithItsLastMessage)
+{
+    auto* const window = new k_Witness("window");
+    window->m_deletesItself = true;
+    ASSERT_TRUE(window->CreatePopup(nullptr));
+    test::Settle();
+    SendMessageW(window->m_hWnd, WM_CLOSE, 0, 0);
+    test::Settle();
+    EXPECT_EQ(heard.back(), "window ncdestroy");
+}
+
+TEST_F(Windows, InputBecomesMessages)
+{
+    k_Witness parent("parent");
+    k_Witness child("child");
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    ASSERT_TRUE(child.CreateChild(parent, 3));
+    test::Settle();
+    Heard();
+    test::MoveMouse(parent, {4, 6});
+    test::PressMouse(child, {1, 2});
+    test::ReleaseMouse(child, {3, 2});
+    test::PressKey(parent, VK_LEFT);
+    EXPECT_EQ(Heard(), (Sequence{"parent move 4,6", "child down 1,2 L", "child up 3,2", "parent key 37"}));
+    EXPECT_EQ(child.m_messagePos, static_cast<DWORD>(MAKELPARAM(40 + 10 + 3, 30 + 5 + 2)));
+
+    parent.m_stopped = WM_KEYDOWN; // a window sees the input of those in it before they do
+    test::PressKey(child, VK_LEFT);
+    test::PressMouse(child, {1, 2});
+    EXPECT_EQ(Heard(), (Sequence{"parent stops", "child down 1,2 L"}));
+
+    child.EnableWindow(FALSE);
+    EXPECT_FALSE(child.IsWindowEnabled());
+    child.EnableWindow(TRUE);
+    EXPECT_EQ(Heard(), (Sequence{"child disabled", "child enabled"}));
+}
+
+TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
+{
+    k_Witness first("first");
+    k_Witness second("second");
+    ASSERT_TRUE(first.CreatePopup(nullptr));
+    ASSERT_TRUE(second.CreatePopup(nullptr));
+    second.MoveWindow(200, 100, 60, 50);
+    test::Settle();
+    first.SetCapture();
+    EXPECT_EQ(CWnd::GetCapture(), &first);
+    Heard();
+    test::ReleaseMouse(second, {1, 1});
+    EXPECT_EQ(Heard(), (Sequence{"first up 161,71"}));
+    ReleaseCapture();
+    EXPECT_EQ(CWnd::GetCapture(), nullptr);
+    test::ReleaseMouse(second, {1, 1});
+    EXPECT_EQ(Heard(), (Sequence{"second up 1,1"}));
+    first.SetCapture();
+    first.DestroyWindow();
+    EXPECT_EQ(CWnd::GetCapture(), nullptr);
+}
+
+TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    test::Settle();
+    Heard();
+    EXPECT_EQ(window.SendMessage(registered, 40, 2), 42);
+    window.SendMessage(WM_COMMAND, MAKEWPARAM(7, BN_CLICKED));
+    window.SendMessage(WM_COMMAND, MAKEWPARAM(8, BN_CLICKED));
+    for (const UINT id : {99U, 100U, 102U, 103U})
+        window.SendMessage(WM_COMMAND, MAKEWPARAM(id, 0));
+    EXPECT_EQ(Heard(),
+              (Sequence{"window registered", "window clicked", "window command 100", "window command 102"}));
+}
+
+TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
+{
+    k_Witness window("window");
+    window.m_fill = RGB(255, 0, 0);
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    test::Settle();
+    EXPECT_EQ(test::PixelOf(window, {5, 5}), RGB(255, 0, 0));
+    EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
+    {
+        CClientDC dc(&window);
+        dc.FillSolidRect(12, 12, 10, 10, RGB(0, 0, 255));
+    }
+    test::Settle();
+    EXPECT_EQ(test::PixelOf(window, {15, 15}), RGB(0, 0, 255)); // stays, as nothing was invalid
+    window.m_fill = RGB(0, 255, 0);
+    const RECT part{0, 0, 5, 5};
+    window.RedrawWindow(&part);
+    EXPECT_EQ(test::PixelOf(window, {2, 2}), RGB(0, 255, 0));
+    EXPECT_EQ(test::PixelOf(window, {7, 7}), RGB(255, 0, 0)); // outside of what was invalid
+    window.InvalidateRect(nullptr);
+    test::Settle();
+    EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(Windows, TheDesktopHasAFontForMessages)
+{
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+    EXPECT_LT(metrics.lfMessageFont.lfHeight, 0);
+    metrics.cbSize = 500;
+    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+    metrics.cbSize = 499;
+    EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+    EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
+    EXPECT_EQ(GetSystemMetrics(-1), 0);
+}
+
+} // namespace
