@@ -97,6 +97,22 @@ protected:
         return static_cast<LRESULT>(wParam) + lParam;
     }
     afx_msg void OnClicked() { Note("clicked"); }
+    afx_msg BOOL OnMouseWheel(UINT, short delta, CPoint)
+    {
+        Note("wheel " + std::to_string(delta));
+        return TRUE;
+    }
+    afx_msg void OnSettingChange(UINT, LPCTSTR) { Note("settings"); }
+    afx_msg void OnTold(NMHDR* header, LRESULT* result)
+    {
+        Note("told by " + std::to_string(header->idFrom));
+        *result = 5;
+    }
+    afx_msg void OnOwnNotification(NMHDR*, LRESULT* result)
+    {
+        Note("hears its own");
+        *result = 6;
+    }
     afx_msg void OnRange(UINT id) { Note("command " + std::to_string(id)); }
 
     DECLARE_MESSAGE_MAP()
@@ -119,6 +135,10 @@ ON_WM_KEYDOWN()
 ON_REGISTERED_MESSAGE(registered, ThisClass::OnRegistered)
 ON_BN_CLICKED(7, ThisClass::OnClicked)
 ON_COMMAND_RANGE(100, 102, ThisClass::OnRange)
+ON_WM_MOUSEWHEEL()
+ON_WM_SETTINGCHANGE()
+ON_NOTIFY(-5, 3, ThisClass::OnTold)
+ON_NOTIFY_REFLECT(-6, ThisClass::OnOwnNotification)
 END_MESSAGE_MAP()
 
 class Windows : public testing::Test
@@ -242,6 +262,70 @@ TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
         window.SendMessage(WM_COMMAND, MAKEWPARAM(id, 0));
     EXPECT_EQ(Heard(),
               (Sequence{"window registered", "window clicked", "window command 100", "window command 102"}));
+}
+
+TEST_F(Windows, NotificationsGoBackToTheControlFirst)
+{
+    k_Witness parent("parent");
+    k_Witness child("child");
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    ASSERT_TRUE(child.CreateChild(parent, 3));
+    test::Settle();
+    Heard();
+    const auto notify = [&](int code) {
+        NMHDR header{child.m_hWnd, 3, static_cast<UINT>(code)};
+        return parent.SendMessage(WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header));
+    };
+    EXPECT_EQ(notify(-5), 5);
+    EXPECT_EQ(notify(-6), 6);
+    EXPECT_EQ(notify(-7), 0);
+    EXPECT_EQ(Heard(), (Sequence{"parent told by 3", "child hears its own"}));
+}
+
+// A window whose only child is tied to a member.
+class k_Dialog : public k_Witness
+{
+public:
+    k_Dialog() : k_Witness("dialog") {}
+    k_Witness m_Control{"control"};
+    int m_id = 3;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override { DDX_Control(pDX, m_id, m_Control); }
+};
+
+TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
+{
+    k_Dialog dialog;
+    k_Witness template3("template");
+    ASSERT_TRUE(dialog.CreatePopup(nullptr));
+    ASSERT_TRUE(template3.CreateChild(dialog, 3));
+    const HWND handle = template3.Detach(); // stands without an object, as one that a template made
+    EXPECT_TRUE(dialog.UpdateData(FALSE));
+    EXPECT_TRUE(dialog.UpdateData(TRUE)); // tied once
+    EXPECT_EQ(dialog.m_Control.m_hWnd, handle);
+    EXPECT_EQ(dialog.GetDlgItem(3), &dialog.m_Control);
+    test::Settle();
+    Heard();
+    test::PressMouse(dialog.m_Control, {1, 1});
+    EXPECT_EQ(Heard(), Sequence{"control down 1,1 L"});
+    k_Dialog other;
+    ASSERT_TRUE(other.CreatePopup(nullptr));
+    EXPECT_THROW(other.UpdateData(FALSE), CInvalidArgException*);
+}
+
+TEST_F(Windows, HearOfTheWheelAndOfOtherSettings)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    test::Settle();
+    Heard();
+    test::TurnWheel(window, -120);
+    test::ChangeSettings();
+    const Sequence told = Heard();
+    ASSERT_GE(told.size(), 2U);
+    EXPECT_EQ(told.front(), "window wheel -120");
+    EXPECT_EQ(told.back(), "window settings");
 }
 
 TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)

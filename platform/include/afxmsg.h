@@ -71,6 +71,8 @@ protected:                                                                      
 #define ON_WM_MOUSEMOVE()       {WM_MOUSEMOVE, 0, 0, 0, nullptr, &AfxOnMouse<&ThisClass::OnMouseMove>},
 #define ON_WM_LBUTTONDOWN()     {WM_LBUTTONDOWN, 0, 0, 0, nullptr, &AfxOnMouse<&ThisClass::OnLButtonDown>},
 #define ON_WM_LBUTTONUP()       {WM_LBUTTONUP, 0, 0, 0, nullptr, &AfxOnMouse<&ThisClass::OnLButtonUp>},
+#define ON_WM_MOUSEWHEEL()      {WM_MOUSEWHEEL, 0, 0, 0, nullptr, &AfxOnWheel<&ThisClass::OnMouseWheel>},
+#define ON_WM_SETTINGCHANGE()   {WM_SETTINGCHANGE, 0, 0, 0, nullptr, &AfxOnSettingChange<&ThisClass::OnSettingChange>},
 #define ON_WM_KEYDOWN()         {WM_KEYDOWN, 0, 0, 0, nullptr, &AfxOnKey<&ThisClass::OnKeyDown>},
 #define ON_WM_QUERYNEWPALETTE() {WM_QUERYNEWPALETTE, 0, 0, 0, nullptr, &AfxOnAsked<&ThisClass::OnQueryNewPalette>},
 #define ON_WM_PALETTECHANGED()  {WM_PALETTECHANGED, 0, 0, 0, nullptr, &AfxOnFocus<&ThisClass::OnPaletteChanged>},
@@ -83,6 +85,10 @@ protected:                                                                      
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
 #define ON_COMMAND_RANGE(first, last, handler)                                                               \
     {WM_COMMAND, 0, first, last, nullptr, &AfxOnCommandId<&handler>},
+#define ON_NOTIFY(code, id, handler)                                                                         \
+    {WM_NOTIFY, static_cast<UINT>(code), id, id, nullptr, &AfxOnNotify<&handler>},
+#define ON_NOTIFY_REFLECT(code, handler)                                                                     \
+    {WM_NOTIFY + WM_REFLECT_BASE, static_cast<UINT>(code), 0, 0, nullptr, &AfxOnNotify<&handler>},
 #define ON_CONTROL_REFLECT(code, handler)                                                                    \
     {WM_COMMAND + WM_REFLECT_BASE, code, 0, 0, nullptr, &AfxOnPlain<&handler>},
 // clang-format on

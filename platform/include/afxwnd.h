@@ -6,6 +6,14 @@
 #include <afxmsg.h>
 #include <afxstr.h>
 
+class CWnd;
+
+// One exchange of values between the controls of a window and its members.
+struct CDataExchange {
+    CWnd* m_pDlgWnd;
+    BOOL m_bSaveAndValidate; // from the controls to the members
+};
+
 class CWnd : public CCmdTarget
 {
 public:
@@ -40,6 +48,11 @@ public:
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd); // whether anything changed
     CWnd* GetParent() const;
     int GetDlgCtrlID() const;
+
+    CWnd* GetDlgItem(int nID) const;
+
+    // Runs DoDataExchange.
+    BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
 
     void GetClientRect(LPRECT lpRect) const { ::GetClientRect(m_hWnd, lpRect); }
     void GetWindowRect(LPRECT lpRect) const { ::GetWindowRect(m_hWnd, lpRect); }
@@ -83,12 +96,16 @@ protected:
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 
     // A message about this window that its parent has been sent; true when it is dealt with.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 
     // What the window's own handling makes of the message that is being handled.
     LRESULT Default();
+
+    // Ties controls to members, and moves values, by the DDX functions.
+    virtual void DoDataExchange(CDataExchange* pDX);
 
     // The window is gone; the last call that an object gets from it.
     virtual void PostNcDestroy();
@@ -117,6 +134,10 @@ struct CREATESTRUCT {
     DWORD dwExStyle;
 };
 using LPCREATESTRUCT = CREATESTRUCT*;
+
+// Attaches the object to the control of the id, unless it has a window already. Raises the invalid argument exception
+// where there is no such control.
+void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 
 // The name of a window class with the style and the background, a system colour's index and 1 (0: none).
 LPCTSTR AfxRegisterWndClass(UINT nClassStyle, HANDLE hCursor = nullptr, HBRUSH hbrBackground = nullptr,
@@ -200,6 +221,24 @@ template <auto Handler> LRESULT AfxOnKey(CCmdTarget* pTarget, WPARAM wParam, LPA
                      static_cast<UINT>(LOWORD(static_cast<UINT_PTR>(lParam))),
                      static_cast<UINT>(HIWORD(static_cast<UINT_PTR>(lParam))));
     return 0;
+}
+// The position is the mouse's on the screen.
+template <auto Handler> LRESULT AfxOnWheel(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    const auto position = static_cast<UINT_PTR>(lParam);
+    return AfxCall<Handler>(pTarget, static_cast<UINT>(LOWORD(wParam)), static_cast<short>(HIWORD(wParam)),
+                            CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
+}
+template <auto Handler> LRESULT AfxOnSettingChange(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam), reinterpret_cast<LPCTSTR>(lParam));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnNotify(CCmdTarget* pTarget, WPARAM, LPARAM lParam)
+{
+    LRESULT result = 0;
+    AfxCall<Handler>(pTarget, reinterpret_cast<NMHDR*>(lParam), &result);
+    return result;
 }
 template <auto Handler> LRESULT AfxOnMessage(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
 {

@@ -115,6 +115,7 @@ BOOL GetClientRect(HWND window, LPRECT rectangle); // left and top are 0
 BOOL ScreenToClient(HWND window, LPPOINT point);
 BOOL ClientToScreen(HWND window, LPPOINT point);
 HWND GetParent(HWND window); // of a popup, its owner
+HWND GetDlgItem(HWND window, int id); // the window in it that has the id; null if there is none
 
 constexpr UINT RDW_INVALIDATE = 0x0001;
 constexpr UINT RDW_ERASE = 0x0004;
@@ -216,6 +217,13 @@ struct COMPAREITEMSTRUCT {
     UINT itemID2;
     UINT_PTR itemData2;
     DWORD dwLocaleId;
+};
+
+// The head of what WM_NOTIFY carries.
+struct NMHDR {
+    HWND hwndFrom;
+    UINT_PTR idFrom;
+    UINT code;
 };
 
 using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;

@@ -128,6 +128,12 @@ bool WindowSide::Translate(QEvent& event, const QtHandling& qtHandling)
         return SendFor(WM_ENABLE, m_widget.isEnabled() ? 1 : 0, 0, event, qtHandling);
     case QEvent::Resize:
         return SendFor(WM_SIZE, 0, MAKELPARAM(m_widget.width(), m_widget.height()), event, qtHandling);
+    case QEvent::ApplicationFontChange:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+        if (!m_widget.isWindow())
+            break;
+        return SendFor(WM_SETTINGCHANGE, 0, 0, event, qtHandling);
     case QEvent::Paint:
         if (!IsDrawnByMessage())
             break;

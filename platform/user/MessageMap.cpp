@@ -48,6 +48,8 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     switch (message) {
     case WM_COMMAND:
         return OnCommand(wParam, lParam);
+    case WM_NOTIFY:
+        return OnNotify(wParam, lParam, pResult);
     case WM_DRAWITEM:
         if (ReflectToChild(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem, message, wParam, lParam,
                            pResult))
@@ -82,6 +84,19 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
     return TRUE;
 }
 
+BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    const auto* const header = reinterpret_cast<const NMHDR*>(lParam);
+    if (ReflectToChild(header->hwndFrom, WM_NOTIFY, wParam, lParam, pResult))
+        return TRUE;
+    const AFX_MSGMAP_ENTRY* const entry =
+        FindEntry(GetMessageMap(), WM_NOTIFY, header->code, static_cast<UINT>(header->idFrom));
+    if (entry == nullptr)
+        return FALSE;
+    *pResult = entry->pfnCall(this, wParam, lParam);
+    return TRUE;
+}
+
 BOOL CWnd::ReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     CWnd* const child = FromHandlePermanent(hWndChild);
@@ -90,7 +105,11 @@ BOOL CWnd::ReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lP
 
 BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    const UINT code = message == WM_COMMAND ? HIWORD(wParam) : 0;
+    UINT code = 0;
+    if (message == WM_COMMAND)
+        code = HIWORD(wParam);
+    else if (message == WM_NOTIFY)
+        code = reinterpret_cast<const NMHDR*>(lParam)->code;
     const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), message + WM_REFLECT_BASE, code, 0);
     if (entry == nullptr)
         return FALSE;

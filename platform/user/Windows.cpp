@@ -87,6 +87,19 @@ HWND GetParent(HWND handle)
     return parent != nullptr ? parent->Handle() : nullptr;
 }
 
+HWND GetDlgItem(HWND handle, int id)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return nullptr;
+    for (QObject* const child : window->Widget().children()) {
+        WindowSide* const inside = WindowSide::Of(qobject_cast<QWidget*>(child));
+        if (inside != nullptr && inside->Id == id)
+            return inside->Handle();
+    }
+    return nullptr;
+}
+
 BOOL InvalidateRect(HWND handle, LPCRECT rectangle, BOOL erase)
 {
     return RedrawWindow(handle, rectangle, nullptr, RDW_INVALIDATE | (erase != FALSE ? RDW_ERASE : 0));

@@ -134,6 +134,28 @@ int CWnd::GetDlgCtrlID() const
     return window != nullptr ? window->Id : 0;
 }
 
+CWnd* CWnd::GetDlgItem(int nID) const
+{
+    return FromHandle(::GetDlgItem(m_hWnd, nID));
+}
+
+BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
+{
+    CDataExchange exchange{this, bSaveAndValidate};
+    DoDataExchange(&exchange);
+    return TRUE;
+}
+
+void CWnd::DoDataExchange(CDataExchange* /*pDX*/) {}
+
+void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl)
+{
+    if (rControl.m_hWnd != nullptr)
+        return;
+    if (!rControl.SubclassWindow(::GetDlgItem(pDX->m_pDlgWnd->m_hWnd, nIDC)))
+        AfxThrowInvalidArgException();
+}
+
 void CWnd::ScreenToClient(LPRECT lpRect) const
 {
     POINT topLeft{lpRect->left, lpRect->top};

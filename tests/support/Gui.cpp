@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <WindowSide.h>
 #include <gtest/gtest.h>
 
@@ -76,6 +77,26 @@ void PressKey(CWnd& window, UINT virtualKey)
 {
     QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey), Qt::NoModifier);
     QApplication::sendEvent(&WidgetOf(window), &event);
+}
+
+void TurnWheel(CWnd& window, int delta)
+{
+    QWidget& widget = WidgetOf(window);
+    const QPointF local(1, 1);
+    QWheelEvent event(local, widget.mapToGlobal(local), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+}
+
+void ChangeSettings()
+{
+    const QPalette before = QApplication::palette();
+    QPalette other = before;
+    other.setColor(QPalette::Window, Qt::magenta);
+    QApplication::setPalette(other);
+    Settle();
+    QApplication::setPalette(before);
+    Settle();
 }
 
 COLORREF PixelOf(CWnd& window, CPoint point)

@@ -14,6 +14,10 @@ void MoveMouse(CWnd& window, CPoint point);
 void PressMouse(CWnd& window, CPoint point);
 void ReleaseMouse(CWnd& window, CPoint point);
 void PressKey(CWnd& window, UINT virtualKey);
+void TurnWheel(CWnd& window, int delta); // 120 is one notch upward
+
+// Another colour for every window of the desktop, and back.
+void ChangeSettings();
 
 // What the window shows at a point.
 COLORREF PixelOf(CWnd& window, CPoint point);

@@ -1,0 +1,200 @@
+// The dialogs and the menu as the module carries them, and what their readers make of damaged ones.
+#include "support/ResourceText.h"
+
+#include <dialogs/resource.h>
+#include <platform/system/Unicode.h>
+#include <platform/user/DialogInit.h>
+#include <platform/user/DialogTemplate.h>
+#include <platform/user/MenuTemplate.h>
+#include <platform/user/ResourceFile.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using test::DialogText;
+using test::MenuText;
+using Bytes = std::vector<std::byte>;
+
+// Styles: 50010001 default button, 50010000 button, 50010003 check box, 50000007 group box, 50020000 text,
+// 5002800c one line of text shortened in the middle, 50210023 owner-drawn drop list without strings, 50210003
+// drop list, 50210002 drop-down with an edit field; 4... is hidden.
+constexpr const char* atlasDialog =
+    "0 80c800c8 40000 'Symbol/Color style atlas' 0,0,508,347; menu '', class ''\n"
+    "font 8 400 0 MS Shell Dlg\n"
+    "1 Button 50010001 'OK' 435,15,66,16\n"
+    "2 Button 50010000 'Cancel' 435,33,66,16\n"
+    "1001 Static 50020000 '' 19,27,406,305\n"
+    "1022 Button 50010000 'Load...' 435,68,66,14\n"
+    "1023 Button 50010000 'Save as...' 435,84,66,14\n"
+    "1024 Static 5002800c '' 83,11,327,12\n"
+    "-1 Static 50020000 'Layout file:' 19,11,59,8\n"
+    "1025 Button 40010000 'Unit-Log' 477,308,24,10\n";
+
+constexpr const char* curveDialog = "0 80c800c8 0 'Layout' 0,0,317,198; menu '', class ''\n"
+                                    "font 8 400 0 MS Shell Dlg\n"
+                                    "-1 Button 50000007 'Symbol' 1,6,227,88\n"
+                                    "-1 Static 50020000 'Shape' 6,24,28,8\n"
+                                    "1004 ComboBox 50210023 '' 38,21,69,129\n"
+                                    "1005 Button 50010000 'Farbe' 121,20,50,14\n"
+                                    "-1 Static 50020000 'Style' 6,44,26,8\n"
+                                    "-1 Static 50020000 'Size' 6,70,27,8\n"
+                                    "-1 Button 50000007 'Line' 1,102,227,80\n"
+                                    "-1 Static 50020000 'Style' 6,121,27,8\n"
+                                    "1009 ComboBox 50210023 '' 38,118,69,92\n"
+                                    "1012 Button 50010000 'Farbe' 122,118,50,14\n"
+                                    "-1 Static 50020000 'Width' 6,144,28,8\n"
+                                    "1013 Button 50010003 'Use symbol color' 119,143,103,10\n"
+                                    "1 Button 50010001 'OK' 251,7,50,14\n"
+                                    "2 Button 50010000 'Cancel' 251,24,50,14\n"
+                                    "1019 ComboBox 50210002 '' 38,68,48,123\n"
+                                    "1020 ComboBox 50210002 '' 38,142,48,123\n"
+                                    "1021 ComboBox 50210003 '' 38,43,69,91\n";
+
+bool IsReadable(ResourceType type, std::span<const std::byte> bytes)
+{
+    if (type == ResourceType::Menu)
+        return ReadMenuTemplate(bytes).has_value();
+    return type == ResourceType::Dialog ? ReadDialogTemplate(bytes).has_value()
+                                        : ReadDialogInit(bytes).has_value();
+}
+
+struct Key {
+    ResourceType Type;
+    std::uint16_t Id;
+};
+
+constexpr Key ownResources[] = {{ResourceType::Dialog, IDD_STYLE_ATLAS},
+                                {ResourceType::Dialog, IDD_CURVE_LAYOUT},
+                                {ResourceType::Menu, IDR_STYLE_ATLAS_MENU},
+                                {ResourceType::DialogInit, IDD_CURVE_LAYOUT}};
+
+Bytes OlderFile()
+{
+    std::ifstream file(OLDER_RESOURCES, std::ios::binary);
+    const std::string content{std::istreambuf_iterator<char>(file), {}};
+    return {std::as_bytes(std::span(content)).begin(), std::as_bytes(std::span(content)).end()};
+}
+
+TEST(ResourcesTest, TheDialogsAreWhatTheirClassesExpect)
+{
+    EXPECT_EQ(DialogText(FindResource(ResourceType::Dialog, IDD_STYLE_ATLAS)), atlasDialog);
+    EXPECT_EQ(DialogText(FindResource(ResourceType::Dialog, IDD_CURVE_LAYOUT)), curveDialog);
+}
+
+TEST(ResourcesTest, TheMenuAndTheNumberListsAreInOrder)
+{
+    EXPECT_EQ(MenuText(FindResource(ResourceType::Menu, IDR_STYLE_ATLAS_MENU)),
+              "p0 0 Init file colours\n c32771 0 Set file symbols\n c32772 0 Set file colors\n"
+              " c32774 0 Set main quantity symbols\n c32773 0 Set main quantity colors\n s0 0 \n"
+              " c32775 0 Expand all\n c32776 0 Collapse all\n");
+
+    const auto entries = ReadDialogInit(FindResource(ResourceType::DialogInit, IDD_CURVE_LAYOUT));
+    ASSERT_TRUE(entries);
+    std::string lists;
+    for (const DialogInitEntry& entry : *entries) {
+        EXPECT_EQ(entry.Message, initAddToComboBox);
+        lists += std::to_string(entry.ControlId) + ':' + ToUtf8(entry.Text) + ' ';
+    }
+    std::string expected;
+    for (const int size : {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 20, 25})
+        expected += "1019:" + std::to_string(size) + ' ';
+    for (int width = 1; width <= 10; ++width)
+        expected += "1020:" + std::to_string(width) + ' ';
+    EXPECT_EQ(lists, expected);
+}
+
+TEST(ResourcesTest, OlderDialogsNamedResourcesAndNestedMenusAreRead)
+{
+    const Bytes file = OlderFile();
+    EXPECT_EQ(MenuText(FindResource(file, ResourceType::Menu, 7)),
+              "p0 0 &File\n c1 1 Open\n p0 0 Recent\n  c2 8 One\nc3 0 Last\n");
+    const auto found = FindResource(file, ResourceType::Dialog, 7);
+    ASSERT_FALSE(found.empty());
+    Bytes bytes(found.begin(), found.end());
+    bytes.back() = std::byte{0};
+    bytes[bytes.size() - 2] = std::byte{4}; // its own two bytes and two more
+    bytes.insert(bytes.end(), {std::byte{1}, std::byte{2}});
+    EXPECT_EQ(DialogText(bytes), "0 80c00040 0 'Older' 1,-2,30,40; menu '', class 'Special'\n"
+                                 "font 9 0 0 Tahoma\n"
+                                 "-1 Static 50000003 'warning' 1,2,3,4\n"
+                                 "300 Static 50000003 #12 -5,6,7,8 +1 +2\n");
+}
+
+TEST(ResourcesTest, WhatIsNotThereIsNotFound)
+{
+    for (const Key& key :
+         {Key{ResourceType::Dialog, 101}, Key{ResourceType::Dialog, 0},
+          Key{ResourceType::Menu, IDD_STYLE_ATLAS}, Key{ResourceType::DialogInit, IDD_STYLE_ATLAS}})
+        EXPECT_TRUE(FindResource(key.Type, key.Id).empty()) << key.Id;
+    for (const ResourceType type : {ResourceType::Menu, ResourceType::Dialog, ResourceType::DialogInit})
+        EXPECT_FALSE(IsReadable(type, {}));
+}
+
+// Copies of just the bytes given, so that the sanitizers see every step past them.
+TEST(ResourcesTest, NoShortOrDamagedResourceIsReadPastItsEnd)
+{
+    for (const Key& key : ownResources) {
+        const auto whole = FindResource(key.Type, key.Id);
+        ASSERT_TRUE(IsReadable(key.Type, whole));
+        for (std::size_t size = 0; size < whole.size(); ++size)
+            EXPECT_FALSE(IsReadable(key.Type, Bytes(whole.begin(), whole.begin() + size))) << size;
+        Bytes damaged(whole.begin(), whole.end());
+        for (std::byte& byte : damaged) {
+            const std::byte sound = byte;
+            for (int value = 0; value < 256; value += 15) {
+                byte = static_cast<std::byte>(value);
+                IsReadable(key.Type, damaged);
+            }
+            byte = sound;
+        }
+    }
+    const auto refuses = [](const Key& key, std::size_t offset, char value) {
+        const auto whole = FindResource(key.Type, key.Id);
+        Bytes changed(whole.begin(), whole.end());
+        changed.at(offset) = static_cast<std::byte>(value);
+        return !IsReadable(key.Type, changed);
+    };
+    EXPECT_TRUE(refuses(ownResources[0], 0, 2)) << "a version to come";
+    EXPECT_TRUE(refuses(ownResources[2], 0, 1)) << "a version to come";
+    EXPECT_TRUE(refuses(ownResources[3], 9, '0')) << "a text without its terminator";
+}
+
+TEST(ResourcesTest, NoShortOrDamagedFileIsReadPastItsEnd)
+{
+    const Bytes file = OlderFile();
+    const std::string whole = DialogText(FindResource(file, ResourceType::Dialog, 7));
+    Bytes damaged = file;
+    for (std::size_t i = 0; i < file.size(); ++i) {
+        const Bytes cut(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(i));
+        const auto found = FindResource(cut, ResourceType::Dialog, 7);
+        EXPECT_TRUE(found.empty() || DialogText(found) == whole) << i;
+        for (int bit = 0; bit < 8; ++bit) {
+            damaged[i] = file[i] ^ static_cast<std::byte>(1 << bit);
+            const auto bytes = FindResource(damaged, ResourceType::Dialog, 7);
+            EXPECT_TRUE(bytes.empty() || &bytes.back() <= &damaged.back()) << i;
+            DialogText(bytes);
+        }
+        damaged[i] = file[i];
+    }
+}
+
+TEST(ResourcesTest, PopupsInPopupsEnd)
+{
+    for (const auto& [popups, readable] : {std::pair{15, true}, {16, false}, {100000, false}}) {
+        Bytes bytes(4); // the header, then popups without a text, each the last of its level, and one command
+        for (int i = 0; i < popups; ++i)
+            bytes.insert(bytes.end(), {std::byte{0x90}, {}, {}, {}});
+        bytes.insert(bytes.end(), {std::byte{0x80}, {}, std::byte{1}, {}, {}, {}});
+        EXPECT_EQ(IsReadable(ResourceType::Menu, bytes), readable) << popups;
+    }
+}
+
+} // namespace
