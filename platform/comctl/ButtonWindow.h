@@ -1,0 +1,63 @@
+// Buttons of all kinds: push buttons, check boxes, and the frame of a group.
+#pragma once
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <WindowSide.h>
+
+// Makes the kind of button that the style asks for. It belongs to its parent.
+WindowSide& MakeButton(DWORD style, QWidget* parent);
+
+// What all buttons that can be clicked have in common.
+template <class Base> class ClickableWindow : public WidgetWindow<Base>
+{
+public:
+    ClickableWindow(DWORD style, QWidget* parent);
+
+    QString Text() const override { return this->text(); }
+    void SetText(const QString& text) override { this->setText(text); }
+
+protected:
+    DWORD Type() const { return this->Style & BS_TYPEMASK; }
+
+    LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
+};
+
+// Drawn by its owner if the style says so.
+class PushButtonWindow : public ClickableWindow<QPushButton>
+{
+public:
+    PushButtonWindow(DWORD style, QWidget* parent);
+
+    void OnStyleChanged() override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+// With two states, or three: each click goes on to the next.
+class CheckBoxWindow : public ClickableWindow<QCheckBox>
+{
+public:
+    CheckBoxWindow(DWORD style, QWidget* parent);
+
+    void OnStyleChanged() override;
+
+protected:
+    LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void nextCheckState() override;
+
+private:
+    WPARAM Check() const;
+    void SetCheck(WPARAM check); // a state that the box doesn't have is taken for its last one
+};
+
+class GroupBoxWindow : public WidgetWindow<QGroupBox>
+{
+public:
+    GroupBoxWindow(DWORD style, QWidget* parent);
+
+    QString Text() const override { return title(); }
+    void SetText(const QString& text) override { setTitle(text); }
+};

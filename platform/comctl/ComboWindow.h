@@ -1,0 +1,49 @@
+// The combo box: a list that drops down from a closed field, in which text can be edited if the style says
+// so.
+#pragma once
+
+#include <QComboBox>
+#include <WindowSide.h>
+
+class QStyleOptionViewItem;
+
+// Makes a combo box. It belongs to its parent. It is as high as its field, whatever height it is given: that
+// of the open list follows from the items.
+WindowSide& MakeComboBox(DWORD style, QWidget* parent);
+
+class ComboWindow : public WidgetWindow<QComboBox>
+{
+public:
+    ComboWindow(DWORD style, QWidget* parent);
+
+    // Of the field.
+    QString Text() const override { return currentText(); }
+    void SetText(const QString& text) override { setEditText(text); }
+
+    // Has the owner draw an item of the open list.
+    void DrawListItem(QPainter& painter, const QStyleOptionViewItem& option, int index);
+
+protected:
+    LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool IsOwnerDrawn() const { return (Style & CBS_OWNERDRAWVARIABLE) != 0; }
+    bool HasStrings() const { return !IsOwnerDrawn() || (Style & CBS_HASSTRINGS) != 0; }
+    bool Has(int index) const { return index >= 0 && index < count(); }
+
+    // What the messages of these names do; lParam is theirs.
+    LRESULT Insert(int index, LPARAM lParam);
+    LRESULT Select(int index);
+    LRESULT SelectString(int start, LPARAM lParam);
+    LRESULT CopyText(int index, LPARAM lParam) const;
+    LRESULT SetData(int index, LPARAM lParam);
+
+    UINT_PTR DataOf(int index) const;
+    int AskForHeight(int index);
+    void FitHeight();
+    void LoseSelection(const QString& text);
+    void DrawField(QPainter& painter, const QRect& place);
+};

@@ -1,0 +1,22 @@
+// How the framework's object of a control gets its window.
+#pragma once
+
+#include <afxwin.h>
+
+class QWidget;
+class WindowSide;
+
+struct ControlCreation {
+    LPCTSTR Text; // null is the empty text
+    DWORD Style;
+    RECT Place; // in client coordinates of the parent
+    CWnd* Parent;
+    UINT Id;
+};
+
+// Makes a window of the control's kind, which then belongs to the widget that it is given.
+using ControlFactory = WindowSide& (*)(DWORD style, QWidget* parent);
+
+// False, and nothing attached, without a parent's window, for an object that has one already, and when
+// WM_CREATE gave -1.
+BOOL CreateControl(CWnd& object, ControlFactory factory, const ControlCreation& creation);

@@ -1,0 +1,57 @@
+#include "OwnerDraw.h"
+
+#include <DeviceContext.h>
+#include <QImage>
+#include <QtConvert.h>
+#include <WindowSide.h>
+#include <memory>
+#include <winuser.h>
+
+namespace
+{
+
+struct ContextEnd {
+    using pointer = HDC;
+    void operator()(HDC context) const { DeleteDC(context); }
+};
+using Context = std::unique_ptr<HDC__, ContextEnd>;
+
+struct ItemColors {
+    int Text; // a system colour's index
+    int Background;
+};
+
+constexpr ItemColors ColorsOf(UINT kind)
+{
+    return kind == ODT_BUTTON ? ItemColors{COLOR_BTNTEXT, COLOR_BTNFACE}
+                              : ItemColors{COLOR_WINDOWTEXT, COLOR_WINDOW};
+}
+
+} // namespace
+
+void DrawByOwner(QPainter& painter, const QRect& place, WindowSide& control, DRAWITEMSTRUCT item)
+{
+    WindowSide* const parent = control.Parent();
+    QImage image(place.size(), QImage::Format_RGB32);
+    if (parent == nullptr || image.isNull())
+        return;
+    const ItemColors colors = ColorsOf(item.CtlType);
+    image.fill(gdi::ToQColor(GetSysColor(colors.Background)));
+
+    item.rcItem = {0, 0, image.width(), image.height()};
+    const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(image.bits()), image.width(), image.height(),
+                               image.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
+    const Context context(gdi::CreateSurfaceDC(surface, item.rcItem));
+    if (!context)
+        return;
+    SetTextColor(context.get(), GetSysColor(colors.Text));
+    SetBkColor(context.get(), GetSysColor(colors.Background));
+    if (control.Font != nullptr)
+        SelectObject(context.get(), control.Font);
+
+    item.CtlID = static_cast<UINT>(control.Id);
+    item.hwndItem = control.Handle();
+    item.hDC = context.get();
+    parent->Send(WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    painter.drawImage(place, image);
+}
