@@ -1,5 +1,5 @@
-// The colour popup, driven by mouse and keys: where its cells are, which one answers, what the owner hears for
-// each way of closing, and what it looks like.
+// The colour popup, driven by mouse and keys: where its cells are, which one answers, what the owner hears
+// for each way of closing, and what it looks like.
 #include "support/ColorListener.h"
 #include "support/Gui.h"
 
@@ -8,7 +8,9 @@
 #include <QColorDialog>
 #include <QPushButton>
 #include <QTimer>
+#include <WindowSide.h>
 #include <controls/ColorPopup.h>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -16,6 +18,7 @@ namespace
 {
 
 std::optional<int> edgeWidth; // in the place of the desktop's
+[[maybe_unused]] const int german = setenv("LANGUAGE", "de", 1) + setenv("LC_ALL", "de_DE.UTF-8", 1);
 
 } // namespace
 
@@ -204,16 +207,38 @@ TEST_F(ColorPopup, AnswersWhereItsCellsAreSensitive)
         }
     };
     check(none, none,
-          {{{2, 2}, 0}, {{19, 19}, 0}, {{20, 19}, 1}, {{19, 20}, 8}, {{145, 91}, 39}, {{146, 91}, CELL_NONE},
-           {{145, 92}, CELL_NONE}, {{0, 0}, 0}, {{-15, -15}, 0}, {{-16, 5}, CELL_NONE}, {{5, -16}, CELL_NONE},
-           {{5, -34}, CELL_NONE}, {{-52, 5}, CELL_NONE}});
+          {{{2, 2}, 0},
+           {{19, 19}, 0},
+           {{20, 19}, 1},
+           {{19, 20}, 8},
+           {{145, 91}, 39},
+           {{146, 91}, CELL_NONE},
+           {{145, 92}, CELL_NONE},
+           {{0, 0}, 0},
+           {{-15, -15}, 0},
+           {{-16, 5}, CELL_NONE},
+           {{5, -16}, CELL_NONE},
+           {{5, -34}, CELL_NONE},
+           {{-52, 5}, CELL_NONE}});
     check(none, shortMore, // its cell is painted from 2, 94 to 146, 106 + high
-          {{{4, 96}, CELL_MORE}, {{3, 96}, CELL_NONE}, {{4, 95}, CELL_NONE}, {{147, 96}, CELL_MORE},
-           {{148, 96}, CELL_NONE}, {{4, 107 + high}, CELL_MORE}, {{4, 108 + high}, CELL_NONE},
-           {{5, -34}, CELL_NONE}, {{-34, 5}, CELL_NONE}});
+          {{{4, 96}, CELL_MORE},
+           {{3, 96}, CELL_NONE},
+           {{4, 95}, CELL_NONE},
+           {{147, 96}, CELL_MORE},
+           {{148, 96}, CELL_NONE},
+           {{4, 107 + high}, CELL_MORE},
+           {{4, 108 + high}, CELL_NONE},
+           {{5, -34}, CELL_NONE},
+           {{-34, 5}, CELL_NONE}});
     check(shortDefault, none, // painted from 2, 2 to 146, 14 + high; the first row from 16 + high
-          {{{4, 4}, CELL_DEFAULT}, {{3, 4}, CELL_NONE}, {{4, 15 + high}, CELL_DEFAULT}, {{4, 16 + high}, 0},
-           {{3, 15 + high}, 0}, {{4, 31 + high}, 0}, {{4, 32 + high}, 8}, {{4, -40}, CELL_NONE}});
+          {{{4, 4}, CELL_DEFAULT},
+           {{3, 4}, CELL_NONE},
+           {{4, 15 + high}, CELL_DEFAULT},
+           {{4, 16 + high}, 0},
+           {{3, 15 + high}, 0},
+           {{4, 31 + high}, 0},
+           {{4, 32 + high}, 8},
+           {{4, -40}, CELL_NONE}});
 
     Open(none, none);
     Hover(5);
@@ -296,13 +321,38 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
         {__LINE__, {16}, [&] { click(PointIn(16)); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
         {__LINE__, {16}, [&] { key(VK_RETURN); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
         {__LINE__, {16}, [&] { key(VK_SPACE); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__, {16}, [&] { click({0, 0}); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__, {16}, [&] { click({147, 0}); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__, {16}, [&] { click({148, 0}); }, {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
-        {__LINE__, {16}, [&] { click({0, -1}); }, {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
+        {__LINE__,
+         {16},
+         [&] {
+             click({0, 0});
+         },
+         {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
+        {__LINE__,
+         {16},
+         [&] {
+             click({147, 0});
+         },
+         {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
+        {__LINE__,
+         {16},
+         [&] {
+             click({148, 0});
+         },
+         {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
+        {__LINE__,
+         {16},
+         [&] {
+             click({0, -1});
+         },
+         {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
         {__LINE__, {16}, [&] { key(VK_ESCAPE); }, {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
         {__LINE__, {16}, leave, {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
-        {__LINE__, {}, [&] { click({5, 5}); }, {{g_msgSelEndOK, initial}}},
+        {__LINE__,
+         {},
+         [&] {
+             click({5, 5});
+         },
+         {{g_msgSelEndOK, initial}}},
         {__LINE__, {}, [&] { key(VK_RETURN); }, {{g_msgSelEndOK, initial}}},
         {__LINE__,
          {CELL_DEFAULT},
@@ -318,7 +368,9 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
          {{g_msgSelChange, red}, {g_msgSelChange, initial}, {g_msgSelEndChange, initial}}},
         {__LINE__,
          {CELL_MORE},
-         [&] { click({-1, 0}); },
+         [&] {
+             click({-1, 0});
+         },
          {{g_msgSelChange, initial}, {g_msgSelEndChange, initial}}},
         // Ended by another program while the dialog is open, and then by the dialog.
         {__LINE__,
@@ -358,8 +410,79 @@ TEST_F(ColorPopup, TakesTheMouseBackAfterItLostTheKeyboard)
 
 TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
 {
-    Open(none, shortMore, k_Palette[9].Color);
-    EXPECT_EQ(Row(20, 20, 38), "ssssssssssssssssssh".substr(1)) << "chosen";
+    const int high = SizeOf(m_owner, shortMore).cy;
+    Open(none, shortMore, k_Palette[9].Color); // its cell lies from 20, 20 to 38, 38
+    EXPECT_EQ(Row(20, 19, 39), "f"
+                               "sssssssssssssssssh"
+                               "f");
+    EXPECT_EQ(Row(25, 19, 39), "f"
+                               "shhsccccccccccshhh"
+                               "f");
+    EXPECT_EQ(Row(34, 19, 39), "f"
+                               "shhsssssssssssshhh"
+                               "f");
+    EXPECT_EQ(Row(37, 19, 39), "f"
+                               "hhhhhhhhhhhhhhhhhh"
+                               "f");
+    EXPECT_EQ(Row(25, 37, 57), "h"
+                               "fffsccccccccccsfff"
+                               "f"); // and one that is neither
+    EXPECT_EQ(Row(0, 0, 4) + Row(1, 0, 4), "llll"
+                                           "lhhh"); // the window's frame
+    EXPECT_EQ(Row(94, 3, 9) + Row(95, 3, 9), "fffsss"
+                                             "fffhhh");
+    EXPECT_EQ(Row(94, 139, 145) + Row(95, 139, 145), "sssfff"
+                                                     "hhhfff");
+    Hover(9);
+    EXPECT_EQ(Row(20, 19, 39), "f"
+                               "hhhhhhhhhhhhhhhhhs"
+                               "f");
+    EXPECT_EQ(Row(25, 19, 39), "f"
+                               "hffsccccccccccsffs"
+                               "f");
+    Hover(10);
+    EXPECT_EQ(Row(25, 19, 57), "f"
+                               "shhsccccccccccshhh"
+                               "hffsccccccccccsffs"
+                               "f");
+
+    Open(none, shortMore); // painted from 3, 99 to 145, 105 + high
+    EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "ffffff"
+                                                              "fsssss"
+                                                              "fsllll");
+    EXPECT_EQ(Row(105 + high - 1, 2, 8), "fhhhhh");
+    Hover(CELL_MORE);
+    EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "ffffff"
+                                                              "fhhhhh"
+                                                              "fhffff");
+
+    Open(shortDefault, none, CLR_DEFAULT); // from 3, 3 to 145, 13 + high; its frame from 7, 7
+    EXPECT_EQ(Row(2, 2, 10) + Row(3, 2, 10) + Row(6, 2, 10), "ffffffff"
+                                                             "fsssssss"
+                                                             "fsllllll");
+    EXPECT_EQ(Row(7, 2, 10) + Row(8, 2, 10) + Row(8 + high, 2, 10), "fslllsss"
+                                                                    "fslllsll"
+                                                                    "fslllsss");
+    Hover(CELL_DEFAULT);
+    EXPECT_EQ(Row(3, 2, 10) + Row(4, 2, 10), "fhhhhhhh"
+                                             "fhffffff");
+    std::string middle;
+    for (int y = 8; y < 8 + high; ++y)
+        middle += Row(y, 54, 94);
+    EXPECT_NE(middle.find('c'), std::string::npos) << "no text";
+}
+
+TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
+{
+    const auto textAt = [this](CPoint point) {
+        test::MoveMouse(*m_popup, point);
+        return WindowSide::Of(m_handle)->Widget().toolTip().toStdString();
+    };
+    Open(shortDefault, shortMore);
+    EXPECT_EQ(textAt(PointIn(0)), "Schwarz");
+    EXPECT_EQ(textAt({19, m_gridTop + 20}), "Dunkelrot");
+    EXPECT_EQ(textAt(PointIn(39)), "Weiß");
+    EXPECT_EQ(textAt(PointIn(CELL_DEFAULT)) + textAt(PointIn(CELL_MORE)), "");
 }
 
 TEST_F(ColorPopup, LendsItsCustomColorsToTheDialog)
@@ -376,6 +499,43 @@ TEST_F(ColorPopup, LendsItsCustomColorsToTheDialog)
         test::PressKey(*m_popup, VK_RETURN);
         EXPECT_EQ(seen, (std::vector<COLORREF>{0, second, 0x00FFFFFF}));
     }
+}
+
+// The system's dialog itself, with the popup as its owner.
+TEST_F(ColorPopup, TakesWhatTheUserPicksInTheDialog)
+{
+    SetColorDialogAnswer(nullptr);
+    QColorDialog::setCustomColor(0, QColor(1, 2, 3)); // the host's
+    const auto choose = [this](const std::function<void(QColorDialog&)>& act) {
+        Open(none, shortMore);
+        Hover(CELL_MORE);
+        m_owner.Heard();
+        QTimer::singleShot(0, [&act] {
+            auto* const dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_EQ(dialog->currentColor(), QColor(0x56, 0x34, 0x12));
+            dialog->setCurrentColor(QColor(0x11, 0x22, 0x33));
+            act(*dialog);
+        });
+        test::PressKey(*m_popup, VK_RETURN);
+        EXPECT_EQ(QColorDialog::customColor(0), QColor(1, 2, 3));
+        return m_owner.Heard();
+    };
+    EXPECT_EQ(choose([](QColorDialog& dialog) { dialog.accept(); }),
+              (ColorNotices{{g_msgSelEndOK, 0x00332211}}));
+    EXPECT_EQ(choose([](QColorDialog& dialog) {
+                  EXPECT_EQ(QColorDialog::customColor(15), QColor(Qt::white));
+                  for (QPushButton* const button : dialog.findChildren<QPushButton*>()) {
+                      if (button->text().contains("Custom"))
+                          button->click();
+                  }
+                  dialog.reject();
+              }),
+              (ColorNotices{{g_msgSelEndChange, initial}}));
+    choose([](QColorDialog& dialog) { // the custom colour stays, though the dialog was cancelled
+        EXPECT_EQ(QColorDialog::customColor(0), QColor(0x11, 0x22, 0x33));
+        dialog.reject();
+    });
 }
 
 } // namespace

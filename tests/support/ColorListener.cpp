@@ -38,8 +38,8 @@ std::ostream& operator<<(std::ostream& out, const ColorNotice& notice)
 k_ColorListener::k_ColorListener(const RECT& place, CWnd* owner)
 {
     CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, place.left, place.top,
-             place.right - place.left, place.bottom - place.top,
-             owner != nullptr ? owner->m_hWnd : nullptr, 0);
+             place.right - place.left, place.bottom - place.top, owner != nullptr ? owner->m_hWnd : nullptr,
+             0);
 }
 
 ColorNotices k_ColorListener::Heard()
