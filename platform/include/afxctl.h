@@ -45,19 +45,18 @@ public:
     BOOL AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool, UINT_PTR nIDTool);
 };
 
-// The system's colour dialog.
+// The system's colour dialog, on which the user picks any colour.
 class CColorDialog
 {
 public:
-    // customColors, 16 of them, are shown, and updated in place. They stay the caller's.
-    CColorDialog(COLORREF clrInit, DWORD dwFlags, CWnd* pParentWnd, COLORREF* customColors);
+    explicit CColorDialog(COLORREF clrInit = 0, DWORD dwFlags = 0, CWnd* pParentWnd = nullptr);
 
-    INT_PTR DoModal(); // IDOK or IDCANCEL
-    COLORREF GetColor() const { return m_color; }
+    // IDOK or IDCANCEL; also IDCANCEL where there is no display.
+    INT_PTR DoModal();
 
-private:
-    COLORREF m_color;
-    DWORD m_flags;
-    CWnd* m_pParentWnd;
-    COLORREF* m_customColors;
+    // The user's colour after IDOK, else the one at opening.
+    COLORREF GetColor() const { return m_cc.rgbResult; }
+
+    // The custom colours in it are to be set before DoModal.
+    CHOOSECOLORW m_cc{};
 };

@@ -115,7 +115,7 @@ BOOL GetWindowRect(HWND window, LPRECT rectangle); // in screen coordinates
 BOOL GetClientRect(HWND window, LPRECT rectangle); // left and top are 0
 BOOL ScreenToClient(HWND window, LPPOINT point);
 BOOL ClientToScreen(HWND window, LPPOINT point);
-HWND GetParent(HWND window); // of a popup, its owner
+HWND GetParent(HWND window);          // of a popup, its owner
 HWND GetDlgItem(HWND window, int id); // the window in it that has the id; null if there is none
 
 constexpr UINT RDW_INVALIDATE = 0x0001;
@@ -268,6 +268,19 @@ constexpr LRESULT CB_ERR = -1;
 
 constexpr UINT TTM_RELAYEVENT = 0x0407;
 
+constexpr DWORD CC_RGBINIT = 0x0001;
 constexpr DWORD CC_FULLOPEN = 0x0002;
 constexpr DWORD CC_ANYCOLOR = 0x0100;
 constexpr COLORREF CLR_DEFAULT = 0xFF000000;
+
+struct CHOOSECOLORW {
+    DWORD lStructSize;
+    HWND hwndOwner;
+    HWND hInstance;
+    COLORREF rgbResult;
+    COLORREF* lpCustColors; // 16 of them, shown and updated in place; null for none
+    DWORD Flags;
+    LPARAM lCustData;
+    void* lpfnHook;
+    LPCWSTR lpTemplateName;
+};

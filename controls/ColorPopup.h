@@ -1,0 +1,97 @@
+// The drop-down in which a colour is chosen: a grid of the named colours, under it a cell that opens the
+// system's colour dialog, and above it, where it has a text, a cell for the automatic colour.
+#pragma once
+
+#include <afxwin.h>
+#include <model/Palette.h>
+
+// A cell is the index of a colour in k_Palette, or one of these.
+constexpr int CELL_NONE = -1;
+constexpr int CELL_MORE = -2;    // opens the system's colour dialog
+constexpr int CELL_DEFAULT = -3; // the automatic colour, CLR_DEFAULT
+
+// While it is up it has the mouse, and tells its owner every step by the messages of ColorMessages.h.
+class k_ColorPopup : public CWnd
+{
+public:
+    // Shows the popup with its top left corner there, in screen coordinates; on a screen that is too small,
+    // further left or above the owner's window. The texts are those of the default cell and of the cell for
+    // more colours; an empty one, or null, stands for no such cell.
+    //
+    // Make it with new and drop the pointer: the object goes with its window. The owner isn't null, lives
+    // longer than the window, and doesn't destroy it. Where the window can't be made, no message is sent.
+    k_ColorPopup(CPoint topLeft, COLORREF color, CWnd* owner, LPCTSTR defaultText, LPCTSTR moreText);
+    ~k_ColorPopup() override;
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+protected:
+    afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnPaint();
+    afx_msg void OnKillFocus(CWnd* pNewWnd);
+    afx_msg void OnActivateApp(BOOL bActive, DWORD dwThreadID);
+    afx_msg BOOL OnQueryNewPalette();
+    afx_msg void OnPaletteChanged(CWnd* pFocusWnd);
+    afx_msg void OnNcDestroy();
+
+private:
+    // Making the window.
+    void Setup();
+    BOOL CreateAt(CPoint topLeft);
+    void AddToolTips();
+
+    // Where the cells are.
+    bool HasDefault() const { return !m_defaultText.IsEmpty(); }
+    bool HasMore() const { return !m_moreText.IsEmpty(); }
+    CSize TextSize();
+    void ComputeLayout();
+    void KeepOnScreen();
+    BOOL CellRect(int cell, LPRECT rect) const; // FALSE: no such cell
+    int RowOf(int cell) const;
+    int ColumnOf(int cell) const;
+    int CellAt(int row, int column) const;
+    int CellUnder(CPoint point) const;
+    int CellOf(COLORREF color) const;
+
+    // The way of the keys through the cells, from the hot one.
+    int KeyTarget(UINT key) const;
+    int Forward(int row, int column) const;
+    int Back(int row, int column) const;
+
+    void MoveHotCell(int cell);
+    void Finish(UINT message);
+
+    // Painting. Each of these needs the cell to be there.
+    void PaintCell(CDC* dc, int cell);
+    void PaintMoreCell(CDC* dc);
+    void PaintDefaultCell(CDC* dc);
+    void PaintColorCell(CDC* dc, int cell, const CRect& rect);
+    void PaintSwatch(CDC* dc, COLORREF color, const CRect& rect) const;
+    void PaintText(CDC* dc, const CString& text, CRect rect);
+    COLORREF MarkedFill(int cell, int lighterColor) const;
+    void PaintMarkedEdge(CDC* dc, int cell, CRect rect) const;
+
+    int m_colorCount = k_PaletteSize;
+    int m_columns = 0;
+    int m_rows = 0;
+    int m_cellSize = 18;
+    int m_margin = ::GetSystemMetrics(SM_CXEDGE); // the unit of all distances
+    int m_hotCell = CELL_NONE;                    // under the mouse or the keyboard
+    int m_chosenCell = CELL_NONE;                 // of the colour at opening
+    CString m_defaultText;
+    CString m_moreText;
+    RECT m_moreRect{};
+    RECT m_defaultRect{};
+    RECT m_windowRect{}; // in screen coordinates
+    CFont m_font;
+    CPalette m_palette;
+    COLORREF m_initialColor = 0;
+    COLORREF m_color = 0; // what the next end message carries
+    CToolTipCtrl m_toolTip;
+    CWnd* m_owner = nullptr;
+    BOOL m_inColorDialog = FALSE;
+
+    DECLARE_MESSAGE_MAP()
+};
