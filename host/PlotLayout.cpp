@@ -5,6 +5,8 @@
 #include <QString>
 
 #include <algorithm>
+#include <span>
+#include <string>
 
 namespace atlashost
 {
