@@ -112,7 +112,7 @@ std::chrono::year_month_day DayOf(double time)
 
 double StartOf(std::chrono::year_month_day day)
 {
-    return std::chrono::sys_days{day}.time_since_epoch().count() * SecondsOfDay;
+    return static_cast<double>(std::chrono::sys_days{day}.time_since_epoch().count()) * SecondsOfDay;
 }
 
 std::string DateText(double time)

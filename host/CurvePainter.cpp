@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 namespace atlashost
 {
@@ -98,8 +99,7 @@ void CurvePainter::DrawLine(std::span<const Reading> readings)
 
 void CurvePainter::DrawRun(std::vector<QPoint> points)
 {
-    const auto [first, last] = std::ranges::unique(points);
-    points.erase(first, last);
+    points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() > 1)
         m_painter.drawPolyline(points.data(), static_cast<int>(points.size()));
     else if (points.size() == 1 && m_symbol.image.isNull())
@@ -130,8 +130,8 @@ int CurvePainter::SymbolDistance(const Curve& curve) const
     const int size = m_symbol.centre.x() * 2;
     const int left = ColumnOf(curve.readings.front().time, m_times, m_frame.width());
     const int right = ColumnOf(curve.readings.back().time, m_times, m_frame.width());
-    const bool isCrowded = curve.readingCount * static_cast<std::size_t>(size) / 2 >
-                           static_cast<std::size_t>(right - left + size);
+    const double spacing = (right - left + size) / static_cast<double>(curve.readingCount);
+    const bool isCrowded = 2 * spacing < size;
     return isCrowded ? DistanceOfSparseSymbols * size : 0;
 }
 

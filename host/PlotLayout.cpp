@@ -5,6 +5,8 @@
 #include <QString>
 
 #include <algorithm>
+#include <span>
+#include <string>
 
 namespace atlashost
 {
@@ -132,14 +134,20 @@ private:
         return layout;
     }
 
+    // Beside the frame, or beside the title too where it needs the room.
     void PlaceLegend(PanelLayout& layout, int curves) const
     {
         const int rowHeight = std::max(LegendRow, m_lineHeight);
-        const int rows = std::max(1, (layout.frame.height() + m_lineHeight) / rowHeight);
+        int top = layout.frame.top();
+        if (top + curves * rowHeight > layout.all.bottom()) {
+            top = layout.all.top();
+            layout.title.setRight(layout.frame.right());
+        }
+        const int rows = std::max(1, (layout.all.bottom() + 1 - top) / rowHeight);
         const int shown = curves <= rows ? curves : rows - 1;
         const auto rowAt = [&](int i) {
-            return QRect{layout.all.right() + 1 - m_legendWidth, layout.frame.top() + i * rowHeight,
-                         m_legendWidth, rowHeight};
+            return QRect{layout.all.right() + 1 - m_legendWidth, top + i * rowHeight, m_legendWidth,
+                         rowHeight};
         };
         for (int i = 0; i < shown; ++i)
             layout.legend.push_back(rowAt(i));

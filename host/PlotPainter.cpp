@@ -8,8 +8,10 @@
 #include <QFontMetrics>
 #include <QString>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string>
 
 namespace atlashost
 {

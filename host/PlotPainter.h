@@ -3,6 +3,7 @@
 
 #include "PlotData.h"
 
+#include <QFont>
 #include <QPainter>
 #include <QSize>
 

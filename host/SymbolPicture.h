@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QPoint>
 
+#include <cstdint>
+
 namespace atlashost
 {
 
