@@ -70,15 +70,14 @@ TEST_F(LayoutCombobox, ShowsTheLineAndIfToldTheSymbol)
 
 TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
 {
-    struct Case {
+    const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
+    const COLORREF light = ::GetSysColor(COLOR_3DLIGHT);
+    const struct {
         int Mixed;
         UINT Action;
         UINT State;
         COLORREF Background;
-    };
-    const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
-    const COLORREF light = ::GetSysColor(COLOR_3DLIGHT);
-    const Case cases[] = {
+    } cases[] = {
         {0, ODA_DRAWENTIRE, ODS_SELECTED, gapColor},
         {0, ODA_FOCUS, ODS_SELECTED | ODS_FOCUS, gapColor},
         {0, ODA_SELECT, ODS_SELECTED | ODS_DISABLED, highlight},
@@ -87,7 +86,7 @@ TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
         {1, ODA_SELECT, 0, light},
         {2, ODA_SELECT, 0, gapColor}, // no other number is the mark
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         ItemPicture picture;
         m_box.SetMixed(each.Mixed);
         picture.Dc().SetTextColor(ink);

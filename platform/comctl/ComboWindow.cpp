@@ -171,14 +171,14 @@ int ComboWindow::AskForHeight(int index)
 }
 
 // The field keeps what has been typed.
-void ComboWindow::LoseSelection(const QString& text)
+void ComboWindow::LoseSelection()
 {
     if (currentIndex() < 0)
         return;
+    const QString typed = currentText();
     const int cursor = lineEdit()->cursorPosition();
-    const QString kept = text; // it may be the field's own, which is emptied
     setCurrentIndex(-1);
-    lineEdit()->setText(kept);
+    lineEdit()->setText(typed);
     lineEdit()->setCursorPosition(cursor);
 }
 

@@ -44,6 +44,6 @@ private:
     UINT_PTR DataOf(int index) const;
     int AskForHeight(int index);
     void FitHeight();
-    void LoseSelection(const QString& text);
+    void LoseSelection();
     void DrawField(QPainter& painter, const QRect& place);
 };
