@@ -64,4 +64,5 @@ private:
 #define AFX_MANAGE_STATE(state) AFX_MAINTAIN_STATE2 moduleStateInForce(state)
 
 #include <afxctl.h>
+#include <afxdialog.h>
 #include <afxwnd.h>

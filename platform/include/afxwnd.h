@@ -135,8 +135,8 @@ struct CREATESTRUCT {
 };
 using LPCREATESTRUCT = CREATESTRUCT*;
 
-// Attaches the object to the control of the id, unless it has a window already. Raises the invalid argument exception
-// where there is no such control.
+// Attaches the object to the control of the id, unless it has a window already. Raises the invalid argument
+// exception where there is no such control.
 void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 
 // The name of a window class with the style and the background, a system colour's index and 1 (0: none).
@@ -226,8 +226,9 @@ template <auto Handler> LRESULT AfxOnKey(CCmdTarget* pTarget, WPARAM wParam, LPA
 template <auto Handler> LRESULT AfxOnWheel(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
 {
     const auto position = static_cast<UINT_PTR>(lParam);
-    return AfxCall<Handler>(pTarget, static_cast<UINT>(LOWORD(wParam)), static_cast<short>(HIWORD(wParam)),
-                            CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
+    return AfxCall<Handler>(
+        pTarget, static_cast<UINT>(LOWORD(wParam)), static_cast<short>(HIWORD(wParam)),
+        CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
 }
 template <auto Handler> LRESULT AfxOnSettingChange(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
 {

@@ -49,6 +49,7 @@ constexpr UINT WM_COMPAREITEM = 0x0039;
 constexpr UINT WM_NOTIFY = 0x004E;
 constexpr UINT WM_NCDESTROY = 0x0082;
 constexpr UINT WM_KEYDOWN = 0x0100;
+constexpr UINT WM_INITDIALOG = 0x0110;
 constexpr UINT WM_COMMAND = 0x0111;
 constexpr UINT WM_HSCROLL = 0x0114;
 constexpr UINT WM_MOUSEMOVE = 0x0200;

@@ -82,7 +82,7 @@ void MakeApplication()
     static char name[] = "styleatlas";
     static char* arguments[] = {name, nullptr};
     static int count = 1;
-    new QApplication(count, arguments); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): Qt keeps it
+    [[maybe_unused]] static auto* const application = new QApplication(count, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
 }
 

@@ -1,0 +1,39 @@
+// The class framework's modal dialog.
+#pragma once
+
+#include <afxwnd.h>
+
+// Made from a dialog template of the module, as long as DoModal runs.
+class CDialog : public CWnd
+{
+public:
+    explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
+
+    // Shows the dialog and gives what EndDialog was given; -1 where it can't be shown, for want of a display
+    // or a template. The parent, if there is one, takes no input meanwhile.
+    virtual INT_PTR DoModal();
+
+    // Ends the modal loop; the window stands until DoModal returns.
+    void EndDialog(int nResult);
+
+    // Called when all controls stand and nothing is shown yet. Carries out the template's init block and the
+    // data exchange; true for the focus to go to the first control.
+    virtual BOOL OnInitDialog();
+
+protected:
+    virtual void OnOK();     // data exchange to the members, and IDOK
+    virtual void OnCancel(); // IDCANCEL
+
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+    UINT m_nIDTemplate;
+    CWnd* m_pParentWnd;
+
+private:
+    friend class DialogWindow;
+
+    void RunInitBlock();
+
+    bool m_isEnded = false;
+    int m_result = 0;
+};

@@ -1,0 +1,112 @@
+#include "Application.h"
+#include "DialogInit.h"
+#include "DialogWindow.h"
+#include "ResourceFile.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <afxwin.h>
+#include <new>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+constexpr INT_PTR notShown = -1;
+
+std::optional<DialogTemplate> TemplateOf(UINT id)
+{
+    return ReadDialogTemplate(FindResource(ResourceType::Dialog, static_cast<std::uint16_t>(id)));
+}
+
+std::vector<DialogInitEntry> InitEntriesOf(UINT id)
+{
+    auto entries = ReadDialogInit(FindResource(ResourceType::DialogInit, static_cast<std::uint16_t>(id)));
+    return entries ? std::move(*entries) : std::vector<DialogInitEntry>();
+}
+
+QWidget* ParentWidget(const CWnd* parent)
+{
+    WindowSide* const window = parent != nullptr ? WindowSide::Of(parent->m_hWnd) : nullptr;
+    return window != nullptr ? window->Widget().window() : QApplication::activeWindow();
+}
+
+} // namespace
+
+CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
+
+INT_PTR CDialog::DoModal()
+{
+    QPointer<DialogWindow> window;
+    try {
+        const std::optional<DialogTemplate> source = TemplateOf(m_nIDTemplate);
+        if (!source || !EnsureApplication())
+            return notShown;
+        window = new DialogWindow(*source, ParentWidget(m_pParentWnd));
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
+    m_isEnded = false;
+    m_result = IDCANCEL;
+    SubclassWindow(window->Handle());
+    if (OnInitDialog() != FALSE && window)
+        window->FocusFirstControl();
+    if (!m_isEnded && window)
+        window->exec();
+    DestroyWindow();
+    return m_result;
+}
+
+void CDialog::EndDialog(int nResult)
+{
+    m_isEnded = true;
+    m_result = nResult;
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        static_cast<DialogWindow&>(*window).done(nResult);
+}
+
+BOOL CDialog::OnInitDialog()
+{
+    RunInitBlock();
+    UpdateData(FALSE);
+    return TRUE;
+}
+
+// The block's texts are those of list items; its message numbers are those of the 16-bit system.
+void CDialog::RunInitBlock()
+{
+    for (const DialogInitEntry& entry : InitEntriesOf(m_nIDTemplate)) {
+        if (entry.Message != initAddToComboBox)
+            continue;
+        ::SendMessageW(::GetDlgItem(m_hWnd, entry.ControlId), CB_ADDSTRING, 0,
+                       reinterpret_cast<LPARAM>(entry.Text.c_str()));
+    }
+}
+
+void CDialog::OnOK()
+{
+    if (UpdateData(TRUE) != FALSE)
+        EndDialog(IDOK);
+}
+
+void CDialog::OnCancel()
+{
+    EndDialog(IDCANCEL);
+}
+
+BOOL CDialog::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    if (CWnd::OnCommand(wParam, lParam) != FALSE)
+        return TRUE;
+    if (HIWORD(wParam) != BN_CLICKED)
+        return FALSE;
+    if (LOWORD(wParam) == IDOK)
+        OnOK();
+    else if (LOWORD(wParam) == IDCANCEL)
+        OnCancel();
+    else
+        return FALSE;
+    return TRUE;
+}

@@ -1,0 +1,90 @@
+#include "DialogWindow.h"
+
+#include "ControlClass.h"
+
+#include <QFontMetrics>
+#include <QtConvert.h>
+#include <QtMath>
+#include <winmsg.h>
+
+namespace
+{
+
+constexpr int unitsAcross = 4;
+constexpr int unitsDown = 8;
+constexpr int dotsPerInch = 96;
+constexpr int pointsPerInch = 72;
+
+// The names of the desktop's own font.
+constexpr std::u16string_view desktopFaces[] = {u"MS Shell Dlg", u"MS Shell Dlg 2"};
+
+constexpr const char16_t* letters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+constexpr int letterCount = 52;
+
+bool IsDesktopFace(std::u16string_view face)
+{
+    for (const std::u16string_view name : desktopFaces) {
+        if (face == name)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+DialogWindow::DialogWindow(const DialogTemplate& source, QWidget* parent) : WidgetWindow(parent)
+{
+    Style = source.Style;
+    Background = COLOR_BTNFACE + 1;
+    setWindowTitle(gdi::ToQString(source.Caption));
+    ApplyFont(source);
+    setFixedSize(ToPixels(source.Rect).size());
+    for (const DialogItem& item : source.Items)
+        AddControl(item);
+}
+
+void DialogWindow::ApplyFont(const DialogTemplate& source)
+{
+    if (source.Font) {
+        QFont chosen = font();
+        if (!IsDesktopFace(source.Font->Face))
+            chosen.setFamily(gdi::ToQString(source.Font->Face));
+        chosen.setPixelSize(qRound(double(source.Font->PointSize) * dotsPerInch / pointsPerInch));
+        chosen.setItalic(source.Font->Italic);
+        setFont(chosen);
+    }
+    const QFontMetrics metrics(font());
+    const int width = metrics.horizontalAdvance(gdi::ToQString(letters));
+    m_baseUnits = {qMax(1, (width / (letterCount / 2) + 1) / 2), qMax(1, metrics.height())};
+}
+
+QRect DialogWindow::ToPixels(const DialogRect& units) const
+{
+    const auto across = [this](int length) {
+        return qRound(double(length) * m_baseUnits.width() / unitsAcross);
+    };
+    const auto down = [this](int length) {
+        return qRound(double(length) * m_baseUnits.height() / unitsDown);
+    };
+    return {across(units.X), down(units.Y), across(qMax<int>(0, units.Width)),
+            down(qMax<int>(0, units.Height))};
+}
+
+void DialogWindow::AddControl(const DialogItem& item)
+{
+    const ControlFactory make = ControlClass::Find(item.Class);
+    if (make == nullptr)
+        return;
+    WindowSide& control = make(item.Style, this);
+    control.Style = item.Style;
+    control.Id = item.Id;
+    control.SetText(gdi::ToQString(item.Title.Text));
+    control.Widget().setGeometry(ToPixels(item.Rect));
+    control.Widget().setEnabled((item.Style & WS_DISABLED) == 0);
+    control.Widget().setVisible((item.Style & WS_VISIBLE) != 0);
+}
+
+void DialogWindow::reject()
+{
+    Send(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED));
+}
