@@ -1,6 +1,13 @@
 #include "ButtonWindow.h"
 #include "Control.h"
 
+namespace
+{
+
+const ControlClass controlClass(u"Button", MakeButton);
+
+} // namespace
+
 BOOL CButton::Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
 {
     return CreateControl(*this, MakeButton, {lpszCaption, dwStyle, rect, pParentWnd, nID});

@@ -3,6 +3,13 @@
 
 #include <string>
 
+namespace
+{
+
+const ControlClass controlClass(u"ComboBox", MakeComboBox);
+
+} // namespace
+
 BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
 {
     return CreateControl(*this, MakeComboBox, {nullptr, dwStyle, rect, pParentWnd, nID});

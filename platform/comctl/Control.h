@@ -1,10 +1,8 @@
 // How the framework's object of a control gets its window.
 #pragma once
 
+#include <ControlClass.h>
 #include <afxwin.h>
-
-class QWidget;
-class WindowSide;
 
 struct ControlCreation {
     LPCTSTR Text; // null is the empty text
@@ -13,9 +11,6 @@ struct ControlCreation {
     CWnd* Parent;
     UINT Id;
 };
-
-// Makes a window of the control's kind, which then belongs to the widget that it is given.
-using ControlFactory = WindowSide& (*)(DWORD style, QWidget* parent);
 
 // False, and nothing attached, without a parent's window, for an object that has one already, and when
 // WM_CREATE gave -1.

@@ -1,0 +1,215 @@
+// The common controls: what their messages answer, and what the user's doings make of them.
+#include "support/Gui.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QToolTip>
+#include <WindowSide.h>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr UINT controlId = 5;
+constexpr WPARAM none = static_cast<WPARAM>(-1);
+constexpr COLORREF owners = RGB(1, 2, 3);
+const CRect place(10, 10, 110, 60);
+
+class k_Parent : public CWnd
+{
+public:
+    BOOL OnCommand(WPARAM wParam, LPARAM /*lParam*/) override
+    {
+        m_heard = wParam;
+        return TRUE;
+    }
+    WPARAM m_heard = none;
+};
+
+class k_DrawnButton : public CButton
+{
+public:
+    void DrawItem(LPDRAWITEMSTRUCT item) override
+    {
+        EXPECT_EQ(item->rcItem, CRect(0, 0, place.Width(), place.Height()));
+        m_state = item->itemState;
+        CDC::FromHandle(item->hDC)->FillSolidRect(&item->rcItem, owners);
+    }
+    UINT m_state = 0;
+};
+
+class Controls : public testing::Test
+{
+protected:
+    Controls()
+    {
+        m_parent.CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, 0, 0, 200, 100, nullptr,
+                          0);
+    }
+    void MakeButton(DWORD style)
+    {
+        ASSERT_TRUE(m_button.Create(_T("text"), style | WS_CHILD | WS_VISIBLE, place, &m_parent, controlId));
+        test::Settle();
+    }
+    void MakeBox(DWORD style, std::initializer_list<LPCTSTR> texts)
+    {
+        ASSERT_TRUE(m_box.Create(style | WS_CHILD | WS_VISIBLE, place, &m_parent, controlId));
+        for (const LPCTSTR text : texts)
+            Send(CB_ADDSTRING, 0, text);
+    }
+    // Whether this is what the parent has been told last, since it was asked last.
+    bool HasHeard(UINT code) { return std::exchange(m_parent.m_heard, none) == MAKEWPARAM(controlId, code); }
+
+    UINT StateShown()
+    {
+        EXPECT_EQ(test::PixelOf(m_button, {3, 3}), owners);
+        return m_button.m_state;
+    }
+    WPARAM CheckAfterClick()
+    {
+        test::PressMouse(m_button, {10, 25});
+        test::ReleaseMouse(m_button, {10, 25});
+        EXPECT_TRUE(HasHeard(BN_CLICKED));
+        return static_cast<WPARAM>(m_button.SendMessage(BM_GETCHECK));
+    }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPCTSTR text = nullptr)
+    {
+        return m_box.SendMessage(message, wParam, reinterpret_cast<LPARAM>(text));
+    }
+    CString FieldText()
+    {
+        CString text;
+        m_box.GetWindowText(text);
+        return text;
+    }
+    void Type(const QString& text)
+    {
+        QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, text);
+        QApplication::sendEvent(&WindowSide::Of(m_box.m_hWnd)->Widget(), &event);
+    }
+
+    k_Parent m_parent;
+    k_DrawnButton m_button;
+    CComboBox m_box;
+};
+
+TEST_F(Controls, AButtonIsDrawnByItsOwner)
+{
+    MakeButton(BS_PUSHBUTTON);
+    EXPECT_NE(test::PixelOf(m_button, {3, 3}), owners);
+    test::PressKey(m_button, VK_RETURN);
+    EXPECT_TRUE(HasHeard(BN_CLICKED));
+    m_button.ModifyStyle(0, BS_OWNERDRAW);
+    EXPECT_EQ(StateShown(), 0U);
+    test::PressKey(m_button, VK_RETURN); // which is for the dialog's default button
+    m_button.SetFocus();
+    test::PressMouse(m_button, {5, 5});
+    EXPECT_EQ(StateShown(), ODS_FOCUS | ODS_SELECTED);
+    test::ReleaseMouse(m_button, {-5, 5});
+    EXPECT_EQ(StateShown(), ODS_FOCUS);
+    m_button.EnableWindow(FALSE);
+    EXPECT_EQ(StateShown(), ODS_DISABLED);
+    EXPECT_FALSE(HasHeard(BN_CLICKED));
+}
+
+TEST_F(Controls, ACheckBoxGoesThroughItsStatesInOrder)
+{
+    MakeButton(BS_AUTOCHECKBOX);
+    EXPECT_EQ(CheckAfterClick(), BST_CHECKED);
+    EXPECT_EQ(CheckAfterClick(), BST_UNCHECKED);
+    m_button.SendMessage(BM_SETCHECK, BST_INDETERMINATE);
+    EXPECT_FALSE(HasHeard(BN_CLICKED));
+    m_button.SendMessage(BM_SETSTYLE, BS_AUTO3STATE, TRUE);
+    EXPECT_EQ(m_button.SendMessage(BM_GETCHECK), LRESULT{BST_CHECKED}); // the last state that it had
+    EXPECT_EQ(CheckAfterClick(), BST_INDETERMINATE);
+    EXPECT_EQ(CheckAfterClick(), BST_UNCHECKED);
+    EXPECT_EQ(CheckAfterClick(), BST_CHECKED);
+    m_button.SendMessage(BM_SETSTYLE, BS_AUTOCHECKBOX, TRUE);
+    EXPECT_EQ(CheckAfterClick(), BST_UNCHECKED);
+}
+
+TEST_F(Controls, AComboBoxAnswersForItemsThatItHasAndForOthers)
+{
+    MakeBox(CBS_DROPDOWNLIST, {_T("one"), _T("two")});
+    EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR); // the first item isn't selected by itself
+    EXPECT_EQ(Send(CB_INSERTSTRING, 1, _T("between")), 1);
+    EXPECT_EQ(Send(CB_INSERTSTRING, none, _T("last")), 3);
+    EXPECT_EQ(Send(CB_INSERTSTRING, 5, _T("nowhere")), CB_ERR);
+    EXPECT_EQ(Send(CB_INSERTSTRING, none - 1, _T("nowhere")), CB_ERR);
+    EXPECT_EQ(Send(CB_GETCOUNT), 4);
+    EXPECT_NE(m_box.SendMessage(CB_SETITEMDATA, 1, -7), CB_ERR);
+    EXPECT_EQ(Send(CB_GETITEMDATA, 1), -7);
+    CString text;
+    m_box.GetLBText(1, text);
+    EXPECT_EQ(text, _T("between"));
+    for (const WPARAM wrong : {WPARAM{4}, none}) {
+        EXPECT_EQ(Send(CB_SETCURSEL, 3), 3);
+        EXPECT_EQ(FieldText(), _T("last"));
+        for (const UINT message :
+             {CB_GETITEMDATA, CB_SETITEMDATA, CB_GETLBTEXTLEN, CB_SETCURSEL, CB_GETCURSEL})
+            EXPECT_EQ(Send(message, wrong), CB_ERR) << message; // the last: the selection is gone
+    }
+    EXPECT_FALSE(HasHeard(CBN_SELCHANGE));
+    test::PressKey(m_box, VK_DOWN);
+    EXPECT_EQ(FieldText(), _T("one"));
+    EXPECT_TRUE(HasHeard(CBN_SELCHANGE));
+}
+
+TEST_F(Controls, AComboBoxSelectsTheNextItemThatBeginsWithAText)
+{
+    MakeBox(CBS_DROPDOWN, {_T("2"), _T("10"), _T("Abc"), _T("11"), _T("abd"), _T(" 3")});
+    const struct {
+        int Start;
+        LPCTSTR Text;
+        LRESULT Result;
+    } cases[] = {
+        {-1, _T("1"), 1},       {1, _T("1"), 3},      {3, _T("1"), 1},       {5, _T("1"), 1},
+        {99, _T("1"), 1},       {-1, _T("aB"), 2},    {2, _T("AB"), 4},      {4, _T("abd"), 4},
+        {-1, _T("16"), CB_ERR}, {-1, _T(""), CB_ERR}, {-1, nullptr, CB_ERR}, {-1, _T("3"), CB_ERR},
+    };
+    for (const auto& each : cases) {
+        Send(CB_SETCURSEL, 5);
+        EXPECT_EQ(Send(CB_SELECTSTRING, static_cast<WPARAM>(each.Start), each.Text), each.Result);
+        EXPECT_EQ(Send(CB_GETCURSEL), each.Result == CB_ERR ? 5 : each.Result);
+    }
+}
+
+TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
+{
+    MakeBox(CBS_DROPDOWN, {_T("7"), _T("17")});
+    Send(CB_SETCURSEL, 0);
+    Type("1");
+    EXPECT_EQ(FieldText(), _T("71"));
+    EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR);
+    m_box.SetWindowText(_T("1"));
+    Type("7");
+    test::PressKey(m_box, VK_RETURN);
+    EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR); // though the list has it
+    EXPECT_EQ(Send(CB_INSERTSTRING, 0, _T("8")), 0);
+    EXPECT_EQ(FieldText(), _T("17"));
+}
+
+TEST_F(Controls, AToolTipHasTheTextOfTheRectangleUnderTheMouse)
+{
+    CToolTipCtrl tips;
+    ASSERT_TRUE(tips.Create(&m_parent));
+    const CRect left(0, 0, 20, 20);
+    const CRect right(20, 0, 40, 20);
+    EXPECT_TRUE(tips.AddTool(&m_parent, _T("left"), left, 1));
+    EXPECT_TRUE(tips.AddTool(&m_parent, _T("right"), right, 1));
+    QWidget& widget = WindowSide::Of(m_parent.m_hWnd)->Widget();
+    const auto restAt = [&](int x, int y) {
+        MSG move{m_parent.m_hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(x, y), 0, {0, 0}};
+        tips.SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+        QHelpEvent rest(QEvent::ToolTip, {x, y}, widget.mapToGlobal(QPoint(x, y)));
+        QApplication::sendEvent(&widget, &rest);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(restAt(19, 19), "left");
+    EXPECT_EQ(restAt(20, 0), "right");
+    restAt(50, 5);
+    EXPECT_EQ(widget.toolTip(), "");
+}
+
+} // namespace

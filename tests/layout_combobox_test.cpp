@@ -1,0 +1,141 @@
+// The layout combo box: what an item shows, on which background, and what a draw leaves behind.
+#include "support/Gui.h"
+#include "support/Picture.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <WindowSide.h>
+#include <dialogs/LayoutCombobox.h>
+#include <gtest/gtest.h>
+#include <model/LineDef.h>
+
+namespace
+{
+
+using test::filling;
+using test::gapColor;
+using test::ink;
+
+constexpr int width = 13;
+constexpr int height = 9;
+constexpr short squareShape = 4;
+const CRect cell(0, 0, width, height);
+
+struct ItemPicture : test::Picture {
+    ItemPicture() : Picture(width, height) { Dc().SetBkColor(gapColor); }
+
+    ItemPicture& Draw(CComboBox& box, UINT_PTR data, UINT action = ODA_DRAWENTIRE, UINT state = 0)
+    {
+        DRAWITEMSTRUCT item{ODT_COMBOBOX, 0, 0, action, state, nullptr, Dc().m_hDC, cell, data};
+        box.DrawItem(&item);
+        return *this;
+    }
+};
+
+class LayoutCombobox : public testing::Test
+{
+protected:
+    LayoutCombobox()
+    {
+        m_style.LineColor = ink;
+        m_style.SymbolColor = filling;
+        m_style.SymbolShape = squareShape;
+        m_style.SymbolSize = 4;
+    }
+    void Make(DWORD style)
+    {
+        ASSERT_TRUE(m_parent.CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, 0, 0, 200,
+                                      100, nullptr, 0));
+        ASSERT_TRUE(m_box.Create(style, CRect(10, 10, 110, 90), &m_parent, 5));
+        test::Settle();
+    }
+    UINT_PTR Style() const { return reinterpret_cast<UINT_PTR>(&m_style); }
+
+    const test::WindowColor m_windowColor;
+    k_LineDef m_style;
+    CWnd m_parent;
+    k_LayoutCombobox m_box;
+};
+
+TEST_F(LayoutCombobox, ShowsTheLineAndIfToldTheSymbol)
+{
+    const std::string band = "-------------\n";
+    const std::string line = "#############\n";
+    const std::string square = "----oooo-----\n----o  o-----\n####o  o#####\n----oooo-----\n";
+    EXPECT_EQ(ItemPicture().Draw(m_box, Style()).Text(),
+              band + band + band + band + line + band + band + band + band);
+    m_box.SetDrawSymbol(true);
+    EXPECT_EQ(ItemPicture().Draw(m_box, Style()).Text(), band + band + square + band + band + band);
+}
+
+TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
+{
+    struct Case {
+        int Mixed;
+        UINT Action;
+        UINT State;
+        COLORREF Background;
+    };
+    const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
+    const COLORREF light = ::GetSysColor(COLOR_3DLIGHT);
+    const Case cases[] = {
+        {0, ODA_DRAWENTIRE, ODS_SELECTED, gapColor},
+        {0, ODA_FOCUS, ODS_SELECTED | ODS_FOCUS, gapColor},
+        {0, ODA_SELECT, ODS_SELECTED | ODS_DISABLED, highlight},
+        {1, ODA_DRAWENTIRE | ODA_SELECT, ODS_SELECTED, highlight},
+        {1, ODA_DRAWENTIRE, ODS_SELECTED, light},
+        {1, ODA_SELECT, 0, light},
+        {2, ODA_SELECT, 0, gapColor}, // no other number is the mark
+    };
+    for (const Case& each : cases) {
+        ItemPicture picture;
+        m_box.SetMixed(each.Mixed);
+        picture.Dc().SetTextColor(ink);
+        picture.Draw(m_box, Style(), each.Action, each.State);
+        EXPECT_EQ(picture.PixelAt(1, 1), gdi::ToPixel(each.Background)) << &each - cases;
+        EXPECT_EQ(picture.Dc().GetBkColor(), gapColor); // the context is as it came
+        EXPECT_EQ(picture.Dc().GetTextColor(), ink);
+    }
+}
+
+TEST_F(LayoutCombobox, AnItemWithoutARecordShowsTheTextOfTheBox)
+{
+    Make(CBS_DROPDOWNLIST | CBS_HASSTRINGS);
+    EXPECT_EQ(m_box.GetStyle(), 0x50B00020U | CBS_DROPDOWNLIST | CBS_HASSTRINGS);
+    m_box.SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(_T("x")));
+    m_box.SendMessage(CB_SETCURSEL, 0);
+    ItemPicture expected;
+    CRect rect = cell;
+    expected.Dc().FillSolidRect(cell, gapColor);
+    ASSERT_GT(expected.Dc().DrawText(_T("x"), 1, rect, 0), 0);
+    for (const UINT_PTR none : {UINT_PTR{0}, UINT_PTR{0xFFFFFFFF}, ~UINT_PTR{0}})
+        EXPECT_EQ(ItemPicture().Draw(m_box, none), expected) << none;
+}
+
+TEST_F(LayoutCombobox, AMixedBoxStaysLightWhenTheUserHasChosen)
+{
+    Make(CBS_DROPDOWNLIST);
+    for (int i = 0; i < 3; ++i)
+        m_box.SendMessage(CB_INSERTSTRING, 0, static_cast<LPARAM>(Style()));
+    const auto fieldPixel = [this] { return test::PixelOf(m_box, {20, 8}); };
+    m_box.SendMessage(CB_SETCURSEL, 1);
+    EXPECT_EQ(fieldPixel(), ::GetSysColor(COLOR_WINDOW));
+    m_box.SetMixed(1);
+    m_box.SendMessage(CB_SETCURSEL, static_cast<WPARAM>(-1));
+    EXPECT_EQ(fieldPixel(), ::GetSysColor(COLOR_3DLIGHT));
+    test::PressKey(m_box, VK_DOWN);
+    EXPECT_EQ(m_box.SendMessage(CB_GETCURSEL), 0);
+    EXPECT_EQ(fieldPixel(), ::GetSysColor(COLOR_3DLIGHT));
+    test::PressKey(m_box, VK_SPACE);
+    test::Settle();
+    QAbstractItemView& list = *dynamic_cast<QComboBox&>(WindowSide::Of(m_box.m_hWnd)->Widget()).view();
+    ASSERT_TRUE(list.isVisible());
+    const QImage shown = list.viewport()->grab().toImage();
+    const auto itemPixel = [&](int item) {
+        return shown.pixel(list.visualRect(list.model()->index(item, 0)).topLeft() + QPoint(1, 1));
+    };
+    EXPECT_EQ(itemPixel(0), gdi::ToPixel(::GetSysColor(COLOR_HIGHLIGHT)));
+    EXPECT_EQ(itemPixel(1), gdi::ToPixel(::GetSysColor(COLOR_3DLIGHT)));
+}
+
+} // namespace
