@@ -5,537 +5,275 @@
 
 #include <ColorDialog.h>
 #include <QApplication>
-#include <QColorDialog>
-#include <QPushButton>
-#include <QTimer>
+#include <QFontMetrics>
 #include <WindowSide.h>
+#include <array>
 #include <controls/ColorPopup.h>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <optional>
+#include <sstream>
 
 namespace
 {
 
-std::optional<int> edgeWidth; // in the place of the desktop's
 [[maybe_unused]] const int german = setenv("LANGUAGE", "de", 1) + setenv("LC_ALL", "de_DE.UTF-8", 1);
 
-} // namespace
-
-extern "C" int realSystemMetrics(int index) asm("__real__Z16GetSystemMetricsi");
-extern "C" int wrappedSystemMetrics(int index) asm("__wrap__Z16GetSystemMetricsi");
-extern "C" int wrappedSystemMetrics(int index)
-{
-    return index == SM_CXEDGE && edgeWidth ? *edgeWidth : realSystemMetrics(index);
-}
-
-namespace
-{
-
-using test::ColorNotices;
-
-constexpr COLORREF initial = 0x00123456; // no colour of the palette
-constexpr COLORREF red = k_Palette[16].Color;
+constexpr COLORREF initial = 0x123456; // no colour of the palette
 constexpr LPCTSTR none = _T("");
-constexpr LPCTSTR shortDefault = _T("Auto");
-constexpr LPCTSTR shortMore = _T("More");
+constexpr LPCTSTR defaults = _T("Auto");
+constexpr LPCTSTR more = _T("More");
 constexpr LPCTSTR wide = _T("A text that is wider than eight cells side by side are");
 
-CSize SizeOf(CWnd& window, LPCTSTR text)
+k_ColorPopup* popup = nullptr; // the one that is up
+
+class k_KnownPopup : public k_ColorPopup
 {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    CFont font;
-    font.CreateFontIndirect(&metrics.lfMessageFont);
-    CClientDC dc(&window);
-    CFont* const before = dc.SelectObject(&font);
-    const CSize size = dc.GetTextExtent(text);
-    dc.SelectObject(before);
-    return size;
+public:
+    using k_ColorPopup::k_ColorPopup;
+    ~k_KnownPopup() override { popup = nullptr; }
+};
+
+// What the owner is told of a move to a cell.
+std::string MoveTo(int cell)
+{
+    std::ostringstream text;
+    const COLORREF ofText = cell == CELL_MORE ? initial : CLR_DEFAULT;
+    text << "change " << std::hex << (cell < 0 ? ofText : k_Palette[cell].Color);
+    return cell == CELL_NONE ? "" : text.str();
 }
 
-// What the user chooses in the system's dialog, where a test doesn't show it.
-std::function<INT_PTR(COLORREF& color, COLORREF* custom)> dialogAnswer;
+std::string Row(int y, int left, int right)
+{
+    return test::RowOf(*popup, y, left, right);
+}
+
+void LeaveProgram()
+{
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationActive);
+}
 
 class ColorPopup : public testing::Test
 {
 protected:
     ColorPopup()
     {
-        SetColorDialogAnswer([](COLORREF& color, COLORREF* custom) { return dialogAnswer(color, custom); });
-        dialogAnswer = [](COLORREF&, COLORREF*) -> INT_PTR { return ADD_FAILURE(), IDCANCEL; };
+        SetColorDialogAnswer([](COLORREF&, COLORREF*) -> INT_PTR { return ADD_FAILURE(), IDCANCEL; });
     }
-    ~ColorPopup() override
-    {
-        Close();
-        SetColorDialogAnswer(nullptr);
-        edgeWidth.reset();
-    }
+    ~ColorPopup() override { Close(); }
 
-    k_ColorPopup& Open(LPCTSTR defaultText, LPCTSTR moreText, COLORREF color = initial,
-                       CPoint at = {200, 120})
+    void Open(LPCTSTR defaultText, LPCTSTR moreText, COLORREF color = initial, CPoint at = {200, 120})
     {
         Close();
-        m_popup = new k_ColorPopup(at, color, &m_owner, defaultText, moreText);
-        m_handle = m_popup->m_hWnd;
-        m_gridTop = *defaultText != 0 ? SizeOf(m_owner, _T("A")).cy + 14 : 0;
+        popup = new k_KnownPopup(at, color, &m_owner, defaultText, moreText);
+        m_gridTop = *defaultText != 0 ? m_high + 14 : 0;
         test::Settle();
-        return *m_popup;
     }
     void Close()
     {
-        if (IsWindow(m_handle) != FALSE)
-            m_popup->DestroyWindow();
+        if (popup != nullptr)
+            popup->DestroyWindow();
         test::Settle();
         m_owner.Heard();
     }
-
-    CRect Place()
+    CPoint PointIn(int cell) const
     {
-        CRect place;
-        m_popup->GetWindowRect(&place);
-        return place;
+        if (cell < 0)
+            return {20, cell == CELL_MORE ? test::PlaceOf(*popup).Height() - 14 : 14};
+        return {11 + cell % 8 * 18, m_gridTop + 11 + cell / 8 * 18};
     }
-    CPoint PointIn(int cell)
-    {
-        if (cell == CELL_MORE)
-            return {20, Place().Height() - 14};
-        if (cell == CELL_DEFAULT)
-            return {20, 14};
-        return {2 + cell % 8 * 18 + 9, m_gridTop + 2 + cell / 8 * 18 + 9};
-    }
-    void Hover(int cell)
-    {
-        if (cell != CELL_NONE)
-            test::MoveMouse(*m_popup, PointIn(cell));
-    }
-
-    // The cell that the owner has heard of since the last call.
-    int HeardCell()
-    {
-        const ColorNotices heard = m_owner.Heard();
-        if (heard.size() != 1 || heard[0].Message != g_msgSelChange)
-            return CELL_NONE;
-        if (heard[0].Color == CLR_DEFAULT)
-            return CELL_DEFAULT;
-        for (int cell = 0; cell < k_PaletteSize; ++cell) {
-            if (k_Palette[cell].Color == heard[0].Color)
-                return cell;
-        }
-        return heard[0].Color == initial ? CELL_MORE : CELL_NONE;
-    }
-
-    // A row of pixels by the system colours: face, shadow, highlight, light; c for others.
-    std::string Row(int y, int left, int right)
-    {
-        std::string row;
-        for (int x = left; x < right; ++x) {
-            const COLORREF color = test::PixelOf(*m_popup, {x, y});
-            row += color == GetSysColor(COLOR_BTNFACE)        ? 'f'
-                   : color == GetSysColor(COLOR_BTNSHADOW)    ? 's'
-                   : color == GetSysColor(COLOR_BTNHIGHLIGHT) ? 'h'
-                   : color == GetSysColor(COLOR_3DLIGHT)      ? 'l'
-                                                              : 'c';
-        }
-        return row;
-    }
+    void Hover(int cell) const { test::MoveMouse(*popup, PointIn(cell)); }
 
     test::k_ColorListener m_owner{{200, 100, 260, 120}};
-    k_ColorPopup* m_popup = nullptr;
-    HWND m_handle = nullptr;
-    int m_gridTop = 0; // below a default cell
+    QFontMetrics m_text{QApplication::font()};
+    int m_high = m_text.height();
+    int m_gridTop = 0;
 };
 
 TEST_F(ColorPopup, GrowsWithItsTexts)
 {
-    const int high = SizeOf(m_owner, shortMore).cy;
-    const int broad = SizeOf(m_owner, wide).cx;
-    ASSERT_GT(broad, 148);
-    struct Case {
-        LPCTSTR DefaultText, MoreText;
-        int Width, Height;
-    };
-    for (const Case& it : {Case{none, none, 148, 94}, Case{none, shortMore, 148, 110 + high},
-                           Case{shortDefault, none, 148, 110 + high}, Case{none, wide, broad + 4, 110 + high},
-                           Case{shortDefault, shortMore, 148, 126 + 2 * high},
-                           Case{wide, shortMore, broad + 4, 126 + 2 * high}}) {
-        Open(it.DefaultText, it.MoreText);
-        EXPECT_EQ(Place(), CRect(200, 120, 200 + it.Width, 120 + it.Height));
+    const auto check = [this](LPCTSTR defaultText, LPCTSTR moreText, int width, int height) {
+        Open(defaultText, moreText);
+        EXPECT_EQ(test::PlaceOf(*popup), CRect(200, 120, 200 + width, 120 + height));
         for (int cell = 0; cell < k_PaletteSize; ++cell)
-            EXPECT_EQ(test::PixelOf(*m_popup, PointIn(cell)), k_Palette[cell].Color);
-    }
-    edgeWidth = 5; // the swatch is 18 - 2 * 6 wide
-    Open(none, none);
-    EXPECT_EQ(Place().Width(), 8 * 18 + 2 * 5);
-    edgeWidth = 6; // it would be 4 wide
-    Open(none, none);
-    EXPECT_EQ(Place().Width(), 8 * 19 + 2 * 6);
+            EXPECT_EQ(test::PixelOf(*popup, PointIn(cell)), k_Palette[cell].Color);
+    };
+    const int broad = m_text.horizontalAdvance(QStringView(wide).toString());
+    ASSERT_GT(broad, 148);
+    check(none, none, 148, 94);
+    check(none, more, 148, 110 + m_high);
+    check(defaults, none, 148, 110 + m_high);
+    check(defaults, more, 148, 126 + 2 * m_high);
+    check(none, wide, broad + 4, 110 + m_high);
+    check(wide, more, broad + 4, 126 + 2 * m_high);
 }
 
 TEST_F(ColorPopup, StaysOnTheScreen)
 {
     const int right = GetSystemMetrics(SM_CXSCREEN);
     const int bottom = GetSystemMetrics(SM_CYSCREEN);
-    Open(none, none, initial, {right - 148, bottom - 94});
-    EXPECT_EQ(Place().TopLeft(), CPoint(right - 148, bottom - 94));
-    Open(none, none, initial, {right - 147, 0});
-    EXPECT_EQ(Place().TopLeft(), CPoint(right - 148, 0));
-    Open(none, none, initial, {-1, 0});
-    EXPECT_EQ(Place().TopLeft(), CPoint(0, 0));
-    Open(none, none, initial, {10, bottom - 93}); // above a button 20 high
-    EXPECT_EQ(Place().TopLeft(), CPoint(10, bottom - 93 - 94 - 20));
-    CString endless(wide);
-    for (int i = 0; i < 6; ++i)
-        endless += CString(endless);
-    Open(none, endless, initial, {10, 0});
-    EXPECT_EQ(Place().left, 0);
+    const auto placeOf = [this](int x, int y) {
+        Open(none, none, initial, {x, y});
+        return test::PlaceOf(*popup).TopLeft();
+    };
+    EXPECT_EQ(placeOf(right - 148, bottom - 94), CPoint(right - 148, bottom - 94));
+    EXPECT_EQ(placeOf(right - 147, 0), CPoint(right - 148, 0));
+    EXPECT_EQ(placeOf(-1, 0), CPoint(0, 0));
+    EXPECT_EQ(placeOf(10, bottom - 93), CPoint(10, bottom - 93 - 94 - 20)); // above a button 20 high
 }
 
 TEST_F(ColorPopup, AnswersWhereItsCellsAreSensitive)
 {
-    struct Case {
-        CPoint Point;
-        int Cell;
-    };
-    const int high = SizeOf(m_owner, shortMore).cy;
-    const auto check = [this](LPCTSTR defaultText, LPCTSTR moreText, std::initializer_list<Case> cases) {
-        for (const Case& it : cases) {
+    const auto check = [this](LPCTSTR defaultText, LPCTSTR moreText, int cell, std::vector<CPoint> points) {
+        for (const CPoint& point : points) {
             Open(defaultText, moreText);
-            test::MoveMouse(*m_popup, it.Point);
-            EXPECT_EQ(HeardCell(), it.Cell) << it.Point.x << ',' << it.Point.y;
+            test::MoveMouse(*popup, point);
+            EXPECT_EQ(m_owner.Heard(), MoveTo(cell)) << point.x << ',' << point.y;
         }
     };
-    check(none, none,
-          {{{2, 2}, 0},
-           {{19, 19}, 0},
-           {{20, 19}, 1},
-           {{19, 20}, 8},
-           {{145, 91}, 39},
-           {{146, 91}, CELL_NONE},
-           {{145, 92}, CELL_NONE},
-           {{0, 0}, 0},
-           {{-15, -15}, 0},
-           {{-16, 5}, CELL_NONE},
-           {{5, -16}, CELL_NONE},
-           {{5, -34}, CELL_NONE},
-           {{-52, 5}, CELL_NONE}});
-    check(none, shortMore, // its cell is painted from 2, 94 to 146, 106 + high
-          {{{4, 96}, CELL_MORE},
-           {{3, 96}, CELL_NONE},
-           {{4, 95}, CELL_NONE},
-           {{147, 96}, CELL_MORE},
-           {{148, 96}, CELL_NONE},
-           {{4, 107 + high}, CELL_MORE},
-           {{4, 108 + high}, CELL_NONE},
-           {{5, -34}, CELL_NONE},
-           {{-34, 5}, CELL_NONE}});
-    check(shortDefault, none, // painted from 2, 2 to 146, 14 + high; the first row from 16 + high
-          {{{4, 4}, CELL_DEFAULT},
-           {{3, 4}, CELL_NONE},
-           {{4, 15 + high}, CELL_DEFAULT},
-           {{4, 16 + high}, 0},
-           {{3, 15 + high}, 0},
-           {{4, 31 + high}, 0},
-           {{4, 32 + high}, 8},
-           {{4, -40}, CELL_NONE}});
+    check(none, none, 0, {{2, 2}, {19, 19}, {0, 0}, {-15, -15}});
+    check(none, none, 9, {{20, 20}, {37, 37}});
+    check(none, none, 39, {{145, 91}});
+    check(none, none, CELL_NONE, {{146, 91}, {145, 92}, {-16, 5}, {5, -16}, {5, -34}, {-52, 5}});
+    // The cell for more is painted from 2, 94 to 146, 106 + m_high.
+    check(none, more, CELL_MORE, {{4, 96}, {147, 96}, {4, 107 + m_high}});
+    check(none, more, CELL_NONE, {{3, 96}, {4, 95}, {148, 96}, {4, 108 + m_high}, {5, -34}, {-34, 5}});
+    // The default cell is painted from 2, 2 to 146, 14 + m_high, and the first row from 16 + m_high.
+    check(defaults, none, CELL_DEFAULT, {{4, 4}, {4, 15 + m_high}});
+    check(defaults, none, 0, {{4, 16 + m_high}, {3, 15 + m_high}, {4, 31 + m_high}});
+    check(defaults, none, 8, {{4, 32 + m_high}});
+    check(defaults, none, CELL_NONE, {{2, -40}, {-52, 80}});
 
     Open(none, none);
     Hover(5);
-    test::MoveMouse(*m_popup, {6, 6 + 200}); // outside: stays
-    Hover(5);                                // the same: not told again
-    EXPECT_EQ(HeardCell(), 5);
+    test::MoveMouse(*popup, {6, 206}); // outside: stays
+    Hover(5);                          // the same: isn't told again
+    EXPECT_EQ(m_owner.Heard(), MoveTo(5));
 }
 
 TEST_F(ColorPopup, KeysWalkTheCells)
 {
-    constexpr int fallback = 100;
-    constexpr int beforeGrid = 101;
-    constexpr UINT keys[] = {VK_DOWN, VK_UP, VK_RIGHT, VK_LEFT};
-    struct Way {
-        int From;
-        int To[4];
-    };
-    const Way grid[] = {{CELL_NONE, {fallback, beforeGrid, fallback, beforeGrid}},
-                        {0, {8, beforeGrid, 1, beforeGrid}},
-                        {3, {11, beforeGrid, 4, 2}},
-                        {7, {15, beforeGrid, 8, 6}},
-                        {8, {16, 0, 9, 7}},
-                        {20, {28, 12, 21, 19}},
-                        {31, {39, 23, 32, 30}},
-                        {32, {fallback, 24, 33, 31}},
-                        {39, {fallback, 31, fallback, 38}}};
-    struct Popup {
-        LPCTSTR DefaultText, MoreText;
-        int Fallback, BeforeGrid;
-        std::vector<Way> OfTexts;
-    };
-    const Popup popups[] = {
-        {none, none, 0, 39, {}},
-        {none, shortMore, CELL_MORE, CELL_MORE, {{CELL_MORE, {0, 39, 0, 39}}}},
-        {shortDefault, none, CELL_DEFAULT, CELL_DEFAULT, {{CELL_DEFAULT, {0, 39, 0, 39}}}},
-        {shortDefault,
-         shortMore,
-         CELL_MORE,
-         CELL_DEFAULT,
-         {{CELL_MORE, {CELL_DEFAULT, 39, CELL_DEFAULT, 39}}, {CELL_DEFAULT, {0, CELL_MORE, 0, CELL_MORE}}}}};
-    for (const Popup& popup : popups) {
-        std::vector<Way> ways(std::begin(grid), std::end(grid));
-        ways.insert(ways.end(), popup.OfTexts.begin(), popup.OfTexts.end());
+    constexpr int F = 100; // the fallback
+    constexpr int B = 101; // before the grid
+    constexpr int D = CELL_DEFAULT;
+    constexpr int M = CELL_MORE;
+    using Way = std::array<int, 5>; // from; down, up, right, left
+    const std::vector<Way> grid{{CELL_NONE, F, B, F, B}, {0, 8, B, 1, B},     {3, 11, B, 4, 2},
+                                {7, 15, B, 8, 6},        {8, 16, 0, 9, 7},    {20, 28, 12, 21, 19},
+                                {31, 39, 23, 32, 30},    {32, F, 24, 33, 31}, {39, F, 31, F, 38}};
+    const auto check = [&](LPCTSTR defaultText, LPCTSTR moreText, int f, int b, std::vector<Way> ways) {
+        ways.insert(ways.end(), grid.begin(), grid.end());
         for (const Way& way : ways) {
-            for (int key = 0; key < 4; ++key) {
-                Open(popup.DefaultText, popup.MoreText);
-                Hover(way.From);
+            std::size_t column = 1;
+            for (const UINT key : {VK_DOWN, VK_UP, VK_RIGHT, VK_LEFT}) {
+                Open(defaultText, moreText);
+                if (way[0] != CELL_NONE)
+                    Hover(way[0]);
                 m_owner.Heard();
-                test::PressKey(*m_popup, keys[key]);
-                int to = way.To[key];
-                if (to >= fallback)
-                    to = to == fallback ? popup.Fallback : popup.BeforeGrid;
-                EXPECT_EQ(HeardCell(), to) << "key " << keys[key] << " from " << way.From;
+                test::PressKey(*popup, key);
+                int to = way[column++];
+                if (to == F || to == B)
+                    to = to == F ? f : b;
+                EXPECT_EQ(m_owner.Heard(), MoveTo(to)) << "key " << key << " from " << way[0];
             }
         }
-    }
+    };
+    check(none, none, 0, 39, {});
+    check(none, more, M, M, {{M, 0, 39, 0, 39}});
+    check(defaults, none, D, D, {{D, 0, 39, 0, 39}});
+    check(defaults, more, M, D, {{M, D, 39, D, 39}, {D, 0, M, 0, M}});
 }
 
 TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
 {
-    constexpr COLORREF picked = 0x0000AA01;
-    const auto ok = [](COLORREF& color, COLORREF*) -> INT_PTR { return color = picked, IDOK; };
-    const auto cancel = [](COLORREF& color, COLORREF*) -> INT_PTR { return color = picked, IDCANCEL; };
-    const auto click = [this](CPoint point) {
-        test::PressMouse(*m_popup, point);
-        test::ReleaseMouse(*m_popup, point);
-    };
-    const auto leave = [] {
-        Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
-        Q_EMIT qApp->applicationStateChanged(Qt::ApplicationActive);
-    };
-    const auto key = [this](UINT virtualKey) { test::PressKey(*m_popup, virtualKey); };
-    struct Case {
-        int Line;
-        std::vector<int> Cells; // that the mouse passes
-        std::function<void()> End;
-        ColorNotices Heard;
-    };
-    const Case cases[] = {
-        {__LINE__, {16}, [&] { click(PointIn(16)); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__, {16}, [&] { key(VK_RETURN); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__, {16}, [&] { key(VK_SPACE); }, {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__,
-         {16},
-         [&] {
-             click({0, 0});
-         },
-         {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__,
-         {16},
-         [&] {
-             click({147, 0});
-         },
-         {{g_msgSelChange, red}, {g_msgSelEndOK, red}}},
-        {__LINE__,
-         {16},
-         [&] {
-             click({148, 0});
-         },
-         {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
-        {__LINE__,
-         {16},
-         [&] {
-             click({0, -1});
-         },
-         {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
-        {__LINE__, {16}, [&] { key(VK_ESCAPE); }, {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
-        {__LINE__, {16}, leave, {{g_msgSelChange, red}, {g_msgSelEndChange, initial}}},
-        {__LINE__,
-         {},
-         [&] {
-             click({5, 5});
-         },
-         {{g_msgSelEndOK, initial}}},
-        {__LINE__, {}, [&] { key(VK_RETURN); }, {{g_msgSelEndOK, initial}}},
-        {__LINE__,
-         {CELL_DEFAULT},
-         [&] { click(PointIn(CELL_DEFAULT)); },
-         {{g_msgSelChange, CLR_DEFAULT}, {g_msgSelEndOK, CLR_DEFAULT}}},
-        {__LINE__,
-         {16, CELL_MORE},
-         [&] { dialogAnswer = ok, click(PointIn(CELL_MORE)); },
-         {{g_msgSelChange, red}, {g_msgSelChange, initial}, {g_msgSelEndOK, picked}}},
-        {__LINE__,
-         {16, CELL_MORE},
-         [&] { dialogAnswer = cancel, key(VK_RETURN); },
-         {{g_msgSelChange, red}, {g_msgSelChange, initial}, {g_msgSelEndChange, initial}}},
-        {__LINE__,
-         {CELL_MORE},
-         [&] {
-             click({-1, 0});
-         },
-         {{g_msgSelChange, initial}, {g_msgSelEndChange, initial}}},
-        // Ended by another program while the dialog is open, and then by the dialog.
-        {__LINE__,
-         {CELL_MORE},
-         [&] {
-             dialogAnswer = [&](COLORREF& color, COLORREF*) -> INT_PTR {
-                 leave();
-                 EXPECT_TRUE(IsWindow(m_handle));
-                 return color = picked, IDOK;
-             };
-             key(VK_RETURN);
-         },
-         {{g_msgSelChange, initial}, {g_msgSelEndChange, initial}, {g_msgSelEndOK, picked}}},
-    };
-    for (const Case& it : cases) {
-        Open(shortDefault, shortMore);
-        for (const int cell : it.Cells)
+    using Cells = std::initializer_list<int>;
+    const auto end = [this](Cells cells, const std::function<void()>& act) {
+        Open(defaults, more);
+        for (const int cell : cells)
             Hover(cell);
-        EXPECT_EQ(CWnd::GetCapture(), m_popup);
-        it.End();
-        EXPECT_FALSE(IsWindow(m_handle)) << it.Line;
-        EXPECT_EQ(CWnd::GetCapture(), nullptr) << it.Line;
-        test::Settle();
-        EXPECT_EQ(m_owner.Heard(), it.Heard) << it.Line;
-    }
-}
+        EXPECT_EQ(CWnd::GetCapture(), popup);
+        act();
+        EXPECT_EQ(CWnd::GetCapture(), nullptr);
+        EXPECT_EQ(popup, nullptr);
+        return m_owner.Heard();
+    };
+    const auto press = [&](Cells cells, UINT key) {
+        return end(cells, [&] { test::PressKey(*popup, key); });
+    };
+    const auto click = [&](Cells cells, CPoint point) {
+        return end(cells, [&] { test::PressMouse(*popup, point), test::ReleaseMouse(*popup, point); });
+    };
+    for (const CPoint inside : {CPoint(30, 60), CPoint(0, 0), CPoint(147, 0)})
+        EXPECT_EQ(click({16}, inside), "change ff, ok ff"); // whatever is there, the hot cell decides
+    for (const CPoint outside : {CPoint(148, 0), CPoint(0, -1), CPoint(0, 126 + 2 * m_high)})
+        EXPECT_EQ(click({16}, outside), "change ff, cancel 123456");
+    EXPECT_EQ(press({16}, VK_RETURN), "change ff, ok ff");
+    EXPECT_EQ(press({16}, VK_SPACE), "change ff, ok ff");
+    EXPECT_EQ(press({16}, VK_ESCAPE), "change ff, cancel 123456");
+    EXPECT_EQ(end({16}, LeaveProgram), "change ff, cancel 123456");
+    EXPECT_EQ(click({}, {5, 5}), "ok 123456");
+    EXPECT_EQ(press({}, VK_RETURN), "ok 123456");
+    EXPECT_EQ(press({CELL_DEFAULT}, VK_RETURN), "change ff000000, ok ff000000");
+    EXPECT_EQ(click({CELL_MORE}, {-1, 0}), "change 123456, cancel 123456"); // without a dialog
 
-TEST_F(ColorPopup, TakesTheMouseBackAfterItLostTheKeyboard)
-{
+    // The user's own colours are kept from one popup to the next.
+    SetColorDialogAnswer([](COLORREF& color, COLORREF* own) -> INT_PTR { return color = ++own[1], IDOK; });
+    EXPECT_EQ(press({16, CELL_MORE}, VK_RETURN), "change ff, change 123456, ok 800001");
+    EXPECT_EQ(click({CELL_MORE}, {5, 5}), "change 123456, ok 800002");
+    SetColorDialogAnswer([](COLORREF& color, COLORREF*) -> INT_PTR { return color = 0xaa, IDCANCEL; });
+    EXPECT_EQ(press({16, CELL_MORE}, VK_RETURN), "change ff, change 123456, cancel 123456");
+    SetColorDialogAnswer([](COLORREF& color, COLORREF*) -> INT_PTR {
+        LeaveProgram(); // ends the popup too, but leaves its window to the end of the dialog
+        EXPECT_NE(popup, nullptr);
+        return color = 0xaa, IDOK;
+    });
+    EXPECT_EQ(press({CELL_MORE}, VK_RETURN), "change 123456, cancel 123456, ok aa");
+
     Open(none, none);
-    m_owner.SetFocus();
-    m_popup->SendMessage(WM_KILLFOCUS);
+    popup->SendMessage(WM_KILLFOCUS);
     EXPECT_EQ(CWnd::GetCapture(), nullptr);
     Hover(3);
-    EXPECT_EQ(CWnd::GetCapture(), m_popup);
+    EXPECT_EQ(CWnd::GetCapture(), popup); // with the next message
 }
 
 TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
 {
-    const int high = SizeOf(m_owner, shortMore).cy;
-    Open(none, shortMore, k_Palette[9].Color); // its cell lies from 20, 20 to 38, 38
-    EXPECT_EQ(Row(20, 19, 39), "f"
-                               "sssssssssssssssssh"
-                               "f");
-    EXPECT_EQ(Row(25, 19, 39), "f"
-                               "shhsccccccccccshhh"
-                               "f");
-    EXPECT_EQ(Row(34, 19, 39), "f"
-                               "shhsssssssssssshhh"
-                               "f");
-    EXPECT_EQ(Row(37, 19, 39), "f"
-                               "hhhhhhhhhhhhhhhhhh"
-                               "f");
-    EXPECT_EQ(Row(25, 37, 57), "h"
-                               "fffsccccccccccsfff"
-                               "f"); // and one that is neither
-    EXPECT_EQ(Row(0, 0, 4) + Row(1, 0, 4), "llll"
-                                           "lhhh"); // the window's frame
-    EXPECT_EQ(Row(94, 3, 9) + Row(95, 3, 9), "fffsss"
-                                             "fffhhh");
-    EXPECT_EQ(Row(94, 139, 145) + Row(95, 139, 145), "sssfff"
-                                                     "hhhfff");
+    Open(none, more, k_Palette[9].Color);               // its cell lies from 20, 20 to 38, 38
+    EXPECT_EQ(Row(0, 0, 4) + Row(1, 0, 4), "lllllhhh"); // the window's frame
+    EXPECT_EQ(Row(20, 19, 39) + Row(34, 19, 39), "fssssssssssssssssshffshhsssssssssssshhhf");
+    EXPECT_EQ(Row(25, 19, 57), "fshhsccccccccccshhhfffsccccccccccsffff");
+    EXPECT_EQ(Row(94, 3, 9) + Row(95, 3, 9), "fffsssfffhhh"); // the line above the cell for more
+    EXPECT_EQ(Row(94, 139, 145) + Row(95, 139, 145), "sssfffhhhfff");
     Hover(9);
-    EXPECT_EQ(Row(20, 19, 39), "f"
-                               "hhhhhhhhhhhhhhhhhs"
-                               "f");
-    EXPECT_EQ(Row(25, 19, 39), "f"
-                               "hffsccccccccccsffs"
-                               "f");
+    EXPECT_EQ(Row(25, 19, 57), "fhffsccccccccccsffsfffsccccccccccsffff");
     Hover(10);
-    EXPECT_EQ(Row(25, 19, 57), "f"
-                               "shhsccccccccccshhh"
-                               "hffsccccccccccsffs"
-                               "f");
+    EXPECT_EQ(Row(25, 19, 57), "fshhsccccccccccshhhhffsccccccccccsffsf");
 
-    Open(none, shortMore); // painted from 3, 99 to 145, 105 + high
-    EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "ffffff"
-                                                              "fsssss"
-                                                              "fsllll");
-    EXPECT_EQ(Row(105 + high - 1, 2, 8), "fhhhhh");
+    Open(none, more); // painted from 3, 99 to 145, 105 + m_high
+    EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "fffffffsssssfsllll");
+    EXPECT_EQ(Row(104 + m_high, 2, 8), "fhhhhh");
     Hover(CELL_MORE);
-    EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "ffffff"
-                                                              "fhhhhh"
-                                                              "fhffff");
+    EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "fffffffhhhhhfhffff");
 
-    Open(shortDefault, none, CLR_DEFAULT); // from 3, 3 to 145, 13 + high; its frame from 7, 7
-    EXPECT_EQ(Row(2, 2, 10) + Row(3, 2, 10) + Row(6, 2, 10), "ffffffff"
-                                                             "fsssssss"
-                                                             "fsllllll");
-    EXPECT_EQ(Row(7, 2, 10) + Row(8, 2, 10) + Row(8 + high, 2, 10), "fslllsss"
-                                                                    "fslllsll"
-                                                                    "fslllsss");
+    Open(defaults, none, CLR_DEFAULT); // from 3, 3 to 145, 13 + m_high; its frame from 7, 7
+    EXPECT_EQ(Row(2, 2, 10) + Row(3, 2, 10) + Row(6, 2, 10), "fffffffffsssssssfsllllll");
+    EXPECT_EQ(Row(7, 2, 10) + Row(8, 2, 10) + Row(8 + m_high, 2, 10), "fslllsssfslllsllfslllsss");
     Hover(CELL_DEFAULT);
-    EXPECT_EQ(Row(3, 2, 10) + Row(4, 2, 10), "fhhhhhhh"
-                                             "fhffffff");
-    std::string middle;
-    for (int y = 8; y < 8 + high; ++y)
-        middle += Row(y, 54, 94);
-    EXPECT_NE(middle.find('c'), std::string::npos) << "no text";
+    EXPECT_EQ(Row(3, 2, 10) + Row(4, 2, 10), "fhhhhhhhfhffffff");
+    EXPECT_NE(Row(8 + m_high / 2, 54, 94), std::string(40, 'f')) << "no text";
+    EXPECT_EQ(Row(18 + m_high, 3, 8) + Row(19 + m_high, 3, 8), "fffffffsss"); // cell 0
 }
 
 TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
 {
-    const auto textAt = [this](CPoint point) {
-        test::MoveMouse(*m_popup, point);
-        return WindowSide::Of(m_handle)->Widget().toolTip().toStdString();
+    const auto textAt = [](CPoint point) {
+        test::MoveMouse(*popup, point);
+        return WindowSide::Of(popup->m_hWnd)->Widget().toolTip().toStdString();
     };
-    Open(shortDefault, shortMore);
+    Open(defaults, more);
     EXPECT_EQ(textAt(PointIn(0)), "Schwarz");
-    EXPECT_EQ(textAt({19, m_gridTop + 20}), "Dunkelrot");
     EXPECT_EQ(textAt(PointIn(39)), "Weiß");
     EXPECT_EQ(textAt(PointIn(CELL_DEFAULT)) + textAt(PointIn(CELL_MORE)), "");
-}
-
-TEST_F(ColorPopup, LendsItsCustomColorsToTheDialog)
-{
-    std::vector<COLORREF> seen;
-    dialogAnswer = [&](COLORREF&, COLORREF* custom) -> INT_PTR {
-        seen = {custom[0], custom[1], custom[15]};
-        custom[1] = 0x00445566;
-        return IDCANCEL;
-    };
-    for (const COLORREF second : {0x00800000U, 0x00445566U}) {
-        Open(none, shortMore);
-        Hover(CELL_MORE);
-        test::PressKey(*m_popup, VK_RETURN);
-        EXPECT_EQ(seen, (std::vector<COLORREF>{0, second, 0x00FFFFFF}));
-    }
-}
-
-// The system's dialog itself, with the popup as its owner.
-TEST_F(ColorPopup, TakesWhatTheUserPicksInTheDialog)
-{
-    SetColorDialogAnswer(nullptr);
-    QColorDialog::setCustomColor(0, QColor(1, 2, 3)); // the host's
-    const auto choose = [this](const std::function<void(QColorDialog&)>& act) {
-        Open(none, shortMore);
-        Hover(CELL_MORE);
-        m_owner.Heard();
-        QTimer::singleShot(0, [&act] {
-            auto* const dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            EXPECT_EQ(dialog->currentColor(), QColor(0x56, 0x34, 0x12));
-            dialog->setCurrentColor(QColor(0x11, 0x22, 0x33));
-            act(*dialog);
-        });
-        test::PressKey(*m_popup, VK_RETURN);
-        EXPECT_EQ(QColorDialog::customColor(0), QColor(1, 2, 3));
-        return m_owner.Heard();
-    };
-    EXPECT_EQ(choose([](QColorDialog& dialog) { dialog.accept(); }),
-              (ColorNotices{{g_msgSelEndOK, 0x00332211}}));
-    EXPECT_EQ(choose([](QColorDialog& dialog) {
-                  EXPECT_EQ(QColorDialog::customColor(15), QColor(Qt::white));
-                  for (QPushButton* const button : dialog.findChildren<QPushButton*>()) {
-                      if (button->text().contains("Custom"))
-                          button->click();
-                  }
-                  dialog.reject();
-              }),
-              (ColorNotices{{g_msgSelEndChange, initial}}));
-    choose([](QColorDialog& dialog) { // the custom colour stays, though the dialog was cancelled
-        EXPECT_EQ(QColorDialog::customColor(0), QColor(0x11, 0x22, 0x33));
-        dialog.reject();
-    });
 }
 
 } // namespace

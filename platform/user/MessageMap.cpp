@@ -55,6 +55,13 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
                            pResult))
             return TRUE;
         break;
+    case WM_MEASUREITEM: {
+        const auto* const item = reinterpret_cast<const MEASUREITEMSTRUCT*>(lParam);
+        const HWND child = ::GetDlgItem(m_hWnd, static_cast<int>(item->CtlID));
+        if (ReflectToChild(child, message, wParam, lParam, pResult))
+            return TRUE;
+        break;
+    }
     case WM_COMPAREITEM:
         if (ReflectToChild(reinterpret_cast<const COMPAREITEMSTRUCT*>(lParam)->hwndItem, message, wParam,
                            lParam, pResult))

@@ -1,8 +1,8 @@
 #include "ColorListener.h"
 
-#include <algorithm>
-#include <iomanip>
-#include <ostream>
+#include "Gui.h"
+
+#include <sstream>
 #include <utility>
 
 UINT g_msgSelChange = RegisterWindowMessageW(_T("ColorPopupSelChange"));
@@ -11,51 +11,68 @@ UINT g_msgCloseUp = RegisterWindowMessageW(_T("ColorPopupCloseUp"));
 UINT g_msgSelEndOK = RegisterWindowMessageW(_T("ColorPopupSelEndOK"));
 UINT g_msgSelEndChange = RegisterWindowMessageW(_T("ColorPopupSelEndChange"));
 
-namespace
-{
-
-const std::pair<UINT, const char*> names[] = {
-    {g_msgSelChange, "SelChange"}, {g_msgDropdown, "Dropdown"},         {g_msgCloseUp, "CloseUp"},
-    {g_msgSelEndOK, "SelEndOK"},   {g_msgSelEndChange, "SelEndChange"},
-};
-
-const std::pair<UINT, const char*>* NameOf(UINT message)
-{
-    return std::ranges::find_if(names, [message](const auto& name) { return name.first == message; });
-}
-
-} // namespace
-
 namespace test
 {
 
-std::ostream& operator<<(std::ostream& out, const ColorNotice& notice)
-{
-    return out << NameOf(notice.Message)->second << ' ' << std::hex << notice.Color << std::dec << " of "
-               << notice.Id;
-}
+BEGIN_MESSAGE_MAP(k_ColorListener, CWnd)
+ON_BN_CLICKED(7, ThisClass::OnClicked)
+END_MESSAGE_MAP()
 
-k_ColorListener::k_ColorListener(const RECT& place, CWnd* owner)
+k_ColorListener::k_ColorListener(const RECT& place)
 {
     CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, place.left, place.top,
-             place.right - place.left, place.bottom - place.top, owner != nullptr ? owner->m_hWnd : nullptr,
-             0);
+             place.right - place.left, place.bottom - place.top, nullptr, 0);
 }
 
-ColorNotices k_ColorListener::Heard()
+std::string k_ColorListener::Heard()
 {
     return std::exchange(m_heard, {});
 }
 
+void k_ColorListener::Note(const std::string& event)
+{
+    m_heard += (m_heard.empty() ? "" : ", ") + event;
+}
+
 LRESULT k_ColorListener::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
-    if (NameOf(message) != std::end(names)) {
-        m_heard.push_back({message, static_cast<COLORREF>(wParam), lParam});
+    const std::pair<UINT, const char*> names[] = {{g_msgSelChange, "change"},
+                                                  {g_msgDropdown, "dropdown"},
+                                                  {g_msgCloseUp, "closeup"},
+                                                  {g_msgSelEndOK, "ok"},
+                                                  {g_msgSelEndChange, "cancel"}};
+    for (const auto& [number, name] : names) {
+        if (number != message)
+            continue;
+        std::ostringstream text;
+        text << name << ' ' << std::hex << wParam;
+        Note(text.str() + (lParam != 0 ? " of " + std::to_string(lParam) : ""));
         if (m_reaction)
             m_reaction(message);
     }
-    return result;
+    return CWnd::WindowProc(message, wParam, lParam);
+}
+
+CRect PlaceOf(const CWnd& window)
+{
+    CRect place;
+    window.GetWindowRect(&place);
+    return place;
+}
+
+std::string RowOf(CWnd& window, int y, int left, int right)
+{
+    std::string row;
+    for (int x = left; x < right; ++x) {
+        const COLORREF color = PixelOf(window, {x, y});
+        row += color == GetSysColor(COLOR_BTNFACE)        ? 'f'
+               : color == GetSysColor(COLOR_BTNSHADOW)    ? 's'
+               : color == GetSysColor(COLOR_BTNHIGHLIGHT) ? 'h'
+               : color == GetSysColor(COLOR_3DLIGHT)      ? 'l'
+               : color == GetSysColor(COLOR_3DDKSHADOW)   ? 'd'
+                                                          : 'c';
+    }
+    return row;
 }
 
 } // namespace test

@@ -1,40 +1,41 @@
-// The owner of a colour control: hears what the control tells.
+// The owner of a colour control hears what the control tells; the user sees what it looks like.
 #pragma once
 
 #include <afxwin.h>
 #include <controls/ColorMessages.h>
 #include <functional>
-#include <iosfwd>
-#include <vector>
+#include <string>
 
 namespace test
 {
-
-struct ColorNotice {
-    UINT Message;
-    COLORREF Color;
-    LPARAM Id = 0;
-
-    friend bool operator==(const ColorNotice&, const ColorNotice&) = default;
-    friend std::ostream& operator<<(std::ostream& out, const ColorNotice& notice);
-};
-using ColorNotices = std::vector<ColorNotice>;
 
 // A window that keeps the messages of ColorMessages.h.
 class k_ColorListener : public CWnd
 {
 public:
-    explicit k_ColorListener(const RECT& place, CWnd* owner = nullptr);
+    explicit k_ColorListener(const RECT& place);
 
-    ColorNotices Heard(); // since the last call
+    // Since the last call; a message as "change ff" (its colour, in hexadecimal) or "change ff of 7" (its
+    // lParam, if that isn't 0), a click of control 7 that reached it as "click", and a comma between two.
+    std::string Heard();
 
     std::function<void(UINT message)> m_reaction; // to each message
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    afx_msg void OnClicked() { Note("click"); }
 
 private:
-    ColorNotices m_heard;
+    void Note(const std::string& event);
+
+    std::string m_heard;
+
+    DECLARE_MESSAGE_MAP()
 };
+
+CRect PlaceOf(const CWnd& window); // on the screen
+
+// The pixels of a row by the colours of the system: face, shadow, highlight, light, dark, and c for others.
+std::string RowOf(CWnd& window, int y, int left, int right);
 
 } // namespace test
