@@ -2,12 +2,10 @@
 // and damaged ones.
 #include "FuzzCatalogue.h"
 
+#include <LayoutBytes.h>
+#include <TempPrefix.h>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace
 {
@@ -52,21 +50,6 @@ constexpr Seed wholeFiles[] = {
      }},
 };
 
-std::string Contents(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void Write(const std::filesystem::path& path, const std::string& bytes)
-{
-    std::ofstream file(path, std::ios::binary);
-    file << bytes;
-    if (!file.flush())
-        throw std::filesystem::filesystem_error("cannot write", path,
-                                                std::make_error_code(std::errc::io_error));
-}
-
 void Run(const std::filesystem::path& folder)
 {
     test::SetUnits(fuzz::CatalogueEntries());
@@ -74,25 +57,21 @@ void Run(const std::filesystem::path& folder)
         k_StyleAtlas atlas;
         atlas.BuildCatalogue();
         seed.Apply(atlas);
-        const std::filesystem::path path = std::filesystem::absolute(folder / seed.Name);
-        atlas.Save(path.u16string().c_str());
-        if (Contents(path).size() < headerSize)
-            throw std::filesystem::filesystem_error("cannot write", path,
-                                                    std::make_error_code(std::errc::io_error));
+        test::WriteWhole(folder / seed.Name, test::BytesOf(atlas));
     }
-    const std::string whole = Contents(folder / wholeFiles[0].Name);
+    const std::string whole = test::ReadWhole(folder / wholeFiles[0].Name);
     const auto damaged = [&whole](std::size_t offset, char value) {
         std::string bytes = whole;
         bytes.replace(offset, sizeof(DWORD), sizeof(DWORD), value);
         return bytes;
     };
-    Write(folder / "empty", {});
-    Write(folder / "cut-in-header", whole.substr(0, headerSize - 1));
-    Write(folder / "cut-in-record", whole.substr(0, whole.size() / 2));
-    Write(folder / "bytes-after-the-end", whole + "the end");
-    Write(folder / "endless-rows", damaged(rowCountOffset, '\xFF'));
-    Write(folder / "endless-records", damaged(recordCountOffset, '\x7F'));
-    Write(folder / "negative-records", damaged(recordCountOffset, '\xFF'));
+    test::WriteWhole(folder / "empty", {});
+    test::WriteWhole(folder / "cut-in-header", whole.substr(0, headerSize - 1));
+    test::WriteWhole(folder / "cut-in-record", whole.substr(0, whole.size() / 2));
+    test::WriteWhole(folder / "bytes-after-the-end", whole + "the end");
+    test::WriteWhole(folder / "endless-rows", damaged(rowCountOffset, '\xFF'));
+    test::WriteWhole(folder / "endless-records", damaged(recordCountOffset, '\x7F'));
+    test::WriteWhole(folder / "negative-records", damaged(recordCountOffset, '\xFF'));
 }
 
 } // namespace
@@ -108,9 +87,6 @@ int main(int argc, char** argv)
         return EXIT_SUCCESS;
     } catch (const std::exception& e) {
         std::fprintf(stderr, "%s\n", e.what());
-    } catch (CException* e) {
-        e->Delete();
-        std::fprintf(stderr, "cannot write the seeds\n");
     }
     return EXIT_FAILURE;
 }

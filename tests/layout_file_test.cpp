@@ -98,11 +98,10 @@ TEST(LayoutFile, WritingAfterReadingGivesTheSameBytes)
 TEST(LayoutFile, KeepsOddValuesAndNormalisesOnlyTruth)
 {
     std::string file = MinimalFile();
-    file = WithBytes(file, 0x00, "\x02");         // Version 2
-    file = WithBytes(file, 0x04, "\xFF\xFF\xFF"); // ColumnCount
-    file = WithBytes(file, 0x1B, "\x80\x07");     // ReservedFlag, Level
-    file = WithBytes(file, 0x1D, "\x34\x12");     // Reserved
-    file = WithBytes(file, 0x31, "\x07");         // UseSymbolColor
+    const std::pair<std::size_t, std::string_view> changes[] = {
+        {0x00, "\x02"}, {0x04, "\xFF\xFF\xFF"}, {0x1B, "\x80\x07"}, {0x1D, "\x34\x12"}, {0x31, "\x07"}};
+    for (const auto& [offset, bytes] : changes) // Version, ColumnCount, ReservedFlag and Level, Reserved, ...
+        file = WithBytes(file, offset, bytes);
     k_StyleAtlas atlas;
     ReadInto(atlas, file);
     EXPECT_EQ(atlas.Version, 2U);
@@ -112,70 +111,52 @@ TEST(LayoutFile, KeepsOddValuesAndNormalisesOnlyTruth)
     EXPECT_EQ(atlas.GetRow(0)->ColumnCount, 1);
     EXPECT_TRUE(atlas.GetRowStyle(0, 0)->UseSymbolColor);
     EXPECT_EQ(BytesOf(atlas), WithBytes(WithBytes(file, 0x1B, "\x01"), 0x31, "\x01"));
-    EXPECT_EQ(atlas.AddRow({}, 0), 1);
+    atlas.AddRow({}, 0);
     EXPECT_EQ(atlas.GetRow(1)->Styles.GetSize(), 32);
 }
 
 TEST(LayoutFile, IsLaidOverTheCatalogueByEqualKeys)
 {
-    // Stored: quantity 2 restyled, quantity 2 of a foreign device, quantity 2 once more.
+    // Stored: quantity 2 restyled, of a foreign device, and restyled once more; a foreign quantity twice.
     k_StyleAtlas stored;
     stored.ColumnCount = 3;
-    for (const short device : {0, 1, 0})
-        stored.AddRow({2, 0, 0, device, 0}, static_cast<BYTE>(2 + stored.Rows.GetSize()));
-    for (INT_PTR i = 0; i < 3; ++i)
+    for (const auto& [quantity, device] : {std::pair<WORD, short>{2, 0}, {2, 1}, {2, 0}, {9, 0}, {9, 0}})
+        stored.AddRow({quantity, 0, 0, device, 0}, static_cast<BYTE>(2 + stored.Rows.GetSize()));
+    for (INT_PTR i = 0; i < 5; ++i)
         stored.GetRowStyle(i, 0)->LineWidth = static_cast<short>(10 + i);
     stored.GetRow(0)->ReservedFlag = true;
 
-    test::SetUnits(test::SingleQuantities(3));
+    test::SetUnits({{0, 2, 0, 0, 0}, {0, 2, 0, 0, 0}, {0, 3, 0, 0, 0}}); // a group row and two equal rows
     k_StyleAtlas atlas;
     atlas.FilePath = _T("file");
     atlas.BuildCatalogue();
     ReadInto(atlas, BytesOf(stored));
     EXPECT_EQ(atlas.ColumnCount, 3U);
     EXPECT_EQ(atlas.FilePath, _T("file"));
-    ASSERT_EQ(atlas.Rows.GetSize(), 4);
+    ASSERT_EQ(atlas.Rows.GetSize(), 6);
     EXPECT_EQ(atlas.GetRow(0)->Styles.GetSize(), 32); // a catalogue row that the file lacks stays as it was
     EXPECT_EQ(atlas.GetRow(1)->Quantity, 2);          // the last stored row, in the catalogue's place
     EXPECT_EQ(atlas.GetRow(1)->Level, 4);
     EXPECT_FALSE(atlas.GetRow(1)->ReservedFlag);
     EXPECT_EQ(atlas.GetRow(1)->Styles.GetSize(), 3);
     EXPECT_EQ(atlas.GetRowStyle(1, 0)->LineWidth, 12);
-    EXPECT_EQ(atlas.GetRow(3)->Device, 1); // the foreign row, behind the catalogue
-    EXPECT_EQ(atlas.GetRowStyle(3, 0)->LineWidth, 11);
-}
-
-TEST(LayoutFile, OfEqualRowsTheFirstIsReplacedAndForeignTwinsBecomeOne)
-{
-    test::SetUnits({{0, 1, 0, 0, 0}, {0, 1, 0, 0, 0}}); // a group row and two equal rows
-    k_StyleAtlas atlas;
-    atlas.BuildCatalogue();
-    k_StyleAtlas stored;
-    stored.ColumnCount = 1;
-    for (const WORD quantity : {1, 9, 9})
-        stored.AddRow({quantity, 0, 0, 0, 0}, 0);
-    stored.GetRowStyle(0, 0)->LineWidth = 5;
-    stored.GetRowStyle(2, 0)->LineWidth = 6;
-    ReadInto(atlas, BytesOf(stored));
-    ASSERT_EQ(atlas.Rows.GetSize(), 4);
-    EXPECT_EQ(atlas.GetRowStyle(1, 0)->LineWidth, 5);
-    EXPECT_EQ(atlas.GetRowStyle(2, 0)->LineWidth, 1);
-    EXPECT_EQ(atlas.GetRowStyle(3, 0)->LineWidth, 6);
+    EXPECT_EQ(atlas.GetRowStyle(2, 0)->LineWidth, 1); // of equal rows the first is replaced
+    EXPECT_EQ(atlas.GetRow(4)->Device, 1);            // the foreign rows, behind the catalogue
+    EXPECT_EQ(atlas.GetRowStyle(4, 0)->LineWidth, 11);
+    EXPECT_EQ(atlas.GetRow(5)->Quantity, 9); // twins become one
+    EXPECT_EQ(atlas.GetRowStyle(5, 0)->LineWidth, 14);
 }
 
 TEST(LayoutFile, HoldsMoreThan32RecordsOfARow)
 {
     k_StyleAtlas atlas;
-    const auto row = new k_QuantityDesc(QuantityKey{5, 0, 0, 0, 0});
-    atlas.Rows.Add(row);
-    for (short i = 0; i < 200; ++i) {
-        row->Styles.Add(new k_LineDef);
-        row->Styles.GetAt(i)->LineWidth = i;
-    }
+    atlas.AddRow({5, 0, 0, 0, 0}, 0);
+    for (int i = 0; i < 168; ++i)
+        atlas.GetRow(0)->Styles.Add(new k_LineDef);
+    atlas.GetRow(0)->Styles.GetAt(199)->LineWidth = 7;
     k_StyleAtlas back;
     ReadInto(back, BytesOf(atlas));
-    EXPECT_EQ(back.GetRow(0)->Styles.GetSize(), 200);
-    EXPECT_EQ(back.GetRowStyle(0, 31)->LineWidth, 31);
+    EXPECT_EQ(back.GetRow(0)->Styles.GetAt(199)->LineWidth, 7);
     EXPECT_EQ(back.GetRowStyle(0, 32), nullptr);
     EXPECT_EQ(BytesOf(back), BytesOf(atlas));
 }
@@ -212,22 +193,29 @@ TEST(LayoutFile, AnEmptyTableHas12BytesAndBytesAfterTheLastRowAreNoError)
     EXPECT_EQ(atlas.GetRow(0)->Styles.GetSize(), 32);
 }
 
+// The cause of the archive exception that the reader raises, 0 when it raises none.
+int CauseOfRefusal(k_StyleAtlas& atlas, std::string_view bytes)
+{
+    try {
+        ReadInto(atlas, bytes);
+        return 0;
+    } catch (CArchiveException* e) {
+        const int cause = e->m_cause;
+        e->Delete();
+        return cause;
+    }
+}
+
 TEST(DamagedLayoutFile, EveryTruncationEndsWithEndOfFileAndKeepsTheRowsBefore)
 {
     const std::string file = RichFile();
-    constexpr std::size_t header = 12;
-    constexpr std::size_t rowSize = 17 + 2 * 21;
-    for (std::size_t length = 0; length < file.size(); ++length) {
+    constexpr int header = 12;
+    constexpr int rowSize = 17 + 2 * 21;
+    for (int length = 0; length < static_cast<int>(file.size()); ++length) {
         k_StyleAtlas atlas;
-        try {
-            ReadInto(atlas, file.substr(0, length));
-            FAIL() << length;
-        } catch (CArchiveException* e) {
-            EXPECT_EQ(e->m_cause, CArchiveException::endOfFile) << length;
-            e->Delete();
-        }
-        const std::size_t whole = length < header ? 0 : (length - header) / rowSize;
-        ASSERT_EQ(static_cast<std::size_t>(atlas.Rows.GetSize()), whole) << length;
+        ASSERT_EQ(CauseOfRefusal(atlas, file.substr(0, static_cast<std::size_t>(length))),
+                  CArchiveException::endOfFile);
+        ASSERT_EQ(atlas.Rows.GetSize(), std::max(length - header, 0) / rowSize) << length;
     }
 }
 
@@ -262,12 +250,7 @@ TEST(DamagedLayoutFile, ClaimsOfTwoBillionRowsOrRecordsFailAtOnceAndTakeNoMemory
         const std::size_t before = ResidentBytes();
         const auto start = std::chrono::steady_clock::now();
         k_StyleAtlas atlas;
-        EXPECT_THROW(
-            try { ReadInto(atlas, file); } catch (CArchiveException* e) {
-                e->Delete();
-                throw;
-            },
-            CArchiveException*);
+        EXPECT_NE(CauseOfRefusal(atlas, file), 0);
         // A second is far from what it takes and far below what believing the claim would take.
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
         EXPECT_LT(ResidentBytes(), before + (8U << 20));

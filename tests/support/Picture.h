@@ -5,6 +5,7 @@
 
 #include <afxdc.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace test
@@ -20,21 +21,20 @@ constexpr COLORREF windowColor = RGB(250, 250, 250); // ' '
 class Picture
 {
 public:
-    Picture(int width, int height, COLORREF background = paper);
-    Picture(int width, int height, const RECT& clip, COLORREF background = paper);
+    Picture(int width, int height) : Picture(width, height, {0, 0, width, height}) {}
+    Picture(int width, int height, const RECT& clip);
 
     CDC& Dc() { return m_dc; }
 
     // Each row ends with a newline.
     std::string Text() const;
     char At(int x, int y) const;
-    gdi::Pixel PixelAt(int x, int y) const;
     int Count(char kind) const;
 
-    // The smallest rectangle that holds all pixels of other colours than the background's.
+    // The smallest rectangle that holds all pixels of other colours than the paper's.
     CRect Painted() const;
 
-    // Gives the background back to what is outside a rectangle.
+    // Gives the paper back to what is outside a rectangle.
     void CutTo(const RECT& rect);
 
     friend bool operator==(const Picture& first, const Picture& second)
@@ -47,22 +47,30 @@ public:
     }
 
 private:
+    std::size_t IndexOf(int x, int y) const { return static_cast<std::size_t>(y * m_width + x); }
+
     int m_width;
     int m_height;
-    COLORREF m_background;
     std::vector<gdi::Pixel> m_pixels;
     CDC m_dc;
 };
 
-// Puts the window's colour among those that a picture knows.
-class WindowColor
+// Gives system colours other values, as long as it lives.
+class SystemColors
 {
 public:
-    WindowColor();
-    ~WindowColor();
+    explicit SystemColors(std::vector<std::pair<int, COLORREF>> colors) : m_colors(std::move(colors))
+    {
+        Swap();
+    }
+    SystemColors(const SystemColors&) = delete;
+    SystemColors& operator=(const SystemColors&) = delete;
+    ~SystemColors() { Swap(); }
 
 private:
-    COLORREF m_before;
+    void Swap();
+
+    std::vector<std::pair<int, COLORREF>> m_colors;
 };
 
 } // namespace test

@@ -1,88 +1,25 @@
 #include "Process.h"
 
-#include <array>
-#include <cerrno>
-#include <fcntl.h>
-#include <poll.h>
-#include <spawn.h>
-#include <stdexcept>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "ChildProcess.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
 
 namespace
 {
 
-class Pipe
-{
-public:
-    Pipe()
-    {
-        if (pipe2(m_ends.data(), O_CLOEXEC) != 0)
-            throw std::runtime_error("no pipe");
-    }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-    ~Pipe()
-    {
-        close(m_ends[0]);
-        CloseWriter();
-    }
-    int Reader() const { return m_ends[0]; }
-    int Writer() const { return m_ends[1]; }
-    void CloseWriter()
-    {
-        if (m_ends[1] >= 0)
-            close(m_ends[1]);
-        m_ends[1] = -1;
-    }
+constexpr int notFound = 99;
 
-private:
-    std::array<int, 2> m_ends;
-};
+using TempFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-// Reads both pipes to their ends, whichever has something.
-void Drain(const Pipe& first, std::string& firstText, const Pipe& second, std::string& secondText)
+std::string Contents(std::FILE& file)
 {
-    std::array<pollfd, 2> waiting = {{{first.Reader(), POLLIN, 0}, {second.Reader(), POLLIN, 0}}};
-    while (waiting[0].fd >= 0 || waiting[1].fd >= 0) {
-        if (poll(waiting.data(), waiting.size(), -1) < 0)
-            continue;
-        for (pollfd& one : waiting) {
-            if (one.fd < 0 || one.revents == 0)
-                continue;
-            std::array<char, 4096> buffer;
-            const ssize_t got = read(one.fd, buffer.data(), buffer.size());
-            if (got > 0)
-                (&one == &waiting[0] ? firstText : secondText)
-                    .append(buffer.data(), static_cast<std::size_t>(got));
-            else if (got == 0 || errno != EINTR)
-                one.fd = -1;
-        }
-    }
-}
-
-std::vector<char*> Pointers(std::vector<std::string>& texts)
-{
-    std::vector<char*> pointers;
-    for (std::string& text : texts)
-        pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
-std::vector<std::string> Environment(const std::vector<std::string>& settings)
-{
-    std::vector<std::string> all = settings;
-    for (char** variable = environ; *variable != nullptr; ++variable) {
-        const std::string text = *variable;
-        const std::string name = text.substr(0, text.find('=') + 1);
-        bool isSet = false;
-        for (const std::string& setting : settings)
-            isSet = isSet || setting.starts_with(name);
-        if (!isSet)
-            all.push_back(text);
-    }
-    return all;
+    std::string bytes;
+    std::rewind(&file);
+    for (int c = std::fgetc(&file); c != EOF; c = std::fgetc(&file))
+        bytes += static_cast<char>(c);
+    return bytes;
 }
 
 } // namespace
@@ -90,32 +27,27 @@ std::vector<std::string> Environment(const std::vector<std::string>& settings)
 namespace test
 {
 
-Outcome Run(const std::vector<std::string>& arguments, const std::vector<std::string>& environment)
+Outcome Run(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
+            int output)
 {
-    Pipe output;
-    Pipe errors;
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, output.Writer(), STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, errors.Writer(), STDERR_FILENO);
-    std::vector<std::string> words = arguments;
-    std::vector<std::string> variables = Environment(environment);
-    pid_t child = 0;
-    const int result = posix_spawnp(&child, arguments[0].c_str(), &actions, nullptr, Pointers(words).data(),
-                                    Pointers(variables).data());
-    posix_spawn_file_actions_destroy(&actions);
-    if (result != 0)
-        throw std::runtime_error("cannot run " + arguments[0]);
-
-    Outcome outcome;
-    output.CloseWriter();
-    errors.CloseWriter();
-    Drain(output, outcome.Output, errors, outcome.Errors);
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    outcome.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    return outcome;
+    const TempFile printed(std::tmpfile(), std::fclose);
+    const TempFile errors(std::tmpfile(), std::fclose);
+    if (!printed || !errors)
+        throw std::system_error(errno, std::generic_category(), "tmpfile");
+    ChildProcess child([&] {
+        dup2(output >= 0 ? output : fileno(printed.get()), STDOUT_FILENO);
+        dup2(fileno(errors.get()), STDERR_FILENO);
+        for (const std::string& setting : environment)
+            putenv(const_cast<char*>(setting.c_str()));
+        std::vector<char*> words;
+        for (const std::string& argument : arguments)
+            words.push_back(const_cast<char*>(argument.c_str()));
+        words.push_back(nullptr);
+        execvp(words[0], words.data());
+        return notFound;
+    });
+    const int status = child.Wait();
+    return {status, Contents(*printed), Contents(*errors)};
 }
 
 } // namespace test

@@ -8,13 +8,15 @@ namespace test
 {
 
 struct Outcome {
-    int Status = -1; // exit status, or 128 and the number of the signal that ended it
+    int Status = 0; // exit status, or the number of the signal that ended it, with a minus
     std::string Output;
     std::string Errors;
 };
 
 // Runs arguments[0] (found on the search path) with this process's environment, in which the settings
-// "NAME=VALUE" stand; waits for its end.
-Outcome Run(const std::vector<std::string>& arguments, const std::vector<std::string>& environment);
+// "NAME=VALUE" stand and names without a value don't; waits for its end. What it prints goes to the
+// descriptor, if one is given.
+Outcome Run(const std::vector<std::string>& arguments, const std::vector<std::string>& environment,
+            int output = -1);
 
 } // namespace test

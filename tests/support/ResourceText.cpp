@@ -17,10 +17,9 @@ std::string Of(const ResourceName& name)
     return name.Number ? '#' + std::to_string(name.Number) : '\'' + ToUtf8(name.Text) + '\'';
 }
 
-std::string Of(const DialogRect& r)
+std::ostream& operator<<(std::ostream& out, const DialogRect& r)
 {
-    return std::to_string(r.X) + ',' + std::to_string(r.Y) + ',' + std::to_string(r.Width) + ',' +
-           std::to_string(r.Height);
+    return out << r.X << ',' << r.Y << ',' << r.Width << ',' << r.Height;
 }
 
 // One line for each item, indented by its level.
@@ -45,14 +44,14 @@ std::string DialogText(std::span<const std::byte> bytes)
         return {};
     std::ostringstream out;
     out << dialog->HelpId << ' ' << std::hex << dialog->Style << ' ' << dialog->ExStyle << std::dec << " '"
-        << ToUtf8(dialog->Caption) << "' " << Of(dialog->Rect) << "; menu " << Of(dialog->Menu) << ", class "
+        << ToUtf8(dialog->Caption) << "' " << dialog->Rect << "; menu " << Of(dialog->Menu) << ", class "
         << Of(dialog->Class) << '\n';
     if (const auto& font = dialog->Font)
         out << "font " << font->PointSize << ' ' << font->Weight << ' ' << font->Italic << ' '
             << ToUtf8(font->Face) << '\n';
     for (const DialogItem& item : dialog->Items) {
         out << item.Id << ' ' << ToUtf8(item.Class) << ' ' << std::hex << item.Style << std::dec << ' '
-            << Of(item.Title) << ' ' << Of(item.Rect);
+            << Of(item.Title) << ' ' << item.Rect;
         for (const std::byte byte : item.Creation)
             out << " +" << std::to_integer<int>(byte);
         out << (item.ExStyle || item.HelpId ? " extended\n" : "\n");

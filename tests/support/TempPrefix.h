@@ -1,4 +1,4 @@
-// A prefix folder of a test's own, and whole files in it.
+// A prefix folder of a test's own, whole files in it, and variables of the environment.
 #pragma once
 
 #include <cerrno>
@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -14,8 +15,29 @@
 namespace test
 {
 
+// Puts a variable of the environment to a value, null for none; at the end of its life to what it was before.
+class ScopedVariable
+{
+public:
+    ScopedVariable(const char* name, const char* value) : m_name(name)
+    {
+        if (const char* const before = std::getenv(name))
+            m_before = before;
+        Put(value);
+    }
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
+    ~ScopedVariable() { Put(m_before ? m_before->c_str() : nullptr); }
+
+    void Put(const char* value) const { value != nullptr ? setenv(m_name, value, 1) : unsetenv(m_name); }
+
+private:
+    const char* m_name;
+    std::optional<std::string> m_before;
+};
+
 // Makes an empty folder and has STYLEATLAS_PREFIX name it; at the end of its life the folder goes with all
-// that is in it, and the variable is what it was before. One that can't be made raises std::system_error.
+// that is in it. One that can't be made raises std::system_error.
 class TempPrefix
 {
 public:
@@ -25,18 +47,12 @@ public:
         if (mkdtemp(folder.data()) == nullptr)
             throw std::system_error(errno, std::generic_category(), folder);
         m_path = folder;
-        if (const char* const before = std::getenv(variable))
-            m_before = before;
-        setenv(variable, folder.c_str(), 1);
+        m_variable.Put(folder.c_str());
     }
     TempPrefix(const TempPrefix&) = delete;
     TempPrefix& operator=(const TempPrefix&) = delete;
     ~TempPrefix()
     {
-        if (m_before.empty())
-            unsetenv(variable);
-        else
-            setenv(variable, m_before.c_str(), 1);
         std::error_code ignored;
         std::filesystem::remove_all(m_path, ignored);
     }
@@ -54,10 +70,8 @@ public:
     }
 
 private:
-    static constexpr const char* variable = "STYLEATLAS_PREFIX";
-
     std::filesystem::path m_path;
-    std::string m_before;
+    ScopedVariable m_variable{"STYLEATLAS_PREFIX", nullptr};
 };
 
 // The bytes of a file; std::runtime_error where it can't be read.
