@@ -24,7 +24,7 @@ Picture::Picture(int width, int height, const RECT& clip)
 char Picture::At(int x, int y) const
 {
     for (const auto& [color, character] : kinds) {
-        if (m_pixels.at(IndexOf(x, y)) == gdi::ToPixel(color))
+        if (PixelAt(x, y) == gdi::ToPixel(color))
             return character;
     }
     return '?';

@@ -29,6 +29,7 @@ public:
     // Each row ends with a newline.
     std::string Text() const;
     char At(int x, int y) const;
+    gdi::Pixel PixelAt(int x, int y) const { return m_pixels.at(IndexOf(x, y)); }
     int Count(char kind) const;
 
     // The smallest rectangle that holds all pixels of other colours than the paper's.
