@@ -24,18 +24,23 @@ void* Allocate(std::size_t size) noexcept
     return std::malloc(size > 0 ? size : 1);
 }
 
-} // namespace
-
-void* operator new(std::size_t size)
+void* AllocateOrThrow(std::size_t size)
 {
     void* const memory = Allocate(size);
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
 }
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    return AllocateOrThrow(size);
+}
 void* operator new[](std::size_t size)
 {
-    return operator new(size);
+    return AllocateOrThrow(size);
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {

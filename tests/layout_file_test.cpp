@@ -31,29 +31,22 @@ std::string WithBytes(std::string file, std::size_t offset, std::string_view byt
     return file.replace(offset, bytes.size(), bytes);
 }
 
-// A table of three quantities, with two records each and no two fields alike.
+// A table of three quantities, with two records each and no two bytes of a record alike.
 std::string RichFile()
 {
     test::SetUnits(test::SingleQuantities(3));
     k_StyleAtlas atlas;
     atlas.ColumnCount = 2;
     atlas.BuildCatalogue();
-    for (INT_PTR i = 0; i < 3; ++i) {
-        for (int column = 0; column < 2; ++column) {
-            k_LineDef& style = *atlas.GetRowStyle(i, column);
-            const auto seed = static_cast<short>(100 * i + 10 * column);
-            style.Reserved = static_cast<WORD>(0x1234 + seed);
-            style.LineColor = 0x00A1B2C3U + static_cast<DWORD>(seed);
-            style.SymbolColor = 0xFF445566U + static_cast<DWORD>(seed);
-            style.SymbolShape = static_cast<short>(seed + 1);
-            style.SymbolSize = static_cast<short>(seed + 2);
-            style.SymbolFill = static_cast<short>(-seed);
-            style.LineStyle = static_cast<short>(seed + 3);
-            style.LineWidth = static_cast<short>(seed + 4);
-            style.UseSymbolColor = column == 1;
+    std::string file = BytesOf(atlas);
+    for (std::size_t row = 12; row < file.size(); row += 17 + 2 * 21) {
+        for (const std::size_t record : {row + 17, row + 17 + 21}) {
+            for (std::size_t i = 0; i < 20; ++i)
+                file[record + i] = static_cast<char>(record + i);
+            file[record + 20] = record % 2 == 0; // UseSymbolColor
         }
     }
-    return BytesOf(atlas);
+    return file;
 }
 
 std::size_t ResidentBytes()
