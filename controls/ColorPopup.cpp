@@ -135,7 +135,7 @@ void k_ColorPopup::OnLButtonUp(UINT /*nFlags*/, CPoint /*point*/)
 {
     Default();
     const DWORD position = ::GetMessagePos();
-    const CPoint onScreen(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position)));
+    const POINT onScreen{static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
     Finish(::PtInRect(&m_windowRect, onScreen) != FALSE ? g_msgSelEndOK : g_msgSelEndChange);
 }
 

@@ -45,7 +45,7 @@ private:
     // Where the cells are.
     bool HasDefault() const { return !m_defaultText.IsEmpty(); }
     bool HasMore() const { return !m_moreText.IsEmpty(); }
-    CSize TextSize();
+    SIZE TextSize();
     void ComputeLayout();
     void KeepOnScreen();
     BOOL CellRect(int cell, LPRECT rect) const; // FALSE: no such cell

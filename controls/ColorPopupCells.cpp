@@ -28,9 +28,9 @@ void Widen(RECT& rect, int width)
 // ---- Layout
 
 // With the room around it; 0 by 0 without a text.
-CSize k_ColorPopup::TextSize()
+SIZE k_ColorPopup::TextSize()
 {
-    CSize greatest;
+    SIZE greatest{};
     if (!HasDefault() && !HasMore())
         return greatest;
     CClientDC dc(this);
@@ -38,8 +38,8 @@ CSize k_ColorPopup::TextSize()
     for (const CString* text : {&m_defaultText, &m_moreText}) {
         if (text->IsEmpty())
             continue;
-        const CSize size = dc.GetTextExtent(*text);
-        greatest = CSize(std::max(greatest.cx, size.cx), std::max(greatest.cy, size.cy));
+        const SIZE size = dc.GetTextExtent(*text);
+        greatest = {std::max(greatest.cx, size.cx), std::max(greatest.cy, size.cy)};
     }
     dc.SelectObject(previous);
     return {greatest.cx + 2 * m_margin, greatest.cy + 4 * m_margin + 2};
@@ -47,7 +47,7 @@ CSize k_ColorPopup::TextSize()
 
 void k_ColorPopup::ComputeLayout()
 {
-    const CSize text = TextSize();
+    const SIZE text = TextSize();
     m_columns = gridColumns;
     m_rows = (m_colorCount + m_columns - 1) / m_columns;
 
