@@ -4,6 +4,7 @@
 #include "support/Gui.h"
 
 #include <ColorDialog.h>
+#include <Desktop.h>
 #include <QApplication>
 #include <QFontMetrics>
 #include <WindowSide.h>
@@ -106,6 +107,11 @@ TEST_F(ColorPopup, GrowsWithItsTexts)
     check(defaults, more, 148, 126 + 2 * m_high);
     check(none, wide, broad + 4, 110 + m_high);
     check(wide, more, broad + 4, 126 + 2 * m_high);
+
+    const int edge = SetEdgeWidth(6); // leaves a cell of 18 less than 5 for its colour
+    Open(none, none);
+    EXPECT_EQ(test::PlaceOf(*popup), CRect(200, 120, 200 + 8 * 19 + 12, 120 + 5 * 19 + 12));
+    SetEdgeWidth(edge);
 }
 
 TEST_F(ColorPopup, StaysOnTheScreen)
