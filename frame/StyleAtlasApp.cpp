@@ -41,3 +41,11 @@ k_UnitQuantities GetUnitQuantities()
                                  list.Count);
     return list;
 }
+
+CString GetUnitSymbol(const QuantityKey& key, k_UnitSymbolMode mode)
+{
+    if (g_App.m_pfnGetSymbol == nullptr)
+        return {};
+    return g_App.m_pfnGetSymbol(key.Quantity, key.SubQuantity, key.Flags, static_cast<WORD>(key.Device),
+                                key.Index, mode);
+}

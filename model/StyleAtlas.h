@@ -38,6 +38,11 @@ public:
     // exception.
     k_LineDef* GetRowStyle(INT_PTR row, int column) const;
 
+    // The text of a row in the outline: the symbol of its quantity and, at level 0, " - " and the name of the
+    // device if it has one; "?" for an empty slot. Empty for an index past the table; a negative one raises
+    // the invalid argument exception.
+    CString GetRowLabel(INT_PTR row) const;
+
     // ---- Catalogue
 
     // Replaces the rows by an outline of the quantities that the unit library reports now, all styles as

@@ -53,3 +53,11 @@ k_UnitQuantities GetUnitQuantities()
             scripted.SubQuantities.data(), scripted.Indexes.data(),
             scripted.Flags.data(),         static_cast<int>(scripted.Quantities.size())};
 }
+
+CString GetUnitSymbol(const QuantityKey& key, k_UnitSymbolMode mode)
+{
+    CString text;
+    text.Format(_T("%u.%u.%u.%d.%u.%d"), key.Quantity, key.SubQuantity, key.Flags, key.Device, key.Index,
+                mode);
+    return text;
+}
