@@ -30,7 +30,7 @@ BOOL CreateControl(CWnd& object, ControlFactory factory, const ControlCreation& 
     CREATESTRUCT told{
         nullptr,       parentHandle, height, width, place.top, place.left, static_cast<LONG>(creation.Style),
         creation.Text, nullptr,      0};
-    if (window.Send(WM_CREATE, 0, reinterpret_cast<LPARAM>(&told)) == notCreated) {
+    if (window.SendContained(WM_CREATE, 0, reinterpret_cast<LPARAM>(&told), notCreated) == notCreated) {
         window.Destroy();
         return FALSE;
     }

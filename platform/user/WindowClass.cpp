@@ -73,7 +73,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
 
     CREATESTRUCT creation{nullptr,        hWndParent,    nHeight,  nWidth, y, x, static_cast<LONG>(dwStyle),
                           lpszWindowName, lpszClassName, dwExStyle};
-    if (window->Send(WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation)) == notCreated) {
+    if (window->SendContained(WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation), notCreated) == notCreated) {
         window->Destroy();
         return FALSE;
     }

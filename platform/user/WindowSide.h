@@ -37,6 +37,10 @@ public:
     // Hands a message to the attached object, and without one to the window's own handling.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
+    // The same for a caller that has Qt above it. What a handler throws ends with the message, whose result
+    // is the failure then.
+    LRESULT SendContained(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, LRESULT failure = 0) noexcept;
+
     // The window's own handling: the Qt event that the message stands for, which is handled once at most;
     // else what the kind of window makes of the message.
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
@@ -44,7 +48,7 @@ public:
     // Sends the last messages, and deletes the widget when the present event is over.
     void Destroy();
 
-    // To the parent: WM_COMMAND with the id and a notification code.
+    // To the parent, on behalf of Qt: WM_COMMAND with the id and a notification code.
     void Notify(UINT code);
 
     void Invalidate(const QRect& rectangle, bool erase);
