@@ -1,15 +1,11 @@
 // Windows of the library's own classes.
-#include "Application.h"
 #include "WindowSide.h"
 
-#include <QtConvert.h>
 #include <afxwin.h>
 #include <map>
 
 namespace
 {
-
-constexpr int notCreated = -1;
 
 struct WindowClass {
     UINT Style;
@@ -55,34 +51,17 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                     int y, int nWidth, int nHeight, HWND hWndParent, UINT nID)
 {
     const auto windowClass = WindowClasses().find(lpszClassName);
-    if (windowClass == WindowClasses().end() || m_hWnd != nullptr || !EnsureApplication())
-        return FALSE;
-    WindowSide* const parent = WindowSide::Of(hWndParent);
     const bool isChild = (dwStyle & WS_CHILD) != 0;
-    if (isChild && parent == nullptr)
-        return FALSE;
-    const Qt::WindowFlags flags = isChild ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint;
-    auto* const window = new PlainWindow(parent != nullptr ? &parent->Widget() : nullptr, flags);
-    window->Style = dwStyle;
-    window->Id = static_cast<int>(nID);
-    window->Background = windowClass->second.Background;
-    window->SetText(lpszWindowName != nullptr ? gdi::ToQString(lpszWindowName) : QString());
-    window->setGeometry(x, y, nWidth, nHeight);
-    window->setEnabled((dwStyle & WS_DISABLED) == 0);
-    SubclassWindow(window->Handle());
-
-    CREATESTRUCT creation{nullptr,        hWndParent,    nHeight,  nWidth, y, x, static_cast<LONG>(dwStyle),
-                          lpszWindowName, lpszClassName, dwExStyle};
-    if (window->SendContained(WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation), notCreated) == notCreated) {
-        window->Destroy();
-        return FALSE;
-    }
-    if ((dwStyle & WS_VISIBLE) != 0) {
-        window->show();
-        if (!isChild) {
-            window->activateWindow();
-            window->setFocus();
-        }
-    }
-    return TRUE;
+    const CREATESTRUCT creation{
+        nullptr,        hWndParent,    nHeight,  nWidth, y, x, static_cast<LONG>(dwStyle),
+        lpszWindowName, lpszClassName, dwExStyle};
+    const auto make = [&](QWidget* parent) -> WindowSide* {
+        if (windowClass == WindowClasses().end())
+            return nullptr;
+        auto* const window =
+            new PlainWindow(parent, isChild ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint);
+        window->Background = windowClass->second.Background;
+        return window;
+    };
+    return WindowSide::Create(*this, creation, nID, make) ? TRUE : FALSE;
 }

@@ -25,6 +25,13 @@ public:
     WindowSide& operator=(const WindowSide&) = delete;
     virtual ~WindowSide();
 
+    // Makes the window of the framework's object by a factory, which gives null where it can't, and sends
+    // WM_CREATE. False, and nothing attached, for an object that has a window, for a child outside of one,
+    // without a display, and when WM_CREATE gave -1 or threw. An object that had none has been sent its last
+    // call then, PostNcDestroy, and may be gone.
+    using Factory = std::function<WindowSide*(QWidget* parent)>;
+    static bool Create(CWnd& object, struct CREATESTRUCT creation, UINT id, const Factory& factory);
+
     // Null for a handle whose window is gone, and for a widget that isn't a window of the layer's.
     static WindowSide* Of(HWND handle);
     static WindowSide* Of(const QWidget* widget);
