@@ -18,7 +18,8 @@ WindowSide* Make(const CREATESTRUCT& creation, UINT id, const WindowSide::Factor
     const bool isMade = Contain([&] {
         WindowSide* const parent = WindowSide::Of(creation.hwndParent);
         const auto style = static_cast<DWORD>(creation.style);
-        if (!EnsureApplication() || ((style & WS_CHILD) != 0 && parent == nullptr))
+        const bool needsParent = (style & WS_CHILD) != 0 || creation.hwndParent != nullptr;
+        if (!EnsureApplication() || (needsParent && parent == nullptr))
             return;
         window = factory(parent != nullptr ? &parent->Widget() : nullptr);
         if (window == nullptr)

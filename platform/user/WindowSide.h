@@ -27,8 +27,8 @@ public:
 
     // Makes the window of the framework's object by a factory, which gives null where it can't, and sends
     // WM_CREATE. False, and nothing attached, for an object that has a window, for a child outside of one,
-    // without a display, and when WM_CREATE gave -1 or threw. An object that had none has been sent its last
-    // call then, PostNcDestroy, and may be gone.
+    // for an owner that isn't one, without a display, and when WM_CREATE gave -1 or threw. An object that had
+    // none has been sent its last call then, PostNcDestroy, and may be gone.
     using Factory = std::function<WindowSide*(QWidget* parent)>;
     static bool Create(CWnd& object, struct CREATESTRUCT creation, UINT id, const Factory& factory);
 
