@@ -106,7 +106,10 @@ protected:
         Note("wheel " + std::to_string(delta));
         return TRUE;
     }
-    afx_msg void OnSettingChange(UINT, LPCTSTR) { Note("settings"); }
+    afx_msg void OnSettingChange(UINT, LPCTSTR)
+    {
+        Note("settings, face " + std::to_string(GetSysColor(COLOR_BTNFACE)));
+    }
     afx_msg void OnTold(NMHDR* header, LRESULT* result)
     {
         Note("told by " + std::to_string(header->idFrom));
@@ -393,12 +396,13 @@ TEST_F(Windows, HearOfTheWheelAndOfOtherSettings)
     ASSERT_TRUE(window.CreatePopup(nullptr));
     test::Settle();
     Heard();
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
     test::TurnWheel(window, -120);
-    test::ChangeSettings();
-    const Sequence told = Heard();
-    ASSERT_GE(told.size(), 2U);
-    EXPECT_EQ(told.front(), "window wheel -120");
-    EXPECT_EQ(told.back(), "window settings");
+    test::ChangeSettings([&] {
+        EXPECT_EQ(test::PixelOf(window, {15, 15}), RGB(255, 0, 255));
+        EXPECT_EQ(Heard(), (Sequence{"window wheel -120", "window settings, face 16711935"}));
+    });
+    EXPECT_EQ(Heard().back(), "window settings, face " + std::to_string(face));
 }
 
 TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)

@@ -1,6 +1,7 @@
 // Windows of the library's own classes.
 #include "WindowSide.h"
 
+#include <QEvent>
 #include <afxwin.h>
 #include <map>
 
@@ -33,6 +34,14 @@ public:
 
 protected:
     bool IsDrawnByMessage() const override { return true; }
+
+    // What was drawn in the colours of before is drawn anew, whoever handles the message of the change.
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+            Invalidate(rect(), true);
+        return WidgetWindow::event(event);
+    }
 };
 
 } // namespace
