@@ -86,6 +86,22 @@ TEST(StringTest, FoldsTheLettersAToZAlone)
     EXPECT_GT(_wcsicmp(_T("\uFFFF"), _T("A")), 0);
 }
 
+TEST(StringTest, ReadsTheNumberThatATextBeginsWith)
+{
+    constexpr std::pair<LPCTSTR, int> cases[] = {
+        {_T("25"), 25},
+        {_T(" \t-07x9"), -7},
+        {_T("+3 4"), 3},
+        {_T("- 1"), 0},
+        {_T(""), 0},
+        {_T("x1"), 0},
+        {_T("2147483648"), INT_MAX},
+        {_T("-99999999999999999999"), INT_MIN},
+    };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(_wtoi(text), number) << ToUtf8(text);
+}
+
 TEST(UnicodeTest, EverySixteenBitTextComesBack)
 {
     constexpr char16_t before[] = {u'a', 0xD800, 0xDBFF, 0xDC00, 0xFFFF};

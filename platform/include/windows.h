@@ -29,6 +29,10 @@ constexpr LONG ERROR_REGISTRY_IO_FAILED = 1016;
 // Compares, folding the letters A to Z only; 0 when equal, else the order of the first difference.
 int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identifier)
 
+// The number that a text begins with, after blanks and a sign; 0 where there is none. A number that an int
+// can't hold gives the nearest one that it can.
+int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
+
 // ---- Run-time modules
 
 // Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when
