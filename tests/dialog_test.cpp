@@ -115,6 +115,14 @@ TEST_F(Dialogs, EndAsTheUserWants)
     EXPECT_EQ(endBy(WM_KEYDOWN, VK_ESCAPE), IDCANCEL);
 }
 
+TEST_F(Dialogs, AreDestroyedWhenTheirStartFails)
+{
+    k_Dialog dialog;
+    dialog.m_init = [](k_Dialog&) -> BOOL { AfxThrowMemoryException(); };
+    EXPECT_THROW(dialog.DoModal(), CMemoryException*);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+}
+
 TEST_F(Dialogs, WithoutATemplateAreNotShown)
 {
     k_Dialog dialog(4711);

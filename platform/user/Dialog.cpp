@@ -30,7 +30,11 @@ std::vector<DialogInitEntry> InitEntriesOf(UINT id)
 QWidget* ParentWidget(const CWnd* parent)
 {
     WindowSide* const window = parent != nullptr ? WindowSide::Of(parent->m_hWnd) : nullptr;
-    return window != nullptr ? window->Widget().window() : QApplication::activeWindow();
+    if (window != nullptr)
+        return window->Widget().window();
+    // A window that has just been destroyed can still count as the active one.
+    QWidget* const active = QApplication::activeWindow();
+    return active != nullptr && active->isVisible() ? active : nullptr;
 }
 
 } // namespace
@@ -50,11 +54,16 @@ INT_PTR CDialog::DoModal()
     }
     m_isEnded = false;
     m_result = IDCANCEL;
-    SubclassWindow(window->Handle());
-    if (OnInitDialog() != FALSE && window)
-        window->FocusFirstControl();
-    if (!m_isEnded && window)
-        window->exec();
+    try {
+        SubclassWindow(window->Handle());
+        if (OnInitDialog() != FALSE && window)
+            window->FocusFirstControl();
+        if (!m_isEnded && window)
+            window->exec();
+    } catch (...) { // the dialog frees what it keeps for its controls
+        DestroyWindow();
+        throw;
+    }
     DestroyWindow();
     return m_result;
 }
