@@ -282,36 +282,6 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
     EXPECT_EQ(Heard(), (Sequence{"parent told by 3", "child hears its own"}));
 }
 
-TEST_F(Windows, GiveTheirTextsAndThoseInThem)
-{
-    k_Witness parent("parent");
-    k_Witness child("child");
-    k_Witness grandchild("grandchild");
-    k_Witness owned("owned");
-    ASSERT_TRUE(parent.CreatePopup(nullptr) && owned.CreatePopup(&parent));
-    ASSERT_TRUE(child.CreateChild(parent, 3) && grandchild.CreateChild(child, 4));
-    WCHAR text[4] = u"abc";
-    EXPECT_EQ(GetWindowTextW(parent.m_hWnd, text, 4), 3);
-    EXPECT_EQ(CString(text), _T("tit"));
-    EXPECT_EQ(GetWindowTextW(nullptr, text, 4), 0);
-    EXPECT_EQ(CString(text), _T(""));
-    static BOOL answer = TRUE;
-    const auto visit = [](HWND window, LPARAM argument) -> BOOL {
-        SetWindowTextW(window, reinterpret_cast<LPCWSTR>(argument));
-        return answer;
-    };
-    EXPECT_TRUE(EnumChildWindows(parent.m_hWnd, visit, reinterpret_cast<LPARAM>(u"all")));
-    answer = FALSE;
-    EXPECT_FALSE(EnumChildWindows(parent.m_hWnd, visit, reinterpret_cast<LPARAM>(u"first")));
-    const std::pair<const CWnd*, LPCTSTR> texts[] = {
-        {&parent, _T("title")}, {&child, _T("first")}, {&grandchild, _T("all")}, {&owned, _T("title")}};
-    for (const auto& [window, expected] : texts) {
-        CString shown;
-        window->GetWindowText(shown);
-        EXPECT_EQ(shown, expected);
-    }
-}
-
 // A window whose only child is tied to a member.
 class k_Dialog : public k_Witness
 {
