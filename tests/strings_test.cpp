@@ -86,6 +86,12 @@ TEST(StringTest, FoldsTheLettersAToZAlone)
     EXPECT_GT(_wcsicmp(_T("\uFFFF"), _T("A")), 0);
 }
 
+TEST(StringTest, ReadsTheNumberThatATextBeginsWith)
+{
+    EXPECT_EQ(_wtoi(_T(" \t-07x9")), -7);
+    EXPECT_EQ(_wtoi(_T("-99999999999999999999")), INT_MIN);
+}
+
 TEST(UnicodeTest, EverySixteenBitTextComesBack)
 {
     constexpr char16_t before[] = {u'a', 0xD800, 0xDBFF, 0xDC00, 0xFFFF};

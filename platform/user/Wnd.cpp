@@ -3,7 +3,6 @@
 #include "WindowSide.h"
 
 #include <QApplication>
-#include <QtConvert.h>
 #include <afxwin.h>
 #include <map>
 #include <memory>
@@ -39,11 +38,6 @@ std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
 {
     static auto* const kept = new std::map<HWND, std::unique_ptr<CWnd>>;
     return *kept;
-}
-
-QString ToQString(LPCTSTR text)
-{
-    return text == nullptr ? QString() : gdi::ToQString(text);
 }
 
 } // namespace
@@ -250,8 +244,7 @@ void CWnd::GetWindowText(CString& rString) const
 
 void CWnd::SetWindowText(LPCTSTR lpszString)
 {
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->SetText(ToQString(lpszString));
+    ::SetWindowTextW(m_hWnd, lpszString);
 }
 
 CFont* CWnd::GetFont() const
