@@ -101,6 +101,7 @@ void ExpectNoText()
     rect = CRect(0, 0, 60, 20);
     EXPECT_EQ(picture.Dc().DrawText(_T("text"), rect, label), 0);
     EXPECT_TRUE(picture.Painted().IsRectEmpty());
+    EXPECT_EQ(GetSysColor(COLOR_3DLIGHT), RGB(223, 223, 223)); // as the desktop's colours aren't known either
 }
 
 TEST(TextWithoutFonts, HasNoSizeAndIsNotDrawn)

@@ -83,6 +83,12 @@ TEST(StringTest, FoldsTheLettersAToZAlone)
     EXPECT_NE(_wcsicmp(_T("@[\\]^"), _T("`{|}~")), 0) << "neighbours of the letters";
 }
 
+TEST(StringTest, ReadsTheNumberThatATextBeginsWith)
+{
+    EXPECT_EQ(_wtoi(_T(" \t-07x9")), -7);
+    EXPECT_EQ(_wtoi(_T("-99999999999999999999")), INT_MIN);
+}
+
 TEST(UnicodeTest, EverySixteenBitTextComesBack)
 {
     constexpr char16_t before[] = {u'a', 0xD800, 0xDBFF, 0xDC00, 0xFFFF};

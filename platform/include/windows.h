@@ -39,6 +39,10 @@ constexpr UINT CP_THREAD_ACP = 3;
 int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, char* target, int size,
                         const char* defaultChar, BOOL* usedDefaultChar);
 
+// The number that a text begins with, after blanks and a sign; 0 where there is none. A number that an int
+// can't hold gives the nearest one that it can.
+int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
+
 // ---- Run-time modules
 
 // Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when

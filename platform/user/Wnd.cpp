@@ -3,7 +3,6 @@
 #include "WindowSide.h"
 
 #include <QApplication>
-#include <QtConvert.h>
 #include <afxwin.h>
 #include <map>
 #include <memory>
@@ -19,16 +18,26 @@ struct CurrentMessage {
 };
 thread_local CurrentMessage currentMessage;
 
+// Puts a message in the place of the one that is being handled, for as long as it lives.
+class MessageInHand
+{
+public:
+    explicit MessageInHand(const CurrentMessage& message) : m_before(std::exchange(currentMessage, message))
+    {
+    }
+    MessageInHand(const MessageInHand&) = delete;
+    MessageInHand& operator=(const MessageInHand&) = delete;
+    ~MessageInHand() { currentMessage = m_before; }
+
+private:
+    CurrentMessage m_before;
+};
+
 // The objects that the framework keeps for windows which nobody attached one to.
 std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
 {
     static auto* const kept = new std::map<HWND, std::unique_ptr<CWnd>>;
     return *kept;
-}
-
-QString ToQString(LPCTSTR text)
-{
-    return text == nullptr ? QString() : gdi::ToQString(text);
 }
 
 } // namespace
@@ -39,10 +48,8 @@ LRESULT WindowSide::Send(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     if (Attached == nullptr)
         return Default(message, wParam, lParam);
-    const CurrentMessage before = std::exchange(currentMessage, {message, wParam, lParam});
-    const LRESULT result = Attached->WindowProc(message, wParam, lParam);
-    currentMessage = before;
-    return result;
+    const MessageInHand inHand({message, wParam, lParam});
+    return Attached->WindowProc(message, wParam, lParam);
 }
 
 CWnd::~CWnd()
@@ -237,8 +244,7 @@ void CWnd::GetWindowText(CString& rString) const
 
 void CWnd::SetWindowText(LPCTSTR lpszString)
 {
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->SetText(ToQString(lpszString));
+    ::SetWindowTextW(m_hWnd, lpszString);
 }
 
 CFont* CWnd::GetFont() const
