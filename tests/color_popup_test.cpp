@@ -291,6 +291,7 @@ TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
     };
     Open(defaults, more);
     EXPECT_EQ(textAt(PointIn(0)), "Schwarz");
+    EXPECT_EQ(textAt({19, m_gridTop + 19}), "Schwarz"); // its last pixel
     EXPECT_EQ(textAt(PointIn(39)), "Weiß");
     EXPECT_EQ(textAt(PointIn(CELL_DEFAULT)) + textAt(PointIn(CELL_MORE)), "");
 }
