@@ -12,5 +12,5 @@ class k_QuantityDesc;
 //
 // Nulls in the list are passed over. List, records and quantity stay the caller's and must outlive the call.
 // The quantity is named in the dialog's title; null names none. Without a parent the active window of the
-// program is it. A failed allocation raises the memory exception, and the records are untouched.
+// program is it. Where memory ends no dialog is shown.
 INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);

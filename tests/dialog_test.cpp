@@ -115,11 +115,29 @@ TEST_F(Dialogs, EndAsTheUserWants)
     EXPECT_EQ(endBy(WM_KEYDOWN, VK_ESCAPE), IDCANCEL);
 }
 
-TEST_F(Dialogs, AreDestroyedWhenTheirStartFails)
+TEST_F(Dialogs, OutliveWhatAHandlerThrows)
 {
-    k_Dialog dialog;
+    class k_Clumsy : public k_Dialog
+    {
+    public:
+        void OnCancel() override
+        {
+            if (++m_tries == 1)
+                AfxThrowFileException(CFileException::diskFull, 0, nullptr);
+            k_Dialog::OnCancel();
+        }
+        int m_tries = 0;
+    };
+    k_Clumsy dialog;
+    dialog.m_init = [](k_Dialog& shown) {
+        for (const int delay : {0, 1})
+            QTimer::singleShot(delay, [&shown] { test::PressKey(shown, VK_ESCAPE); });
+        return TRUE;
+    };
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(dialog.m_tries, 2);
     dialog.m_init = [](k_Dialog&) -> BOOL { AfxThrowMemoryException(); };
-    EXPECT_THROW(dialog.DoModal(), CMemoryException*);
+    EXPECT_EQ(dialog.DoModal(), -1);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 

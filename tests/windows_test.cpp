@@ -1,9 +1,13 @@
 // Windows and messages: what real events become, who sees them in which order, and how a window ends.
 #include "support/Gui.h"
 
+#include <QApplication>
 #include <afxwin.h>
+#include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace
@@ -102,7 +106,10 @@ protected:
         Note("wheel " + std::to_string(delta));
         return TRUE;
     }
-    afx_msg void OnSettingChange(UINT, LPCTSTR) { Note("settings"); }
+    afx_msg void OnSettingChange(UINT, LPCTSTR)
+    {
+        Note("settings, face " + std::to_string(GetSysColor(COLOR_BTNFACE)));
+    }
     afx_msg void OnTold(NMHDR* header, LRESULT* result)
     {
         Note("told by " + std::to_string(header->idFrom));
@@ -282,6 +289,75 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
     EXPECT_EQ(Heard(), (Sequence{"parent told by 3", "child hears its own"}));
 }
 
+// Throws at one message: what the framework throws, standing and on the heap, and what it doesn't.
+class k_Thrower : public k_Witness
+{
+public:
+    explicit k_Thrower(UINT message) : k_Witness("window"), m_message(message) {}
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_SETFONT) {
+            EXPECT_THROW(SendMessage(registered), CInvalidArgException*);
+            return Default(); // of this message still
+        }
+        if (message != m_message)
+            return k_Witness::WindowProc(message, wParam, lParam);
+        Note("throws");
+        if (message == registered)
+            AfxThrowInvalidArgException();
+        if (message == WM_PAINT)
+            throw std::bad_alloc();
+        AfxThrowFileException(CFileException::diskFull, 0, nullptr);
+    }
+
+private:
+    UINT m_message;
+};
+
+TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
+{
+    const auto redraw = [](k_Thrower& window) { window.RedrawWindow(); };
+    const auto destroy = [](k_Thrower& window) { window.DestroyWindow(); };
+    const struct {
+        UINT Message;
+        std::function<void(k_Thrower&)> Act;
+    } ways[] = {
+        {WM_LBUTTONDOWN,
+         [](k_Thrower& window) {
+             test::PressMouse(window, {1, 1});
+         }},
+        {WM_ENABLE, [](k_Thrower& window) { window.EnableWindow(FALSE); }},
+        {WM_ACTIVATEAPP,
+         [](k_Thrower&) {
+             for (const auto state : {Qt::ApplicationInactive, Qt::ApplicationActive})
+                 Q_EMIT qApp->applicationStateChanged(state);
+         }},
+        {WM_PAINT, redraw},
+        {WM_ERASEBKGND, redraw},
+        {WM_DESTROY, destroy},
+        {WM_NCDESTROY, destroy},
+    };
+    for (const auto& [message, act] : ways) {
+        auto window = std::make_unique<k_Thrower>(message);
+        ASSERT_TRUE(window->CreatePopup(nullptr));
+        test::Settle();
+        Heard();
+        act(*window);
+        EXPECT_GE(std::ranges::count(Heard(), "window throws"), 1) << message;
+        EXPECT_EQ(IsWindow(window->m_hWnd) != FALSE, message != WM_DESTROY && message != WM_NCDESTROY);
+        window.reset();
+        test::Settle();
+    }
+    k_Thrower window(registered);
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    window.SendMessage(WM_SETFONT, 77);
+    EXPECT_EQ(window.SendMessage(WM_GETFONT), 77);
+    k_Thrower refused(WM_CREATE);
+    EXPECT_FALSE(refused.CreatePopup(nullptr));
+}
+
 // A window whose only child is tied to a member.
 class k_Dialog : public k_Witness
 {
@@ -320,12 +396,13 @@ TEST_F(Windows, HearOfTheWheelAndOfOtherSettings)
     ASSERT_TRUE(window.CreatePopup(nullptr));
     test::Settle();
     Heard();
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
     test::TurnWheel(window, -120);
-    test::ChangeSettings();
-    const Sequence told = Heard();
-    ASSERT_GE(told.size(), 2U);
-    EXPECT_EQ(told.front(), "window wheel -120");
-    EXPECT_EQ(told.back(), "window settings");
+    test::ChangeSettings([&] {
+        EXPECT_EQ(test::PixelOf(window, {15, 15}), RGB(255, 0, 255));
+        EXPECT_EQ(Heard(), (Sequence{"window wheel -120", "window settings, face 16711935"}));
+    });
+    EXPECT_EQ(Heard().back(), "window settings, face " + std::to_string(face));
 }
 
 TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)

@@ -1,10 +1,11 @@
-// From the layer's types to Qt's.
+// From the layer's types to Qt's and back, and where Qt's are to be had.
 #pragma once
 
 #include "GdiObjects.h"
 
 #include <QColor>
 #include <QFont>
+#include <QGuiApplication>
 #include <QImage>
 #include <QRect>
 #include <QString>
@@ -15,6 +16,13 @@ namespace gdi
 {
 
 constexpr int commonFontHeight = 12; // pixels, of letters
+
+// Whether there is an application object that knows the desktop's fonts and colours; one without windows
+// doesn't.
+inline bool HasDesktop()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
 
 // Shares the pixels.
 inline QImage ToQImage(const Surface& surface)
@@ -27,6 +35,12 @@ inline QImage ToQImage(const Surface& surface)
 inline QColor ToQColor(COLORREF color)
 {
     return QColor::fromRgb(ToPixel(color));
+}
+
+inline COLORREF ToColorRef(const QColor& color)
+{
+    return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
+               static_cast<BYTE>(color.blue()));
 }
 
 // Of a box within a surface.

@@ -36,7 +36,7 @@ private:
             widgets.append(widget);
         for (const QPointer<QWidget>& widget : widgets) {
             if (WindowSide* const window = WindowSide::Of(widget))
-                window->Send(WM_ACTIVATEAPP, isActive ? 1 : 0);
+                window->SendContained(WM_ACTIVATEAPP, isActive ? 1 : 0);
         }
     }
 
@@ -104,4 +104,13 @@ bool EnsureApplication()
         watcher->setParent(application);
     }
     return true;
+}
+
+// A window of ours that has been destroyed is hidden first, and may be the active one for a while still.
+QWidget* DialogOwner(HWND owner)
+{
+    if (WindowSide* const window = WindowSide::Of(owner))
+        return window->Widget().window();
+    QWidget* const active = QApplication::activeWindow();
+    return active != nullptr && active->isVisible() ? active : nullptr;
 }

@@ -1,12 +1,11 @@
 #include "Application.h"
+#include "Contain.h"
 #include "DialogInit.h"
 #include "DialogWindow.h"
 #include "ResourceFile.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <afxwin.h>
-#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -27,16 +26,6 @@ std::vector<DialogInitEntry> InitEntriesOf(UINT id)
     return entries ? std::move(*entries) : std::vector<DialogInitEntry>();
 }
 
-QWidget* ParentWidget(const CWnd* parent)
-{
-    WindowSide* const window = parent != nullptr ? WindowSide::Of(parent->m_hWnd) : nullptr;
-    if (window != nullptr)
-        return window->Widget().window();
-    // A window that has just been destroyed can still count as the active one.
-    QWidget* const active = QApplication::activeWindow();
-    return active != nullptr && active->isVisible() ? active : nullptr;
-}
-
 } // namespace
 
 CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
@@ -44,26 +33,23 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate
 INT_PTR CDialog::DoModal()
 {
     QPointer<DialogWindow> window;
-    try {
+    m_isEnded = false;
+    m_result = notShown;
+    const bool isReady = Contain([&] {
         const std::optional<DialogTemplate> source = TemplateOf(m_nIDTemplate);
         if (!source || !EnsureApplication())
-            return notShown;
-        window = new DialogWindow(*source, ParentWidget(m_pParentWnd));
-    } catch (const std::bad_alloc&) {
-        AfxThrowMemoryException();
-    }
-    m_isEnded = false;
-    m_result = IDCANCEL;
-    try {
+            return;
+        window =
+            new DialogWindow(*source, DialogOwner(m_pParentWnd != nullptr ? m_pParentWnd->m_hWnd : nullptr));
+        m_result = IDCANCEL;
         SubclassWindow(window->Handle());
         if (OnInitDialog() != FALSE && window)
             window->FocusFirstControl();
-        if (!m_isEnded && window)
-            window->exec();
-    } catch (...) { // the dialog frees what it keeps for its controls
-        DestroyWindow();
-        throw;
-    }
+    });
+    if (!isReady)
+        m_result = notShown;
+    else if (!m_isEnded && window)
+        window->exec();
     DestroyWindow();
     return m_result;
 }

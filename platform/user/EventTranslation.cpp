@@ -1,5 +1,6 @@
 // Which message each event becomes.
 #include "Capture.h"
+#include "Contain.h"
 #include "WindowSide.h"
 
 #include <QCursor>
@@ -162,7 +163,10 @@ bool WindowSide::PreTranslate(UINT message, WPARAM wParam, LPARAM lParam)
     const QPoint position = MessagePosition();
     MSG msg{Handle(), message, wParam, lParam, 0, {position.x(), position.y()}};
     for (WindowSide* window = this; window != nullptr; window = window->Parent()) {
-        if (window->Attached != nullptr && window->Attached->PreTranslateMessage(&msg))
+        bool isKept = false;
+        if (window->Attached != nullptr)
+            Contain([&] { isKept = window->Attached->PreTranslateMessage(&msg) != FALSE; });
+        if (isKept)
             return true;
         if (window->m_isGone || window->Widget().isWindow())
             break;
@@ -175,7 +179,7 @@ bool WindowSide::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& eve
 {
     Pending pending{message, event, qtHandling};
     Pending* const before = std::exchange(m_pending, &pending);
-    Send(message, wParam, lParam);
+    SendContained(message, wParam, lParam);
     m_pending = before;
     if (!pending.IsHandledByQt)
         event.accept(); // whoever handled the message has kept the event from Qt

@@ -1,6 +1,7 @@
 #include "WindowSide.h"
 
 #include "Capture.h"
+#include "Contain.h"
 
 #include <DeviceContext.h>
 #include <QCoreApplication>
@@ -48,10 +49,18 @@ WindowSide* WindowSide::Parent()
     return Of(m_widget.parentWidget());
 }
 
+LRESULT WindowSide::SendContained(UINT message, WPARAM wParam, LPARAM lParam, LRESULT failure) noexcept
+{
+    LRESULT result = failure;
+    Contain([&] { result = Send(message, wParam, lParam); });
+    return result;
+}
+
 void WindowSide::Notify(UINT code)
 {
     if (WindowSide* const parent = Parent())
-        parent->Send(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(Id), code), reinterpret_cast<LPARAM>(Handle()));
+        parent->SendContained(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(Id), code),
+                              reinterpret_cast<LPARAM>(Handle()));
 }
 
 void WindowSide::Destroy()
@@ -63,18 +72,19 @@ void WindowSide::Destroy()
     m_widget.deleteLater();
 }
 
-// The window hears that it goes, then the windows in it; then, from the inside out, that they are gone.
+// The window hears that it goes, then the windows in it; then, from the inside out, that they are gone. No
+// handler can keep it, not by an exception either.
 void WindowSide::SendLastMessages()
 {
     if (m_isGone)
         return;
     ReleaseCaptureOf(*this);
-    Send(WM_DESTROY);
+    SendContained(WM_DESTROY);
     for (QObject* const child : m_widget.children()) {
         if (WindowSide* const window = Of(qobject_cast<QWidget*>(child)))
             window->SendLastMessages();
     }
-    Send(WM_NCDESTROY);
+    SendContained(WM_NCDESTROY);
     m_isGone = true;
     Attached = nullptr;
     LiveWindows().erase(this);
@@ -152,7 +162,7 @@ HDC WindowSide::BeginPaint()
     const HDC context = ContextOn(m_invalid.boundingRect());
     m_invalid = {};
     if (context != nullptr && std::exchange(m_erase, false))
-        Send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(context));
+        SendContained(WM_ERASEBKGND, reinterpret_cast<WPARAM>(context));
     return context;
 }
 
@@ -177,7 +187,7 @@ void WindowSide::PaintByMessage(const QRegion& exposed)
 {
     EnsurePixels();
     if (HasInvalid())
-        Send(WM_PAINT);
+        SendContained(WM_PAINT);
     if (m_pixels.isNull())
         return;
     QPainter painter(&m_widget);

@@ -18,6 +18,21 @@ struct CurrentMessage {
 };
 thread_local CurrentMessage currentMessage;
 
+// Puts a message in the place of the one that is being handled, for as long as it lives.
+class MessageInHand
+{
+public:
+    explicit MessageInHand(const CurrentMessage& message) : m_before(std::exchange(currentMessage, message))
+    {
+    }
+    MessageInHand(const MessageInHand&) = delete;
+    MessageInHand& operator=(const MessageInHand&) = delete;
+    ~MessageInHand() { currentMessage = m_before; }
+
+private:
+    CurrentMessage m_before;
+};
+
 // The objects that the framework keeps for windows which nobody attached one to.
 std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
 {
@@ -33,10 +48,8 @@ LRESULT WindowSide::Send(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     if (Attached == nullptr)
         return Default(message, wParam, lParam);
-    const CurrentMessage before = std::exchange(currentMessage, {message, wParam, lParam});
-    const LRESULT result = Attached->WindowProc(message, wParam, lParam);
-    currentMessage = before;
-    return result;
+    const MessageInHand inHand({message, wParam, lParam});
+    return Attached->WindowProc(message, wParam, lParam);
 }
 
 CWnd::~CWnd()
