@@ -34,6 +34,7 @@ BOOL CreateControl(CWnd& object, ControlFactory factory, const ControlCreation& 
         window.Destroy();
         return FALSE;
     }
+    window.SendPendingSize();
     window.Widget().setVisible((creation.Style & WS_VISIBLE) != 0);
     return TRUE;
 }
