@@ -78,4 +78,11 @@ inline QFont ToQFont(const LOGFONTW& wanted)
     return font;
 }
 
+// The application's font for a handle that is none of a font.
+inline QFont ToQFont(HFONT handle)
+{
+    const auto* const font = dynamic_cast<const Font*>(GdiObject::FromHandle(handle));
+    return font != nullptr ? ToQFont(font->Wanted()) : QFont();
+}
+
 } // namespace gdi

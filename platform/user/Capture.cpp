@@ -36,16 +36,16 @@ void SetCaptureTo(WindowSide& window)
     if (captureWindow != nullptr && captureWindow != &window)
         ReleaseCaptureOf(*captureWindow);
     captureWindow = &window;
-    if (window.Widget().isVisible())
-        window.Widget().grabMouse(); // shows us the mouse outside of our windows too
+    if (window.Client().isVisible())
+        window.Client().grabMouse(); // shows us the mouse outside of our windows too
 }
 
 void ReleaseCaptureOf(const WindowSide& window)
 {
     if (captureWindow != &window)
         return;
-    if (QWidget::mouseGrabber() == &captureWindow->Widget())
-        captureWindow->Widget().releaseMouse();
+    if (QWidget::mouseGrabber() == &captureWindow->Client())
+        captureWindow->Client().releaseMouse();
     captureWindow = nullptr;
 }
 
@@ -61,11 +61,11 @@ void SetMessagePosition(QPoint position)
 
 bool RedirectToCapture(const QObject* receiver, QEvent* event)
 {
-    if (captureWindow == nullptr || !IsMouseEvent(*event) || receiver == &captureWindow->Widget() ||
+    if (captureWindow == nullptr || !IsMouseEvent(*event) || receiver == &captureWindow->Client() ||
         !receiver->isWidgetType())
         return false;
     const auto& mouse = *static_cast<QMouseEvent*>(event);
-    QWidget& target = captureWindow->Widget();
+    QWidget& target = captureWindow->Client();
     const QPointF local = target.mapFromGlobal(mouse.globalPosition());
     QMouseEvent redirected(mouse.type(), local, mouse.globalPosition(), mouse.button(), mouse.buttons(),
                            mouse.modifiers(), mouse.pointingDevice());
