@@ -4,6 +4,8 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QCursor>
+#include <QDeadlineTimer>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -287,6 +289,27 @@ TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
     EXPECT_EQ(CWnd::GetCapture(), nullptr);
 }
 
+TEST_F(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr, WS_POPUP));
+    QWidget& widget = WindowSide::Of(window.m_hWnd)->Widget();
+    window.SetCapture();
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    widget.show();
+    const QDeadlineTimer end(std::chrono::seconds(5));
+    while (QWidget::mouseGrabber() == nullptr && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(QWidget::mouseGrabber(), &widget);
+    if (QGuiApplication::platformName() != "xcb")
+        return;
+    Heard();
+    QCursor::setPos(300, 200);
+    while (heard.empty() && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(Heard(), Sequence{"window move 260,170"});
+}
+
 TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
 {
     k_Witness window("window");
@@ -349,7 +372,10 @@ private:
 
 TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
 {
-    const auto redraw = [](k_Thrower& window) { window.RedrawWindow(); };
+    const auto redraw = [](k_Thrower& window) {
+        window.InvalidateRect(nullptr);
+        test::PixelOf(window, {1, 1});
+    };
     const auto destroy = [](k_Thrower& window) { window.DestroyWindow(); };
     const struct {
         UINT Message;
