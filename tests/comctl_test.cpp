@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <WindowSide.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 #include <tuple>
 
@@ -182,6 +183,23 @@ TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
     EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR); // though the list has it
     EXPECT_EQ(Send(CB_INSERTSTRING, 0, _T("8")), 0);
     EXPECT_EQ(FieldText(), _T("17"));
+}
+
+TEST(ControlsModule, TellsItsVersionToWhoeverAsksRightly)
+{
+    for (const LPCTSTR name : {_T("comctl32.dll"), _T("ComCtl32.DLL"), _T("comctl32")}) {
+        const HMODULE module = LoadLibraryW(name);
+        const auto ask = reinterpret_cast<DLLGETVERSIONPROC>(GetProcAddress(module, "DllGetVersion"));
+        ASSERT_NE(ask, nullptr);
+        EXPECT_EQ(GetProcAddress(module, "dllgetversion"), nullptr);
+        EXPECT_TRUE(FreeLibrary(module));
+        DLLVERSIONINFO version{sizeof version, 0, 0, 0, 0};
+        EXPECT_GE(ask(&version), 0);
+        EXPECT_EQ(version.dwMajorVersion, 6U);
+        version.cbSize = 24;
+        EXPECT_LT(ask(&version), 0);
+    }
+    EXPECT_EQ(LoadLibraryW(_T("comctl32.dll.dll")), nullptr);
 }
 
 } // namespace

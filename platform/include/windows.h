@@ -23,6 +23,8 @@ constexpr LONG ERROR_BUSY = 170;
 constexpr LONG ERROR_MORE_DATA = 234;
 constexpr LONG ERROR_BADDB = 1009;
 constexpr LONG ERROR_REGISTRY_IO_FAILED = 1016;
+constexpr HRESULT S_OK = 0;
+constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 
 // ---- Strings
 
@@ -46,7 +48,8 @@ int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
 // ---- Run-time modules
 
 // Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when
-// there is none. A module stays loaded until the process ends.
+// there is none. A module stays loaded until the process ends. "comctl32.dll" is this library's own, and has
+// the entry DllGetVersion.
 HMODULE LoadLibraryW(LPCWSTR fileName);
 
 // True; the module stays.

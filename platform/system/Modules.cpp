@@ -1,8 +1,10 @@
 #include <windows.h>
 
+#include "BuiltInModule.h"
 #include "ModuleFolder.h"
 #include "Unicode.h"
 
+#include <algorithm>
 #include <dlfcn.h>
 #include <new>
 #include <string>
@@ -11,13 +13,11 @@
 namespace
 {
 
-// "name.dll" is libname.so here.
-std::string NativeName(std::string name)
+std::u16string_view WithoutEnding(std::u16string_view name)
 {
-    constexpr std::string_view ending = ".dll";
-    if (name.ends_with(ending))
-        name.erase(name.size() - ending.size());
-    return "lib" + name + ".so";
+    constexpr std::u16string_view ending = u".dll";
+    const std::size_t length = name.size() - std::min(name.size(), ending.size());
+    return _wcsicmp(name.data() + length, ending.data()) == 0 ? name.substr(0, length) : name;
 }
 
 } // namespace
@@ -25,7 +25,10 @@ std::string NativeName(std::string name)
 HMODULE LoadLibraryW(LPCWSTR fileName)
 {
     try {
-        const std::string name = NativeName(ToUtf8(fileName));
+        const std::u16string_view stem = WithoutEnding(fileName);
+        if (BuiltInModule* const module = BuiltInModule::Find(stem))
+            return module->Handle();
+        const std::string name = "lib" + ToUtf8(stem) + ".so";
         void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
         if (module == nullptr)
             module = dlopen((ModuleFolder() + '/' + name).c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -44,10 +47,12 @@ FARPROC GetProcAddress(HMODULE module, const char* name)
 {
     if (module == nullptr)
         return nullptr;
-    const auto* entry = static_cast<const ModuleExport*>(dlsym(module, "ModuleExports"));
+    const BuiltInModule* const builtIn = BuiltInModule::Of(module);
+    const auto* entry = builtIn != nullptr ? builtIn->Exports()
+                                           : static_cast<const ModuleExport*>(dlsym(module, "ModuleExports"));
     for (; entry != nullptr && entry->Name != nullptr; ++entry) {
         if (std::string_view(entry->Name) == name)
             return reinterpret_cast<FARPROC>(entry->Address);
     }
-    return reinterpret_cast<FARPROC>(dlsym(module, name));
+    return builtIn != nullptr ? nullptr : reinterpret_cast<FARPROC>(dlsym(module, name));
 }
