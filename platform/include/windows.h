@@ -34,6 +34,14 @@ int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identif
 // Copies as much as fits into maxLength characters, the terminator included; gives the target.
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int maxLength);
 
+// Takes a path apart: drive with its colon, folder with the separator at its end, name, extension with its
+// dot; what the path lacks becomes empty. Sizes are in characters, terminator included; a null buffer of size
+// 0 isn't filled. Gives 0; 22 (EINVAL) for a null path, or a buffer that is null or has no size, but not
+// both; 34 (ERANGE) for a part that doesn't fit. All buffers are empty after a failure.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+int _wsplitpath_s(LPCWSTR path, LPWSTR drive, std::size_t driveSize, LPWSTR folder, std::size_t folderSize,
+                  LPWSTR name, std::size_t nameSize, LPWSTR extension, std::size_t extensionSize);
+
 constexpr UINT CP_THREAD_ACP = 3;
 
 // Turns a text (of -1 characters: up to its terminator, and that too) into UTF-8, which every code page is
