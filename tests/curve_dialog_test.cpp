@@ -87,6 +87,7 @@ const struct {
      {{{0, 2, 0, red, 0, 1, red, false, 7}}, {{0, 2, 0, red, 0, 1, red, false, 8}}}},
     // The check box has three states for many records, and two once it has been ticked.
     {{coupled, coupled}, {IDC_USE_SYMBOL_COLOR}, {base, base}},
+    {{coupled, coupled}, {IDC_USE_SYMBOL_COLOR, IDC_USE_SYMBOL_COLOR}, {base, base}},
     {{base, other},
      {IDC_USE_SYMBOL_COLOR, IDC_USE_SYMBOL_COLOR, IDC_USE_SYMBOL_COLOR},
      {{{4, 9, 1, 6, PS_DASH, 3, 6, true, 7}}, {{8, 25, 0, 5, PS_DOT, 5, 6, true, 8}}}},
