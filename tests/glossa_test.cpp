@@ -151,11 +151,8 @@ TEST_F(Glossa, PointersStayGoodWhileOthersAreAsked)
     UseLanguage("de");
     k_GlossaW language;
     const TCHAR* const first = language.GetUnStrippedText(_T("Black"), section, true);
-    for (int i = 0; i < 10000; ++i) {
-        CString text;
-        text.Format(_T("text %d"), i);
-        language.GetUnStrippedText(text.GetString(), section, true);
-    }
+    for (int i = 0; i < 10000; ++i)
+        language.GetUnStrippedText(std::u16string(1, static_cast<char16_t>(i)).c_str(), section, true);
     EXPECT_EQ(language.GetUnStrippedText(_T("Black"), section, true), first);
     EXPECT_EQ(std::u16string(first), u"Schwarz");
 }
@@ -165,11 +162,9 @@ TEST_F(Glossa, SpecialFormsOfALanguageComeBeforeTheGeneralOne)
     UseLanguage("aa_BB.UTF-8@m:cc");
     const std::string order[] = {"aa_BB@m", "aa@m", "aa_BB", "aa", "cc"};
     for (const std::string& language : order)
-        Write(language, Compile({{"Styleatlas\4text", language}, {"Styleatlas\4" + language, "only here"}}));
+        Write(language, Compile({{"Styleatlas\4text", language}}));
     for (const std::string& language : order) {
-        const std::u16string name(language.begin(), language.end());
-        EXPECT_EQ(Shown(_T("text")), name);
-        EXPECT_EQ(Shown(_T("cc")), u"only here");
+        EXPECT_EQ(Shown(_T("text")), std::u16string(language.begin(), language.end()));
         fs::remove_all(m_prefix.Path() / language);
     }
 }
