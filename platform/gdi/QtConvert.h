@@ -1,4 +1,4 @@
-// From the layer's types to Qt's.
+// Between the layer's types and Qt's.
 #pragma once
 
 #include "GdiObjects.h"
@@ -27,6 +27,12 @@ inline QImage ToQImage(const Surface& surface)
 inline QColor ToQColor(COLORREF color)
 {
     return QColor::fromRgb(ToPixel(color));
+}
+
+inline COLORREF ToColorRef(const QColor& color)
+{
+    return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
+               static_cast<BYTE>(color.blue()));
 }
 
 // Of a box within a surface.
