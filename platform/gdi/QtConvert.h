@@ -1,4 +1,4 @@
-// From the layer's types to Qt's and back, and where Qt's are to be had.
+// Between the layer's types and Qt's.
 #pragma once
 
 #include "GdiObjects.h"
