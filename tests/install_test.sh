@@ -60,7 +60,7 @@ mkdir -p "${layout%/*}"
 printf damaged >"$layout"
 expect 'a message of the moved tree' 'Fehler: Der Stilatlas kann nicht geladen werden.' \
     "$(LC_ALL=de_DE.UTF-8 moved/bin/atlas-host table 2>&1 >table.txt)"
-gunzip -c moved/share/man/man1/atlas-host.1.gz | tr -d '\\' >man_page
+gunzip -c moved/share/man/man1/atlas-host.1.gz | sed 's/\\-/-/g' >man_page
 for option in $(moved/bin/atlas-host --help | grep -o -- '--[a-z]*'); do
     grep -q -- "$option" man_page || fail "the man page has nothing of $option"
 done
