@@ -31,9 +31,10 @@ int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identif
 
 // ---- Run-time modules
 
-// Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when
-// there is none. A module stays loaded until the process ends.
+// Loads "name.dll", which is a module of the layer's own or else libname.so: by the loader's own search, then
+// beside this library. Null when there is none. A module stays loaded until it has been freed as often.
 HMODULE LoadLibraryW(LPCWSTR fileName);
+BOOL FreeLibrary(HMODULE module);
 
 // Gives an entry of a module: from its table ModuleExports, else from the loader. Null when it has none of
 // that name.
