@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <WindowSide.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 #include <tuple>
 
@@ -164,6 +165,23 @@ TEST_F(Controls, AStaticIsAPlaceForOtherControls)
     test::PressMouse(frame, {80, 5});
     EXPECT_EQ(m_parent.m_input.hwnd, m_parent.m_hWnd);
     EXPECT_EQ(m_parent.m_input.lParam, MAKELPARAM(90, 15));
+}
+
+TEST_F(Controls, HaveAVersion)
+{
+    const HMODULE module = LoadLibraryW(_T("ComCtl32.dll"));
+    ASSERT_NE(module, nullptr);
+    const auto ask = reinterpret_cast<DLLGETVERSIONPROC>(GetProcAddress(module, "DllGetVersion"));
+    ASSERT_NE(ask, nullptr);
+    EXPECT_EQ(GetProcAddress(module, "DllGetOther"), nullptr);
+    DLLVERSIONINFO version{};
+    version.cbSize = sizeof version;
+    EXPECT_GE(ask(&version), 0);
+    EXPECT_EQ(version.dwMajorVersion, 6U);
+    version.cbSize = sizeof version - 1;
+    EXPECT_LT(ask(&version), 0);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(LoadLibraryW(_T("comctl32.dll")), module);
 }
 
 TEST_F(Controls, AButtonIsDrawnByItsOwner)

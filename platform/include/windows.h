@@ -45,9 +45,10 @@ int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
 
 // ---- Run-time modules
 
-// Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when
-// there is none. A module stays loaded until the process ends.
+// Loads "name.dll", which is a module of the layer's own or else libname.so: by the loader's own search, then
+// beside this library. Null when there is none. A module stays loaded until it has been freed as often.
 HMODULE LoadLibraryW(LPCWSTR fileName);
+BOOL FreeLibrary(HMODULE module);
 
 // True; the module stays.
 BOOL FreeLibrary(HMODULE module);
