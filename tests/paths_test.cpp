@@ -54,4 +54,25 @@ TEST(PathsTest, FindsTheNativePath)
         EXPECT_EQ(NativePath(path), expected) << "of " << ::testing::PrintToString(path);
 }
 
+TEST(PathsTest, FindsThePathOfTheDrive)
+{
+    const test::ScopedVariable prefix("STYLEATLAS_PREFIX", "/p");
+    constexpr std::pair<std::string_view, std::u16string_view> cases[] = {
+        {"/p/drive_c/a/b.layout", u"C:\\a\\b.layout"},
+        {"/p/drive_c", u"C:\\"},
+        {"/p/drive_z/\xED\xA0\x80", u"Z:\\\xD800"},
+        // What the drives have no name for.
+        {"/p/drive_", u"/p/drive_"},
+        {"/p/drive_cc/a", u"/p/drive_cc/a"},
+        {"/p/drive_C/a", u"/p/drive_C/a"},
+        {"/p/drive_c/a\\b", u"/p/drive_c/a\\b"},
+        {"/p/drive_c/../a", u"/p/drive_c/../a"},
+        {"/pp/drive_c/a", u"/pp/drive_c/a"},
+        {"/p/drive_c/\xFF", u"/p/drive_c/\uFFFD"},
+        {"", u""},
+    };
+    for (const auto& [native, expected] : cases)
+        EXPECT_EQ(DrivePath(std::string(native)), expected) << "of " << native;
+}
+
 } // namespace
