@@ -1,4 +1,4 @@
-// From the layer's types to Qt's.
+// Between the layer's types and Qt's.
 #pragma once
 
 #include "GdiObjects.h"
@@ -34,6 +34,12 @@ inline Surface ToSurface(QImage& image)
 inline QColor ToQColor(COLORREF color)
 {
     return QColor::fromRgb(ToPixel(color));
+}
+
+inline COLORREF ToColorRef(const QColor& color)
+{
+    return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
+               static_cast<BYTE>(color.blue()));
 }
 
 // Of a box within a surface.

@@ -42,7 +42,7 @@ void WindowSide::EnsurePixels()
     if (m_pixels.size() == size)
         return;
     m_pixels = QImage(size, QImage::Format_RGB32);
-    m_pixels.fill(gdi::ToQColor(GetSysColor(COLOR_BTNFACE)));
+    m_pixels.fill(Client().palette().color(QPalette::Window));
     m_invalid = Client().rect();
     m_erase = true;
 }
