@@ -33,6 +33,13 @@ inline QImage ToQImage(const Surface& surface)
             QImage::Format_RGB32};
 }
 
+// Shares the pixels of an image of the same format, 32 bits without alpha.
+inline Surface ToSurface(QImage& image)
+{
+    return {reinterpret_cast<Pixel*>(image.bits()), image.width(), image.height(),
+            image.bytesPerLine() / static_cast<qsizetype>(sizeof(Pixel))};
+}
+
 inline QColor ToQColor(COLORREF color)
 {
     return QColor::fromRgb(ToPixel(color));

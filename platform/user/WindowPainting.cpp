@@ -52,10 +52,8 @@ HDC WindowSide::ContextOn(const QRect& clip)
     EnsurePixels();
     if (m_pixels.isNull())
         return nullptr;
-    const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(m_pixels.bits()), m_pixels.width(),
-                               m_pixels.height(),
-                               m_pixels.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
-    return gdi::CreateSurfaceDC(surface, {clip.left(), clip.top(), clip.right() + 1, clip.bottom() + 1});
+    return gdi::CreateSurfaceDC(gdi::ToSurface(m_pixels),
+                                {clip.left(), clip.top(), clip.right() + 1, clip.bottom() + 1});
 }
 
 HDC WindowSide::BeginPaint()

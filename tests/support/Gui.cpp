@@ -99,6 +99,20 @@ void ReleaseMouse(CWnd& window, CPoint point)
     SendMouse(window, point, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
 }
 
+void ClickTwice(CWnd& window, CPoint point)
+{
+    PressMouse(window, point);
+    ReleaseMouse(window, point);
+    SendMouse(window, point, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton);
+    ReleaseMouse(window, point);
+}
+
+void ClickRight(CWnd& window, CPoint point)
+{
+    SendMouse(window, point, QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton);
+    SendMouse(window, point, QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton);
+}
+
 void PressKey(CWnd& window, UINT virtualKey)
 {
     const bool isOnNumberPad = virtualKey == VK_ADD || virtualKey == VK_SUBTRACT;
