@@ -87,6 +87,6 @@ for name in libstyleatlas-dev atlas-host; do
     [[ $(field $name Depends) = "libstyleatlas1 (= $version)"* ]] || fail "$name does not depend on its libraries"
 done
 [[ $(field atlas-host Depends) = *libqt6widgets6* ]] || fail 'the program lacks a dependency'
-objdump -p "$(find root/libstyleatlas1 -name libstyleatlas.so.1)" | grep -q 'SONAME *libstyleatlas.so.1$' ||
-    fail 'the package is not named after the soname'
+expect 'the soname' 'libstyleatlas.so.1' \
+    "$(objdump -p "$(find root/libstyleatlas1 -name libstyleatlas.so.1)" | awk '$1 == "SONAME" { print $2 }')"
 expect 'the packaged program' "$(cat table.txt)" "$(LC_ALL=de_DE.UTF-8 root/all/usr/bin/atlas-host table 2>/dev/null)"
