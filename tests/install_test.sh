@@ -61,8 +61,8 @@ printf damaged >"$layout"
 expect 'a message of the moved tree' 'Fehler: Der Stilatlas kann nicht geladen werden.' \
     "$(LC_ALL=de_DE.UTF-8 moved/bin/atlas-host table 2>&1 >table.txt)"
 gunzip -c moved/share/man/man1/atlas-host.1.gz | sed 's/\\-/-/g' >man_page
-for option in $(moved/bin/atlas-host --help | grep -o -- '--[a-z]*'); do
-    grep -q -- "$option" man_page || fail "the man page has nothing of $option"
+for word in $(moved/bin/atlas-host --help | grep -oE '^  (--)?[a-z]+( [a-z]+)?'); do
+    grep -q -- "$word" man_page || fail "the man page has nothing of $word"
 done
 
 (umask 077 && cpack -G DEB --config "$build/CPackConfig.cmake" -B packages >cpack.log 2>&1) || fail "$(cat cpack.log)"
