@@ -42,13 +42,16 @@ QImage PictureOf(QWidget& dialog)
 bool Show(k_LineDefList& styles, k_QuantityDesc* quantity, const char* path)
 {
     bool isWritten = false;
-    QTimer::singleShot(0, [&] {
+    QTimer opened;
+    opened.setSingleShot(true);
+    QObject::connect(&opened, &QTimer::timeout, [&] {
         QWidget* const dialog = QApplication::activeModalWidget();
         if (dialog == nullptr)
             return;
         isWritten = PictureOf(*dialog).save(QString::fromLocal8Bit(path), "PNG");
         dialog->close();
     });
+    opened.start();
     EditStyles(nullptr, &styles, quantity);
     styles.SetSize(0, -1); // the records are the atlas's
     if (!isWritten)

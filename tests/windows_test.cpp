@@ -1,9 +1,18 @@
 // Windows and messages: what real events become, who sees them in which order, and how a window ends.
 #include "support/Gui.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QCursor>
+#include <QDeadlineTimer>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <WindowSide.h>
 #include <afxwin.h>
 #include <algorithm>
+#include <commctrl.h>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -47,9 +56,11 @@ public:
     }
 
     UINT m_stopped = 0;
+    UINT m_passedOn = 0;
     int m_createResult = 0;
     COLORREF m_fill = CLR_INVALID;
     DWORD m_messagePos = 0;
+    std::size_t m_tipLength = 0;
 
 protected:
     static HBRUSH Brush(int color) { return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(color + 1)); }
@@ -118,6 +129,18 @@ protected:
         *result = 6;
     }
     afx_msg void OnRange(UINT id) { Note("command " + std::to_string(id)); }
+    afx_msg void OnContextMenu(CWnd* from, CPoint point)
+    {
+        Note("menu " + At(point) + " of " + std::to_string(from->GetDlgCtrlID()));
+        if (m_passedOn == WM_CONTEXTMENU)
+            Default();
+    }
+    afx_msg void OnNeedText(UINT id, NMHDR* header, LRESULT*)
+    {
+        const POINT point = GetCurrentMessage()->pt;
+        Note("text for " + std::to_string(id) + " at " + At(point));
+        std::u16string(_T("a <b>")).copy(reinterpret_cast<NMTTDISPINFOW*>(header)->szText, m_tipLength);
+    }
 
     DECLARE_MESSAGE_MAP()
 
@@ -143,6 +166,8 @@ ON_WM_MOUSEWHEEL()
 ON_WM_SETTINGCHANGE()
 ON_NOTIFY(-5, 3, ThisClass::OnTold)
 ON_NOTIFY_REFLECT(-6, ThisClass::OnOwnNotification)
+ON_WM_CONTEXTMENU()
+ON_NOTIFY_RANGE(TTN_NEEDTEXTW, 0, 0xFFFF, ThisClass::OnNeedText)
 END_MESSAGE_MAP()
 
 class Windows : public testing::Test
@@ -214,6 +239,11 @@ TEST_F(Windows, InputBecomesMessages)
     EXPECT_EQ(Heard(), (Sequence{"parent move 4,6", "child down 1,2 L", "child up 3,2", "parent key 37"}));
     EXPECT_EQ(child.m_messagePos, static_cast<DWORD>(MAKELPARAM(40 + 10 + 3, 30 + 5 + 2)));
 
+    for (const UINT key : {VK_ADD, VK_SUBTRACT, UINT{'+'}, UINT{'!'}, UINT{'A'}})
+        test::PressKey(parent, key);
+    EXPECT_EQ(Heard(), (Sequence{"parent key 107", "parent key 109", "parent key 187", "parent key 231",
+                                 "parent key 65"}));
+
     parent.m_stopped = WM_KEYDOWN; // a window sees the input of those in it before they do
     test::PressKey(child, VK_LEFT);
     test::PressMouse(child, {1, 2});
@@ -223,6 +253,9 @@ TEST_F(Windows, InputBecomesMessages)
     EXPECT_FALSE(child.IsWindowEnabled());
     child.EnableWindow(TRUE);
     EXPECT_EQ(Heard(), (Sequence{"child disabled", "child enabled"}));
+    child.EnableWindow(FALSE);
+    test::PressMouse(child, {1, 2}); // is its parent's
+    EXPECT_EQ(Heard(), (Sequence{"child disabled", "parent down 11,7 L"}));
 }
 
 TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
@@ -245,6 +278,27 @@ TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
     first.SetCapture();
     first.DestroyWindow();
     EXPECT_EQ(CWnd::GetCapture(), nullptr);
+}
+
+TEST_F(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr, WS_POPUP));
+    QWidget& widget = WindowSide::Of(window.m_hWnd)->Widget();
+    window.SetCapture();
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    widget.show();
+    const QDeadlineTimer end(std::chrono::seconds(5));
+    while (QWidget::mouseGrabber() == nullptr && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(QWidget::mouseGrabber(), &widget);
+    if (QGuiApplication::platformName() != "xcb")
+        return;
+    Heard();
+    QCursor::setPos(300, 200);
+    while (heard.empty() && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(Heard(), Sequence{"window move 260,170"});
 }
 
 TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
@@ -304,7 +358,10 @@ private:
 
 TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
 {
-    const auto redraw = [](k_Thrower& window) { window.RedrawWindow(); };
+    const auto redraw = [](k_Thrower& window) {
+        window.InvalidateRect(nullptr);
+        test::PixelOf(window, {1, 1});
+    };
     const auto destroy = [](k_Thrower& window) { window.DestroyWindow(); };
     const struct {
         UINT Message;
@@ -336,8 +393,9 @@ TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
     }
     k_Thrower window(registered);
     ASSERT_TRUE(window.CreatePopup(nullptr));
-    window.SendMessage(WM_SETFONT, 77);
-    EXPECT_EQ(window.SendMessage(WM_GETFONT), 77);
+    const auto font = reinterpret_cast<LRESULT>(::GetStockObject(DEFAULT_GUI_FONT));
+    window.SendMessage(WM_SETFONT, static_cast<WPARAM>(font));
+    EXPECT_EQ(window.SendMessage(WM_GETFONT), font);
     k_Thrower refused(WM_CREATE);
     EXPECT_FALSE(refused.CreatePopup(nullptr));
 }
@@ -405,6 +463,139 @@ TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
     window.InvalidateRect(nullptr);
     test::Settle();
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(Windows, AskForAContextMenuUpToTheirDialog)
+{
+    k_Witness parent("parent");
+    k_Witness child("child");
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    ASSERT_TRUE(child.CreateChild(parent, 3));
+    child.m_passedOn = parent.m_passedOn = WM_CONTEXTMENU;
+    test::Settle();
+    Heard();
+    QWidget& widget = WindowSide::Of(child.m_hWnd)->Widget();
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        QContextMenuEvent event(reason, {1, 2}, {51, 37});
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+    EXPECT_EQ(Heard(), (Sequence{"child menu 51,37 of 3", "parent menu 51,37 of 3", "child menu -1,-1 of 3",
+                                 "parent menu -1,-1 of 3"}));
+}
+
+TEST_F(Windows, AreAskedForTheTextOfTheirToolTip)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    test::Settle();
+    Heard();
+    const auto rest = [&window] {
+        QHelpEvent event(QEvent::ToolTip, {3, 4}, {43, 34});
+        QCoreApplication::sendEvent(&WindowSide::Of(window.m_hWnd)->Widget(), &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(rest(), "");
+    EXPECT_EQ(Heard(), Sequence{}); // not before it is enabled
+    window.EnableToolTips(TRUE);
+    EXPECT_EQ(rest(), "");
+    EXPECT_EQ(Heard(), Sequence{"window text for 0 at 43,34"});
+    window.m_tipLength = 1;
+    EXPECT_EQ(rest(), "a");
+    window.m_tipLength = 5;
+    EXPECT_NE(rest().indexOf("&lt;b"), -1); // no markup
+}
+
+// A scroll area below a margin, which Qt paints green; nothing of it is drawn by message.
+class Area : public ScrollAreaWindow<QAbstractScrollArea>
+{
+public:
+    explicit Area(QWidget& parent) : ScrollAreaWindow(&parent)
+    {
+        setFrameShape(NoFrame);
+        setViewportMargins(0, 8, 0, 0);
+        setGeometry(10, 5, 40, 40);
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        heard.emplace_back("painted by Qt");
+        QPainter(viewport()).fillRect(viewport()->rect(), Qt::green);
+    }
+    void PaintInto(HDC context) override
+    {
+        heard.emplace_back("painted into");
+        CDC::FromHandle(context)->FillSolidRect(0, 0, 40, 40, RGB(1, 2, 3));
+    }
+};
+
+class k_Area : public k_Witness
+{
+public:
+    k_Area() : k_Witness("area") {}
+    enum { None, ByQt, Into, Part } m_painter = ByQt;
+
+protected:
+    afx_msg void OnPaint()
+    {
+        if (m_painter == ByQt) {
+            Default();
+            Default();      // once is enough
+            RedrawWindow(); // later
+        } else if (m_painter != None) {
+            CPaintDC dc(this);
+            if (m_painter == Into)
+                DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(dc.GetSafeHdc()), 0);
+            dc.FillSolidRect(0, 0, 4, 4, RGB(255, 0, 0));
+        }
+    }
+    afx_msg BOOL OnEraseBkgnd(CDC*) { return TRUE; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(k_Area, k_Witness)
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+END_MESSAGE_MAP()
+
+TEST_F(Windows, CanBeScrollAreasThatQtPaints)
+{
+    k_Witness parent("parent");
+    k_Area area;
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    auto* const widget = new Area(WindowSide::Of(parent.m_hWnd)->Widget());
+    ASSERT_TRUE(area.SubclassWindow(widget->Handle()));
+    test::Settle();
+    CRect client;
+    CRect whole;
+    area.GetClientRect(&client);
+    area.GetWindowRect(&whole);
+    EXPECT_EQ(client, CRect(0, 0, 40, 32));
+    EXPECT_EQ(whole, CRect(50, 35, 90, 75));
+    area.ScreenToClient(&whole);
+    EXPECT_EQ(whole.TopLeft(), CPoint(0, -8));
+
+    Heard();
+    const RECT corner{0, 0, 6, 6};
+    area.RedrawWindow(&corner);
+    EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
+    test::PressMouse(area, {1, 2});
+    area.MoveWindow(0, 0, 50, 40);
+    EXPECT_EQ(Heard(), (Sequence{"area down 1,2 L", "area size 50x32"}));
+    EXPECT_EQ(test::PixelOf(area, {2, 2}), RGB(0, 255, 0));
+    area.m_painter = k_Area::Into;
+    EXPECT_EQ(test::PixelOf(area, {2, 2}), RGB(255, 0, 0));
+    EXPECT_EQ(test::PixelOf(area, {8, 8}), RGB(1, 2, 3));
+    area.m_painter = k_Area::Part;
+    EXPECT_EQ(test::PixelOf(area, {8, 8}), RGB(1, 2, 3)); // nothing has erased it
+    area.m_painter = k_Area::None;
+    Heard();
+    parent.RedrawWindow();
+    EXPECT_EQ(Heard(), Sequence{});
+    area.Detach();
+    EXPECT_EQ(test::PixelOf(parent, {30, 30}), RGB(0, 255, 0)); // by Qt alone
+    EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
 }
 
 } // namespace

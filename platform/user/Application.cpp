@@ -23,7 +23,7 @@ public:
         connect(qApp, &QGuiApplication::applicationStateChanged, this, &Watcher::TellActivation);
     }
 
-    bool eventFilter(QObject* receiver, QEvent* event) override { return RedirectToCapture(receiver, event); }
+    bool eventFilter(QObject* receiver, QEvent* event) override { return ServeCapture(receiver, event); }
 
 private:
     // Every top-level window hears of it, with whether the program is active now.

@@ -10,7 +10,7 @@
 namespace
 {
 
-// Where the top left corner of the window's client area is on the screen.
+// Where the top left corner of a widget is on the screen.
 QPoint OriginOf(const QWidget& widget)
 {
     return widget.mapToGlobal(QPoint(0, 0));
@@ -43,6 +43,12 @@ BOOL IsWindow(HWND handle)
     return WindowSide::Of(handle) != nullptr ? TRUE : FALSE;
 }
 
+LONG GetWindowLongW(HWND handle, int index)
+{
+    const WindowSide* const window = WindowSide::Of(handle);
+    return window != nullptr && index == GWL_ID ? window->Id : 0;
+}
+
 BOOL GetWindowRect(HWND handle, LPRECT rectangle)
 {
     WindowSide* const window = WindowSide::Of(handle);
@@ -59,7 +65,7 @@ BOOL GetClientRect(HWND handle, LPRECT rectangle)
     WindowSide* const window = WindowSide::Of(handle);
     if (window == nullptr)
         return FALSE;
-    *rectangle = {0, 0, window->Widget().width(), window->Widget().height()};
+    *rectangle = {0, 0, window->Client().width(), window->Client().height()};
     return TRUE;
 }
 
@@ -68,7 +74,7 @@ BOOL ScreenToClient(HWND handle, LPPOINT point)
     WindowSide* const window = WindowSide::Of(handle);
     if (window == nullptr)
         return FALSE;
-    const QPoint origin = OriginOf(window->Widget());
+    const QPoint origin = OriginOf(window->Client());
     *point = {point->x - origin.x(), point->y - origin.y()};
     return TRUE;
 }
@@ -78,7 +84,7 @@ BOOL ClientToScreen(HWND handle, LPPOINT point)
     WindowSide* const window = WindowSide::Of(handle);
     if (window == nullptr)
         return FALSE;
-    const QPoint origin = OriginOf(window->Widget());
+    const QPoint origin = OriginOf(window->Client());
     *point = {point->x + origin.x(), point->y + origin.y()};
     return TRUE;
 }
@@ -152,8 +158,28 @@ BOOL RedrawWindow(HWND handle, LPCRECT rectangle, HANDLE /*region*/, UINT flags)
     if (window == nullptr)
         return FALSE;
     if ((flags & RDW_INVALIDATE) != 0)
-        window->Invalidate(PartOf(window->Widget(), rectangle), (flags & RDW_ERASE) != 0);
+        window->Invalidate(PartOf(window->Client(), rectangle), (flags & RDW_ERASE) != 0);
     if ((flags & RDW_UPDATENOW) != 0)
-        window->Widget().repaint();
+        window->UpdateNow();
     return TRUE;
+}
+
+BOOL UpdateWindow(HWND handle)
+{
+    return RedrawWindow(handle, nullptr, nullptr, RDW_UPDATENOW);
+}
+
+HDC GetWindowDC(HWND handle)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    return window != nullptr ? window->GetContext() : nullptr;
+}
+
+int ReleaseDC(HWND handle, HDC context)
+{
+    if (WindowSide* const window = WindowSide::Of(handle))
+        window->ReleaseContext(context);
+    else
+        DeleteDC(context);
+    return context != nullptr ? 1 : 0;
 }
