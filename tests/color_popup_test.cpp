@@ -4,6 +4,7 @@
 #include "support/Gui.h"
 
 #include <ColorDialog.h>
+#include <Desktop.h>
 #include <QApplication>
 #include <QFontMetrics>
 #include <WindowSide.h>
@@ -107,6 +108,11 @@ TEST_F(ColorPopup, GrowsWithItsTexts)
     check(defaults, more, 148, 126 + 2 * m_high);
     check(none, wide, broad + 4, 110 + m_high);
     check(wide, more, broad + 4, 126 + 2 * m_high);
+
+    const int edge = SetEdgeWidth(6); // leaves a cell of 18 less than 5 for its colour
+    Open(none, none);
+    EXPECT_EQ(test::PlaceOf(*popup), CRect(200, 120, 200 + 8 * 19 + 12, 120 + 5 * 19 + 12));
+    SetEdgeWidth(edge);
 }
 
 TEST_F(ColorPopup, StaysOnTheScreen)
@@ -285,6 +291,7 @@ TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
     };
     Open(defaults, more);
     EXPECT_EQ(textAt(PointIn(0)), "Schwarz");
+    EXPECT_EQ(textAt({19, m_gridTop + 19}), "Schwarz"); // its last pixel
     EXPECT_EQ(textAt(PointIn(39)), "Weiß");
     EXPECT_EQ(textAt(PointIn(CELL_DEFAULT)) + textAt(PointIn(CELL_MORE)), "");
 }

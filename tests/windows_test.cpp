@@ -1,12 +1,18 @@
 // Windows and messages: what real events become, who sees them in which order, and how a window ends.
 #include "support/Gui.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QCursor>
 #include <QDeadlineTimer>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
 #include <WindowSide.h>
 #include <afxwin.h>
 #include <algorithm>
+#include <commctrl.h>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -50,10 +56,11 @@ public:
     }
 
     UINT m_stopped = 0;
+    UINT m_passedOn = 0;
     int m_createResult = 0;
-    bool m_deletesItself = false;
     COLORREF m_fill = CLR_INVALID;
     DWORD m_messagePos = 0;
+    std::size_t m_tipLength = 0;
 
 protected:
     static HBRUSH Brush(int color) { return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(color + 1)); }
@@ -73,8 +80,6 @@ protected:
     {
         Note("ncdestroy");
         CWnd::OnNcDestroy();
-        if (m_deletesItself)
-            delete this;
     }
     afx_msg void OnPaint()
     {
@@ -124,6 +129,18 @@ protected:
         *result = 6;
     }
     afx_msg void OnRange(UINT id) { Note("command " + std::to_string(id)); }
+    afx_msg void OnContextMenu(CWnd* from, CPoint point)
+    {
+        Note("menu " + At(point) + " of " + std::to_string(from->GetDlgCtrlID()));
+        if (m_passedOn == WM_CONTEXTMENU)
+            Default();
+    }
+    afx_msg void OnNeedText(UINT id, NMHDR* header, LRESULT*)
+    {
+        const POINT point = GetCurrentMessage()->pt;
+        Note("text for " + std::to_string(id) + " at " + At(point));
+        std::u16string(_T("a <b>")).copy(reinterpret_cast<NMTTDISPINFOW*>(header)->szText, m_tipLength);
+    }
 
     DECLARE_MESSAGE_MAP()
 
@@ -149,6 +166,8 @@ ON_WM_MOUSEWHEEL()
 ON_WM_SETTINGCHANGE()
 ON_NOTIFY(-5, 3, ThisClass::OnTold)
 ON_NOTIFY_REFLECT(-6, ThisClass::OnOwnNotification)
+ON_WM_CONTEXTMENU()
+ON_NOTIFY_RANGE(TTN_NEEDTEXTW, 0, 0xFFFF, ThisClass::OnNeedText)
 END_MESSAGE_MAP()
 
 class Windows : public testing::Test
@@ -162,6 +181,14 @@ protected:
 
     static std::vector<std::string> Heard() { return std::exchange(heard, {}); }
     using Sequence = std::vector<std::string>;
+
+    // Shows the window and what is in it, and forgets what they heard meanwhile.
+    static void Open(k_Witness& window, k_Witness* child = nullptr)
+    {
+        ASSERT_TRUE(window.CreatePopup(nullptr) && (child == nullptr || child->CreateChild(window, 3)));
+        test::Settle();
+        Heard();
+    }
 };
 
 TEST_F(Windows, AreCreatedAndDestroyedFromTheInsideOut)
@@ -200,31 +227,22 @@ TEST_F(Windows, ACreationThatIsRefusedLeavesNothing)
     EXPECT_FALSE(orphan.CreateChild(window, 1)); // no parent to be in
 }
 
-TEST_F(Windows, AnObjectMayDeleteItselfWithItsLastMessage)
-{
-    auto* const window = new k_Witness("window");
-    window->m_deletesItself = true;
-    ASSERT_TRUE(window->CreatePopup(nullptr));
-    test::Settle();
-    SendMessageW(window->m_hWnd, WM_CLOSE, 0, 0);
-    test::Settle();
-    EXPECT_EQ(heard.back(), "window ncdestroy");
-}
-
 TEST_F(Windows, InputBecomesMessages)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     test::MoveMouse(parent, {4, 6});
     test::PressMouse(child, {1, 2});
     test::ReleaseMouse(child, {3, 2});
     test::PressKey(parent, VK_LEFT);
     EXPECT_EQ(Heard(), (Sequence{"parent move 4,6", "child down 1,2 L", "child up 3,2", "parent key 37"}));
     EXPECT_EQ(child.m_messagePos, static_cast<DWORD>(MAKELPARAM(40 + 10 + 3, 30 + 5 + 2)));
+
+    for (const UINT key : {VK_ADD, VK_SUBTRACT, UINT{'+'}, UINT{'!'}, UINT{'A'}})
+        test::PressKey(parent, key);
+    EXPECT_EQ(Heard(), (Sequence{"parent key 107", "parent key 109", "parent key 187", "parent key 231",
+                                 "parent key 65"}));
 
     parent.m_stopped = WM_KEYDOWN; // a window sees the input of those in it before they do
     test::PressKey(child, VK_LEFT);
@@ -235,6 +253,9 @@ TEST_F(Windows, InputBecomesMessages)
     EXPECT_FALSE(child.IsWindowEnabled());
     child.EnableWindow(TRUE);
     EXPECT_EQ(Heard(), (Sequence{"child disabled", "child enabled"}));
+    child.EnableWindow(FALSE);
+    test::PressMouse(child, {1, 2}); // is its parent's
+    EXPECT_EQ(Heard(), (Sequence{"child disabled", "parent down 11,7 L"}));
 }
 
 TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
@@ -283,9 +304,7 @@ TEST_F(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
 TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
     EXPECT_EQ(window.SendMessage(registered, 40, 2), 42);
     window.SendMessage(WM_COMMAND, MAKEWPARAM(7, BN_CLICKED));
     window.SendMessage(WM_COMMAND, MAKEWPARAM(8, BN_CLICKED));
@@ -299,10 +318,7 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     const auto notify = [&](int code) {
         NMHDR header{child.m_hWnd, 3, static_cast<UINT>(code)};
         return parent.SendMessage(WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header));
@@ -368,9 +384,7 @@ TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
     };
     for (const auto& [message, act] : ways) {
         auto window = std::make_unique<k_Thrower>(message);
-        ASSERT_TRUE(window->CreatePopup(nullptr));
-        test::Settle();
-        Heard();
+        Open(*window);
         act(*window);
         EXPECT_GE(std::ranges::count(Heard(), "window throws"), 1) << message;
         EXPECT_EQ(IsWindow(window->m_hWnd) != FALSE, message != WM_DESTROY && message != WM_NCDESTROY);
@@ -379,8 +393,9 @@ TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
     }
     k_Thrower window(registered);
     ASSERT_TRUE(window.CreatePopup(nullptr));
-    window.SendMessage(WM_SETFONT, 77);
-    EXPECT_EQ(window.SendMessage(WM_GETFONT), 77);
+    const auto font = reinterpret_cast<LRESULT>(::GetStockObject(DEFAULT_GUI_FONT));
+    window.SendMessage(WM_SETFONT, static_cast<WPARAM>(font));
+    EXPECT_EQ(window.SendMessage(WM_GETFONT), font);
     k_Thrower refused(WM_CREATE);
     EXPECT_FALSE(refused.CreatePopup(nullptr));
 }
@@ -401,15 +416,12 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 {
     k_Dialog dialog;
     k_Witness template3("template");
-    ASSERT_TRUE(dialog.CreatePopup(nullptr));
-    ASSERT_TRUE(template3.CreateChild(dialog, 3));
+    Open(dialog, &template3);
     const HWND handle = template3.Detach(); // stands without an object, as one that a template made
     EXPECT_TRUE(dialog.UpdateData(FALSE));
     EXPECT_TRUE(dialog.UpdateData(TRUE)); // tied once
     EXPECT_EQ(dialog.m_Control.m_hWnd, handle);
     EXPECT_EQ(dialog.GetDlgItem(3), &dialog.m_Control);
-    test::Settle();
-    Heard();
     test::PressMouse(dialog.m_Control, {1, 1});
     EXPECT_EQ(Heard(), Sequence{"control down 1,1 L"});
     k_Dialog other;
@@ -420,9 +432,7 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 TEST_F(Windows, HearOfTheWheelAndOfOtherSettings)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
     test::TurnWheel(window, -120);
     test::ChangeSettings([&] {
@@ -436,8 +446,7 @@ TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
 {
     k_Witness window("window");
     window.m_fill = RGB(255, 0, 0);
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
+    Open(window);
     EXPECT_EQ(test::PixelOf(window, {5, 5}), RGB(255, 0, 0));
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
     {
@@ -456,18 +465,137 @@ TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
 }
 
-TEST_F(Windows, TheDesktopHasAFontForMessages)
+TEST_F(Windows, AskForAContextMenuUpToTheirDialog)
 {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_LT(metrics.lfMessageFont.lfHeight, 0);
-    metrics.cbSize = 500;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    metrics.cbSize = 499;
-    EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
-    EXPECT_EQ(GetSystemMetrics(-1), 0);
+    k_Witness parent("parent");
+    k_Witness child("child");
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    ASSERT_TRUE(child.CreateChild(parent, 3));
+    child.m_passedOn = parent.m_passedOn = WM_CONTEXTMENU;
+    test::Settle();
+    Heard();
+    QWidget& widget = WindowSide::Of(child.m_hWnd)->Widget();
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        QContextMenuEvent event(reason, {1, 2}, {51, 37});
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+    EXPECT_EQ(Heard(), (Sequence{"child menu 51,37 of 3", "parent menu 51,37 of 3", "child menu -1,-1 of 3",
+                                 "parent menu -1,-1 of 3"}));
+}
+
+TEST_F(Windows, AreAskedForTheTextOfTheirToolTip)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    test::Settle();
+    Heard();
+    const auto rest = [&window] {
+        QHelpEvent event(QEvent::ToolTip, {3, 4}, {43, 34});
+        QCoreApplication::sendEvent(&WindowSide::Of(window.m_hWnd)->Widget(), &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(rest(), "");
+    EXPECT_EQ(Heard(), Sequence{}); // not before it is enabled
+    window.EnableToolTips(TRUE);
+    EXPECT_EQ(rest(), "");
+    EXPECT_EQ(Heard(), Sequence{"window text for 0 at 43,34"});
+    window.m_tipLength = 1;
+    EXPECT_EQ(rest(), "a");
+    window.m_tipLength = 5;
+    EXPECT_NE(rest().indexOf("&lt;b"), -1); // no markup
+}
+
+// A scroll area below a margin, which Qt paints green; nothing of it is drawn by message.
+class Area : public ScrollAreaWindow<QAbstractScrollArea>
+{
+public:
+    explicit Area(QWidget& parent) : ScrollAreaWindow(&parent)
+    {
+        setFrameShape(NoFrame);
+        setViewportMargins(0, 8, 0, 0);
+        setGeometry(10, 5, 40, 40);
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        heard.emplace_back("painted by Qt");
+        QPainter(viewport()).fillRect(viewport()->rect(), Qt::green);
+    }
+    void PaintInto(HDC context) override
+    {
+        heard.emplace_back("painted into");
+        CDC::FromHandle(context)->FillSolidRect(0, 0, 40, 40, RGB(1, 2, 3));
+    }
+};
+
+class k_Area : public k_Witness
+{
+public:
+    k_Area() : k_Witness("area") {}
+    enum { None, ByQt, Into, Part } m_painter = ByQt;
+
+protected:
+    afx_msg void OnPaint()
+    {
+        if (m_painter == ByQt) {
+            Default();
+            Default();      // once is enough
+            RedrawWindow(); // later
+        } else if (m_painter != None) {
+            CPaintDC dc(this);
+            if (m_painter == Into)
+                DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(dc.GetSafeHdc()), 0);
+            dc.FillSolidRect(0, 0, 4, 4, RGB(255, 0, 0));
+        }
+    }
+    afx_msg BOOL OnEraseBkgnd(CDC*) { return TRUE; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(k_Area, k_Witness)
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+END_MESSAGE_MAP()
+
+TEST_F(Windows, CanBeScrollAreasThatQtPaints)
+{
+    k_Witness parent("parent");
+    k_Area area;
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    auto* const widget = new Area(WindowSide::Of(parent.m_hWnd)->Widget());
+    ASSERT_TRUE(area.SubclassWindow(widget->Handle()));
+    test::Settle();
+    CRect client;
+    CRect whole;
+    area.GetClientRect(&client);
+    area.GetWindowRect(&whole);
+    EXPECT_EQ(client, CRect(0, 0, 40, 32));
+    EXPECT_EQ(whole, CRect(50, 35, 90, 75));
+    area.ScreenToClient(&whole);
+    EXPECT_EQ(whole.TopLeft(), CPoint(0, -8));
+
+    Heard();
+    const RECT corner{0, 0, 6, 6};
+    area.RedrawWindow(&corner);
+    EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
+    test::PressMouse(area, {1, 2});
+    area.MoveWindow(0, 0, 50, 40);
+    EXPECT_EQ(Heard(), (Sequence{"area down 1,2 L", "area size 50x32"}));
+    EXPECT_EQ(test::PixelOf(area, {2, 2}), RGB(0, 255, 0));
+    area.m_painter = k_Area::Into;
+    EXPECT_EQ(test::PixelOf(area, {2, 2}), RGB(255, 0, 0));
+    EXPECT_EQ(test::PixelOf(area, {8, 8}), RGB(1, 2, 3));
+    area.m_painter = k_Area::Part;
+    EXPECT_EQ(test::PixelOf(area, {8, 8}), RGB(1, 2, 3)); // nothing has erased it
+    area.m_painter = k_Area::None;
+    Heard();
+    parent.RedrawWindow();
+    EXPECT_EQ(Heard(), Sequence{});
+    area.Detach();
+    EXPECT_EQ(test::PixelOf(parent, {30, 30}), RGB(0, 255, 0)); // by Qt alone
+    EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
 }
 
 } // namespace

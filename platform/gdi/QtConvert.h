@@ -1,4 +1,4 @@
-// From the layer's types to Qt's and back, and where Qt's are to be had.
+// Between the layer's types and Qt's.
 #pragma once
 
 #include "GdiObjects.h"
@@ -76,6 +76,13 @@ inline QFont ToQFont(const LOGFONTW& wanted)
     font.setUnderline(wanted.lfUnderline != 0);
     font.setStrikeOut(wanted.lfStrikeOut != 0);
     return font;
+}
+
+// The application's font for a handle that is none of a font.
+inline QFont ToQFont(HFONT handle)
+{
+    const auto* const font = dynamic_cast<const Font*>(GdiObject::FromHandle(handle));
+    return font != nullptr ? ToQFont(font->Wanted()) : QFont();
 }
 
 } // namespace gdi

@@ -1,7 +1,20 @@
-// The class framework's controls: a push button, a combo box, tooltips; and the system's colour dialog.
+// The class framework's controls: a static, a push button, a combo box, a scroll bar, tooltips; and the
+// system's colour dialog.
 #pragma once
 
 #include <afxwnd.h>
+
+// A text, or a place for something else.
+class CStatic : public CWnd
+{
+};
+
+class CScrollBar : public CWnd
+{
+public:
+    // Moves only by SetScrollInfo: what the user does on it goes to the parent as WM_HSCROLL.
+    virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+};
 
 class CButton : public CWnd
 {

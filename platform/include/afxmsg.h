@@ -73,6 +73,12 @@ protected:                                                                      
 #define ON_WM_LBUTTONUP()       {WM_LBUTTONUP, 0, 0, 0, nullptr, &AfxOnMouse<&ThisClass::OnLButtonUp>},
 #define ON_WM_MOUSEWHEEL()      {WM_MOUSEWHEEL, 0, 0, 0, nullptr, &AfxOnWheel<&ThisClass::OnMouseWheel>},
 #define ON_WM_SETTINGCHANGE()   {WM_SETTINGCHANGE, 0, 0, 0, nullptr, &AfxOnSettingChange<&ThisClass::OnSettingChange>},
+#define ON_WM_LBUTTONDBLCLK()   {WM_LBUTTONDBLCLK, 0, 0, 0, nullptr, &AfxOnMouse<&ThisClass::OnLButtonDblClk>},
+#define ON_WM_HSCROLL()         {WM_HSCROLL, 0, 0, 0, nullptr, &AfxOnScroll<&ThisClass::OnHScroll>},
+#define ON_WM_VSCROLL()         {WM_VSCROLL, 0, 0, 0, nullptr, &AfxOnScroll<&ThisClass::OnVScroll>},
+#define ON_WM_TIMER()           {WM_TIMER, 0, 0, 0, nullptr, &AfxOnTimer<&ThisClass::OnTimer>},
+#define ON_WM_CLOSE()           {WM_CLOSE, 0, 0, 0, nullptr, &AfxOnPlain<&ThisClass::OnClose>},
+#define ON_WM_CONTEXTMENU()     {WM_CONTEXTMENU, 0, 0, 0, nullptr, &AfxOnContextMenu<&ThisClass::OnContextMenu>},
 #define ON_WM_KEYDOWN()         {WM_KEYDOWN, 0, 0, 0, nullptr, &AfxOnKey<&ThisClass::OnKeyDown>},
 #define ON_WM_QUERYNEWPALETTE() {WM_QUERYNEWPALETTE, 0, 0, 0, nullptr, &AfxOnAsked<&ThisClass::OnQueryNewPalette>},
 #define ON_WM_PALETTECHANGED()  {WM_PALETTECHANGED, 0, 0, 0, nullptr, &AfxOnFocus<&ThisClass::OnPaletteChanged>},
@@ -87,6 +93,8 @@ protected:                                                                      
     {WM_COMMAND, 0, first, last, nullptr, &AfxOnCommandId<&handler>},
 #define ON_NOTIFY(code, id, handler)                                                                         \
     {WM_NOTIFY, static_cast<UINT>(code), id, id, nullptr, &AfxOnNotify<&handler>},
+#define ON_NOTIFY_RANGE(code, first, last, handler)                                                          \
+    {WM_NOTIFY, static_cast<UINT>(code), first, last, nullptr, &AfxOnNotifyRange<&handler>},
 #define ON_NOTIFY_REFLECT(code, handler)                                                                     \
     {WM_NOTIFY + WM_REFLECT_BASE, static_cast<UINT>(code), 0, 0, nullptr, &AfxOnNotify<&handler>},
 #define ON_CONTROL_REFLECT(code, handler)                                                                    \

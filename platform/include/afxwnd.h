@@ -5,6 +5,7 @@
 #include <afxdc.h>
 #include <afxmsg.h>
 #include <afxstr.h>
+#include <winscroll.h>
 
 class CWnd;
 
@@ -70,6 +71,16 @@ public:
     BOOL EnableWindow(BOOL bEnable = TRUE); // whether it was disabled before
     BOOL IsWindowEnabled() const;
     CWnd* SetFocus();
+    CWnd* SetActiveWindow();       // of the window that this one is in; the one that was active
+    BOOL ShowWindow(int nCmdShow); // SW_SHOW or SW_HIDE; whether it was shown before
+    void UpdateWindow() { ::UpdateWindow(m_hWnd); }
+
+    BOOL GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
+    BOOL SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
+
+    // From now on the window is sent WM_NOTIFY with TTN_NEEDTEXTW when a tooltip could show at the mouse; no
+    // text, no tooltip.
+    BOOL EnableToolTips(BOOL bEnable = TRUE);
 
     // From SetCapture on all mouse messages come to this window, those outside of it included.
     CWnd* SetCapture();
@@ -107,11 +118,18 @@ protected:
     // Ties controls to members, and moves values, by the DDX functions.
     virtual void DoDataExchange(CDataExchange* pDX);
 
+    // The message that is being handled, with the mouse's place.
+    static const MSG* GetCurrentMessage();
+
     // The window is gone, or couldn't be made; the last call that an object gets from it.
     virtual void PostNcDestroy();
 
     afx_msg int OnCreate(struct CREATESTRUCT* lpCreateStruct);
+    afx_msg void OnDestroy() { Default(); }
     afx_msg void OnNcDestroy();
+    afx_msg void OnSetFocus(CWnd* /*pOldWnd*/) { Default(); }
+    afx_msg void OnHScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
+    afx_msg void OnVScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
 
 private:
     friend class WindowSide;
@@ -222,6 +240,26 @@ template <auto Handler> LRESULT AfxOnKey(CCmdTarget* pTarget, WPARAM wParam, LPA
                      static_cast<UINT>(HIWORD(static_cast<UINT_PTR>(lParam))));
     return 0;
 }
+// A position goes on 16 bits; the bar is null for a window's own one.
+template <auto Handler> LRESULT AfxOnScroll(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    AfxCall<Handler>(pTarget, static_cast<UINT>(LOWORD(wParam)), static_cast<UINT>(HIWORD(wParam)),
+                     CWnd::FromHandle(reinterpret_cast<HWND>(lParam)));
+    return 0;
+}
+template <auto Handler> LRESULT AfxOnTimer(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
+{
+    AfxCall<Handler>(pTarget, static_cast<UINT_PTR>(wParam));
+    return 0;
+}
+// The point is on the screen; -1, -1 from the keyboard.
+template <auto Handler> LRESULT AfxOnContextMenu(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    const auto position = static_cast<UINT_PTR>(lParam);
+    AfxCall<Handler>(pTarget, CWnd::FromHandle(reinterpret_cast<HWND>(wParam)),
+                     CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
+    return 0;
+}
 // The position is the mouse's on the screen.
 template <auto Handler> LRESULT AfxOnWheel(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
 {
@@ -239,6 +277,12 @@ template <auto Handler> LRESULT AfxOnNotify(CCmdTarget* pTarget, WPARAM, LPARAM 
 {
     LRESULT result = 0;
     AfxCall<Handler>(pTarget, reinterpret_cast<NMHDR*>(lParam), &result);
+    return result;
+}
+template <auto Handler> LRESULT AfxOnNotifyRange(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
+{
+    LRESULT result = 0;
+    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), &result);
     return result;
 }
 template <auto Handler> LRESULT AfxOnMessage(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)

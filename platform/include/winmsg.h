@@ -47,11 +47,12 @@ constexpr UINT WM_SETFONT = 0x0030;
 constexpr UINT WM_GETFONT = 0x0031;
 constexpr UINT WM_COMPAREITEM = 0x0039;
 constexpr UINT WM_NOTIFY = 0x004E;
+constexpr UINT WM_CONTEXTMENU = 0x007B;
 constexpr UINT WM_NCDESTROY = 0x0082;
 constexpr UINT WM_KEYDOWN = 0x0100;
 constexpr UINT WM_INITDIALOG = 0x0110;
 constexpr UINT WM_COMMAND = 0x0111;
-constexpr UINT WM_HSCROLL = 0x0114;
+constexpr UINT WM_TIMER = 0x0113;
 constexpr UINT WM_MOUSEMOVE = 0x0200;
 constexpr UINT WM_LBUTTONDOWN = 0x0201;
 constexpr UINT WM_LBUTTONUP = 0x0202;
@@ -71,6 +72,8 @@ constexpr UINT VK_LEFT = 37;
 constexpr UINT VK_UP = 38;
 constexpr UINT VK_RIGHT = 39;
 constexpr UINT VK_DOWN = 40;
+constexpr UINT VK_ADD = 107;      // the number pad's plus
+constexpr UINT VK_SUBTRACT = 109; // the number pad's minus
 
 // Bits of the wParam of mouse messages.
 constexpr WPARAM MK_LBUTTON = 1;
@@ -110,13 +113,29 @@ constexpr UINT CS_HREDRAW = 0x0002;
 constexpr UINT CS_CLASSDC = 0x0040;
 constexpr UINT CS_SAVEBITS = 0x0800;
 
+constexpr int GWL_ID = -12;
+
 BOOL IsWindow(HWND window);
+LONG GetWindowLongW(HWND window, int index);       // of GWL_ID, the window's id
 BOOL GetWindowRect(HWND window, LPRECT rectangle); // in screen coordinates
 BOOL GetClientRect(HWND window, LPRECT rectangle); // left and top are 0
 BOOL ScreenToClient(HWND window, LPPOINT point);
 BOOL ClientToScreen(HWND window, LPPOINT point);
 HWND GetParent(HWND window);          // of a popup, its owner
 HWND GetDlgItem(HWND window, int id); // the window in it that has the id; null if there is none
+
+constexpr int SW_HIDE = 0;
+constexpr int SW_SHOW = 5;
+
+// The text in a window, cut to count characters with the terminating zero, and its length there; the caption
+// of one with a frame.
+int GetWindowTextW(HWND window, LPWSTR text, int count);
+BOOL SetWindowTextW(HWND window, LPCWSTR text);
+
+// Calls for each window in a window, and in those, with the argument, until the callback gives FALSE. A
+// window that goes meanwhile is left out.
+using WNDENUMPROC = BOOL(CALLBACK*)(HWND window, LPARAM argument);
+BOOL EnumChildWindows(HWND window, WNDENUMPROC callback, LPARAM argument);
 
 constexpr UINT RDW_INVALIDATE = 0x0001;
 constexpr UINT RDW_ERASE = 0x0004;
@@ -125,6 +144,11 @@ constexpr UINT RDW_UPDATENOW = 0x0100;
 // Asks for the rectangle, null for all of the window, to be painted again: soon, or before the call returns.
 BOOL InvalidateRect(HWND window, LPCRECT rectangle, BOOL erase);
 BOOL RedrawWindow(HWND window, LPCRECT rectangle, HANDLE region, UINT flags);
+BOOL UpdateWindow(HWND window); // paints now what is invalid
+
+// A context on all of the window, frame included; to be given back.
+HDC GetWindowDC(HWND window);
+int ReleaseDC(HWND window, HDC context);
 
 // ---- The desktop
 
@@ -231,7 +255,13 @@ using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
 using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 using LPCOMPAREITEMSTRUCT = COMPAREITEMSTRUCT*;
 
-// ---- Buttons and combo boxes
+// ---- Statics, buttons and combo boxes
+
+constexpr DWORD SS_LEFT = 0x0000; // as many lines as it takes
+constexpr DWORD SS_LEFTNOWORDWRAP = 0x000C;
+constexpr DWORD SS_TYPEMASK = 0x001F;
+constexpr DWORD SS_PATHELLIPSIS = 0x8000;
+constexpr DWORD SS_ELLIPSISMASK = 0xC000;
 
 constexpr UINT BN_CLICKED = 0;
 constexpr DWORD BS_PUSHBUTTON = 0x0000;

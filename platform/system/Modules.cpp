@@ -35,6 +35,11 @@ HMODULE LoadLibraryW(LPCWSTR fileName)
     }
 }
 
+BOOL FreeLibrary(HMODULE /*module*/)
+{
+    return TRUE;
+}
+
 FARPROC GetProcAddress(HMODULE module, const char* name)
 {
     if (module == nullptr)

@@ -16,7 +16,7 @@ QPoint messagePosition;
 // one that waits for its window manager.
 void GrabIfExposed()
 {
-    QWidget& widget = captureWindow->Widget();
+    QWidget& widget = captureWindow->Client();
     const QWindow* const native = widget.window()->windowHandle();
     if (native != nullptr && native->isExposed() && QWidget::mouseGrabber() != &widget)
         widget.grabMouse();
@@ -54,8 +54,8 @@ void ReleaseCaptureOf(const WindowSide& window)
 {
     if (captureWindow != &window)
         return;
-    if (QWidget::mouseGrabber() == &captureWindow->Widget())
-        captureWindow->Widget().releaseMouse();
+    if (QWidget::mouseGrabber() == &captureWindow->Client())
+        captureWindow->Client().releaseMouse();
     captureWindow = nullptr;
 }
 
@@ -75,10 +75,10 @@ bool ServeCapture(const QObject* receiver, QEvent* event)
         return false;
     if (event->type() == QEvent::Expose)
         GrabIfExposed();
-    if (!IsMouseEvent(*event) || receiver == &captureWindow->Widget() || !receiver->isWidgetType())
+    if (!IsMouseEvent(*event) || receiver == &captureWindow->Client() || !receiver->isWidgetType())
         return false;
     const auto& mouse = *static_cast<QMouseEvent*>(event);
-    QWidget& target = captureWindow->Widget();
+    QWidget& target = captureWindow->Client();
     const QPointF local = target.mapFromGlobal(mouse.globalPosition());
     QMouseEvent redirected(mouse.type(), local, mouse.globalPosition(), mouse.button(), mouse.buttons(),
                            mouse.modifiers(), mouse.pointingDevice());

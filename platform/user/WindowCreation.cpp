@@ -55,6 +55,7 @@ bool WindowSide::Create(CWnd& object, CREATESTRUCT creation, UINT id, const Fact
         window->Destroy();
         return false;
     }
+    window->SendPendingSize();
     QWidget& widget = window->Widget();
     const auto style = static_cast<DWORD>(creation.style);
     widget.setVisible((style & WS_VISIBLE) != 0);

@@ -26,10 +26,15 @@ QWidget& WidgetOf(const CWnd& window)
     return WindowSide::Of(window.m_hWnd)->Widget();
 }
 
+QWidget& ClientOf(const CWnd& window)
+{
+    return WindowSide::Of(window.m_hWnd)->Client();
+}
+
 void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseButton button,
                Qt::MouseButtons buttons)
 {
-    QWidget& widget = WidgetOf(window);
+    QWidget& widget = ClientOf(window);
     const QPointF local(point.x, point.y);
     QMouseEvent event(type, local, widget.mapToGlobal(local), button, buttons, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
@@ -50,6 +55,10 @@ int QtKeyOf(UINT virtualKey)
         return Qt::Key_Escape;
     case VK_RETURN:
         return Qt::Key_Return;
+    case VK_ADD:
+        return Qt::Key_Plus;
+    case VK_SUBTRACT:
+        return Qt::Key_Minus;
     default:
         return static_cast<int>(virtualKey);
     }
@@ -85,13 +94,15 @@ void ReleaseMouse(CWnd& window, CPoint point)
 
 void PressKey(CWnd& window, UINT virtualKey)
 {
-    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey), Qt::NoModifier);
+    const bool isOnNumberPad = virtualKey == VK_ADD || virtualKey == VK_SUBTRACT;
+    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey),
+                    isOnNumberPad ? Qt::KeypadModifier : Qt::NoModifier);
     QApplication::sendEvent(&WidgetOf(window), &event);
 }
 
 void TurnWheel(CWnd& window, int delta)
 {
-    QWidget& widget = WidgetOf(window);
+    QWidget& widget = ClientOf(window);
     const QPointF local(1, 1);
     QWheelEvent event(local, widget.mapToGlobal(local), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
@@ -113,7 +124,7 @@ void ChangeSettings(const std::function<void()>& meanwhile)
 
 COLORREF PixelOf(CWnd& window, CPoint point)
 {
-    const QImage shown = WidgetOf(window).grab().toImage();
+    const QImage shown = ClientOf(window).grab().toImage();
     const QColor color = shown.pixelColor(point.x, point.y);
     return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
                static_cast<BYTE>(color.blue()));

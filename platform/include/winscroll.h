@@ -1,0 +1,50 @@
+// Scrolling: of windows with scroll bars of their own, and of the scroll bar as a control.
+#pragma once
+
+#include <winmsg.h>
+
+constexpr UINT WM_HSCROLL = 0x0114; // low half of wParam a code, high half a position, lParam the control
+constexpr UINT WM_VSCROLL = 0x0115;
+
+constexpr UINT SB_LINELEFT = 0;
+constexpr UINT SB_LINERIGHT = 1;
+constexpr UINT SB_PAGELEFT = 2;
+constexpr UINT SB_PAGERIGHT = 3;
+constexpr UINT SB_THUMBPOSITION = 4;
+constexpr UINT SB_THUMBTRACK = 5;
+constexpr UINT SB_LEFT = 6;
+constexpr UINT SB_RIGHT = 7;
+constexpr UINT SB_ENDSCROLL = 8;
+
+// Which bar: the window's own ones, or the window is the bar.
+constexpr int SB_HORZ = 0;
+constexpr int SB_VERT = 1;
+constexpr int SB_CTL = 2;
+
+constexpr DWORD SBS_BOTTOMALIGN = 0x0004;
+
+constexpr UINT SIF_RANGE = 0x0001;
+constexpr UINT SIF_PAGE = 0x0002;
+constexpr UINT SIF_POS = 0x0004;
+constexpr UINT SIF_TRACKPOS = 0x0010;
+constexpr UINT SIF_ALL = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_TRACKPOS;
+
+// From nMin to nMax, both included, of which nPage are seen at a time; so the highest position is
+// nMax - nPage + 1.
+struct SCROLLINFO {
+    UINT cbSize;
+    UINT fMask;
+    int nMin;
+    int nMax;
+    UINT nPage;
+    int nPos;
+    int nTrackPos; // while the user drags the thumb
+};
+using LPSCROLLINFO = SCROLLINFO*;
+using LPCSCROLLINFO = const SCROLLINFO*;
+
+// What fMask names is read, or set. False for a window without such a bar. A bar that a window doesn't need
+// has nMin equal to nMax. SetScrollInfo serves SB_CTL alone; it gives the position afterwards.
+BOOL GetScrollInfo(HWND window, int bar, LPSCROLLINFO info);
+int SetScrollInfo(HWND window, int bar, LPCSCROLLINFO info, BOOL redraw);
+int GetScrollPos(HWND window, int bar);
