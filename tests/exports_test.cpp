@@ -89,11 +89,6 @@ TEST_F(Exports, AnswerFromTheTableOnceTheHostHasNamedItself)
     EXPECT_EQ(outcome.Status, 0);
 }
 
-TEST_F(Exports, AHostOfAnotherKindGetsTheOtherRules)
-{
-    EXPECT_EQ(Run({"name=tandrell", "get=1,30,0,0,0,0"}).Output, "named\n1: 002AA5 1 10 1 002AA5 0 1 0\n");
-}
-
 TEST_F(Exports, ReloadTakesInWhatTheUnitLibraryReportsNow)
 {
     EXPECT_EQ(Run({"reload", "get=0,20,1,0,1,0"}).Output, "reloaded\n1: 000000 1 10 1 000000 0 1 0\n");
@@ -199,14 +194,6 @@ TEST_F(Exports, TheLanguageLibraryIsAttachedAfterItsObjectStands)
     Isolate({STYLEATLAS_SONAME, MENSURA_LIBRARY});
     fs::copy_file(TRACED_GLOSSA, fs::path(m_program).parent_path() / "libglossa.so.1");
     EXPECT_EQ(Run({"name=Bench"}).Errors, "glossa constructed\nglossa attached\nglossa destroyed\n");
-}
-
-TEST_F(Exports, TheModulesObjectsAreConstructedInOrderAndDestroyedInReverse)
-{
-    EXPECT_EQ(test::Run({TRACED_OBJECTS}, {}).Output,
-              "ColorPopupSelChange\nColorPopupDropdown\nColorPopupCloseUp\nColorPopupSelEndOK\n"
-              "ColorPopupSelEndChange\n+language\n+atlas\n+text\n+text\n+application\nloaded\n"
-              "-application\n-text\n-text\n-atlas\n-language\n");
 }
 
 } // namespace

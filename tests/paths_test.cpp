@@ -3,6 +3,7 @@
 
 #include "support/TempPrefix.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace
@@ -10,24 +11,18 @@ namespace
 
 TEST(PathsTest, ThePrefixIsNamedOrStandsInTheUsersDataFolder)
 {
-    struct Case {
-        const char* Prefix;
-        const char* DataHome;
-        const char* Home;
-        const char* Expected;
-    };
-    constexpr Case cases[] = {
+    constexpr std::array<const char*, 4> cases[] = {
         {"/p//", "/d", "/h", "/p"},
         {"", "/d", "/h", "/d/styleatlas"},
         {nullptr, "/d//", "/h", "/d/styleatlas"},
         {nullptr, "d", "/h", "/h/.local/share/styleatlas"},
         {nullptr, nullptr, "/h", "/h/.local/share/styleatlas"},
     };
-    for (const Case& c : cases) {
-        const test::ScopedVariable prefix("STYLEATLAS_PREFIX", c.Prefix);
-        const test::ScopedVariable data("XDG_DATA_HOME", c.DataHome);
-        const test::ScopedVariable home("HOME", c.Home);
-        EXPECT_EQ(PrefixFolder(), c.Expected);
+    for (const auto& [named, dataHome, userHome, expected] : cases) {
+        const test::ScopedVariable prefix("STYLEATLAS_PREFIX", named);
+        const test::ScopedVariable data("XDG_DATA_HOME", dataHome);
+        const test::ScopedVariable home("HOME", userHome);
+        EXPECT_EQ(PrefixFolder(), expected);
     }
 }
 

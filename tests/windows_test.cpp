@@ -58,7 +58,6 @@ public:
     UINT m_stopped = 0;
     UINT m_passedOn = 0;
     int m_createResult = 0;
-    bool m_deletesItself = false;
     COLORREF m_fill = CLR_INVALID;
     DWORD m_messagePos = 0;
     std::size_t m_tipLength = 0;
@@ -81,8 +80,6 @@ protected:
     {
         Note("ncdestroy");
         CWnd::OnNcDestroy();
-        if (m_deletesItself)
-            delete this;
     }
     afx_msg void OnPaint()
     {
@@ -184,6 +181,14 @@ protected:
 
     static std::vector<std::string> Heard() { return std::exchange(heard, {}); }
     using Sequence = std::vector<std::string>;
+
+    // Shows the window and what is in it, and forgets what they heard meanwhile.
+    static void Open(k_Witness& window, k_Witness* child = nullptr)
+    {
+        ASSERT_TRUE(window.CreatePopup(nullptr) && (child == nullptr || child->CreateChild(window, 3)));
+        test::Settle();
+        Heard();
+    }
 };
 
 TEST_F(Windows, AreCreatedAndDestroyedFromTheInsideOut)
@@ -222,25 +227,11 @@ TEST_F(Windows, ACreationThatIsRefusedLeavesNothing)
     EXPECT_FALSE(orphan.CreateChild(window, 1)); // no parent to be in
 }
 
-TEST_F(Windows, AnObjectMayDeleteItselfWithItsLastMessage)
-{
-    auto* const window = new k_Witness("window");
-    window->m_deletesItself = true;
-    ASSERT_TRUE(window->CreatePopup(nullptr));
-    test::Settle();
-    SendMessageW(window->m_hWnd, WM_CLOSE, 0, 0);
-    test::Settle();
-    EXPECT_EQ(heard.back(), "window ncdestroy");
-}
-
 TEST_F(Windows, InputBecomesMessages)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     test::MoveMouse(parent, {4, 6});
     test::PressMouse(child, {1, 2});
     test::ReleaseMouse(child, {3, 2});
@@ -313,9 +304,7 @@ TEST_F(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
 TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
     EXPECT_EQ(window.SendMessage(registered, 40, 2), 42);
     window.SendMessage(WM_COMMAND, MAKEWPARAM(7, BN_CLICKED));
     window.SendMessage(WM_COMMAND, MAKEWPARAM(8, BN_CLICKED));
@@ -329,10 +318,7 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     const auto notify = [&](int code) {
         NMHDR header{child.m_hWnd, 3, static_cast<UINT>(code)};
         return parent.SendMessage(WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header));
@@ -398,9 +384,7 @@ TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
     };
     for (const auto& [message, act] : ways) {
         auto window = std::make_unique<k_Thrower>(message);
-        ASSERT_TRUE(window->CreatePopup(nullptr));
-        test::Settle();
-        Heard();
+        Open(*window);
         act(*window);
         EXPECT_GE(std::ranges::count(Heard(), "window throws"), 1) << message;
         EXPECT_EQ(IsWindow(window->m_hWnd) != FALSE, message != WM_DESTROY && message != WM_NCDESTROY);
@@ -432,15 +416,12 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 {
     k_Dialog dialog;
     k_Witness template3("template");
-    ASSERT_TRUE(dialog.CreatePopup(nullptr));
-    ASSERT_TRUE(template3.CreateChild(dialog, 3));
+    Open(dialog, &template3);
     const HWND handle = template3.Detach(); // stands without an object, as one that a template made
     EXPECT_TRUE(dialog.UpdateData(FALSE));
     EXPECT_TRUE(dialog.UpdateData(TRUE)); // tied once
     EXPECT_EQ(dialog.m_Control.m_hWnd, handle);
     EXPECT_EQ(dialog.GetDlgItem(3), &dialog.m_Control);
-    test::Settle();
-    Heard();
     test::PressMouse(dialog.m_Control, {1, 1});
     EXPECT_EQ(Heard(), Sequence{"control down 1,1 L"});
     k_Dialog other;
@@ -451,9 +432,7 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 TEST_F(Windows, HearOfTheWheelAndOfOtherSettings)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
     test::TurnWheel(window, -120);
     test::ChangeSettings([&] {
@@ -467,8 +446,7 @@ TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
 {
     k_Witness window("window");
     window.m_fill = RGB(255, 0, 0);
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
+    Open(window);
     EXPECT_EQ(test::PixelOf(window, {5, 5}), RGB(255, 0, 0));
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
     {
@@ -652,20 +630,6 @@ TEST_F(Windows, CanBeScrollAreasThatQtPaints)
     area.Detach();
     EXPECT_EQ(test::PixelOf(parent, {30, 30}), RGB(0, 255, 0)); // by Qt alone
     EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
-}
-
-TEST_F(Windows, TheDesktopHasAFontForMessages)
-{
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_LT(metrics.lfMessageFont.lfHeight, 0);
-    metrics.cbSize = 500;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    metrics.cbSize = 499;
-    EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
-    EXPECT_EQ(GetSystemMetrics(-1), 0);
 }
 
 } // namespace

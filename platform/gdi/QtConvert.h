@@ -1,4 +1,4 @@
-// From the layer's types to Qt's and back, and where Qt's are to be had.
+// Between the layer's types and Qt's.
 #pragma once
 
 #include "GdiObjects.h"
@@ -31,6 +31,13 @@ inline QImage ToQImage(const Surface& surface)
     return {reinterpret_cast<uchar*>(surface.Pixels), surface.Width, surface.Height,
             static_cast<qsizetype>(surface.Stride) * static_cast<qsizetype>(sizeof(Pixel)),
             QImage::Format_RGB32};
+}
+
+// Shares the pixels of an image of the same format, 32 bits without alpha.
+inline Surface ToSurface(QImage& image)
+{
+    return {reinterpret_cast<Pixel*>(image.bits()), image.width(), image.height(),
+            image.bytesPerLine() / static_cast<qsizetype>(sizeof(Pixel))};
 }
 
 inline QColor ToQColor(COLORREF color)

@@ -55,12 +55,9 @@ int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
 
 // ---- Run-time modules
 
-// Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when
-// there is none. A module stays loaded until the process ends. "comctl32.dll" is this library's own, and has
-// the entry DllGetVersion.
+// Loads "name.dll", which is a module of the layer's own or else libname.so: by the loader's own search, then
+// beside this library. Null when there is none. A module stays loaded until it has been freed as often.
 HMODULE LoadLibraryW(LPCWSTR fileName);
-
-// True; the module stays.
 BOOL FreeLibrary(HMODULE module);
 
 // Gives an entry of a module: from its table ModuleExports, else from the loader. Null when it has none of

@@ -259,7 +259,13 @@ using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
 using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 using LPCOMPAREITEMSTRUCT = COMPAREITEMSTRUCT*;
 
-// ---- Buttons and combo boxes
+// ---- Statics, buttons and combo boxes
+
+constexpr DWORD SS_LEFT = 0x0000; // as many lines as it takes
+constexpr DWORD SS_LEFTNOWORDWRAP = 0x000C;
+constexpr DWORD SS_TYPEMASK = 0x001F;
+constexpr DWORD SS_PATHELLIPSIS = 0x8000;
+constexpr DWORD SS_ELLIPSISMASK = 0xC000;
 
 constexpr UINT BN_CLICKED = 0;
 constexpr DWORD BS_PUSHBUTTON = 0x0000;

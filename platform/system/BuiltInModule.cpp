@@ -1,11 +1,9 @@
 #include "BuiltInModule.h"
 
-#include <string>
-
 constinit BuiltInModule* BuiltInModule::s_first = nullptr;
 
-BuiltInModule::BuiltInModule(std::u16string_view name, const ModuleExport* exports)
-    : m_name(name), m_exports(exports), m_next(s_first)
+BuiltInModule::BuiltInModule(LPCWSTR fileName, const ModuleExport* exports)
+    : m_fileName(fileName), m_exports(exports), m_next(s_first)
 {
     s_first = this;
 }
@@ -20,24 +18,18 @@ BuiltInModule::~BuiltInModule()
     }
 }
 
-template <class Condition> BuiltInModule* BuiltInModule::First(Condition fits)
+BuiltInModule* BuiltInModule::Find(LPCWSTR fileName)
 {
-    for (BuiltInModule* known = s_first; known != nullptr; known = known->m_next) {
-        if (fits(*known))
-            return known;
-    }
-    return nullptr;
+    BuiltInModule* known = s_first;
+    while (known != nullptr && _wcsicmp(known->m_fileName, fileName) != 0)
+        known = known->m_next;
+    return known;
 }
 
-BuiltInModule* BuiltInModule::Find(std::u16string_view name)
+const BuiltInModule* BuiltInModule::Of(HMODULE module)
 {
-    const std::u16string wanted(name);
-    return First([&wanted](const BuiltInModule& known) {
-        return _wcsicmp(std::u16string(known.m_name).c_str(), wanted.c_str()) == 0;
-    });
-}
-
-BuiltInModule* BuiltInModule::Of(HMODULE handle)
-{
-    return First([handle](BuiltInModule& known) { return known.Handle() == handle; });
+    BuiltInModule* known = s_first;
+    while (known != nullptr && known->Handle() != module)
+        known = known->m_next;
+    return known;
 }

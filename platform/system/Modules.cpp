@@ -4,7 +4,6 @@
 #include "ModuleFolder.h"
 #include "Unicode.h"
 
-#include <algorithm>
 #include <dlfcn.h>
 #include <new>
 #include <string>
@@ -13,22 +12,32 @@
 namespace
 {
 
-std::u16string_view WithoutEnding(std::u16string_view name)
+// "name.dll" is libname.so here.
+std::string NativeName(std::string name)
 {
-    constexpr std::u16string_view ending = u".dll";
-    const std::size_t length = name.size() - std::min(name.size(), ending.size());
-    return _wcsicmp(name.data() + length, ending.data()) == 0 ? name.substr(0, length) : name;
+    constexpr std::string_view ending = ".dll";
+    if (name.ends_with(ending))
+        name.erase(name.size() - ending.size());
+    return "lib" + name + ".so";
+}
+
+FARPROC FindExport(const ModuleExport* entry, const char* name)
+{
+    for (; entry != nullptr && entry->Name != nullptr; ++entry) {
+        if (std::string_view(entry->Name) == name)
+            return reinterpret_cast<FARPROC>(entry->Address);
+    }
+    return nullptr;
 }
 
 } // namespace
 
 HMODULE LoadLibraryW(LPCWSTR fileName)
 {
+    if (BuiltInModule* const ours = BuiltInModule::Find(fileName))
+        return ours->Handle();
     try {
-        const std::u16string_view stem = WithoutEnding(fileName);
-        if (BuiltInModule* const module = BuiltInModule::Find(stem))
-            return module->Handle();
-        const std::string name = "lib" + ToUtf8(stem) + ".so";
+        const std::string name = NativeName(ToUtf8(fileName));
         void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
         if (module == nullptr)
             module = dlopen((ModuleFolder() + '/' + name).c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -47,12 +56,14 @@ FARPROC GetProcAddress(HMODULE module, const char* name)
 {
     if (module == nullptr)
         return nullptr;
-    const BuiltInModule* const builtIn = BuiltInModule::Of(module);
-    const auto* entry = builtIn != nullptr ? builtIn->Exports()
-                                           : static_cast<const ModuleExport*>(dlsym(module, "ModuleExports"));
-    for (; entry != nullptr && entry->Name != nullptr; ++entry) {
-        if (std::string_view(entry->Name) == name)
-            return reinterpret_cast<FARPROC>(entry->Address);
-    }
-    return builtIn != nullptr ? nullptr : reinterpret_cast<FARPROC>(dlsym(module, name));
+    if (const BuiltInModule* const ours = BuiltInModule::Of(module))
+        return FindExport(ours->Exports(), name);
+    const auto* const table = static_cast<const ModuleExport*>(dlsym(module, "ModuleExports"));
+    const FARPROC listed = FindExport(table, name);
+    return listed != nullptr ? listed : reinterpret_cast<FARPROC>(dlsym(module, name));
+}
+
+BOOL FreeLibrary(HMODULE module)
+{
+    return module != nullptr && (BuiltInModule::Of(module) != nullptr || dlclose(module) == 0) ? TRUE : FALSE;
 }

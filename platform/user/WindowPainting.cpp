@@ -42,7 +42,7 @@ void WindowSide::EnsurePixels()
     if (m_pixels.size() == size)
         return;
     m_pixels = QImage(size, QImage::Format_RGB32);
-    m_pixels.fill(gdi::ToQColor(GetSysColor(COLOR_BTNFACE)));
+    m_pixels.fill(Client().palette().color(QPalette::Window));
     m_invalid = Client().rect();
     m_erase = true;
 }
@@ -52,10 +52,8 @@ HDC WindowSide::ContextOn(const QRect& clip)
     EnsurePixels();
     if (m_pixels.isNull())
         return nullptr;
-    const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(m_pixels.bits()), m_pixels.width(),
-                               m_pixels.height(),
-                               m_pixels.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
-    return gdi::CreateSurfaceDC(surface, {clip.left(), clip.top(), clip.right() + 1, clip.bottom() + 1});
+    return gdi::CreateSurfaceDC(gdi::ToSurface(m_pixels),
+                                {clip.left(), clip.top(), clip.right() + 1, clip.bottom() + 1});
 }
 
 HDC WindowSide::BeginPaint()

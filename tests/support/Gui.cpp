@@ -66,13 +66,6 @@ int QtKeyOf(UINT virtualKey)
 
 } // namespace
 
-// The leak sanitizer asks for it: what the font library keeps for itself until the process ends is no leak of
-// ours.
-extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig\n";
-}
-
 namespace test
 {
 
@@ -97,6 +90,20 @@ void PressMouse(CWnd& window, CPoint point)
 void ReleaseMouse(CWnd& window, CPoint point)
 {
     SendMouse(window, point, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+}
+
+void ClickTwice(CWnd& window, CPoint point)
+{
+    PressMouse(window, point);
+    ReleaseMouse(window, point);
+    SendMouse(window, point, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton);
+    ReleaseMouse(window, point);
+}
+
+void ClickRight(CWnd& window, CPoint point)
+{
+    SendMouse(window, point, QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton);
+    SendMouse(window, point, QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton);
 }
 
 void PressKey(CWnd& window, UINT virtualKey)

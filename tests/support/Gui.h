@@ -14,6 +14,8 @@ void Settle();
 void MoveMouse(CWnd& window, CPoint point);
 void PressMouse(CWnd& window, CPoint point);
 void ReleaseMouse(CWnd& window, CPoint point);
+void ClickTwice(CWnd& window, CPoint point);
+void ClickRight(CWnd& window, CPoint point);
 void PressKey(CWnd& window, UINT virtualKey);
 void TurnWheel(CWnd& window, int delta); // 120 is one notch upward
 
