@@ -1,4 +1,4 @@
-// How the controls open the dialog that edits styles, which stands on a floor above them.
+// How a control has the user edit the styles of what it shows.
 #pragma once
 
 #include <afxwin.h>
@@ -6,7 +6,11 @@
 class k_LineDefList;
 class k_QuantityDesc;
 
-// Lets the user edit the listed records, all at once, in a modal dialog above the parent; on IDOK they have
-// been written. Nulls in the list are passed over. The title names the row, unless that is null. List,
-// records and row stay the caller's. Gives IDOK, IDCANCEL, or -1 where no dialog can be shown.
+// Opens the curve style dialog on the records of a list and gives IDOK, IDCANCEL, or -1 where no dialog can
+// be shown. After IDOK the choices stand in the records themselves; where the records differed and the user
+// chose nothing, each keeps its own value. After anything else they are untouched.
+//
+// Nulls in the list are passed over. List, records and quantity stay the caller's and must outlive the call.
+// The quantity is named in the dialog's title; null names none. Without a parent the active window of the
+// program is it. Where memory ends no dialog is shown.
 INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);

@@ -42,10 +42,10 @@ k_UnitQuantities GetUnitQuantities()
     return list;
 }
 
-CString GetUnitSymbol(const QuantityKey& key, k_UnitSymbolMode mode)
+CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
+                      k_UnitSymbolMode mode)
 {
     if (g_App.m_pfnGetSymbol == nullptr)
         return {};
-    return g_App.m_pfnGetSymbol(key.Quantity, key.SubQuantity, key.Flags, static_cast<WORD>(key.Device),
-                                key.Index, mode);
+    return g_App.m_pfnGetSymbol(quantity, subQuantity, flags, device, index, mode);
 }

@@ -26,7 +26,8 @@ CString SymbolOf(const k_QuantityDesc& row)
 {
     QuantityKey key;
     row.GetKey(key);
-    return GetUnitSymbol(key, unitSymbolForLabel);
+    return GetUnitSymbol(key.Quantity, key.SubQuantity, key.Flags, static_cast<WORD>(key.Device), key.Index,
+                         unitSymbolForLabel);
 }
 
 } // namespace

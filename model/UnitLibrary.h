@@ -1,8 +1,6 @@
 // What the model asks of the unit library. The module that binds the library defines the functions.
 #pragma once
 
-#include "QuantityKey.h"
-
 #include <afxstr.h>
 #include <windows.h>
 
@@ -25,4 +23,5 @@ enum k_UnitSymbolMode { unitSymbolForLabel = 0, unitSymbolForLog = 1 };
 
 // The text that the unit library shows for a quantity, or for a group of them; an empty text where the
 // library is not bound or lacks the entry point. A failed allocation raises the memory exception.
-CString GetUnitSymbol(const QuantityKey& key, k_UnitSymbolMode mode);
+CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
+                      k_UnitSymbolMode mode);

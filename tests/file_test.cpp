@@ -27,15 +27,9 @@ void WriteValues(CArchive& ar)
 
 void ExpectValues(CArchive& ar)
 {
-    bool flag = false;
-    BYTE byte = 0;
-    WORD word = 0;
-    short number = 0;
-    DWORD dword = 0;
-    int integer = 0;
-    ar >> flag >> byte >> word >> number >> dword >> integer;
-    EXPECT_EQ(std::tuple(flag, byte, word, number, dword, integer),
-              std::tuple(true, 0x12, 0xFEDC, -2, 0x89ABCDEFU, -559038737));
+    std::tuple<bool, BYTE, WORD, short, DWORD, int> values;
+    std::apply([&ar](auto&... value) { (ar >> ... >> value); }, values);
+    EXPECT_EQ(values, std::tuple(true, 0x12, 0xFEDC, -2, 0x89ABCDEFU, -559038737));
 }
 
 void WritePadded(int padding, int bufSize)
@@ -123,15 +117,15 @@ TEST(FileTest, ReadsOrdinaryFilesOnlyAndNeverWaits)
         constexpr const TCHAR* paths[] = {_T(""),           _T("C:\\fifo"),    _T("C:\\written"),
                                           _T("C:\\folder"), _T("C:\\missing"), _T("C:\\zero")};
         const int writer = open((folder / "written").c_str(), O_RDWR);
-        int index = writer >= 0 ? 0 : -1;
-        for (const TCHAR* const path : paths) {
+        if (writer < 0)
+            return -1;
+        for (int index = 0; index < 6; ++index) {
             CFile file;
             CMirrorFile mirror;
-            ++index;
-            const bool isWritable = index > 4; // a device, or one that isn't there
-            if (file.Open(path, CFile::modeRead) ||
-                (!isWritable && mirror.Open(path, CFile::modeCreate | CFile::modeWrite)))
-                return index;
+            const bool isWritable = index > 3; // a device, or one that isn't there
+            if (file.Open(paths[index], CFile::modeRead) ||
+                (!isWritable && mirror.Open(paths[index], CFile::modeCreate | CFile::modeWrite)))
+                return index + 1;
         }
         return 0;
     };

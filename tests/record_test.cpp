@@ -136,37 +136,17 @@ TEST(List, DeletesItsRecordsWhenClearedOrDestroyedAndNotWhenEmptiedAsASelection)
     EXPECT_EQ(CountedStyle::Alive, 0);
 }
 
-TEST(List, FindsOutOnWhichPropertiesNeighboursDiffer)
+TEST(List, ComparesNeighboursAlone)
 {
-    using Change = void (*)(k_LineDef&);
-    const struct {
-        bool k_LineDefList::*Flag; // null: differs in what no flag watches
-        Change Differ;
-    } cases[] = {
-        {&k_LineDefList::SameLineStyle, [](k_LineDef& style) { style.LineStyle = 256; }},
-        {&k_LineDefList::SameLineWidth, [](k_LineDef& style) { style.LineWidth = 257; }},
-        {&k_LineDefList::SameLineColor, [](k_LineDef& style) { style.LineColor = 0x01000000; }},
-        {&k_LineDefList::SameSymbolShape, [](k_LineDef& style) { style.SymbolShape = 256; }},
-        {&k_LineDefList::SameSymbolFill, [](k_LineDef& style) { style.SymbolFill = 257; }},
-        {&k_LineDefList::SameSymbolSize, [](k_LineDef& style) { style.SymbolSize = 266; }},
-        {&k_LineDefList::SameSymbolColor, [](k_LineDef& style) { style.SymbolColor = 0x01000000; }},
-        {nullptr, [](k_LineDef& style) { style.UseSymbolColor = true; }},
-    };
-    for (const auto& each : cases) {
-        // Records on the two sides of a null aren't neighbours; a pair that agrees sets nothing right again.
-        k_LineDefList list;
-        for (int i = 0; i < 6; ++i)
-            list.Add(i == 2 ? nullptr : new k_LineDef);
-        each.Differ(*list.GetAt(0));
-        each.Differ(*list.GetAt(1));
-        list.UpdateUniformity();
-        for (const auto& other : cases)
-            EXPECT_TRUE(other.Flag == nullptr || list.*other.Flag);
-        each.Differ(*list.GetAt(3));
-        list.UpdateUniformity();
-        for (const auto& other : cases)
-            EXPECT_TRUE(other.Flag == nullptr || list.*other.Flag == (other.Flag != each.Flag));
-    }
+    k_LineDefList list;
+    for (const int seed : {1, -1, 2}) // nothing is a neighbour of a null
+        list.Add(seed < 0 ? nullptr : NewStyle(seed));
+    list.UpdateUniformity();
+    EXPECT_TRUE(list.SameLineStyle && list.SameSymbolColor);
+    for (const int seed : {3, 3}) // the first differs from its neighbour; the second sets nothing right
+        list.Add(NewStyle(seed));
+    list.UpdateUniformity();
+    EXPECT_FALSE(list.SameLineStyle || list.SameSymbolColor);
 }
 
 } // namespace

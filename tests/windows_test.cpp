@@ -1,9 +1,22 @@
 // Windows and messages: what real events become, who sees them in which order, and how a window ends.
 #include "support/Gui.h"
 
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QCursor>
+#include <QDeadlineTimer>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <WindowSide.h>
 #include <afxwin.h>
+#include <algorithm>
+#include <commctrl.h>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace
@@ -43,10 +56,11 @@ public:
     }
 
     UINT m_stopped = 0;
+    UINT m_passedOn = 0;
     int m_createResult = 0;
-    bool m_deletesItself = false;
     COLORREF m_fill = CLR_INVALID;
     DWORD m_messagePos = 0;
+    std::size_t m_tipLength = 0;
 
 protected:
     static HBRUSH Brush(int color) { return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(color + 1)); }
@@ -66,8 +80,6 @@ protected:
     {
         Note("ncdestroy");
         CWnd::OnNcDestroy();
-        if (m_deletesItself)
-            delete this;
     }
     afx_msg void OnPaint()
     {
@@ -102,7 +114,10 @@ protected:
         Note("wheel " + std::to_string(delta));
         return TRUE;
     }
-    afx_msg void OnSettingChange(UINT, LPCTSTR) { Note("settings"); }
+    afx_msg void OnSettingChange(UINT, LPCTSTR)
+    {
+        Note("settings, face " + std::to_string(GetSysColor(COLOR_BTNFACE)));
+    }
     afx_msg void OnTold(NMHDR* header, LRESULT* result)
     {
         Note("told by " + std::to_string(header->idFrom));
@@ -114,6 +129,18 @@ protected:
         *result = 6;
     }
     afx_msg void OnRange(UINT id) { Note("command " + std::to_string(id)); }
+    afx_msg void OnContextMenu(CWnd* from, CPoint point)
+    {
+        Note("menu " + At(point) + " of " + std::to_string(from->GetDlgCtrlID()));
+        if (m_passedOn == WM_CONTEXTMENU)
+            Default();
+    }
+    afx_msg void OnNeedText(UINT id, NMHDR* header, LRESULT*)
+    {
+        const POINT point = GetCurrentMessage()->pt;
+        Note("text for " + std::to_string(id) + " at " + At(point));
+        std::u16string(_T("a <b>")).copy(reinterpret_cast<NMTTDISPINFOW*>(header)->szText, m_tipLength);
+    }
 
     DECLARE_MESSAGE_MAP()
 
@@ -139,6 +166,8 @@ ON_WM_MOUSEWHEEL()
 ON_WM_SETTINGCHANGE()
 ON_NOTIFY(-5, 3, ThisClass::OnTold)
 ON_NOTIFY_REFLECT(-6, ThisClass::OnOwnNotification)
+ON_WM_CONTEXTMENU()
+ON_NOTIFY_RANGE(TTN_NEEDTEXTW, 0, 0xFFFF, ThisClass::OnNeedText)
 END_MESSAGE_MAP()
 
 class Windows : public testing::Test
@@ -152,6 +181,14 @@ protected:
 
     static std::vector<std::string> Heard() { return std::exchange(heard, {}); }
     using Sequence = std::vector<std::string>;
+
+    // Shows the window and what is in it, and forgets what they heard meanwhile.
+    static void Open(k_Witness& window, k_Witness* child = nullptr)
+    {
+        ASSERT_TRUE(window.CreatePopup(nullptr) && (child == nullptr || child->CreateChild(window, 3)));
+        test::Settle();
+        Heard();
+    }
 };
 
 TEST_F(Windows, AreCreatedAndDestroyedFromTheInsideOut)
@@ -190,31 +227,22 @@ TEST_F(Windows, ACreationThatIsRefusedLeavesNothing)
     EXPECT_FALSE(orphan.CreateChild(window, 1)); // no parent to be in
 }
 
-TEST_F(Windows, AnObjectMayDeleteItselfWithItsLastMessage)
-{
-    auto* const window = new k_Witness("window");
-    window->m_deletesItself = true;
-    ASSERT_TRUE(window->CreatePopup(nullptr));
-    test::Settle();
-    SendMessageW(window->m_hWnd, WM_CLOSE, 0, 0);
-    test::Settle();
-    EXPECT_EQ(heard.back(), "window ncdestroy");
-}
-
 TEST_F(Windows, InputBecomesMessages)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     test::MoveMouse(parent, {4, 6});
     test::PressMouse(child, {1, 2});
     test::ReleaseMouse(child, {3, 2});
     test::PressKey(parent, VK_LEFT);
     EXPECT_EQ(Heard(), (Sequence{"parent move 4,6", "child down 1,2 L", "child up 3,2", "parent key 37"}));
     EXPECT_EQ(child.m_messagePos, static_cast<DWORD>(MAKELPARAM(40 + 10 + 3, 30 + 5 + 2)));
+
+    for (const UINT key : {VK_ADD, VK_SUBTRACT, UINT{'+'}, UINT{'!'}, UINT{'A'}})
+        test::PressKey(parent, key);
+    EXPECT_EQ(Heard(), (Sequence{"parent key 107", "parent key 109", "parent key 187", "parent key 231",
+                                 "parent key 65"}));
 
     parent.m_stopped = WM_KEYDOWN; // a window sees the input of those in it before they do
     test::PressKey(child, VK_LEFT);
@@ -225,6 +253,9 @@ TEST_F(Windows, InputBecomesMessages)
     EXPECT_FALSE(child.IsWindowEnabled());
     child.EnableWindow(TRUE);
     EXPECT_EQ(Heard(), (Sequence{"child disabled", "child enabled"}));
+    child.EnableWindow(FALSE);
+    test::PressMouse(child, {1, 2}); // is its parent's
+    EXPECT_EQ(Heard(), (Sequence{"child disabled", "parent down 11,7 L"}));
 }
 
 TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
@@ -249,12 +280,31 @@ TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
     EXPECT_EQ(CWnd::GetCapture(), nullptr);
 }
 
+TEST_F(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr, WS_POPUP));
+    QWidget& widget = WindowSide::Of(window.m_hWnd)->Widget();
+    window.SetCapture();
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    widget.show();
+    const QDeadlineTimer end(std::chrono::seconds(5));
+    while (QWidget::mouseGrabber() == nullptr && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(QWidget::mouseGrabber(), &widget);
+    if (QGuiApplication::platformName() != "xcb")
+        return;
+    Heard();
+    QCursor::setPos(300, 200);
+    while (heard.empty() && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(Heard(), Sequence{"window move 260,170"});
+}
+
 TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
     EXPECT_EQ(window.SendMessage(registered, 40, 2), 42);
     window.SendMessage(WM_COMMAND, MAKEWPARAM(7, BN_CLICKED));
     window.SendMessage(WM_COMMAND, MAKEWPARAM(8, BN_CLICKED));
@@ -268,10 +318,7 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     const auto notify = [&](int code) {
         NMHDR header{child.m_hWnd, 3, static_cast<UINT>(code)};
         return parent.SendMessage(WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header));
@@ -280,6 +327,77 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
     EXPECT_EQ(notify(-6), 6);
     EXPECT_EQ(notify(-7), 0);
     EXPECT_EQ(Heard(), (Sequence{"parent told by 3", "child hears its own"}));
+}
+
+// Throws at one message: what the framework throws, standing and on the heap, and what it doesn't.
+class k_Thrower : public k_Witness
+{
+public:
+    explicit k_Thrower(UINT message) : k_Witness("window"), m_message(message) {}
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_SETFONT) {
+            EXPECT_THROW(SendMessage(registered), CInvalidArgException*);
+            return Default(); // of this message still
+        }
+        if (message != m_message)
+            return k_Witness::WindowProc(message, wParam, lParam);
+        Note("throws");
+        if (message == registered)
+            AfxThrowInvalidArgException();
+        if (message == WM_PAINT)
+            throw std::bad_alloc();
+        AfxThrowFileException(CFileException::diskFull, 0, nullptr);
+    }
+
+private:
+    UINT m_message;
+};
+
+TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
+{
+    const auto redraw = [](k_Thrower& window) {
+        window.InvalidateRect(nullptr);
+        test::PixelOf(window, {1, 1});
+    };
+    const auto destroy = [](k_Thrower& window) { window.DestroyWindow(); };
+    const struct {
+        UINT Message;
+        std::function<void(k_Thrower&)> Act;
+    } ways[] = {
+        {WM_LBUTTONDOWN,
+         [](k_Thrower& window) {
+             test::PressMouse(window, {1, 1});
+         }},
+        {WM_ENABLE, [](k_Thrower& window) { window.EnableWindow(FALSE); }},
+        {WM_ACTIVATEAPP,
+         [](k_Thrower&) {
+             for (const auto state : {Qt::ApplicationInactive, Qt::ApplicationActive})
+                 Q_EMIT qApp->applicationStateChanged(state);
+         }},
+        {WM_PAINT, redraw},
+        {WM_ERASEBKGND, redraw},
+        {WM_DESTROY, destroy},
+        {WM_NCDESTROY, destroy},
+    };
+    for (const auto& [message, act] : ways) {
+        auto window = std::make_unique<k_Thrower>(message);
+        Open(*window);
+        act(*window);
+        EXPECT_GE(std::ranges::count(Heard(), "window throws"), 1) << message;
+        EXPECT_EQ(IsWindow(window->m_hWnd) != FALSE, message != WM_DESTROY && message != WM_NCDESTROY);
+        window.reset();
+        test::Settle();
+    }
+    k_Thrower window(registered);
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    const auto font = reinterpret_cast<LRESULT>(::GetStockObject(DEFAULT_GUI_FONT));
+    window.SendMessage(WM_SETFONT, static_cast<WPARAM>(font));
+    EXPECT_EQ(window.SendMessage(WM_GETFONT), font);
+    k_Thrower refused(WM_CREATE);
+    EXPECT_FALSE(refused.CreatePopup(nullptr));
 }
 
 // A window whose only child is tied to a member.
@@ -298,15 +416,12 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 {
     k_Dialog dialog;
     k_Witness template3("template");
-    ASSERT_TRUE(dialog.CreatePopup(nullptr));
-    ASSERT_TRUE(template3.CreateChild(dialog, 3));
+    Open(dialog, &template3);
     const HWND handle = template3.Detach(); // stands without an object, as one that a template made
     EXPECT_TRUE(dialog.UpdateData(FALSE));
     EXPECT_TRUE(dialog.UpdateData(TRUE)); // tied once
     EXPECT_EQ(dialog.m_Control.m_hWnd, handle);
     EXPECT_EQ(dialog.GetDlgItem(3), &dialog.m_Control);
-    test::Settle();
-    Heard();
     test::PressMouse(dialog.m_Control, {1, 1});
     EXPECT_EQ(Heard(), Sequence{"control down 1,1 L"});
     k_Dialog other;
@@ -317,23 +432,21 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 TEST_F(Windows, HearOfTheWheelAndOfOtherSettings)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
     test::TurnWheel(window, -120);
-    test::ChangeSettings();
-    const Sequence told = Heard();
-    ASSERT_GE(told.size(), 2U);
-    EXPECT_EQ(told.front(), "window wheel -120");
-    EXPECT_EQ(told.back(), "window settings");
+    test::ChangeSettings([&] {
+        EXPECT_EQ(test::PixelOf(window, {15, 15}), RGB(255, 0, 255));
+        EXPECT_EQ(Heard(), (Sequence{"window wheel -120", "window settings, face 16711935"}));
+    });
+    EXPECT_EQ(Heard().back(), "window settings, face " + std::to_string(face));
 }
 
 TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
 {
     k_Witness window("window");
     window.m_fill = RGB(255, 0, 0);
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
+    Open(window);
     EXPECT_EQ(test::PixelOf(window, {5, 5}), RGB(255, 0, 0));
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
     {
@@ -352,18 +465,171 @@ TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
 }
 
-TEST_F(Windows, TheDesktopHasAFontForMessages)
+TEST_F(Windows, AreNotPaintedWhileLocked)
 {
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_LT(metrics.lfMessageFont.lfHeight, 0);
-    metrics.cbSize = 500;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    metrics.cbSize = 499;
-    EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
-    EXPECT_EQ(GetSystemMetrics(-1), 0);
+    class k_Counted : public k_Witness
+    {
+    public:
+        using k_Witness::k_Witness;
+        int m_paints = 0;
+
+    protected:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            m_paints += message == WM_PAINT ? 1 : 0;
+            return k_Witness::WindowProc(message, wParam, lParam);
+        }
+    };
+    k_Counted window("window");
+    k_Witness other("other");
+    ASSERT_TRUE(window.CreatePopup(nullptr) && other.CreatePopup(nullptr));
+    test::Settle();
+    EXPECT_TRUE(LockWindowUpdate(window.m_hWnd));
+    EXPECT_FALSE(LockWindowUpdate(other.m_hWnd));
+    window.m_paints = 0;
+    window.RedrawWindow();
+    test::Settle();
+    EXPECT_EQ(window.m_paints, 0);
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+    test::Settle();
+    EXPECT_EQ(window.m_paints, 1);
+    EXPECT_TRUE(LockWindowUpdate(window.m_hWnd));
+    window.DestroyWindow();
+    EXPECT_TRUE(LockWindowUpdate(other.m_hWnd));
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+}
+
+TEST_F(Windows, AskForAContextMenuUpToTheirDialog)
+{
+    k_Witness parent("parent");
+    k_Witness child("child");
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    ASSERT_TRUE(child.CreateChild(parent, 3));
+    child.m_passedOn = parent.m_passedOn = WM_CONTEXTMENU;
+    test::Settle();
+    Heard();
+    QWidget& widget = WindowSide::Of(child.m_hWnd)->Widget();
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        QContextMenuEvent event(reason, {1, 2}, {51, 37});
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+    EXPECT_EQ(Heard(), (Sequence{"child menu 51,37 of 3", "parent menu 51,37 of 3", "child menu -1,-1 of 3",
+                                 "parent menu -1,-1 of 3"}));
+}
+
+TEST_F(Windows, AreAskedForTheTextOfTheirToolTip)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    test::Settle();
+    Heard();
+    const auto rest = [&window] {
+        QHelpEvent event(QEvent::ToolTip, {3, 4}, {43, 34});
+        QCoreApplication::sendEvent(&WindowSide::Of(window.m_hWnd)->Widget(), &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(rest(), "");
+    EXPECT_EQ(Heard(), Sequence{}); // not before it is enabled
+    window.EnableToolTips(TRUE);
+    EXPECT_EQ(rest(), "");
+    EXPECT_EQ(Heard(), Sequence{"window text for 0 at 43,34"});
+    window.m_tipLength = 1;
+    EXPECT_EQ(rest(), "a");
+    window.m_tipLength = 5;
+    EXPECT_NE(rest().indexOf("&lt;b"), -1); // no markup
+}
+
+// A scroll area below a margin, which Qt paints green; nothing of it is drawn by message.
+class Area : public ScrollAreaWindow<QAbstractScrollArea>
+{
+public:
+    explicit Area(QWidget& parent) : ScrollAreaWindow(&parent)
+    {
+        setFrameShape(NoFrame);
+        setViewportMargins(0, 8, 0, 0);
+        setGeometry(10, 5, 40, 40);
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        heard.emplace_back("painted by Qt");
+        QPainter(viewport()).fillRect(viewport()->rect(), Qt::green);
+    }
+    void PaintInto(HDC context) override
+    {
+        heard.emplace_back("painted into");
+        CDC::FromHandle(context)->FillSolidRect(0, 0, 40, 40, RGB(1, 2, 3));
+    }
+};
+
+class k_Area : public k_Witness
+{
+public:
+    k_Area() : k_Witness("area") {}
+    enum { None, ByQt, Into, Part } m_painter = ByQt;
+
+protected:
+    afx_msg void OnPaint()
+    {
+        if (m_painter == ByQt) {
+            Default();
+            Default();      // once is enough
+            RedrawWindow(); // later
+        } else if (m_painter != None) {
+            CPaintDC dc(this);
+            if (m_painter == Into)
+                DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(dc.GetSafeHdc()), 0);
+            dc.FillSolidRect(0, 0, 4, 4, RGB(255, 0, 0));
+        }
+    }
+    afx_msg BOOL OnEraseBkgnd(CDC*) { return TRUE; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(k_Area, k_Witness)
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+END_MESSAGE_MAP()
+
+TEST_F(Windows, CanBeScrollAreasThatQtPaints)
+{
+    k_Witness parent("parent");
+    k_Area area;
+    ASSERT_TRUE(parent.CreatePopup(nullptr));
+    auto* const widget = new Area(WindowSide::Of(parent.m_hWnd)->Widget());
+    ASSERT_TRUE(area.SubclassWindow(widget->Handle()));
+    test::Settle();
+    CRect client;
+    CRect whole;
+    area.GetClientRect(&client);
+    area.GetWindowRect(&whole);
+    EXPECT_EQ(client, CRect(0, 0, 40, 32));
+    EXPECT_EQ(whole, CRect(50, 35, 90, 75));
+    area.ScreenToClient(&whole);
+    EXPECT_EQ(whole.TopLeft(), CPoint(0, -8));
+
+    Heard();
+    const RECT corner{0, 0, 6, 6};
+    area.RedrawWindow(&corner);
+    EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
+    test::PressMouse(area, {1, 2});
+    area.MoveWindow(0, 0, 50, 40);
+    EXPECT_EQ(Heard(), (Sequence{"area down 1,2 L", "area size 50x32"}));
+    EXPECT_EQ(test::PixelOf(area, {2, 2}), RGB(0, 255, 0));
+    area.m_painter = k_Area::Into;
+    EXPECT_EQ(test::PixelOf(area, {2, 2}), RGB(255, 0, 0));
+    EXPECT_EQ(test::PixelOf(area, {8, 8}), RGB(1, 2, 3));
+    area.m_painter = k_Area::Part;
+    EXPECT_EQ(test::PixelOf(area, {8, 8}), RGB(1, 2, 3)); // nothing has erased it
+    area.m_painter = k_Area::None;
+    Heard();
+    parent.RedrawWindow();
+    EXPECT_EQ(Heard(), Sequence{});
+    area.Detach();
+    EXPECT_EQ(test::PixelOf(parent, {30, 30}), RGB(0, 255, 0)); // by Qt alone
+    EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
 }
 
 } // namespace

@@ -4,17 +4,10 @@
 #include <QImage>
 #include <QtConvert.h>
 #include <WindowSide.h>
-#include <memory>
 #include <winuser.h>
 
 namespace
 {
-
-struct ContextEnd {
-    using pointer = HDC;
-    void operator()(HDC context) const { DeleteDC(context); }
-};
-using Context = std::unique_ptr<HDC__, ContextEnd>;
 
 struct ItemColors {
     int Text; // a system colour's index
@@ -39,9 +32,7 @@ void DrawByOwner(QPainter& painter, const QRect& place, WindowSide& control, DRA
     image.fill(gdi::ToQColor(GetSysColor(colors.Background)));
 
     item.rcItem = {0, 0, image.width(), image.height()};
-    const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(image.bits()), image.width(), image.height(),
-                               image.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
-    const Context context(gdi::CreateSurfaceDC(surface, item.rcItem));
+    const gdi::OwnedContext context(gdi::CreateSurfaceDC(gdi::ToSurface(image), item.rcItem));
     if (!context)
         return;
     SetTextColor(context.get(), GetSysColor(colors.Text));
@@ -52,6 +43,6 @@ void DrawByOwner(QPainter& painter, const QRect& place, WindowSide& control, DRA
     item.CtlID = static_cast<UINT>(control.Id);
     item.hwndItem = control.Handle();
     item.hDC = context.get();
-    parent->Send(WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    parent->SendContained(WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
     painter.drawImage(place, image);
 }

@@ -21,6 +21,7 @@ public:
 
     const Object* operator->() const { return m_object; }
     const Object& operator*() const { return *m_object; }
+    HGDIOBJ Handle() const { return m_object->Handle(); }
 
     // Gives the one before; if that has been deleted meanwhile, and so ends here, the stock object.
     HGDIOBJ Replace(Object& object)
@@ -77,5 +78,11 @@ private:
 // A context on somebody else's pixels, which have to outlive it; what is drawn stays within the clip
 // rectangle. Null when there is no memory for it. DeleteDC ends it.
 HDC CreateSurfaceDC(const Surface& surface, const RECT& clip);
+
+struct ContextEnd {
+    using pointer = HDC;
+    void operator()(HDC context) const { DeleteDC(context); }
+};
+using OwnedContext = std::unique_ptr<HDC__, ContextEnd>;
 
 } // namespace gdi

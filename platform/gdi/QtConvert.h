@@ -1,13 +1,15 @@
-// From the layer's types to Qt's.
+// Between the layer's types and Qt's.
 #pragma once
 
 #include "GdiObjects.h"
 
 #include <QColor>
 #include <QFont>
+#include <QGuiApplication>
 #include <QImage>
 #include <QRect>
 #include <QString>
+#include <afxstr.h>
 #include <algorithm>
 #include <string_view>
 
@@ -15,6 +17,13 @@ namespace gdi
 {
 
 constexpr int commonFontHeight = 12; // pixels, of letters
+
+// Whether there is an application object that knows the desktop's fonts and colours; one without windows
+// doesn't.
+inline bool HasDesktop()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
 
 // Shares the pixels.
 inline QImage ToQImage(const Surface& surface)
@@ -24,9 +33,22 @@ inline QImage ToQImage(const Surface& surface)
             QImage::Format_RGB32};
 }
 
+// Shares the pixels of an image of the same format, 32 bits without alpha.
+inline Surface ToSurface(QImage& image)
+{
+    return {reinterpret_cast<Pixel*>(image.bits()), image.width(), image.height(),
+            image.bytesPerLine() / static_cast<qsizetype>(sizeof(Pixel))};
+}
+
 inline QColor ToQColor(COLORREF color)
 {
     return QColor::fromRgb(ToPixel(color));
+}
+
+inline COLORREF ToColorRef(const QColor& color)
+{
+    return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
+               static_cast<BYTE>(color.blue()));
 }
 
 // Of a box within a surface.
@@ -39,6 +61,11 @@ inline QRect ToQRect(const Box& box)
 inline QString ToQString(std::u16string_view text)
 {
     return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+inline CString ToCString(const QString& text)
+{
+    return {reinterpret_cast<LPCTSTR>(text.utf16()), static_cast<int>(text.size())};
 }
 
 inline QFont ToQFont(const LOGFONTW& wanted)
@@ -62,6 +89,13 @@ inline QFont ToQFont(const LOGFONTW& wanted)
     font.setUnderline(wanted.lfUnderline != 0);
     font.setStrikeOut(wanted.lfStrikeOut != 0);
     return font;
+}
+
+// The application's font for a handle that is none of a font.
+inline QFont ToQFont(HFONT handle)
+{
+    const auto* const font = dynamic_cast<const Font*>(GdiObject::FromHandle(handle));
+    return font != nullptr ? ToQFont(font->Wanted()) : QFont();
 }
 
 } // namespace gdi

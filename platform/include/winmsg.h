@@ -127,6 +127,16 @@ HWND GetDlgItem(HWND window, int id); // the window in it that has the id; null 
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOW = 5;
 
+// The text in a window, cut to count characters with the terminating zero, and its length there; the caption
+// of one with a frame.
+int GetWindowTextW(HWND window, LPWSTR text, int count);
+BOOL SetWindowTextW(HWND window, LPCWSTR text);
+
+// Calls for each window in a window, and in those, with the argument, until the callback gives FALSE. A
+// window that goes meanwhile is left out.
+using WNDENUMPROC = BOOL(CALLBACK*)(HWND window, LPARAM argument);
+BOOL EnumChildWindows(HWND window, WNDENUMPROC callback, LPARAM argument);
+
 constexpr UINT RDW_INVALIDATE = 0x0001;
 constexpr UINT RDW_ERASE = 0x0004;
 constexpr UINT RDW_UPDATENOW = 0x0100;
@@ -135,6 +145,10 @@ constexpr UINT RDW_UPDATENOW = 0x0100;
 BOOL InvalidateRect(HWND window, LPCRECT rectangle, BOOL erase);
 BOOL RedrawWindow(HWND window, LPCRECT rectangle, HANDLE region, UINT flags);
 BOOL UpdateWindow(HWND window); // paints now what is invalid
+
+// Keeps what the window and those in it show as it is until the lock is given back, by null; then what became
+// invalid meanwhile is painted. Fails while another window is locked. A window that goes gives its lock back.
+BOOL LockWindowUpdate(HWND window);
 
 // A context on all of the window, frame included; to be given back.
 HDC GetWindowDC(HWND window);
@@ -245,7 +259,13 @@ using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
 using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 using LPCOMPAREITEMSTRUCT = COMPAREITEMSTRUCT*;
 
-// ---- Buttons and combo boxes
+// ---- Statics, buttons and combo boxes
+
+constexpr DWORD SS_LEFT = 0x0000; // as many lines as it takes
+constexpr DWORD SS_LEFTNOWORDWRAP = 0x000C;
+constexpr DWORD SS_TYPEMASK = 0x001F;
+constexpr DWORD SS_PATHELLIPSIS = 0x8000;
+constexpr DWORD SS_ELLIPSISMASK = 0xC000;
 
 constexpr UINT BN_CLICKED = 0;
 constexpr DWORD BS_PUSHBUTTON = 0x0000;

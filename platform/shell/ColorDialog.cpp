@@ -19,12 +19,6 @@ using CustomColors = std::array<QColor, customCount>;
 
 ColorDialogAnswer answerInPlace = nullptr;
 
-COLORREF ToColorRef(const QColor& color)
-{
-    return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
-               static_cast<BYTE>(color.blue()));
-}
-
 CustomColors QtCustomColors()
 {
     CustomColors colors;
@@ -56,7 +50,7 @@ public:
     {
         const CustomColors colors = QtCustomColors();
         std::transform(colors.begin(), colors.begin() + static_cast<std::ptrdiff_t>(m_own.size()),
-                       m_own.begin(), ToColorRef);
+                       m_own.begin(), gdi::ToColorRef);
         SetQtCustomColors(m_host);
     }
 
@@ -78,7 +72,7 @@ INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
         const CustomColorLoan loan(std::span(customColors, customColors != nullptr ? customCount : 0));
         dialog->setCurrentColor(gdi::ToQColor(color));
         if (dialog->exec() == QDialog::Accepted && !dialog.isNull()) {
-            color = ToColorRef(dialog->selectedColor());
+            color = gdi::ToColorRef(dialog->selectedColor());
             result = IDOK;
         }
     }

@@ -4,12 +4,23 @@
 
 #include <QCoreApplication>
 #include <QMouseEvent>
+#include <QWindow>
 
 namespace
 {
 
 WindowSide* captureWindow = nullptr;
 QPoint messagePosition;
+
+// Shows us the mouse outside of our windows too. A display gives it to none that isn't on the screen yet, as
+// one that waits for its window manager.
+void GrabIfExposed()
+{
+    QWidget& widget = captureWindow->Client();
+    const QWindow* const native = widget.window()->windowHandle();
+    if (native != nullptr && native->isExposed() && QWidget::mouseGrabber() != &widget)
+        widget.grabMouse();
+}
 
 bool IsMouseEvent(const QEvent& event)
 {
@@ -36,16 +47,15 @@ void SetCaptureTo(WindowSide& window)
     if (captureWindow != nullptr && captureWindow != &window)
         ReleaseCaptureOf(*captureWindow);
     captureWindow = &window;
-    if (window.Widget().isVisible())
-        window.Widget().grabMouse(); // shows us the mouse outside of our windows too
+    GrabIfExposed();
 }
 
 void ReleaseCaptureOf(const WindowSide& window)
 {
     if (captureWindow != &window)
         return;
-    if (QWidget::mouseGrabber() == &captureWindow->Widget())
-        captureWindow->Widget().releaseMouse();
+    if (QWidget::mouseGrabber() == &captureWindow->Client())
+        captureWindow->Client().releaseMouse();
     captureWindow = nullptr;
 }
 
@@ -59,13 +69,16 @@ void SetMessagePosition(QPoint position)
     messagePosition = position;
 }
 
-bool RedirectToCapture(const QObject* receiver, QEvent* event)
+bool ServeCapture(const QObject* receiver, QEvent* event)
 {
-    if (captureWindow == nullptr || !IsMouseEvent(*event) || receiver == &captureWindow->Widget() ||
-        !receiver->isWidgetType())
+    if (captureWindow == nullptr)
+        return false;
+    if (event->type() == QEvent::Expose)
+        GrabIfExposed();
+    if (!IsMouseEvent(*event) || receiver == &captureWindow->Client() || !receiver->isWidgetType())
         return false;
     const auto& mouse = *static_cast<QMouseEvent*>(event);
-    QWidget& target = captureWindow->Widget();
+    QWidget& target = captureWindow->Client();
     const QPointF local = target.mapFromGlobal(mouse.globalPosition());
     QMouseEvent redirected(mouse.type(), local, mouse.globalPosition(), mouse.button(), mouse.buttons(),
                            mouse.modifiers(), mouse.pointingDevice());

@@ -1,14 +1,21 @@
 // Which message each event becomes.
 #include "Capture.h"
+#include "Contain.h"
+#include "InputNames.h"
 #include "WindowSide.h"
 
+#include <QContextMenuEvent>
 #include <QCursor>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
+#include <QtConvert.h>
 #include <afxwin.h>
-#include <optional>
+#include <commctrl.h>
 
 // An event on its way through the messages.
 struct WindowSide::Pending {
@@ -22,73 +29,74 @@ struct WindowSide::Pending {
 namespace
 {
 
-struct KeyName {
-    int QtKey;
-    UINT VirtualKey;
-};
-constexpr KeyName keyNames[] = {
-    {Qt::Key_Return, VK_RETURN}, {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE},
-    {Qt::Key_Space, VK_SPACE},   {Qt::Key_Left, VK_LEFT},    {Qt::Key_Up, VK_UP},
-    {Qt::Key_Right, VK_RIGHT},   {Qt::Key_Down, VK_DOWN},    {Qt::Key_Tab, 9},
-    {Qt::Key_Backspace, 8},      {Qt::Key_Delete, 46},       {Qt::Key_Home, 36},
-    {Qt::Key_End, 35},           {Qt::Key_PageUp, 33},       {Qt::Key_PageDown, 34},
-    {Qt::Key_F2, 113},           {Qt::Key_F4, 115},          {Qt::Key_Shift, 16},
-    {Qt::Key_Control, 17},       {Qt::Key_Alt, 18},
-};
-
-// 0 for a key that no message names. Letters and digits have the numbers of their characters.
-UINT VirtualKeyOf(int qtKey)
+// The events that come to the widget which stands for the client area; all others come to the window's own.
+bool IsOfClient(const QEvent& event)
 {
-    for (const KeyName& name : keyNames) {
-        if (name.QtKey == qtKey)
-            return name.VirtualKey;
+    switch (event.type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::Resize:
+    case QEvent::Paint:
+    case QEvent::ToolTip:
+        return true;
+    case QEvent::ContextMenu:
+        return static_cast<const QContextMenuEvent&>(event).reason() != QContextMenuEvent::Keyboard;
+    default:
+        return false;
     }
-    return qtKey > Qt::Key_Space && qtKey <= Qt::Key_Z ? static_cast<UINT>(qtKey) : 0;
 }
 
-struct ButtonMessages {
-    Qt::MouseButton Button;
-    UINT Press;
-    UINT Release;
-    UINT DoubleClick;
-};
-constexpr ButtonMessages buttonMessages[] = {
-    {Qt::LeftButton, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK},
-    {Qt::RightButton, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDOWN},
-};
-
-UINT MouseMessageOf(const QMouseEvent& event)
+bool IsInput(QEvent::Type type)
 {
-    if (event.type() == QEvent::MouseMove)
-        return WM_MOUSEMOVE;
-    for (const ButtonMessages& messages : buttonMessages) {
-        if (messages.Button != event.button())
-            continue;
-        switch (event.type()) {
-        case QEvent::MouseButtonPress:
-            return messages.Press;
-        case QEvent::MouseButtonRelease:
-            return messages.Release;
-        default:
-            return messages.DoubleClick;
-        }
+    switch (type) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::ContextMenu:
+        return true;
+    default:
+        return false;
     }
-    return 0;
 }
 
-WPARAM MouseKeys(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers)
+// What the asked window has filled in; bounded where it should have ended by itself.
+QString TextOf(const NMTTDISPINFOW& answer)
 {
-    return (buttons.testFlag(Qt::LeftButton) ? MK_LBUTTON : 0) |
-           (buttons.testFlag(Qt::RightButton) ? MK_RBUTTON : 0) |
-           (modifiers.testFlag(Qt::ShiftModifier) ? MK_SHIFT : 0) |
-           (modifiers.testFlag(Qt::ControlModifier) ? MK_CONTROL : 0);
+    if (answer.lpszText == nullptr)
+        return {};
+    std::u16string_view text(answer.szText, tooltipTextSize);
+    if (answer.lpszText == answer.szText)
+        text = text.substr(0, text.find(u'\0'));
+    else
+        text = answer.lpszText;
+    const QString plain = gdi::ToQString(text);
+    return Qt::mightBeRichText(plain) ? Qt::convertFromPlainText(plain) : plain;
 }
 
 } // namespace
 
 bool WindowSide::Translate(QEvent& event, const QtHandling& qtHandling)
 {
-    if (m_isGone)
+    // What the client widget leaves comes to the widget that it is in, after it has become a message.
+    if (!m_isGone && &Client() != &m_widget && IsOfClient(event))
+        return qtHandling(event);
+    return TranslateAny(event, qtHandling);
+}
+
+bool WindowSide::TranslateClient(QEvent& event, const QtHandling& qtHandling)
+{
+    return IsOfClient(event) ? TranslateAny(event, qtHandling) : qtHandling(event);
+}
+
+bool WindowSide::TranslateAny(QEvent& event, const QtHandling& qtHandling)
+{
+    if (m_isGone || (IsInput(event.type()) && !m_widget.isEnabled()))
         return qtHandling(event);
     switch (event.type()) {
     case QEvent::MouseMove:
@@ -114,7 +122,7 @@ bool WindowSide::Translate(QEvent& event, const QtHandling& qtHandling)
                          MAKELPARAM(point.x(), point.y()), event, qtHandling);
     }
     case QEvent::KeyPress: {
-        const UINT key = VirtualKeyOf(static_cast<const QKeyEvent&>(event).key());
+        const UINT key = VirtualKeyOf(static_cast<const QKeyEvent&>(event));
         if (key == 0)
             break;
         SetMessagePosition(QCursor::pos());
@@ -127,7 +135,7 @@ bool WindowSide::Translate(QEvent& event, const QtHandling& qtHandling)
     case QEvent::EnabledChange:
         return SendFor(WM_ENABLE, m_widget.isEnabled() ? 1 : 0, 0, event, qtHandling);
     case QEvent::Resize:
-        return SendFor(WM_SIZE, 0, MAKELPARAM(m_widget.width(), m_widget.height()), event, qtHandling);
+        return SendFor(WM_SIZE, 0, MAKELPARAM(Client().width(), Client().height()), event, qtHandling);
     case QEvent::ApplicationFontChange:
     case QEvent::PaletteChange:
     case QEvent::StyleChange:
@@ -135,9 +143,15 @@ bool WindowSide::Translate(QEvent& event, const QtHandling& qtHandling)
             break;
         return SendFor(WM_SETTINGCHANGE, 0, 0, event, qtHandling);
     case QEvent::Paint:
-        if (!IsDrawnByMessage())
+        return Paint(static_cast<QPaintEvent&>(event), qtHandling);
+    case QEvent::ContextMenu:
+        SendContextMenu(static_cast<const QContextMenuEvent&>(event));
+        event.accept();
+        return true;
+    case QEvent::ToolTip:
+        if (!HasToolTips)
             break;
-        PaintByMessage(static_cast<const QPaintEvent&>(event).region());
+        ShowToolTip(static_cast<const QHelpEvent&>(event));
         return true;
     default:
         break;
@@ -145,7 +159,7 @@ bool WindowSide::Translate(QEvent& event, const QtHandling& qtHandling)
     return qtHandling(event);
 }
 
-// Input can be kept from being sent.
+// Input can be kept from being sent. The mouse is one window's alone, whatever its handlers leave.
 bool WindowSide::SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event,
                            const QtHandling& qtHandling)
 {
@@ -153,7 +167,32 @@ bool WindowSide::SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& e
         event.accept();
         return true;
     }
-    return m_isGone || SendFor(message, wParam, lParam, event, qtHandling);
+    const bool result = m_isGone || SendFor(message, wParam, lParam, event, qtHandling);
+    if (event.type() != QEvent::KeyPress && event.type() != QEvent::Wheel)
+        event.accept();
+    return result;
+}
+
+// Qt's own menus stay away: the message goes up until a window handles it.
+void WindowSide::SendContextMenu(const QContextMenuEvent& event)
+{
+    const bool isByKey = event.reason() == QContextMenuEvent::Keyboard;
+    const QPoint point = isByKey ? QPoint(-1, -1) : event.globalPos();
+    SetMessagePosition(event.globalPos());
+    SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(point.x(), point.y()));
+}
+
+void WindowSide::ShowToolTip(const QHelpEvent& event)
+{
+    NMTTDISPINFOW question{};
+    question.hdr = {Handle(), static_cast<UINT_PTR>(Id), static_cast<UINT>(TTN_NEEDTEXTW)};
+    question.lpszText = question.szText;
+    SetMessagePosition(event.globalPos());
+    SendContained(WM_NOTIFY, question.hdr.idFrom, reinterpret_cast<LPARAM>(&question));
+    if (const QString text = TextOf(question); text.isEmpty() || m_isGone)
+        QToolTip::hideText();
+    else
+        QToolTip::showText(event.globalPos(), text, &Client());
 }
 
 // The window that the input is for sees it first, then those that it is in.
@@ -162,7 +201,10 @@ bool WindowSide::PreTranslate(UINT message, WPARAM wParam, LPARAM lParam)
     const QPoint position = MessagePosition();
     MSG msg{Handle(), message, wParam, lParam, 0, {position.x(), position.y()}};
     for (WindowSide* window = this; window != nullptr; window = window->Parent()) {
-        if (window->Attached != nullptr && window->Attached->PreTranslateMessage(&msg))
+        bool isKept = false;
+        if (window->Attached != nullptr)
+            Contain([&] { isKept = window->Attached->PreTranslateMessage(&msg) != FALSE; });
+        if (isKept)
             return true;
         if (window->m_isGone || window->Widget().isWindow())
             break;
@@ -175,7 +217,7 @@ bool WindowSide::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& eve
 {
     Pending pending{message, event, qtHandling};
     Pending* const before = std::exchange(m_pending, &pending);
-    Send(message, wParam, lParam);
+    SendContained(message, wParam, lParam);
     m_pending = before;
     if (!pending.IsHandledByQt)
         event.accept(); // whoever handled the message has kept the event from Qt
@@ -184,7 +226,8 @@ bool WindowSide::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& eve
 
 LRESULT WindowSide::Default(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (m_pending == nullptr || m_pending->Message != message || m_pending->IsHandledByQt)
+    const bool bringsContext = message == WM_PAINT && wParam != 0;
+    if (m_pending == nullptr || m_pending->Message != message || m_pending->IsHandledByQt || bringsContext)
         return OnDefault(message, wParam, lParam);
     Pending& pending = *m_pending;
     pending.IsHandledByQt = true;

@@ -1,10 +1,10 @@
 #include "WindowSide.h"
 
 #include "Capture.h"
+#include "Contain.h"
 
-#include <DeviceContext.h>
 #include <QCoreApplication>
-#include <QPainter>
+#include <QResizeEvent>
 #include <QtConvert.h>
 #include <afxwin.h>
 #include <unordered_set>
@@ -48,10 +48,43 @@ WindowSide* WindowSide::Parent()
     return Of(m_widget.parentWidget());
 }
 
+LRESULT WindowSide::SendContained(UINT message, WPARAM wParam, LPARAM lParam, LRESULT failure) noexcept
+{
+    LRESULT result = failure;
+    Contain([&] { result = Send(message, wParam, lParam); });
+    return result;
+}
+
 void WindowSide::Notify(UINT code)
 {
     if (WindowSide* const parent = Parent())
-        parent->Send(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(Id), code), reinterpret_cast<LPARAM>(Handle()));
+        parent->SendContained(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(Id), code),
+                              reinterpret_cast<LPARAM>(Handle()));
+}
+
+LRESULT WindowSide::Notify(NMHDR& header, int code)
+{
+    header = {Handle(), static_cast<UINT_PTR>(Id), static_cast<UINT>(code)};
+    WindowSide* const parent = Parent();
+    return parent != nullptr
+               ? parent->SendContained(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header))
+               : 0;
+}
+
+void WindowSide::Place(const QRect& rectangle)
+{
+    m_widget.setGeometry(rectangle);
+    SendPendingSize();
+}
+
+// Qt tells a widget of its size when it is shown.
+void WindowSide::SendPendingSize()
+{
+    if (!m_widget.testAttribute(Qt::WA_PendingResizeEvent))
+        return;
+    m_widget.setAttribute(Qt::WA_PendingResizeEvent, false);
+    QResizeEvent event(m_widget.size(), QSize());
+    QCoreApplication::sendEvent(&m_widget, &event);
 }
 
 void WindowSide::Destroy()
@@ -63,18 +96,19 @@ void WindowSide::Destroy()
     m_widget.deleteLater();
 }
 
-// The window hears that it goes, then the windows in it; then, from the inside out, that they are gone.
+// The window hears that it goes, then the windows in it; then, from the inside out, that they are gone. No
+// handler can keep it, not by an exception either.
 void WindowSide::SendLastMessages()
 {
     if (m_isGone)
         return;
     ReleaseCaptureOf(*this);
-    Send(WM_DESTROY);
+    SendContained(WM_DESTROY);
     for (QObject* const child : m_widget.children()) {
         if (WindowSide* const window = Of(qobject_cast<QWidget*>(child)))
             window->SendLastMessages();
     }
-    Send(WM_NCDESTROY);
+    SendContained(WM_NCDESTROY);
     m_isGone = true;
     Attached = nullptr;
     LiveWindows().erase(this);
@@ -90,97 +124,38 @@ void WindowSide::SetText(const QString& text)
     m_widget.setWindowTitle(text);
 }
 
-LRESULT WindowSide::OnDefault(UINT message, WPARAM wParam, LPARAM /*lParam*/)
+LRESULT WindowSide::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_PAINT:
-        EndPaint(BeginPaint());
+        if (wParam != 0)
+            PaintInto(reinterpret_cast<HDC>(wParam));
+        else if (IsDrawnByMessage())
+            EndPaint(BeginPaint());
         return 0;
     case WM_ERASEBKGND:
         if (Background == 0)
             return 0;
         if (CDC* const dc = CDC::FromHandle(reinterpret_cast<HDC>(wParam))) {
-            RECT client{0, 0, m_widget.width(), m_widget.height()};
+            RECT client{0, 0, Client().width(), Client().height()};
             dc->FillSolidRect(&client, GetSysColor(Background - 1));
         }
         return 1;
     case WM_CLOSE:
         Destroy();
         return 0;
+    case WM_CONTEXTMENU:
+        if (WindowSide* const parent = m_widget.isWindow() ? nullptr : Parent())
+            return parent->Send(message, wParam, lParam);
+        return 0;
     case WM_SETFONT:
         Font = reinterpret_cast<HFONT>(wParam);
-        m_widget.update();
+        m_widget.setFont(Font != nullptr ? gdi::ToQFont(Font) : QFont());
+        Client().update();
         return 0;
     case WM_GETFONT:
         return reinterpret_cast<LRESULT>(Font);
     default:
         return 0;
     }
-}
-
-void WindowSide::Invalidate(const QRect& rectangle, bool erase)
-{
-    m_invalid += rectangle.intersected(m_widget.rect());
-    m_erase = m_erase || erase;
-    m_widget.update(rectangle);
-}
-
-void WindowSide::EnsurePixels()
-{
-    if (m_pixels.size() == m_widget.size())
-        return;
-    m_pixels = QImage(m_widget.size(), QImage::Format_RGB32);
-    m_pixels.fill(Qt::black);
-    m_invalid = m_widget.rect();
-    m_erase = true;
-}
-
-HDC WindowSide::ContextOn(const QRect& clip)
-{
-    EnsurePixels();
-    if (m_pixels.isNull())
-        return nullptr;
-    const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(m_pixels.bits()), m_pixels.width(),
-                               m_pixels.height(),
-                               m_pixels.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
-    return gdi::CreateSurfaceDC(surface, {clip.left(), clip.top(), clip.right() + 1, clip.bottom() + 1});
-}
-
-HDC WindowSide::BeginPaint()
-{
-    EnsurePixels();
-    const HDC context = ContextOn(m_invalid.boundingRect());
-    m_invalid = {};
-    if (context != nullptr && std::exchange(m_erase, false))
-        Send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(context));
-    return context;
-}
-
-void WindowSide::EndPaint(HDC context)
-{
-    DeleteDC(context);
-}
-
-HDC WindowSide::GetContext()
-{
-    return ContextOn(m_widget.rect());
-}
-
-void WindowSide::ReleaseContext(HDC context)
-{
-    DeleteDC(context);
-    m_widget.update();
-}
-
-// What somebody drew at another time stands in the pixels already; only what is invalid is asked for.
-void WindowSide::PaintByMessage(const QRegion& exposed)
-{
-    EnsurePixels();
-    if (HasInvalid())
-        Send(WM_PAINT);
-    if (m_pixels.isNull())
-        return;
-    QPainter painter(&m_widget);
-    for (const QRect& rectangle : exposed)
-        painter.drawImage(rectangle, m_pixels, rectangle);
 }

@@ -2,12 +2,15 @@
 #include "Capture.h"
 #include "WindowSide.h"
 
+#include <QtConvert.h>
+#include <algorithm>
+#include <vector>
 #include <winmsg.h>
 
 namespace
 {
 
-// Where the top left corner of the window's client area is on the screen.
+// Where the top left corner of a widget is on the screen.
 QPoint OriginOf(const QWidget& widget)
 {
     return widget.mapToGlobal(QPoint(0, 0));
@@ -40,6 +43,12 @@ BOOL IsWindow(HWND handle)
     return WindowSide::Of(handle) != nullptr ? TRUE : FALSE;
 }
 
+LONG GetWindowLongW(HWND handle, int index)
+{
+    const WindowSide* const window = WindowSide::Of(handle);
+    return window != nullptr && index == GWL_ID ? window->Id : 0;
+}
+
 BOOL GetWindowRect(HWND handle, LPRECT rectangle)
 {
     WindowSide* const window = WindowSide::Of(handle);
@@ -56,7 +65,7 @@ BOOL GetClientRect(HWND handle, LPRECT rectangle)
     WindowSide* const window = WindowSide::Of(handle);
     if (window == nullptr)
         return FALSE;
-    *rectangle = {0, 0, window->Widget().width(), window->Widget().height()};
+    *rectangle = {0, 0, window->Client().width(), window->Client().height()};
     return TRUE;
 }
 
@@ -65,7 +74,7 @@ BOOL ScreenToClient(HWND handle, LPPOINT point)
     WindowSide* const window = WindowSide::Of(handle);
     if (window == nullptr)
         return FALSE;
-    const QPoint origin = OriginOf(window->Widget());
+    const QPoint origin = OriginOf(window->Client());
     *point = {point->x - origin.x(), point->y - origin.y()};
     return TRUE;
 }
@@ -75,7 +84,7 @@ BOOL ClientToScreen(HWND handle, LPPOINT point)
     WindowSide* const window = WindowSide::Of(handle);
     if (window == nullptr)
         return FALSE;
-    const QPoint origin = OriginOf(window->Widget());
+    const QPoint origin = OriginOf(window->Client());
     *point = {point->x + origin.x(), point->y + origin.y()};
     return TRUE;
 }
@@ -100,6 +109,44 @@ HWND GetDlgItem(HWND handle, int id)
     return nullptr;
 }
 
+int GetWindowTextW(HWND handle, LPWSTR text, int count)
+{
+    const WindowSide* const window = WindowSide::Of(handle);
+    if (text == nullptr || count <= 0)
+        return 0;
+    const QString whole = window != nullptr ? window->Text() : QString();
+    const auto length = std::min<qsizetype>(whole.size(), count - 1);
+    std::copy_n(reinterpret_cast<LPCWSTR>(whole.utf16()), length, text);
+    text[length] = 0;
+    return static_cast<int>(length);
+}
+
+BOOL SetWindowTextW(HWND handle, LPCWSTR text)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    window->SetText(text != nullptr ? gdi::ToQString(text) : QString());
+    return TRUE;
+}
+
+BOOL EnumChildWindows(HWND handle, WNDENUMPROC callback, LPARAM argument)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    std::vector<HWND> inside;
+    for (QWidget* const widget : window->Widget().findChildren<QWidget*>()) {
+        WindowSide* const child = WindowSide::Of(widget);
+        if (child != nullptr && !widget->isWindow())
+            inside.push_back(child->Handle());
+    }
+    const bool isComplete = std::ranges::all_of(inside, [&](HWND child) {
+        return WindowSide::Of(child) == nullptr || callback(child, argument) != FALSE;
+    });
+    return isComplete ? TRUE : FALSE;
+}
+
 BOOL InvalidateRect(HWND handle, LPCRECT rectangle, BOOL erase)
 {
     return RedrawWindow(handle, rectangle, nullptr, RDW_INVALIDATE | (erase != FALSE ? RDW_ERASE : 0));
@@ -111,8 +158,28 @@ BOOL RedrawWindow(HWND handle, LPCRECT rectangle, HANDLE /*region*/, UINT flags)
     if (window == nullptr)
         return FALSE;
     if ((flags & RDW_INVALIDATE) != 0)
-        window->Invalidate(PartOf(window->Widget(), rectangle), (flags & RDW_ERASE) != 0);
+        window->Invalidate(PartOf(window->Client(), rectangle), (flags & RDW_ERASE) != 0);
     if ((flags & RDW_UPDATENOW) != 0)
-        window->Widget().repaint();
+        window->UpdateNow();
     return TRUE;
+}
+
+BOOL UpdateWindow(HWND handle)
+{
+    return RedrawWindow(handle, nullptr, nullptr, RDW_UPDATENOW);
+}
+
+HDC GetWindowDC(HWND handle)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    return window != nullptr ? window->GetContext() : nullptr;
+}
+
+int ReleaseDC(HWND handle, HDC context)
+{
+    if (WindowSide* const window = WindowSide::Of(handle))
+        window->ReleaseContext(context);
+    else
+        DeleteDC(context);
+    return context != nullptr ? 1 : 0;
 }

@@ -11,13 +11,20 @@
 namespace
 {
 
-// The message that is being handled, for Default.
-struct CurrentMessage {
-    UINT Message = 0;
-    WPARAM WParam = 0;
-    LPARAM LParam = 0;
+thread_local MSG currentMessage{}; // that is being handled
+
+// Puts a message in the place of the one that is being handled, for as long as it lives.
+class MessageInHand
+{
+public:
+    explicit MessageInHand(const MSG& message) : m_before(std::exchange(currentMessage, message)) {}
+    MessageInHand(const MessageInHand&) = delete;
+    MessageInHand& operator=(const MessageInHand&) = delete;
+    ~MessageInHand() { currentMessage = m_before; }
+
+private:
+    MSG m_before;
 };
-thread_local CurrentMessage currentMessage;
 
 // The objects that the framework keeps for windows which nobody attached one to.
 std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
@@ -26,9 +33,11 @@ std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
     return *kept;
 }
 
-QString ToQString(LPCTSTR text)
+// Null for a widget that isn't a window of the layer's.
+CWnd* ObjectOf(const QWidget* widget)
 {
-    return text == nullptr ? QString() : gdi::ToQString(text);
+    WindowSide* const window = WindowSide::Of(widget);
+    return window != nullptr ? CWnd::FromHandle(window->Handle()) : nullptr;
 }
 
 } // namespace
@@ -39,10 +48,9 @@ LRESULT WindowSide::Send(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     if (Attached == nullptr)
         return Default(message, wParam, lParam);
-    const CurrentMessage before = std::exchange(currentMessage, {message, wParam, lParam});
-    const LRESULT result = Attached->WindowProc(message, wParam, lParam);
-    currentMessage = before;
-    return result;
+    const QPoint position = MessagePosition();
+    const MessageInHand inHand({Handle(), message, wParam, lParam, 0, {position.x(), position.y()}});
+    return Attached->WindowProc(message, wParam, lParam);
 }
 
 CWnd::~CWnd()
@@ -166,9 +174,9 @@ void CWnd::ScreenToClient(LPRECT lpRect) const
 void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint)
 {
     if (WindowSide* const window = WindowSide::Of(m_hWnd)) {
-        window->Widget().setGeometry(x, y, nWidth, nHeight);
+        window->Place({x, y, nWidth, nHeight});
         if (bRepaint != FALSE)
-            window->Invalidate(window->Widget().rect(), true);
+            window->Invalidate(window->Client().rect(), true);
     }
 }
 
@@ -194,11 +202,37 @@ BOOL CWnd::IsWindowEnabled() const
 
 CWnd* CWnd::SetFocus()
 {
-    QWidget* const before = QApplication::focusWidget();
+    CWnd* const before = ObjectOf(QApplication::focusWidget());
     if (WindowSide* const window = WindowSide::Of(m_hWnd))
         window->Widget().setFocus();
-    WindowSide* const side = WindowSide::Of(before);
-    return side != nullptr ? FromHandle(side->Handle()) : nullptr;
+    return before;
+}
+
+CWnd* CWnd::SetActiveWindow()
+{
+    CWnd* const before = ObjectOf(QApplication::activeWindow());
+    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+        window->Widget().window()->activateWindow();
+    return before;
+}
+
+BOOL CWnd::ShowWindow(int nCmdShow)
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    if (window == nullptr)
+        return FALSE;
+    const BOOL wasShown = window->Widget().isHidden() ? FALSE : TRUE;
+    window->Widget().setVisible(nCmdShow != SW_HIDE);
+    return wasShown;
+}
+
+BOOL CWnd::EnableToolTips(BOOL bEnable)
+{
+    WindowSide* const window = WindowSide::Of(m_hWnd);
+    if (window == nullptr)
+        return FALSE;
+    window->HasToolTips = bEnable != FALSE;
+    return TRUE;
 }
 
 CWnd* CWnd::SetCapture()
@@ -231,14 +265,12 @@ int CWnd::GetWindowTextLength() const
 void CWnd::GetWindowText(CString& rString) const
 {
     const WindowSide* const window = WindowSide::Of(m_hWnd);
-    const QString text = window != nullptr ? window->Text() : QString();
-    rString = CString(reinterpret_cast<LPCTSTR>(text.utf16()), static_cast<int>(text.size()));
+    rString = window != nullptr ? gdi::ToCString(window->Text()) : CString();
 }
 
 void CWnd::SetWindowText(LPCTSTR lpszString)
 {
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->SetText(ToQString(lpszString));
+    ::SetWindowTextW(m_hWnd, lpszString);
 }
 
 CFont* CWnd::GetFont() const
@@ -273,45 +305,18 @@ void CWnd::OnNcDestroy()
     PostNcDestroy();
 }
 
+const MSG* CWnd::GetCurrentMessage()
+{
+    return &currentMessage;
+}
+
 LRESULT CWnd::Default()
 {
-    return DefWindowProc(currentMessage.Message, currentMessage.WParam, currentMessage.LParam);
+    return DefWindowProc(currentMessage.message, currentMessage.wParam, currentMessage.lParam);
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     WindowSide* const window = WindowSide::Of(m_hWnd);
     return window != nullptr ? window->Default(message, wParam, lParam) : 0;
-}
-
-CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
-{
-    WindowSide* const window = WindowSide::Of(m_hWnd);
-    if (window == nullptr || !Attach(window->BeginPaint()))
-        AfxThrowResourceException();
-}
-
-CPaintDC::~CPaintDC()
-{
-    const HDC context = Detach();
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->EndPaint(context);
-    else
-        ::DeleteDC(context);
-}
-
-CClientDC::CClientDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
-{
-    WindowSide* const window = WindowSide::Of(m_hWnd);
-    if (window == nullptr || !Attach(window->GetContext()))
-        AfxThrowResourceException();
-}
-
-CClientDC::~CClientDC()
-{
-    const HDC context = Detach();
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->ReleaseContext(context);
-    else
-        ::DeleteDC(context);
 }

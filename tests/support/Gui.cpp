@@ -11,15 +11,30 @@
 namespace
 {
 
+// The same colours on every desktop, and such that a picture tells one part from another.
+[[maybe_unused]] const bool hasFixedColors = [] {
+    QPalette palette(Qt::black, QColor(192, 192, 192), Qt::white, QColor(128, 128, 128),
+                     QColor(160, 160, 160), Qt::black, Qt::white);
+    palette.setColor(QPalette::Midlight, QColor(223, 223, 223));
+    palette.setColor(QPalette::Shadow, Qt::black);
+    QApplication::setPalette(palette);
+    return true;
+}();
+
 QWidget& WidgetOf(const CWnd& window)
 {
     return WindowSide::Of(window.m_hWnd)->Widget();
 }
 
+QWidget& ClientOf(const CWnd& window)
+{
+    return WindowSide::Of(window.m_hWnd)->Client();
+}
+
 void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseButton button,
                Qt::MouseButtons buttons)
 {
-    QWidget& widget = WidgetOf(window);
+    QWidget& widget = ClientOf(window);
     const QPointF local(point.x, point.y);
     QMouseEvent event(type, local, widget.mapToGlobal(local), button, buttons, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
@@ -40,19 +55,16 @@ int QtKeyOf(UINT virtualKey)
         return Qt::Key_Escape;
     case VK_RETURN:
         return Qt::Key_Return;
+    case VK_ADD:
+        return Qt::Key_Plus;
+    case VK_SUBTRACT:
+        return Qt::Key_Minus;
     default:
         return static_cast<int>(virtualKey);
     }
 }
 
 } // namespace
-
-// The leak sanitizer asks for it: what the font library keeps for itself until the process ends is no leak of
-// ours.
-extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig\n";
-}
 
 namespace test
 {
@@ -80,35 +92,53 @@ void ReleaseMouse(CWnd& window, CPoint point)
     SendMouse(window, point, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
 }
 
+void ClickTwice(CWnd& window, CPoint point)
+{
+    PressMouse(window, point);
+    ReleaseMouse(window, point);
+    SendMouse(window, point, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton);
+    ReleaseMouse(window, point);
+}
+
+void ClickRight(CWnd& window, CPoint point)
+{
+    SendMouse(window, point, QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton);
+    SendMouse(window, point, QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton);
+}
+
 void PressKey(CWnd& window, UINT virtualKey)
 {
-    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey), Qt::NoModifier);
+    const bool isOnNumberPad = virtualKey == VK_ADD || virtualKey == VK_SUBTRACT;
+    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey),
+                    isOnNumberPad ? Qt::KeypadModifier : Qt::NoModifier);
     QApplication::sendEvent(&WidgetOf(window), &event);
 }
 
 void TurnWheel(CWnd& window, int delta)
 {
-    QWidget& widget = WidgetOf(window);
+    QWidget& widget = ClientOf(window);
     const QPointF local(1, 1);
     QWheelEvent event(local, widget.mapToGlobal(local), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &event);
 }
 
-void ChangeSettings()
+void ChangeSettings(const std::function<void()>& meanwhile)
 {
     const QPalette before = QApplication::palette();
     QPalette other = before;
-    other.setColor(QPalette::Window, Qt::magenta);
+    for (const auto role : {QPalette::Window, QPalette::Button})
+        other.setColor(role, Qt::magenta);
     QApplication::setPalette(other);
     Settle();
+    meanwhile();
     QApplication::setPalette(before);
     Settle();
 }
 
 COLORREF PixelOf(CWnd& window, CPoint point)
 {
-    const QImage shown = WidgetOf(window).grab().toImage();
+    const QImage shown = ClientOf(window).grab().toImage();
     const QColor color = shown.pixelColor(point.x, point.y);
     return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
                static_cast<BYTE>(color.blue()));

@@ -54,10 +54,11 @@ k_UnitQuantities GetUnitQuantities()
             scripted.Flags.data(),         static_cast<int>(scripted.Quantities.size())};
 }
 
-CString GetUnitSymbol(const QuantityKey& key, k_UnitSymbolMode mode)
+CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
+                      k_UnitSymbolMode mode)
 {
     CString text;
-    text.Format(_T("%u.%u.%u.%d.%u.%d"), key.Quantity, key.SubQuantity, key.Flags, key.Device, key.Index,
+    text.Format(_T("%u.%u.%u.%d.%u.%d"), quantity, subQuantity, flags, static_cast<short>(device), index,
                 mode);
     return text;
 }

@@ -1,0 +1,82 @@
+#include "StaticWindow.h"
+
+#include <ControlClass.h>
+#include <QFontMetrics>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QtConvert.h>
+#include <afxdc.h>
+#include <algorithm>
+
+namespace
+{
+
+const ControlClass controlClass(u"Static", MakeStatic);
+
+// Keeps the name at the end for as long as that fits, and as much before it as does.
+QString ShortenPath(const QString& path, const QFontMetrics& metrics, int width)
+{
+    if (metrics.horizontalAdvance(path) <= width)
+        return path;
+    const qsizetype separator = std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
+    const QString name = path.mid(std::max<qsizetype>(0, separator));
+    const int room = width - metrics.horizontalAdvance(name);
+    if (separator <= 0 || room < metrics.horizontalAdvance(u'\u2026'))
+        return metrics.elidedText(name, Qt::ElideRight, width);
+    return metrics.elidedText(path.left(separator), Qt::ElideRight, room) + name;
+}
+
+} // namespace
+
+WindowSide& MakeStatic(DWORD style, QWidget* parent)
+{
+    return *new StaticWindow(style, parent);
+}
+
+StaticWindow::StaticWindow(DWORD style, QWidget* parent) : WidgetWindow(parent)
+{
+    Style = style;
+}
+
+void StaticWindow::SetText(const QString& text)
+{
+    WidgetWindow::SetText(text);
+    update();
+}
+
+// Its background is that of the dialog.
+LRESULT StaticWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    CDC* const dc = message == WM_ERASEBKGND ? CDC::FromHandle(reinterpret_cast<HDC>(wParam)) : nullptr;
+    if (dc == nullptr)
+        return WidgetWindow::OnDefault(message, wParam, lParam);
+    dc->FillSolidRect(0, 0, width(), height(), gdi::ToColorRef(palette().color(QPalette::Window)));
+    return 1;
+}
+
+bool StaticWindow::event(QEvent* event)
+{
+    if (dynamic_cast<QMouseEvent*>(event) == nullptr)
+        return WidgetWindow::event(event);
+    event->ignore();
+    return false;
+}
+
+int StaticWindow::TextFlags() const
+{
+    constexpr int start = Qt::AlignLeft | Qt::AlignTop;
+    if (ShowsPath())
+        return start | Qt::TextSingleLine;
+    const bool wraps = (Style & SS_TYPEMASK) != SS_LEFTNOWORDWRAP;
+    const bool underlines = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
+    return start | (underlines ? Qt::TextShowMnemonic : Qt::TextHideMnemonic) |
+           (wraps ? Qt::TextWordWrap : Qt::TextExpandTabs);
+}
+
+void StaticWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const QString text = ShowsPath() ? ShortenPath(Text(), painter.fontMetrics(), width()) : Text();
+    style()->drawItemText(&painter, rect(), TextFlags(), palette(), isEnabled(), text, foregroundRole());
+}

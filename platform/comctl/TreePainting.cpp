@@ -1,0 +1,197 @@
+// What a tree looks like, and how its parent draws along.
+#include "TreeWindow.h"
+
+#include <QPainter>
+#include <QtConvert.h>
+
+namespace
+{
+
+constexpr int buttonSize = 9; // an odd number, so that there is a middle
+constexpr int signInset = 2;  // from the button's edge
+
+struct Colors {
+    COLORREF Text;
+    COLORREF Background;
+};
+
+COLORREF Paper(bool isEnabled)
+{
+    return GetSysColor(isEnabled ? COLOR_WINDOW : COLOR_BTNFACE);
+}
+
+Colors ColorsOf(bool isEnabled, bool isHighlighted)
+{
+    if (isHighlighted)
+        return {GetSysColor(COLOR_HIGHLIGHTTEXT), GetSysColor(COLOR_HIGHLIGHT)};
+    return {GetSysColor(isEnabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), Paper(isEnabled)};
+}
+
+RECT ToRect(const QRect& place)
+{
+    return {place.x(), place.y(), place.x() + place.width(), place.y() + place.height()};
+}
+
+gdi::Box ToBox(const QRect& place)
+{
+    return gdi::ToBox(ToRect(place));
+}
+
+// Every second pixel, the same ones for lines that meet.
+void DrawDots(const gdi::Canvas& canvas, const QRect& line, gdi::Pixel ink)
+{
+    for (int y = line.top(); y <= line.bottom(); ++y) {
+        for (int x = line.left(); x <= line.right(); ++x) {
+            if (((x ^ y) & 1) == 0 && canvas.Contains(x, y))
+                canvas.At(x, y) = ink;
+        }
+    }
+}
+
+} // namespace
+
+// A message that brings no context comes by way of Qt: the picture is the same, since the parent draws along
+// on both.
+void TreeWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QImage image(viewport()->size(), QImage::Format_RGB32);
+    if (image.isNull())
+        return;
+    const RECT all{0, 0, image.width(), image.height()};
+    const gdi::OwnedContext context(gdi::CreateSurfaceDC(gdi::ToSurface(image), all));
+    if (!context)
+        return;
+    PaintInto(context.get());
+    QPainter(viewport()).drawImage(0, 0, image);
+}
+
+void TreeWindow::PaintInto(HDC context)
+{
+    gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
+    const COLORREF text = dc.TextColor;
+    const int mode = dc.BackgroundMode;
+    const HGDIOBJ font = SelectObject(context, m_font.Handle());
+
+    dc.Drawing.FillBox(ToBox(viewport()->rect()), gdi::ToPixel(Paper(isEnabled())));
+    NMTVCUSTOMDRAW all{};
+    all.nmcd.hdc = context;
+    all.nmcd.rc = ToRect(viewport()->rect());
+    const bool asks = (Ask(all, CDDS_PREPAINT) & CDRF_NOTIFYITEMDRAW) != 0;
+    for (const HTREEITEM row : VisibleRows()) {
+        if (TreeItem* const item = Find(row))
+            PaintRow(context, *item, asks);
+    }
+
+    SelectObject(context, font);
+    SetBkMode(context, mode);
+    SetTextColor(context, text);
+}
+
+LRESULT TreeWindow::Ask(NMTVCUSTOMDRAW& draw, DWORD stage)
+{
+    draw.nmcd.dwDrawStage = stage;
+    return Notify(draw.nmcd.hdr, NM_CUSTOMDRAW);
+}
+
+// By their handles, since the parent may do anything with the rows while it draws along.
+std::vector<HTREEITEM> TreeWindow::VisibleRows() const
+{
+    std::vector<HTREEITEM> rows;
+    for (const TreeItem* item = FirstVisible(); item != nullptr;
+         item = static_cast<const TreeItem*>(itemBelow(item))) {
+        if (PlacesOf(*item).Row.top() >= viewport()->height())
+            break;
+        rows.push_back(item->Handle());
+    }
+    return rows;
+}
+
+NMTVCUSTOMDRAW TreeWindow::Describe(HDC context, const TreeItem& item) const
+{
+    const bool isSelected = item.isSelected();
+    const bool hasFocus = this->hasFocus();
+    const Colors colors = ColorsOf(isEnabled(), isSelected && hasFocus);
+    NMTVCUSTOMDRAW draw{};
+    draw.nmcd.hdc = context;
+    draw.nmcd.rc = ToRect(PlacesOf(item).Row);
+    draw.nmcd.dwItemSpec = reinterpret_cast<UINT_PTR>(item.Handle());
+    draw.nmcd.uItemState =
+        (isSelected ? CDIS_SELECTED : 0) | (hasFocus && &item == currentItem() ? CDIS_FOCUS : 0);
+    draw.nmcd.lItemlParam = item.Data;
+    draw.clrText = colors.Text;
+    draw.clrTextBk = colors.Background;
+    draw.iLevel = item.Level();
+    return draw;
+}
+
+void TreeWindow::PaintRow(HDC context, TreeItem& row, bool asks)
+{
+    NMTVCUSTOMDRAW draw = Describe(context, row);
+    const LRESULT answer = asks ? Ask(draw, CDDS_ITEMPREPAINT) : CDRF_DODEFAULT;
+    const TreeItem* const item = Find(reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec));
+    if (item == nullptr)
+        return;
+    const gdi::Canvas& canvas = gdi::DeviceContext::FromHandle(context)->Drawing;
+    const Places places = PlacesOf(*item);
+    if ((Style & TVS_HASLINES) != 0)
+        DrawLines(canvas, *item, places.Branch);
+    if (HasButton(*item))
+        DrawButton(canvas, *item, places.Branch);
+    DrawLabel(draw, *item, places);
+    if ((answer & CDRF_NOTIFYPOSTPAINT) != 0)
+        Ask(draw, CDDS_ITEMPOSTPAINT);
+}
+
+// From the label to the row's line, up to the row before and down to the next of the same parent; and
+// through, in the squares further left, the lines of the rows that this one is below of.
+void TreeWindow::DrawLines(const gdi::Canvas& canvas, const TreeItem& item, QRect square) const
+{
+    const gdi::Pixel ink = gdi::ToPixel(GetSysColor(COLOR_BTNSHADOW));
+    const TreeItem* row = &item;
+    for (; row != nullptr && !square.isEmpty() && square.left() >= 0; row = row->Parent()) {
+        const QPoint middle = square.center();
+        QRect line(middle.x(), square.top(), 1, square.height());
+        if (Sibling(*row, 1) == nullptr)
+            line.setBottom(row == &item ? middle.y() : line.top() - 1);
+        if (row == &item) {
+            DrawDots(canvas, QRect(middle, QPoint(square.right(), middle.y())), ink);
+            if (row == topLevelItem(0))
+                line.setTop(middle.y());
+        }
+        DrawDots(canvas, line, ink);
+        square.translate(-square.width(), 0);
+    }
+}
+
+void TreeWindow::DrawButton(const gdi::Canvas& canvas, const TreeItem& item, const QRect& square) const
+{
+    const gdi::Pixel ink = gdi::ToPixel(GetSysColor(COLOR_WINDOWTEXT));
+    QRect button(0, 0, buttonSize, buttonSize);
+    button.moveCenter(square.center());
+    canvas.FillBox(ToBox(button), gdi::ToPixel(GetSysColor(COLOR_BTNSHADOW)));
+    canvas.FillBox(ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
+    const int half = buttonSize / 2;
+    canvas.FillBox(ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
+    if (!item.IsUnfolded())
+        canvas.FillBox(ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
+}
+
+void TreeWindow::DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const
+{
+    const HDC context = draw.nmcd.hdc;
+    QRect label = places.Label;
+    if ((Style & TVS_FULLROWSELECT) != 0)
+        label.setRight(places.Row.right());
+    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox(ToBox(label), gdi::ToPixel(draw.clrTextBk));
+
+    const QString text = item.text(0);
+    RECT place = ToRect(label);
+    InflateRect(&place, -labelPadding, 0);
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, draw.clrText);
+    DrawTextW(context, reinterpret_cast<LPCWSTR>(text.utf16()), static_cast<int>(text.size()), &place,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    place = ToRect(label);
+    if ((draw.nmcd.uItemState & CDIS_FOCUS) != 0)
+        DrawFocusRect(context, &place);
+}

@@ -1,0 +1,121 @@
+// Where a tree's rows are, and how they come into view.
+#include "TreeWindow.h"
+
+#include <QScrollBar>
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+constexpr int branchWidth = 19;
+constexpr int rowPadding = 3; // above and below the text together
+constexpr int leastRowHeight = 16;
+
+} // namespace
+
+// Even, so that the dotted lines of one row go on in the next.
+int TreeWindow::RowHeight() const
+{
+    return (std::max(Metrics().height() + rowPadding, leastRowHeight) + 1) / 2 * 2;
+}
+
+TreeWindow::Places TreeWindow::PlacesOf(const TreeItem& item) const
+{
+    const QRect shown = visualRect(indexFromItem(&item));
+    if (shown.height() <= 0)
+        return {};
+    const bool hasBranches = (Style & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
+    const bool isRootInset = hasBranches && (Style & TVS_LINESATROOT) != 0;
+    const int left = (item.Level() + (isRootInset ? 1 : 0)) * branchWidth;
+    const int width = Metrics().horizontalAdvance(item.text(0)) + 2 * labelPadding;
+    const int branch = left > 0 ? branchWidth : 0;
+    return {{0, shown.top(), viewport()->width(), shown.height()},
+            {left - branch, shown.top(), branch, shown.height()},
+            {left, shown.top(), width, shown.height()}};
+}
+
+bool TreeWindow::HasButton(const TreeItem& item) const
+{
+    return item.childCount() > 0 && (Style & TVS_HASBUTTONS) != 0 &&
+           (item.Parent() != nullptr || (Style & TVS_LINESATROOT) != 0);
+}
+
+TreeWindow::Hit TreeWindow::HitTest(QPoint point) const
+{
+    TreeItem* const item =
+        viewport()->rect().contains(point) ? static_cast<TreeItem*>(itemAt(point)) : nullptr;
+    if (item == nullptr)
+        return {nullptr, TVHT_NOWHERE};
+    const Places places = PlacesOf(*item);
+    if (places.Label.contains(point))
+        return {item, TVHT_ONITEMLABEL};
+    if (point.x() >= places.Label.left())
+        return {item, TVHT_ONITEMRIGHT};
+    return {item, places.Branch.contains(point) && HasButton(*item) ? TVHT_ONITEMBUTTON : TVHT_ONITEMINDENT};
+}
+
+bool TreeWindow::GetRect(LPRECT rectangle, bool isLabel) const
+{
+    if (rectangle == nullptr)
+        return false;
+    HTREEITEM handle = nullptr; // stands where the rectangle will
+    std::memcpy(&handle, rectangle, sizeof handle);
+    const TreeItem* const item = Find(handle);
+    const Places places = item != nullptr ? PlacesOf(*item) : Places{};
+    if (places.Row.height() <= 0)
+        return false;
+    const QRect& place = isLabel ? places.Label : places.Row;
+    *rectangle = {place.x(), place.y(), place.x() + place.width(), place.y() + place.height()};
+    return true;
+}
+
+bool TreeWindow::Reveal(HTREEITEM handle, ScrollHint hint)
+{
+    // The parent may change the rows whenever it is told that one has unfolded.
+    std::vector<HTREEITEM> above;
+    const TreeItem* const wanted = Find(handle);
+    for (const TreeItem* item = wanted != nullptr ? wanted->Parent() : nullptr; item != nullptr;
+         item = item->Parent())
+        above.push_back(item->Handle());
+    for (auto each = above.rbegin(); each != above.rend(); ++each) {
+        if (TreeItem* const item = Find(*each))
+            Fold(*item, TVE_EXPAND);
+    }
+    TreeItem* const item = Find(handle);
+    if (item == nullptr)
+        return false;
+    UpdateLayout();
+    scrollToItem(item, hint);
+    return true;
+}
+
+// Qt waits with it until the event is over, and for a window that isn't shown until it is.
+void TreeWindow::UpdateLayout()
+{
+    executeDelayedItemsLayout();
+    if (!viewport()->isVisible())
+        updateGeometries();
+    setViewportMargins(0, 0, 0, 0); // shows the bar, or takes it away
+}
+
+bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
+{
+    if (bar != SB_VERT)
+        return false;
+    const_cast<TreeWindow&>(*this).UpdateLayout(); // to what it is to be anyway
+    const QScrollBar& vertical = *verticalScrollBar();
+    info.nMin = 0;
+    info.nMax = vertical.maximum() > 0 ? vertical.maximum() + vertical.pageStep() - 1 : 0;
+    info.nPage = static_cast<UINT>(vertical.pageStep());
+    info.nPos = vertical.value();
+    info.nTrackPos = vertical.sliderPosition();
+    return true;
+}
+
+// Qt moves the pixels that it has painted, not those that handlers of WM_PAINT have.
+void TreeWindow::scrollContentsBy(int dx, int dy)
+{
+    ScrollAreaWindow::scrollContentsBy(dx, dy);
+    Invalidate(viewport()->rect(), true);
+}

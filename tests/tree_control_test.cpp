@@ -1,0 +1,236 @@
+// The tree: what its messages answer, what its parent hears of the user, and how the parent draws along.
+#include "support/Gui.h"
+#include "support/Picture.h"
+
+#include <afxcmn.h>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr int square = 19;    // what a row is inset by at each level
+constexpr int rowHeight = 16; // with the smallest fonts
+constexpr COLORREF ours = RGB(1, 2, 3);
+
+class Tree : public testing::Test, public CWnd // the tree's parent
+{
+protected:
+    Tree()
+    {
+        CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, 50, 40, 300, 200, nullptr, 0);
+        m_tree.Create(WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT,
+                      CRect(10, 20, 210, 20 + 5 * rowHeight), this, 2);
+        test::Settle();
+        UseFont(-6);
+        Fill();
+    }
+    void UseFont(LONG height)
+    {
+        LOGFONTW wanted{};
+        wanted.lfHeight = height;
+        CFont font; // goes too early, but the tree has hold of it
+        font.CreateFontIndirect(&wanted);
+        m_tree.SetFont(&font);
+    }
+    void Fill()
+    {
+        a = Add(_T("a"));
+        b = Add(_T("b"), a);
+        c = Add(_T("c"), b);
+        d = Add(_T("d"), a);
+        e = Add(_T("e"));
+    }
+    HTREEITEM Add(LPCTSTR text, HTREEITEM parent = TVI_ROOT) // unfolded
+    {
+        constexpr UINT mask = TVIF_TEXT | TVIF_STATE | TVIF_PARAM;
+        constexpr UINT state = TVIS_EXPANDED;
+        const TVINSERTSTRUCTW row{
+            parent, TVI_LAST, {mask, nullptr, state, state, const_cast<LPWSTR>(text), 0, 0, 0, 0, text[0]}};
+        return m_tree.InsertItem(&row);
+    }
+    void Delete(HTREEITEM row) { m_tree.SendMessage(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(row)); }
+
+    BOOL OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) override
+    {
+        const int code = static_cast<int>(reinterpret_cast<const NMHDR*>(lParam)->code);
+        const auto& folded = *reinterpret_cast<const NMTREEVIEWW*>(lParam);
+        if (code == NM_CUSTOMDRAW)
+            *pResult = Draw(*reinterpret_cast<const NMTVCUSTOMDRAW*>(lParam));
+        else if (code == NM_RCLICK)
+            m_heard += "right ";
+        else
+            m_heard += (folded.action == TVE_EXPAND ? '+' : '-') + Name(folded.itemNew.hItem);
+        if (m_deletesRows)
+            Delete(TVI_ROOT);
+        return TRUE;
+    }
+    LRESULT Draw(const NMTVCUSTOMDRAW& draw)
+    {
+        const auto row = reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec);
+        if (row == nullptr)
+            return CDRF_NOTIFYITEMDRAW;
+        const bool isHighlighted = draw.clrTextBk == GetSysColor(COLOR_HIGHLIGHT);
+        m_drawn += Name(row) + std::to_string(draw.nmcd.uItemState) + (isHighlighted ? "* " : " ");
+        if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT)
+            CDC::FromHandle(draw.nmcd.hdc)->FillSolidRect(&draw.nmcd.rc, ours);
+        return row == e ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
+    }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_CONTEXTMENU && static_cast<DWORD>(lParam) == GetMessagePos())
+            m_heard += "menu";
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+
+    std::string Name(HTREEITEM row) { return {row ? static_cast<char>(m_tree.GetItemData(row)) : '0'}; }
+    std::string Next(UINT which, HTREEITEM row = nullptr) { return Name(m_tree.GetNextItem(row, which)); }
+    std::string Scroll()
+    {
+        SCROLLINFO info{};
+        m_tree.GetScrollInfo(SB_VERT, &info);
+        return std::to_string(info.nMax) + ' ' + std::to_string(info.nPage) + ' ' + std::to_string(info.nPos);
+    }
+    CRect Label(HTREEITEM row)
+    {
+        CRect rect;
+        EXPECT_TRUE(m_tree.GetItemRect(row, &rect, TRUE));
+        return rect;
+    }
+    // Beside the left edge of a row's label.
+    CPoint At(HTREEITEM row, int dx) { return {Label(row).left + dx, Label(row).top + 4}; }
+
+    CTreeCtrl m_tree;
+    HTREEITEM a, b, c, d, e; // a(b(c) d) e
+    std::string m_heard;
+    std::string m_drawn;
+    bool m_deletesRows = false; // when it hears of anything
+};
+
+TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
+{
+    EXPECT_EQ(Next(TVGN_ROOT) + Next(TVGN_FIRSTVISIBLE) + Next(TVGN_CARET), "aa0");
+    const std::pair<HTREEITEM, std::string> cases[] = {
+        {a, "e0bb0"}, {b, "dacca"}, {c, "0b0db"}, {d, "0a0ec"}, {e, "0000d"}};
+    for (const auto& [row, relations] : cases)
+        EXPECT_EQ(Next(TVGN_NEXT, row) + Next(TVGN_PARENT, row) + Next(TVGN_CHILD, row) +
+                      Next(TVGN_NEXTVISIBLE, row) + Next(TVGN_PREVIOUSVISIBLE, row),
+                  relations);
+    EXPECT_EQ(m_tree.GetItemState(c, TVIS_EXPANDED | TVIS_SELECTED), TVIS_EXPANDED);
+    const std::u16string text(1000, u'x');
+    EXPECT_EQ(m_tree.GetItemText(Add(text.c_str())), text.c_str());
+    Delete(TVI_ROOT);
+    Fill();
+    Delete(b);
+    for (const HTREEITEM gone : {b, c, TVI_LAST, reinterpret_cast<HTREEITEM>(this)}) {
+        CRect rect;
+        EXPECT_FALSE(m_tree.GetItemRect(gone, &rect, FALSE) || m_tree.EnsureVisible(gone) ||
+                     m_tree.Expand(gone, TVE_EXPAND) || m_tree.Select(gone, TVGN_FIRSTVISIBLE) ||
+                     m_tree.ItemHasChildren(gone) || m_tree.Select(gone, TVGN_CARET) || Add(_T("x"), gone));
+        EXPECT_EQ(Next(TVGN_NEXT, gone) + Next(TVGN_PREVIOUSVISIBLE, gone), "00");
+        EXPECT_EQ(m_tree.GetItemText(gone), _T(""));
+    }
+}
+
+TEST_F(Tree, TellsPlacesApart)
+{
+    const CRect label = Label(b);
+    EXPECT_EQ(label.TopLeft(), CPoint(2 * square, rowHeight));
+    const std::pair<CPoint, UINT> cases[] = {
+        {At(b, -square - 1), TVHT_ONITEMINDENT},  {At(b, -square), TVHT_ONITEMBUTTON},
+        {At(b, -1), TVHT_ONITEMBUTTON},           {At(b, 0), TVHT_ONITEMLABEL},
+        {At(b, label.Width()), TVHT_ONITEMRIGHT}, {At(b, label.Width() - 1), TVHT_ONITEMLABEL},
+        {{199, label.top}, TVHT_ONITEMRIGHT},     {{200, label.top}, TVHT_NOWHERE},
+        {At(c, -1), TVHT_ONITEMINDENT},           {{5, 5 * rowHeight}, TVHT_NOWHERE},
+    };
+    for (const auto& [point, expected] : cases) {
+        UINT flags = 0;
+        m_tree.HitTest(point, &flags);
+        EXPECT_EQ(flags, expected) << point.x;
+    }
+    m_tree.ModifyStyle(TVS_LINESATROOT, 0);
+    EXPECT_EQ(Label(b).left, square);
+    UseFont(-40);
+    EXPECT_GT(Label(b).Height(), 40);
+    EXPECT_GT(Label(b).Width(), label.Width());
+}
+
+TEST_F(Tree, TellsItsParentWhatTheUserDoes)
+{
+    const auto key = [this](UINT which) { return [this, which] { test::PressKey(m_tree, which); }; };
+    const std::pair<std::function<void()>, std::string> steps[] = {
+        // and the caret afterwards
+        {[&] { test::PressMouse(m_tree, At(b, 50)); }, " 0"}, // right of a label
+        {[&] { test::ClickRight(m_tree, At(b, 3)); }, "right menu 0"},
+        {[&] { test::PressMouse(m_tree, At(c, 3)); }, " c"},
+        {[&] { test::PressMouse(m_tree, At(a, -9)); }, "-a a"}, // what is selected stays in view
+        {[&] { test::ClickTwice(m_tree, At(a, 3)); }, "+a a"},
+        {[&] { m_tree.Expand(a, TVE_EXPAND); }, " a"},
+        {[&] { m_tree.Expand(b, TVE_COLLAPSE); }, "-b a"},
+        {[&] { m_tree.Expand(a, TVE_COLLAPSE); }, "-a a"},
+        {[&] { m_tree.Select(c, TVGN_CARET); }, "+a+b c"},
+        {key(VK_RIGHT), " c"},
+        {key(VK_LEFT), " b"},
+        {key(VK_LEFT), "-b b"},
+        {key(VK_RIGHT), "+b b"},
+        {key(VK_RIGHT), " c"},
+        {key(VK_DOWN), " d"},
+        {[&] { m_tree.Select(nullptr, TVGN_CARET); }, " 0"},
+    };
+    for (const auto& [act, told] : steps) {
+        act();
+        EXPECT_EQ(std::exchange(m_heard, {}) + ' ' + Next(TVGN_CARET), told);
+    }
+    for (const int index :
+         {3, 4, 7, 11}) { // whoever is told may do anything with the rows, when painting too
+        Delete(TVI_ROOT);
+        Fill();
+        m_tree.Select(a, TVGN_CARET);
+        m_deletesRows = true;
+        steps[index].first();
+        EXPECT_EQ(Next(TVGN_ROOT) + Next(TVGN_CARET), "00");
+        Fill();
+        test::Settle();
+        m_deletesRows = false;
+    }
+}
+
+TEST_F(Tree, ScrollsByRows)
+{
+    EXPECT_EQ(Scroll(), "0 5 0");
+    const HTREEITEM f = Add(_T("f"), e);
+    EXPECT_EQ(Scroll(), "5 5 0");
+    EXPECT_EQ(Name(m_tree.HitTest({200 - GetSystemMetrics(SM_CXVSCROLL), 1})), "0");
+    m_tree.EnsureVisible(f);
+    EXPECT_EQ(Scroll() + Next(TVGN_FIRSTVISIBLE), "5 5 1b");
+    m_tree.MoveWindow(0, 0, 200, 2 * rowHeight);
+    m_tree.Select(c, TVGN_FIRSTVISIBLE);
+    EXPECT_EQ(Scroll() + Next(TVGN_FIRSTVISIBLE), "5 2 2c");
+    m_tree.Expand(a, TVE_COLLAPSE);
+    EXPECT_EQ(Scroll(), "2 2 1");
+    m_tree.ShowWindow(SW_HIDE);
+    m_tree.MoveWindow(0, 0, 200, 5 * rowHeight);
+    EXPECT_EQ(Scroll(), "0 5 0");
+    for (int i = 0; i < 5000; ++i)
+        Add(_T("x"), i % 50 == 0 ? TVI_ROOT : e);
+    m_tree.MoveWindow(0, 0, 0, 0);
+    EXPECT_EQ(Scroll(), "5002 1 0");
+}
+
+TEST_F(Tree, LetsItsParentDrawAlong)
+{
+    const test::SystemColors colors(
+        {{COLOR_WINDOW, test::windowColor}, {COLOR_BTNSHADOW, test::ink}, {COLOR_WINDOWTEXT, test::filling}});
+    m_tree.Expand(a, TVE_COLLAPSE);
+    m_tree.SetFocus();
+    m_tree.Select(e, TVGN_CARET);
+    m_drawn.clear();
+    test::Picture picture(200, 90);
+    m_tree.SendMessage(WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc().m_hDC));
+    EXPECT_EQ(m_drawn, "a0 e17* e17* ");
+    EXPECT_EQ(picture.PixelAt(199, rowHeight), gdi::ToPixel(ours));
+    EXPECT_EQ(test::PixelOf(m_tree, {199, rowHeight}), ours);
+    EXPECT_EQ(picture.Text().substr(7 * 201, square), "     # ooooo # # # "); // across the first button
+}
+
+} // namespace
