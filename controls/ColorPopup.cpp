@@ -51,7 +51,6 @@ ON_WM_KILLFOCUS()
 ON_WM_ACTIVATEAPP()
 ON_WM_QUERYNEWPALETTE()
 ON_WM_PALETTECHANGED()
-ON_WM_NCDESTROY()
 END_MESSAGE_MAP()
 
 // ---- Making the window
@@ -188,9 +187,9 @@ void k_ColorPopup::OnPaletteChanged(CWnd* pFocusWnd)
         InvalidateRect(nullptr, TRUE);
 }
 
-void k_ColorPopup::OnNcDestroy()
+// Called from within the constructor where the window can't be made: nothing may touch the object after that.
+void k_ColorPopup::PostNcDestroy()
 {
-    CWnd::OnNcDestroy();
     delete this;
 }
 

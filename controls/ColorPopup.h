@@ -18,14 +18,16 @@ public:
     // further left or above the owner's window. The texts are those of the default cell and of the cell for
     // more colours; an empty one, or null, stands for no such cell.
     //
-    // Make it with new and drop the pointer: the object goes with its window. The owner isn't null, lives
-    // longer than the window, and doesn't destroy it. Where the window can't be made, no message is sent.
+    // Make it with new and drop the pointer: the object goes with its window, and at once where the window
+    // can't be made; no message is sent then. The owner isn't null, lives longer than the window, and doesn't
+    // destroy it.
     k_ColorPopup(CPoint topLeft, COLORREF color, CWnd* owner, LPCTSTR defaultText, LPCTSTR moreText);
     ~k_ColorPopup() override;
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
 protected:
+    void PostNcDestroy() override;
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
@@ -34,7 +36,6 @@ protected:
     afx_msg void OnActivateApp(BOOL bActive, DWORD dwThreadID);
     afx_msg BOOL OnQueryNewPalette();
     afx_msg void OnPaletteChanged(CWnd* pFocusWnd);
-    afx_msg void OnNcDestroy();
 
 private:
     // Making the window.

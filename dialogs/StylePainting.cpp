@@ -1,5 +1,7 @@
 // The picture of a style: the sample of its line, and its symbol over the middle of it.
 #include <afxwin.h>
+#include <algorithm>
+#include <cstdlib>
 #include <model/LineDef.h>
 
 namespace
@@ -57,8 +59,14 @@ private:
     void MoveTo(int x, int y) { m_dc.MoveTo(m_centre.x + x, m_centre.y + y); }
     void LineTo(int x, int y) { m_dc.LineTo(m_centre.x + x, m_centre.y + y); }
 
-    // Goes out from here up to the outline, over whatever else is drawn there.
-    void Flood(int x, int y) { m_dc.FloodFill(m_centre.x + x, m_centre.y + y, m_color); }
+    // Goes out from here up to the outline, over whatever else is drawn there. A symbol too small for an
+    // outline, or of a size below 0, may have none around this place: the colour would run over all that can
+    // be drawn on.
+    void Flood(int x, int y)
+    {
+        if (std::max(std::abs(x), std::abs(y)) < std::abs(m_half))
+            m_dc.FloodFill(m_centre.x + x, m_centre.y + y, m_color);
+    }
 
     void Disc(int radius)
     {

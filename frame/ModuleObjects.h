@@ -7,5 +7,4 @@
 #include <model/Language.h>
 #include <model/StyleAtlas.h>
 
-extern k_StyleAtlas g_StyleAtlas; // the table that answers the host
 extern CStyleAtlasApp g_App;

@@ -41,3 +41,11 @@ k_UnitQuantities GetUnitQuantities()
                                  list.Count);
     return list;
 }
+
+CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
+                      k_UnitSymbolMode mode)
+{
+    if (g_App.m_pfnGetSymbol == nullptr)
+        return {};
+    return g_App.m_pfnGetSymbol(quantity, subQuantity, flags, device, index, mode);
+}

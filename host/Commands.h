@@ -1,5 +1,6 @@
 // Commands.h: what the program can do. Each command prints on standard output, tells what is wrong on
-// standard error, and returns the program's exit status. The host has named itself before.
+// standard error, and returns the program's exit status. The host has named itself before, but for the
+// commands on layout files, which do without the style atlas.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +11,13 @@ namespace atlashost
 {
 
 constexpr int Succeeded = 0;
-constexpr int Failed = 1;     // a file could not be read, or the output not be written
+constexpr int Failed = 1;     // a file could not be read, the output not be written, a window not be shown
 constexpr int WrongUsage = 2; // the command line was not understood
+constexpr int Cancelled = 3;  // the user left the editor without OK
+
+// Of two layout files, as of any two files that are compared.
+constexpr int LayoutsDiffer = 1;
+constexpr int ComparisonFailed = 2;
 
 constexpr const char* ProgramName = "atlas-host";
 
@@ -36,5 +42,16 @@ int PlotCurves(std::span<const char* const> paths, const PlotTarget& target);
 
 // Shows every quantity of the unit library and how it is drawn in one file column.
 int ShowTable(std::int16_t fileColumn);
+
+// Prints what stands in layout files; of a damaged one what stands before the damage.
+int ShowLayouts(std::span<const char* const> paths);
+
+// Tells of each layout file whether it is good, or where it is damaged and how. Failed where one is damaged.
+int CheckLayouts(std::span<const char* const> paths);
+
+// Prints the rows and the styles in which two layout files differ, and nothing where they are the same; the
+// order of rows counts for nothing. Returns Succeeded or LayoutsDiffer; throws std::runtime_error where a
+// file cannot be read or is damaged.
+int CompareLayouts(const char* oldPath, const char* newPath);
 
 } // namespace atlashost

@@ -3,76 +3,26 @@
 #include "Calendar.h"
 #include "CsvReader.h"
 #include "Text.h"
+#include "WholeFile.h"
 
-#include <array>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
 #include <limits>
-#include <memory>
 #include <numeric>
 #include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 namespace atlashost
 {
 namespace
 {
 
-constexpr std::size_t MaxFileSize = 64 << 20;
 constexpr std::size_t MaxFields = 16'000'000; // in memory, a short field takes more room than in the file
 constexpr std::size_t MaxRemarks = 20;
 constexpr std::size_t LongestQuote = 30; // characters of a field or header in a remark
 constexpr double NoValue = std::numeric_limits<double>::quiet_NaN();
-
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-[[noreturn]] void ThrowSystemError()
-{
-    throw std::runtime_error{std::strerror(errno)};
-}
-
-// Without O_NONBLOCK a pipe would hold the program until somebody writes into it.
-File OpenRegular(const std::string& path)
-{
-    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0)
-        ThrowSystemError();
-    File file{fdopen(descriptor, "rb")};
-    if (!file)
-        ThrowSystemError();
-    struct stat status = {};
-    if (fstat(descriptor, &status) != 0)
-        ThrowSystemError();
-    if (!S_ISREG(status.st_mode))
-        throw std::runtime_error{"not a regular file"};
-    return file;
-}
-
-std::string ReadWhole(const std::string& path)
-{
-    const File file = OpenRegular(path);
-    std::string content;
-    std::array<char, 65536> buffer;
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
-        content.append(buffer.data(), count);
-        if (content.size() > MaxFileSize)
-            throw std::runtime_error{"larger than 64 MiB"};
-    }
-    if (std::ferror(file.get()) != 0)
-        ThrowSystemError();
-    return content;
-}
 
 // Independent of the locale, whose decimal mark can be another one than the file's.
 std::optional<double> ParseNumber(std::string_view text)
@@ -181,7 +131,7 @@ private:
 
 MeasuredFile ReadMeasuredFile(const std::string& path)
 {
-    const std::string content = ReadWhole(path);
+    const std::string content = ReadWholeFile(path);
     return Reader{content}.Read();
 }
 

@@ -4,7 +4,9 @@
 #include "StyleWords.h"
 #include "Text.h"
 
+#include <algorithm>
 #include <charconv>
+#include <limits>
 #include <string>
 
 #include <getopt.h>
@@ -16,6 +18,8 @@ const char* const Usage =
     R"(Usage: atlas-host [options] list FILE.csv...
        atlas-host [options] plot FILE.csv...
        atlas-host [options] table
+       atlas-host layout show|check FILE...
+       atlas-host layout diff OLD NEW
 
 Shows how the curves of measured data are drawn.
 
@@ -23,12 +27,20 @@ Shows how the curves of measured data are drawn.
   plot FILE.csv...  the curves themselves, a panel for each quantity; Esc closes the window
   table             all quantities of the unit library, in one file column
 
+  layout show FILE...   what stands in layout files
+  layout check FILE...  whether they are good, or where they are damaged and how
+  layout diff OLD NEW   the rows and styles in which two layout files differ
+
   --host NAME       the name by which this host is known to the style atlas (AirLab)
   --column N        the file column of the command table, 0 to 31 (0)
   --png FILE        the command plot writes a PNG file and opens no window; it needs no display
   --size WxH        the size of that picture in pixels, each 100 to 8192 (one that suits the plot)
   --help            show this text
   --version         show the version
+
+The exit status is 0 where all went well, 1 where something could not be read or shown, or a layout file is damaged,
+and 2 where the command line was not understood. The command layout diff ends with 0 where the files are the same, 1
+where they differ, and 2 where one cannot be compared.
 )";
 
 namespace
@@ -79,31 +91,45 @@ void ParseSize(std::string_view text, PlotTarget& target)
                      std::to_string(LargestSide) + " as in 1200x800, not \"" + Printable(text) + "\""};
 }
 
-// The list or the plot, which are of the same files.
-void TakeFiles(Action action, Options& options, const char* command)
+constexpr std::size_t AnyNumber = std::numeric_limits<std::size_t>::max();
+
+struct Command {
+    std::string_view words;
+    Action action;
+    std::size_t fewestFiles;
+    std::size_t mostFiles;
+};
+constexpr Command Commands[] = {
+    {"list", Action::List, 1, AnyNumber},
+    {"plot", Action::Plot, 1, AnyNumber},
+    {"table", Action::Table, 0, 0},
+    {"layout show", Action::ShowLayout, 1, AnyNumber},
+    {"layout check", Action::CheckLayout, 1, AnyNumber},
+    {"layout diff", Action::CompareLayouts, 2, 2},
+};
+constexpr std::string_view GroupOfCommands = "layout";
+
+const char* FilesOf(const Command& command)
 {
-    options.action = action;
-    if (options.files.empty())
-        throw UsageError{std::string{"the command "} + command + " takes at least one file"};
+    return command.mostFiles == 0 ? "no files" : command.mostFiles == 2 ? "two files" : "at least one file";
 }
 
 void ReadCommand(std::span<const char* const> words, Options& options)
 {
     if (words.empty())
         throw UsageError{"a command is missing"};
-    const std::string_view command = words.front();
-    options.files = words.subspan(1);
-    if (command == "list") {
-        TakeFiles(Action::List, options, "list");
-    } else if (command == "plot") {
-        TakeFiles(Action::Plot, options, "plot");
-    } else if (command == "table") {
-        options.action = Action::Table;
-        if (!options.files.empty())
-            throw UsageError{"the command table takes no files"};
-    } else {
-        throw UsageError{"unknown command \"" + Printable(command) + "\""};
+    std::string name = words.front();
+    if (words.size() > 1 && name == GroupOfCommands) {
+        words = words.subspan(1);
+        name += " " + std::string{words.front()};
     }
+    const auto command = std::ranges::find(Commands, name, &Command::words);
+    if (command == std::ranges::end(Commands))
+        throw UsageError{"unknown command \"" + Printable(name) + "\""};
+    options.action = command->action;
+    options.files = words.subspan(1);
+    if (options.files.size() < command->fewestFiles || options.files.size() > command->mostFiles)
+        throw UsageError{"the command " + name + " takes " + FilesOf(*command)};
 }
 
 } // namespace

@@ -11,14 +11,14 @@
 namespace atlashost
 {
 
-enum class Action { List, Plot, Table, Help, Version };
+enum class Action { List, Plot, Table, ShowLayout, CheckLayout, CompareLayouts, Help, Version };
 
 struct Options {
     Action action = Action::Help;
     std::string_view hostName = "AirLab";
     std::int16_t fileColumn = 0;
     PlotTarget plot;
-    std::span<const char* const> files; // of the actions List and Plot, at least one
+    std::span<const char* const> files; // as many as the action takes
 };
 
 // What is wrong with a command line, in words.

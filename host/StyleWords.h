@@ -21,6 +21,7 @@ struct CurveStyle {
     std::int16_t lineStyle = 0;
     std::int16_t lineWidth = 0;
     std::uint8_t useSymbolColor = 0;
+    bool operator==(const CurveStyle&) const = default;
 };
 
 enum class ColorDepth { None, Palette256, TrueColor };

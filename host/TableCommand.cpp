@@ -5,24 +5,11 @@
 #include "Text.h"
 #include "TextTable.h"
 
-#include <cstdio>
 #include <iostream>
 #include <string>
 
 namespace atlashost
 {
-namespace
-{
-
-// Flags are a set of bits, which shows in no other base.
-std::string Hex(std::uint32_t flags)
-{
-    char text[sizeof "0xFFFFFFFF"];
-    std::snprintf(text, sizeof text, "0x%X", static_cast<unsigned>(flags));
-    return text;
-}
-
-} // namespace
 
 int ShowTable(std::int16_t fileColumn)
 {
@@ -39,7 +26,7 @@ int ShowTable(std::int16_t fileColumn)
     for (const MeasuredQuantity& quantity : names.All())
         table.AddRow({std::to_string(quantity.device), std::to_string(quantity.quantity),
                       std::to_string(quantity.subQuantity), std::to_string(quantity.index),
-                      Hex(quantity.flags), Printable(quantity.symbol), Printable(quantity.name),
+                      Hexadecimal(quantity.flags), Printable(quantity.symbol), Printable(quantity.name),
                       StyleCell(StyleOf(fileColumn, quantity), colors)});
     if (table.IsEmpty())
         std::cout << "The unit library has no quantities.\n";

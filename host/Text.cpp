@@ -1,6 +1,7 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <iterator>
 
 namespace atlashost
@@ -151,6 +152,18 @@ std::string_view WithoutBlanks(std::string_view text)
     if (first == std::string_view::npos)
         return {};
     return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+std::string Counted(std::size_t count, const char* noun)
+{
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::string Hexadecimal(std::uint32_t bits)
+{
+    char text[sizeof "0xFFFFFFFF"];
+    std::snprintf(text, sizeof text, "0x%X", static_cast<unsigned>(bits));
+    return text;
 }
 
 } // namespace atlashost

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -24,5 +25,11 @@ std::size_t DisplayWidth(std::string_view utf8);
 std::string Folded(std::string_view text);
 
 std::string_view WithoutBlanks(std::string_view text);
+
+// "1 row", "2 rows"
+std::string Counted(std::size_t count, const char* noun);
+
+// "0x1F", as a set of bits is best shown.
+std::string Hexadecimal(std::uint32_t bits);
 
 } // namespace atlashost

@@ -1,6 +1,7 @@
 // atlas-host: a measurement host. It reads files of measured data, knows the quantities from the unit
 // library, and asks the style atlas how each curve is drawn.
 #include "Commands.h"
+#include "InputFiles.h"
 #include "Options.h"
 #include "SettingsFolder.h"
 #include "Text.h"
@@ -11,6 +12,7 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <string>
 #include <string_view>
 
 namespace atlashost
@@ -18,14 +20,28 @@ namespace atlashost
 namespace
 {
 
-// Without the folder a layout cannot be saved, which this program never does: the styles are shown all the
-// same.
+// Without the folder a layout cannot be saved; the styles are shown all the same.
 void PrepareSettings(std::string_view hostName)
 {
     try {
         CreateSettingsFolder(hostName);
     } catch (const std::filesystem::filesystem_error& error) {
-        std::cerr << ProgramName << ": the folder for the layout cannot be made: " << error.what() << '\n';
+        Tell(std::string{"the folder for the layout cannot be made: "} + error.what());
+    }
+}
+
+// A command that the style atlas answers.
+int RunAsHost(const Options& options)
+{
+    PrepareSettings(options.hostName);
+    StyleAtlasSetApplication(ToUtf16(options.hostName).c_str());
+    switch (options.action) {
+    case Action::List:
+        return ListCurves(options.files);
+    case Action::Plot:
+        return PlotCurves(options.files, options.plot);
+    default:
+        return ShowTable(options.fileColumn);
     }
 }
 
@@ -38,28 +54,28 @@ int Run(const Options& options)
     case Action::Version:
         std::cout << ProgramName << " " ATLAS_HOST_VERSION "\n";
         return Succeeded;
-    case Action::List:
-    case Action::Plot:
-    case Action::Table:
-        break;
+    case Action::ShowLayout:
+        return ShowLayouts(options.files);
+    case Action::CheckLayout:
+        return CheckLayouts(options.files);
+    case Action::CompareLayouts:
+        return CompareLayouts(options.files[0], options.files[1]);
+    default:
+        return RunAsHost(options);
     }
-    PrepareSettings(options.hostName);
-    StyleAtlasSetApplication(ToUtf16(options.hostName).c_str());
-    if (options.action == Action::List)
-        return ListCurves(options.files);
-    if (options.action == Action::Plot)
-        return PlotCurves(options.files, options.plot);
-    return ShowTable(options.fileColumn);
 }
 
 int RunAndFlush(const Options& options)
 {
-    const int status = Run(options);
-    std::cout.flush();
-    if (std::cout)
-        return status;
-    std::cerr << ProgramName << ": the output cannot be written\n";
-    return Failed;
+    try {
+        const int status = Run(options);
+        if (std::cout.flush())
+            return status;
+        Tell("the output cannot be written");
+    } catch (const std::exception& error) {
+        Tell(error.what());
+    }
+    return options.action == Action::CompareLayouts ? ComparisonFailed : Failed;
 }
 
 } // namespace
@@ -71,10 +87,7 @@ int main(int argc, char** argv)
     try {
         return atlashost::RunAndFlush(atlashost::ReadOptions(argc, argv));
     } catch (const atlashost::UsageError& error) {
-        std::cerr << atlashost::ProgramName << ": " << error.what() << "; try --help\n";
+        atlashost::Tell(std::string{error.what()} + "; try --help");
         return atlashost::WrongUsage;
-    } catch (const std::exception& error) {
-        std::cerr << atlashost::ProgramName << ": " << error.what() << '\n';
-        return atlashost::Failed;
     }
 }

@@ -4,20 +4,32 @@
  * symbol and by which line. A host names itself once with StyleAtlasSetApplication, which loads the table,
  * and then asks for the style of each curve with GetStyleAtlas.
  *
- * Strings are zero-terminated UTF-16 in the machine's byte order. They stay the caller's and are copied
- * before a call returns. No pointer argument may be null.
+ * Order. StyleAtlasSetApplication comes once and first; the other four may follow in any order, as often
+ * as the host likes. Before it the table is empty: GetStyleAtlas returns 0.
  *
- * The library starts no thread and takes no lock: calls must not overlap, and a thread must not be cancelled
- * in one. No call throws, and none ends the host: a damaged layout file, or a unit library that cannot be
- * loaded, is told to the user in a message box, or on standard error where there is no display. Where memory
- * runs out, the table holds the rows that were made until then.
+ * Strings and lifetime. Strings are zero-terminated UTF-16 in the machine's byte order. They stay the
+ * caller's and are copied before a call returns. Styles are handed out as values, never as pointers into
+ * the table. No pointer argument may be null. The table lives as long as the library is loaded; nothing
+ * has to be closed, and only the editor writes the layout file.
  *
- * What is kept on disk stands below one prefix folder: the environment variable STYLEATLAS_PREFIX (best an
- * absolute path: a relative one follows the current folder), else "styleatlas" in $XDG_DATA_HOME, if that is
- * absolute, else
- * ~/.local/share/styleatlas. In it, drive_c/ stands for drive C. The layout
- * file of a host is by default C:\ProgramData\Halvorn\<host name>\Style.Atlas. The library creates no folder
+ * Threads. The library starts no thread of its own and takes no lock: calls must not overlap, and a
+ * thread must not be cancelled in one. Calls that come one after another may come from different threads,
+ * but for EditStyleAtlas: windows belong to the thread of the program's windows. While the editor is
+ * open, a host that repaints on that thread may call GetStyleAtlas, and nothing else; the answer is that
+ * of the table before the edit.
+ *
+ * Failures. No call throws, and none ends the host: a damaged layout file, or a unit library that cannot
+ * be loaded, is told to the user in a message box, or on standard error where there is no display. Where
+ * memory runs out, the table holds the rows that were made until then.
+ *
+ * What is kept on disk stands below one prefix folder: the environment variable STYLEATLAS_PREFIX (best
+ * an absolute path: a relative one follows the current folder), else "styleatlas" in $XDG_DATA_HOME, if
+ * that is absolute, else ~/.local/share/styleatlas. In it, drive_c/ stands for drive C. The layout file
+ * of a host is by default C:\ProgramData\Halvorn\<host name>\Style.Atlas. The library creates no folder
  * for it: an installer does, or a save has nowhere to go.
+ *
+ * The header is for C from C99 on and for C++ from C++11 on. Literals as u"AirLab" need C11; a C99
+ * program fills an array of char16_t.
  */
 #ifndef STYLEATLAS_H
 #define STYLEATLAS_H
@@ -73,9 +85,9 @@ void StyleAtlasSetApplication(const char16_t* applicationName);
  *
  *   fileColumn    file column, counted from 0; a table answers for 0 to 31
  *   quantity, subQuantity, index, device, flags
- *                 the identity of the quantity, as the unit library numbers it. Of the rows of the quantity,
- * an equal one is best, then the first with equal subQuantity and device, then the first with equal
- *                 subQuantity, then the first.
+ *                 the identity of the quantity, as the unit library numbers it. Of the rows of the
+ *                 quantity, an equal one is best, then the first with equal subQuantity and device, then the
+ *                 first with equal subQuantity, then the first.
  *   symbolColor, lineColor
  *                 colours: red in the lowest byte, then green, then blue
  *   symbolShape, symbolFill, lineStyle
@@ -83,8 +95,8 @@ void StyleAtlasSetApplication(const char16_t* applicationName);
  *   symbolSize, lineWidth
  *                 in device units of the drawing; the editor offers 2 to 25 and 1 to 10, a file can bring any
  *   useSymbolColor
- *                 1 if the user wants the line in the symbol's colour, else 0. lineColor is handed out as it
- * is stored in either case.
+ *                 1 if the user wants the line in the symbol's colour, else 0. lineColor is handed out as
+ *                 it is stored in either case.
  *
  * Returns 1 and writes all eight values; or returns 0 and writes none, where the table has no row of this
  * quantity (an empty table included) or the row holds no style for this file column. It allocates nothing,

@@ -63,3 +63,21 @@ bool k_LineDefList::Append(const k_LineDefList* pSource)
         Add(pSource->GetAt(i));
     return true;
 }
+
+void k_LineDefList::UpdateUniformity()
+{
+    SetFlags();
+    for (INT_PTR i = 1; i < GetSize(); ++i) {
+        const k_LineDef* const pFirst = GetAt(i - 1);
+        const k_LineDef* const pSecond = GetAt(i);
+        if (pFirst == nullptr || pSecond == nullptr)
+            continue;
+        SameLineStyle = SameLineStyle && pFirst->LineStyle == pSecond->LineStyle;
+        SameLineWidth = SameLineWidth && pFirst->LineWidth == pSecond->LineWidth;
+        SameLineColor = SameLineColor && pFirst->LineColor == pSecond->LineColor;
+        SameSymbolShape = SameSymbolShape && pFirst->SymbolShape == pSecond->SymbolShape;
+        SameSymbolFill = SameSymbolFill && pFirst->SymbolFill == pSecond->SymbolFill;
+        SameSymbolSize = SameSymbolSize && pFirst->SymbolSize == pSecond->SymbolSize;
+        SameSymbolColor = SameSymbolColor && pFirst->SymbolColor == pSecond->SymbolColor;
+    }
+}

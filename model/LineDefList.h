@@ -27,7 +27,10 @@ public:
     // Appends the source's pointers, not copies; false for a null source.
     bool Append(const k_LineDefList* pSource);
 
-    // Whether all records agree on a property.
+    // Sets the flags below by comparing each record with the next one; next to a null nothing is compared.
+    void UpdateUniformity();
+
+    // Whether all records agree on a property: what the last pass found.
     bool SameLineStyle = true;
     bool SameLineWidth = true;
     bool SameLineColor = true;

@@ -36,6 +36,12 @@ public:
 
     k_LineDefList* GetStyles() { return &Styles; }
 
+    // The symbol of the quantity, and " - " and the name of the device if it has one.
+    CString GetLabel() const;
+
+    // The name of the device alone; empty where there is none.
+    CString GetTooltipLabel() const;
+
     // The row in the layout file: 17 bytes and the records.
     void Serialize(CArchive& ar) override;
 

@@ -38,6 +38,11 @@ public:
     // exception.
     k_LineDef* GetRowStyle(INT_PTR row, int column) const;
 
+    // The text of a row in the outline: the symbol of its quantity and, at level 0, " - " and the name of the
+    // device if it has one; "?" for an empty slot. Empty for an index past the table; a negative one raises
+    // the invalid argument exception.
+    CString GetRowLabel(INT_PTR row) const;
+
     // ---- Catalogue
 
     // Replaces the rows by an outline of the quantities that the unit library reports now, all styles as
@@ -90,6 +95,10 @@ public:
     // file that they name; settings that name none are given FilePath.
     void ChangeUserInfo(CString userRoot, CString subKey);
 
+    // Writes the list of quantities that the unit library reports now, a line each, to the log for the
+    // service. Nothing happens where the file can't be made. Gives an empty text.
+    static CString WriteUnitLog();
+
     DWORD Version = 1;
     DWORD ColumnCount = k_MaxFileColumns; // as the file has it; at most 32 file columns are built or shown
     k_QuantityList Rows;
@@ -106,3 +115,5 @@ private:
     void WriteRows(CArchive& ar);
     void ReadFilePath();
 };
+
+extern k_StyleAtlas g_StyleAtlas; // the module's table, which answers the host

@@ -132,10 +132,8 @@ TEST_F(AllocationFailure, AnOpeningThatThrowsIsToldAndEndsTheSave)
     allocationsLeft = 0;
     EXPECT_FALSE(m_atlas.Save(path));
     allocationsLeft = -1;
-    ASSERT_EQ(m_messages.Messages().size(), 1U);
-    EXPECT_EQ(m_messages.Messages()[0].Text, u"Cannot save style atlas");
-    EXPECT_EQ(m_messages.Messages()[0].Caption, u"Error");
-    EXPECT_EQ(m_messages.Messages()[0].Type, MB_ICONEXCLAMATION);
+    EXPECT_EQ(m_messages.Messages(),
+              std::vector(1, test::Message{u"Cannot save style atlas", u"Error", MB_ICONEXCLAMATION}));
 }
 
 TEST_F(AllocationFailure, WhileCopyingTheTableAndChangingTheUser)

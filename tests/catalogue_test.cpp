@@ -2,41 +2,26 @@
 #include "support/ScriptedModel.h"
 
 #include <gtest/gtest.h>
-#include <ostream>
+#include <sstream>
 
 namespace
 {
 
-struct Row {
-    int Quantity;
-    int SubQuantity;
-    int Index;
-    int Device;
-    DWORD Flags;
-    int Level;
-
-    friend bool operator==(const Row&, const Row&) = default;
-    friend std::ostream& operator<<(std::ostream& out, const Row& row)
-    {
-        return out << '(' << row.Quantity << ' ' << row.SubQuantity << ' ' << row.Index << ' ' << row.Device
-                   << ' ' << row.Flags << " level " << row.Level << ')';
-    }
-};
-
-std::vector<Row> Outline(std::vector<test::UnitEntry> entries)
+// Quantity, sub-quantity, index, device and flags of each row, behind a plus for each level.
+std::string Outline(std::vector<test::UnitEntry> entries)
 {
     test::SetUnits(std::move(entries));
     k_StyleAtlas atlas;
     atlas.ColumnCount = 1;
     atlas.BuildCatalogue();
-    const INT_PTR built = atlas.BuildCatalogue(); // starts anew
-    EXPECT_EQ(built, atlas.Rows.GetSize());
-    std::vector<Row> rows;
+    EXPECT_EQ(atlas.BuildCatalogue(), atlas.Rows.GetSize()); // starts anew
+    std::ostringstream text;
     for (INT_PTR i = 0; i < atlas.Rows.GetSize(); ++i) {
         const k_QuantityDesc& row = *atlas.GetRow(i);
-        rows.push_back({row.Quantity, row.SubQuantity, row.Index, row.Device, row.Flags, row.Level});
+        text << (i > 0 ? " " : "") << std::string(row.Level, '+') << row.Quantity << '.' << row.SubQuantity
+             << '.' << int{row.Index} << '.' << row.Device << '.' << row.Flags;
     }
-    return rows;
+    return text.str();
 }
 
 TEST(Catalogue, BuildsThreeLevels)
@@ -49,30 +34,21 @@ TEST(Catalogue, BuildsThreeLevels)
                        {1, 20, 1, 0, 0},
                        {0, 30, 5, 0, 0},
                        {0, 30, 5, 1, 0}}),
-              (std::vector<Row>{{10, 0, 0, 0, 0, 0},
-                                {20, 65535, 0, 0, 0, 0},
-                                {20, 1, 0, 0, 0, 1},
-                                {20, 2, 0, 0, 0, 1},
-                                {20, 2, 1, 0, 0, 2},
-                                {20, 2, 2, 0, 0, 2},
-                                {20, 1, 0, 1, 0, 0},
-                                {30, 65535, 0, 0, 0, 0},
-                                {30, 5, 0, 0, 0, 1},
-                                {30, 5, 1, 0, 0, 1}}));
+              "10.0.0.0.0 20.65535.0.0.0 +20.1.0.0.0 +20.2.0.0.0 ++20.2.1.0.0 ++20.2.2.0.0 20.1.0.1.0 "
+              "30.65535.0.0.0 +30.5.0.0.0 +30.5.1.0.0");
 }
 
 TEST(Catalogue, SingleEntriesKeepTheirWholeKey)
 {
-    EXPECT_EQ(Outline({}), std::vector<Row>{});
-    EXPECT_EQ(Outline({{3, 10, 4, 5, 6}}), (std::vector<Row>{{10, 4, 5, 3, 6, 0}}));
-    EXPECT_EQ(Outline({{1, 10, 4, 0, 0}, {2, 10, 4, 0, 0}}),
-              (std::vector<Row>{{10, 4, 0, 1, 0, 0}, {10, 4, 0, 2, 0, 0}}));
+    EXPECT_EQ(Outline({}), "");
+    EXPECT_EQ(Outline({{3, 10, 4, 5, 6}}), "10.4.5.3.6");
+    EXPECT_EQ(Outline({{1, 10, 4, 0, 0}, {2, 10, 4, 0, 0}}), "10.4.0.1.0 10.4.0.2.0");
 }
 
 TEST(Catalogue, AGroupWithOneSubQuantityHasNoHead)
 {
     EXPECT_EQ(Outline({{0, 10, 4, 0, 9}, {0, 10, 4, 0, 9}}), // two equal entries stay two rows
-              (std::vector<Row>{{10, 65535, 0, 0, 0, 0}, {10, 4, 0, 0, 9, 1}, {10, 4, 0, 0, 9, 1}}));
+              "10.65535.0.0.0 +10.4.0.0.9 +10.4.0.0.9");
 }
 
 TEST(Catalogue, AHeadStandsForTheEntriesThatEqualIt)
@@ -84,36 +60,26 @@ TEST(Catalogue, AHeadStandsForTheEntriesThatEqualIt)
                        {0, 10, 1, 0, 7},
                        {0, 10, 1, 3, 5},
                        {0, 10, 1, 0, 5}}),
-              (std::vector<Row>{{10, 65535, 0, 0, 0, 0},
-                                {10, 1, 0, 0, 5, 1},
-                                {10, 1, 3, 0, 5, 2},
-                                {10, 1, 0, 0, 7, 1},
-                                {10, 1, 3, 0, 5, 2},
-                                {10, 2, 0, 0, 0, 1}}));
+              "10.65535.0.0.0 +10.1.0.0.5 ++10.1.3.0.5 +10.1.0.0.7 ++10.1.3.0.5 +10.2.0.0.0");
 }
 
 TEST(Catalogue, OfSubQuantityAndIndexOnlyTheLowByteCounts)
 {
-    EXPECT_EQ(Outline({{0, 10, 257, 0x1FF, 0}}), (std::vector<Row>{{10, 1, 255, 0, 0, 0}}));
-    EXPECT_EQ(Outline({{0, 10, -1, 0, 0}}), (std::vector<Row>{{10, 255, 0, 0, 0, 0}}));
-    EXPECT_EQ(Outline({{0, 10, 1, 0, 0}, {0, 10, 257, 0, 0}}).size(), 3U); // one group, one sub-quantity
+    EXPECT_EQ(Outline({{0, 10, 257, 0x1FF, 0}}), "10.1.255.0.0");
+    EXPECT_EQ(Outline({{0, 10, -1, 0, 0}}), "10.255.0.0.0");
+    EXPECT_EQ(Outline({{0, 10, 1, 0, 0}, {0, 10, 257, 0, 0}}), "10.65535.0.0.0 +10.1.0.0.0 +10.1.0.0.0");
 }
 
 TEST(Catalogue, GroupsStandInOrderOfFirstAppearance)
 {
     EXPECT_EQ(Outline({{0, 20, 1, 0, 0}, {0, 10, 0, 0, 0}, {1, 20, 1, 0, 0}, {0, 20, 2, 0, 0}}),
-              (std::vector<Row>{{20, 65535, 0, 0, 0, 0},
-                                {20, 1, 0, 0, 0, 1},
-                                {20, 2, 0, 0, 0, 1},
-                                {10, 0, 0, 0, 0, 0},
-                                {20, 1, 0, 1, 0, 0}}));
+              "20.65535.0.0.0 +20.1.0.0.0 +20.2.0.0.0 10.0.0.0.0 20.1.0.1.0");
 }
 
 TEST(Catalogue, AnEntryWithoutDeviceGathersItsQuantityFromAllDevices)
 {
     EXPECT_EQ(Outline({{1, 10, 1, 0, 0}, {65535, 10, 1, 0, 0}, {2, 10, 2, 0, 0}}),
-              (std::vector<Row>{
-                  {10, 1, 0, 1, 0, 0}, {10, 65535, 0, -1, 0, 0}, {10, 1, 0, -1, 0, 1}, {10, 2, 0, 2, 0, 1}}));
+              "10.1.0.1.0 10.65535.0.-1.0 +10.1.0.-1.0 +10.2.0.2.0");
 }
 
 TEST(TakeMatching, MovesTheRecordsInTheirOrder)

@@ -4,6 +4,7 @@
 #include "support/Gui.h"
 
 #include <ColorDialog.h>
+#include <Desktop.h>
 #include <QApplication>
 #include <QFontMetrics>
 #include <WindowSide.h>
@@ -11,6 +12,7 @@
 #include <controls/ColorPopup.h>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <sstream>
 
 namespace
@@ -106,6 +108,11 @@ TEST_F(ColorPopup, GrowsWithItsTexts)
     check(defaults, more, 148, 126 + 2 * m_high);
     check(none, wide, broad + 4, 110 + m_high);
     check(wide, more, broad + 4, 126 + 2 * m_high);
+
+    const int edge = SetEdgeWidth(6); // leaves a cell of 18 less than 5 for its colour
+    Open(none, none);
+    EXPECT_EQ(test::PlaceOf(*popup), CRect(200, 120, 200 + 8 * 19 + 12, 120 + 5 * 19 + 12));
+    SetEdgeWidth(edge);
 }
 
 TEST_F(ColorPopup, StaysOnTheScreen)
@@ -264,6 +271,18 @@ TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
     EXPECT_EQ(Row(18 + m_high, 3, 8) + Row(19 + m_high, 3, 8), "fffffffsss"); // cell 0
 }
 
+TEST_F(ColorPopup, LeavesNothingWhereItCannotOpen)
+{
+    const HWND handle = std::exchange(m_owner.m_hWnd, reinterpret_cast<HWND>(&m_owner)); // not a window
+    const std::size_t before = mallinfo2().uordblks;
+    constexpr int count = 200;
+    for (int i = 0; i < count; ++i)
+        new k_ColorPopup({0, 0}, initial, &m_owner, none, none);
+    EXPECT_LT(mallinfo2().uordblks, before + count * sizeof(k_ColorPopup));
+    EXPECT_EQ(m_owner.Heard(), "");
+    m_owner.m_hWnd = handle;
+}
+
 TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
 {
     const auto textAt = [](CPoint point) {
@@ -272,6 +291,7 @@ TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
     };
     Open(defaults, more);
     EXPECT_EQ(textAt(PointIn(0)), "Schwarz");
+    EXPECT_EQ(textAt({19, m_gridTop + 19}), "Schwarz"); // its last pixel
     EXPECT_EQ(textAt(PointIn(39)), "Weiß");
     EXPECT_EQ(textAt(PointIn(CELL_DEFAULT)) + textAt(PointIn(CELL_MORE)), "");
 }

@@ -3,11 +3,11 @@
 
 #include <Control.h>
 #include <QApplication>
-#include <QHelpEvent>
 #include <QKeyEvent>
-#include <QToolTip>
 #include <WindowSide.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace
 {
@@ -167,6 +167,23 @@ TEST_F(Controls, AStaticIsAPlaceForOtherControls)
     EXPECT_EQ(m_parent.m_input.lParam, MAKELPARAM(90, 15));
 }
 
+TEST_F(Controls, HaveAVersion)
+{
+    const HMODULE module = LoadLibraryW(_T("ComCtl32.dll"));
+    ASSERT_NE(module, nullptr);
+    const auto ask = reinterpret_cast<DLLGETVERSIONPROC>(GetProcAddress(module, "DllGetVersion"));
+    ASSERT_NE(ask, nullptr);
+    EXPECT_EQ(GetProcAddress(module, "DllGetOther"), nullptr);
+    DLLVERSIONINFO version{};
+    version.cbSize = sizeof version;
+    EXPECT_GE(ask(&version), 0);
+    EXPECT_EQ(version.dwMajorVersion, 6U);
+    version.cbSize = sizeof version - 1;
+    EXPECT_LT(ask(&version), 0);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(LoadLibraryW(_T("comctl32.dll")), module);
+}
+
 TEST_F(Controls, AButtonIsDrawnByItsOwner)
 {
     MakeButton(BS_PUSHBUTTON);
@@ -232,19 +249,14 @@ TEST_F(Controls, AComboBoxAnswersForItemsThatItHasAndForOthers)
 TEST_F(Controls, AComboBoxSelectsTheNextItemThatBeginsWithAText)
 {
     MakeBox(CBS_DROPDOWN, {_T("2"), _T("10"), _T("Abc"), _T("11"), _T("abd"), _T(" 3")});
-    const struct {
-        int Start;
-        LPCTSTR Text;
-        LRESULT Result;
-    } cases[] = {
-        {-1, _T("1"), 1},       {1, _T("1"), 3},      {3, _T("1"), 1},       {5, _T("1"), 1},
-        {99, _T("1"), 1},       {-1, _T("aB"), 2},    {2, _T("AB"), 4},      {4, _T("abd"), 4},
-        {-1, _T("16"), CB_ERR}, {-1, _T(""), CB_ERR}, {-1, nullptr, CB_ERR}, {-1, _T("3"), CB_ERR},
-    };
-    for (const auto& each : cases) {
+    const std::tuple<int, LPCTSTR, LRESULT> cases[] = {
+        {-1, _T("1"), 1},       {1, _T("1"), 3},      {3, _T("1"), 1},      {5, _T("1"), 1},
+        {99, _T("1"), 1},       {-1, _T("aB"), 2},    {2, _T("AB"), 4},     {4, _T("abd"), 4},
+        {-1, _T("16"), CB_ERR}, {-1, _T(""), CB_ERR}, {-1, _T("3"), CB_ERR}};
+    for (const auto& [start, text, result] : cases) {
         Send(CB_SETCURSEL, 5);
-        EXPECT_EQ(Send(CB_SELECTSTRING, static_cast<WPARAM>(each.Start), each.Text), each.Result);
-        EXPECT_EQ(Send(CB_GETCURSEL), each.Result == CB_ERR ? 5 : each.Result);
+        EXPECT_EQ(Send(CB_SELECTSTRING, static_cast<WPARAM>(start), text), result);
+        EXPECT_EQ(Send(CB_GETCURSEL), result == CB_ERR ? 5 : result);
     }
 }
 
@@ -261,28 +273,6 @@ TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
     EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR); // though the list has it
     EXPECT_EQ(Send(CB_INSERTSTRING, 0, _T("8")), 0);
     EXPECT_EQ(FieldText(), _T("17"));
-}
-
-TEST_F(Controls, AToolTipHasTheTextOfTheRectangleUnderTheMouse)
-{
-    CToolTipCtrl tips;
-    ASSERT_TRUE(tips.Create(&m_parent));
-    const CRect left(0, 0, 20, 20);
-    const CRect right(20, 0, 40, 20);
-    EXPECT_TRUE(tips.AddTool(&m_parent, _T("left"), left, 1));
-    EXPECT_TRUE(tips.AddTool(&m_parent, _T("right"), right, 1));
-    QWidget& widget = WindowSide::Of(m_parent.m_hWnd)->Widget();
-    const auto restAt = [&](int x, int y) {
-        MSG move{m_parent.m_hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(x, y), 0, {0, 0}};
-        tips.SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
-        QHelpEvent rest(QEvent::ToolTip, {x, y}, widget.mapToGlobal(QPoint(x, y)));
-        QApplication::sendEvent(&widget, &rest);
-        return QToolTip::text();
-    };
-    EXPECT_EQ(restAt(19, 19), "left");
-    EXPECT_EQ(restAt(20, 0), "right");
-    restAt(50, 5);
-    EXPECT_EQ(widget.toolTip(), "");
 }
 
 } // namespace

@@ -123,15 +123,15 @@ TEST(FileTest, ReadsOrdinaryFilesOnlyAndNeverWaits)
         constexpr const TCHAR* paths[] = {_T(""),           _T("C:\\fifo"),    _T("C:\\written"),
                                           _T("C:\\folder"), _T("C:\\missing"), _T("C:\\zero")};
         const int writer = open((folder / "written").c_str(), O_RDWR);
-        int index = writer >= 0 ? 0 : -1;
-        for (const TCHAR* const path : paths) {
+        if (writer < 0)
+            return -1;
+        for (int index = 0; index < 6; ++index) {
             CFile file;
             CMirrorFile mirror;
-            ++index;
-            const bool isWritable = index > 4; // a device, or one that isn't there
-            if (file.Open(path, CFile::modeRead) ||
-                (!isWritable && mirror.Open(path, CFile::modeCreate | CFile::modeWrite)))
-                return index;
+            const bool isWritable = index > 3; // a device, or one that isn't there
+            if (file.Open(paths[index], CFile::modeRead) ||
+                (!isWritable && mirror.Open(paths[index], CFile::modeCreate | CFile::modeWrite)))
+                return index + 1;
         }
         return 0;
     };

@@ -136,4 +136,17 @@ TEST(List, DeletesItsRecordsWhenClearedOrDestroyedAndNotWhenEmptiedAsASelection)
     EXPECT_EQ(CountedStyle::Alive, 0);
 }
 
+TEST(List, ComparesNeighboursAlone)
+{
+    k_LineDefList list;
+    for (const int seed : {1, -1, 2}) // nothing is a neighbour of a null
+        list.Add(seed < 0 ? nullptr : NewStyle(seed));
+    list.UpdateUniformity();
+    EXPECT_TRUE(list.SameLineStyle && list.SameSymbolColor);
+    for (const int seed : {3, 3}) // the first differs from its neighbour; the second sets nothing right
+        list.Add(NewStyle(seed));
+    list.UpdateUniformity();
+    EXPECT_FALSE(list.SameLineStyle || list.SameSymbolColor);
+}
+
 } // namespace

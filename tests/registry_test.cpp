@@ -7,6 +7,7 @@
 #include <random>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <tuple>
 
 namespace
 {
@@ -37,12 +38,7 @@ protected:
 
 TEST_F(RegistryTest, EveryTypeAndSizeComesBackInAnotherProcess)
 {
-    struct Value {
-        LPCTSTR Name;
-        DWORD Type;
-        std::string Bytes;
-    };
-    const Value values[] = {
+    const std::tuple<LPCTSTR, DWORD, std::string> values[] = {
         {_T("text"), REG_SZ, "C\0:\0\0\0"s},
         {_T("\xD800\u00C4"), REG_BINARY, std::string(1 << 20, 'y')},
         {_T(""), 77, ""}, // the value without a name, of a type that nobody knows
@@ -50,17 +46,17 @@ TEST_F(RegistryTest, EveryTypeAndSizeComesBackInAnotherProcess)
     const auto store = [&values] {
         Key key;
         LONG result = key.Create(keyName);
-        for (const Value& value : values)
-            result |= key.Set("before", value.Name) | key.Set(value.Bytes, value.Name, value.Type);
+        for (const auto& [name, type, bytes] : values)
+            result |= key.Set("before", name) | key.Set(bytes, name, type);
         return result == ERROR_SUCCESS ? 0 : 1;
     };
     EXPECT_EQ(test::RunInChild(store), 0);
     Key key;
     ASSERT_EQ(key.Open(keyName), ERROR_SUCCESS);
-    for (const Value& value : values) {
-        DWORD type = 0;
-        EXPECT_EQ(key.Get(value.Name, static_cast<DWORD>(value.Bytes.size()), &type), value.Bytes);
-        EXPECT_EQ(type, value.Type);
+    for (const auto& [name, type, bytes] : values) {
+        DWORD typeFound = 0;
+        EXPECT_EQ(key.Get(name, static_cast<DWORD>(bytes.size()), &typeFound), bytes);
+        EXPECT_EQ(typeFound, type);
     }
     for (const DWORD room : {0U, 5U})
         EXPECT_EQ(key.Get(_T("text"), room), "error 234 6");
@@ -98,10 +94,9 @@ TEST_F(RegistryTest, WhatIsNotAllowedIsTold)
 
 TEST_F(RegistryTest, WhatIsNoRegistryIsToldAndLeftAsItIs)
 {
-    const std::string garbage(10'000, 'g');
-    test::WriteWhole(file, garbage);
+    test::WriteWhole(file, "garbage");
     EXPECT_NE(UseAsHost(), ERROR_SUCCESS);
-    EXPECT_EQ(test::ReadWhole(file), garbage);
+    EXPECT_EQ(test::ReadWhole(file), "garbage");
     EXPECT_TRUE(fs::remove(file) && mkfifo(file.c_str(), 0600) == 0);
     EXPECT_EQ(test::RunInChild([] { return UseAsHost() != ERROR_SUCCESS ? 0 : 1; }), 0);
     fs::remove(file);
@@ -151,16 +146,15 @@ TEST_F(RegistryTest, AFileThatMayNotBeWrittenOrGrowKeepsItsValues)
             return 1;
         return key.Set(std::string(100'000, 'x')) != ERROR_SUCCESS && key.Get() == "before" ? 0 : 2;
     };
-    const auto useAsOrdinaryUser = [] { return test::BecomeOrdinaryUser() ? UseAsHost("after") : -1; };
     ASSERT_EQ(UseAsHost("before"), ERROR_SUCCESS);
     for (const rlim_t room : {rlim_t{0}, rlim_t{600}, rlim_t{8192}, fs::file_size(file)})
         EXPECT_EQ(test::RunInChild([&] { return useUnder(room); }), 0) << room;
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()) && test::GiveToOrdinaryUser(prefix.Path().c_str()));
-    fs::permissions(file, fs::perms{0444});
-    EXPECT_EQ(test::RunInChild(useAsOrdinaryUser), ERROR_ACCESS_DENIED);
-    fs::permissions(file, fs::perms{0644});
-    fs::permissions(prefix.Path(), fs::perms{0555});
-    EXPECT_NE(test::RunInChild(useAsOrdinaryUser), ERROR_SUCCESS) << "no room for a journal";
+    for (const auto& [rightsOfFile, rightsOfFolder] : {std::pair(0444U, 0755U), {0644U, 0555U}}) {
+        fs::permissions(file, fs::perms{rightsOfFile});
+        fs::permissions(prefix.Path(), fs::perms{rightsOfFolder}); // without room for a journal
+        EXPECT_GT(test::RunInChild([] { return test::BecomeOrdinaryUser() ? UseAsHost("after") : 0; }), 0);
+    }
     fs::permissions(prefix.Path(), fs::perms{0755});
     Key key;
     ASSERT_EQ(key.Open(keyName), ERROR_SUCCESS);

@@ -9,6 +9,7 @@
 #include <model/Host.h>
 
 #include <optional>
+#include <tuple>
 
 namespace
 {
@@ -31,9 +32,9 @@ std::string Bytes(std::u16string_view text)
     return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)};
 }
 
-void SetText(const TCHAR* key, std::u16string_view text, DWORD type = REG_SZ)
+void SetText(const TCHAR* key, std::u16string_view text)
 {
-    SetValue(key, type, Bytes(std::u16string(text) + u'\0'));
+    SetValue(key, REG_SZ, Bytes(std::u16string(text) + u'\0'));
 }
 
 // The text of the value with its terminator taken off; nothing where the key or the value is missing.
@@ -101,12 +102,10 @@ TEST_F(Storage, TheFirstStartTakesTheDefaultPathAndTheDefaultStyles)
 TEST_F(Storage, ARegistryValueNamesTheFile)
 {
     test::WriteWhole(m_prefix.Native("mine"), StyledFile());
-    for (const DWORD type : {REG_SZ, REG_EXPAND_SZ}) {
-        SetText(subKey, u"C:\\mine", type);
-        EXPECT_EQ(m_atlas.Load({}), 0);
-        EXPECT_TRUE(TableCameFromFile());
-        EXPECT_EQ(m_atlas.FilePath, _T("C:\\mine"));
-    }
+    SetText(subKey, u"C:\\mine");
+    EXPECT_EQ(m_atlas.Load({}), 0);
+    EXPECT_TRUE(TableCameFromFile());
+    EXPECT_EQ(m_atlas.FilePath, _T("C:\\mine"));
     SetText(subKey, u"%TEMP%\\none");
     EXPECT_EQ(m_atlas.Load({}), 1);
     EXPECT_EQ(m_atlas.FilePath, _T("%TEMP%\\none")); // as it stands
@@ -118,29 +117,23 @@ TEST_F(Storage, OnlyATextIsAValidValue)
 {
     const std::u16string longest(1023, u'x');
     const std::u16string byDefault = defaultPath;
-    struct Case {
-        DWORD Type;
-        std::string Bytes;
-        std::u16string Path;
-    };
-    const Case cases[] = {
+    const std::tuple<DWORD, std::string, std::u16string> cases[] = {
         {REG_BINARY, Bytes({u"x\0", 2}), byDefault},    // another type
         {REG_SZ, Bytes({u"x\0", 2}) + '\0', byDefault}, // an odd size
         {REG_SZ, Bytes(u"x"), byDefault},               // no terminator
-        {REG_SZ, Bytes(longest + u"yz"), byDefault},    // longer than the buffer
         {REG_SZ, Bytes(longest + u'\0'), longest},      // as long as the buffer
-        {REG_SZ, Bytes(longest + u'x'), byDefault},     //
+        {REG_SZ, Bytes(longest + u'x'), byDefault},     // as long, without one
         {REG_SZ, Bytes({u"x\0y\0", 4}), u"x"},          // read up to the first zero
         {REG_EXPAND_SZ, Bytes({u"\0", 1}), u""},        // an empty text is a path like any other
         {REG_SZ, "", u""},                              // and so is a value of size 0
     };
-    for (const Case& c : cases) {
-        SetValue(subKey, c.Type, c.Bytes);
+    for (const auto& [type, bytes, path] : cases) {
+        SetValue(subKey, type, bytes);
         m_atlas.FilePath = _T("before");
         EXPECT_EQ(m_atlas.Load({}), 1);
-        EXPECT_EQ(m_atlas.FilePath, c.Path.c_str()) << &c - cases;
-        EXPECT_TRUE(c.Path != byDefault || ValueOf(subKey) == Value(byDefault)) << &c - cases;
-        EXPECT_TRUE(TableHasDefaultStyles());
+        EXPECT_EQ(m_atlas.FilePath, path.c_str()) << testing::PrintToString(bytes);
+        EXPECT_TRUE(path != byDefault || ValueOf(subKey) == Value(byDefault))
+            << testing::PrintToString(bytes);
     }
 }
 
@@ -156,10 +149,8 @@ TEST_F(Storage, ADamagedFileIsToldAndLeavesTheBareCatalogue)
     std::filesystem::resize_file(m_prefix.Native(defaultFile), (64ULL << 20) + 1); // no blocks of its own
     EXPECT_EQ(m_atlas.Load({}), 1);
     EXPECT_TRUE(TableIsBare());
-    ASSERT_EQ(m_messages.Messages().size(), 2U);
-    EXPECT_EQ(m_messages.Messages()[0].Text, u"Cannot load style atlas.");
-    EXPECT_EQ(m_messages.Messages()[0].Caption, u"Error");
-    EXPECT_EQ(m_messages.Messages()[0].Type, MB_ICONEXCLAMATION);
+    EXPECT_EQ(m_messages.Messages(),
+              std::vector(2, test::Message{u"Cannot load style atlas.", u"Error", MB_ICONEXCLAMATION}));
 }
 
 TEST_F(Storage, APathOfItsOwnLeavesRegistryAndFilePathAlone)
@@ -243,14 +234,12 @@ TEST_F(Storage, AUserWithAValueGetsThatUsersFileAndOneWithoutInheritsTheFileInUs
 
     m_atlas.ChangeUserInfo({}, _T("rootless"));
     EXPECT_EQ(m_atlas.RegistryPath, _T("\\rootless"));
-}
 
-TEST_F(Storage, AUserWithoutAValueInheritsAnEmptyPathToo)
-{
-    m_atlas.ChangeUserInfo(_T("S-4"), _T("Software")); // nothing was loaded before
+    k_StyleAtlas fresh; // for which nothing was loaded before
+    fresh.ChangeUserInfo(_T("S-4"), _T("Software"));
     EXPECT_EQ(ValueOf(_T("S-4\\Software")), Value(u""));
-    EXPECT_TRUE(m_atlas.FilePath.IsEmpty());
-    EXPECT_TRUE(TableHasDefaultStyles());
+    EXPECT_TRUE(fresh.FilePath.IsEmpty());
+    EXPECT_EQ(fresh.GetRowStyle(1, 0)->SymbolShape, 2); // by default
 }
 
 } // namespace

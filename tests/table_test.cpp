@@ -7,55 +7,34 @@
 namespace
 {
 
-// What FindRow promises, word for word: the first row equal in everything, else in less and less.
+int FitOf(const QuantityKey& row, const QuantityKey& key)
+{
+    return row.Quantity != key.Quantity         ? 0
+           : row.SubQuantity != key.SubQuantity ? 1
+           : row.Device != key.Device           ? 2
+           : row != key                         ? 3
+                                                : 4;
+}
+
+// What FindRow promises: of the rows that fit best the first.
 INT_PTR BestRow(const k_StyleAtlas& atlas, const QuantityKey& key)
 {
-    const auto first = [&](auto equal) -> INT_PTR {
-        for (INT_PTR i = 0; i < atlas.Rows.GetSize(); ++i) {
-            QuantityKey row;
-            if (atlas.GetRow(i) != nullptr && atlas.GetRow(i)->GetKey(row) && equal(row))
-                return i;
+    INT_PTR best = -1;
+    int bestFit = 0;
+    for (INT_PTR i = 0; i < atlas.Rows.GetSize(); ++i) {
+        QuantityKey row;
+        if (atlas.GetRow(i) != nullptr && atlas.GetRow(i)->GetKey(row) && FitOf(row, key) > bestFit) {
+            best = i;
+            bestFit = FitOf(row, key);
         }
-        return -1;
-    };
-    INT_PTR found = first([&](const QuantityKey& row) { return row == key; });
-    if (found < 0)
-        found = first([&](const QuantityKey& row) {
-            return row.Quantity == key.Quantity && row.SubQuantity == key.SubQuantity &&
-                   row.Device == key.Device;
-        });
-    if (found < 0)
-        found = first([&](const QuantityKey& row) {
-            return row.Quantity == key.Quantity && row.SubQuantity == key.SubQuantity;
-        });
-    return found >= 0 ? found : first([&](const QuantityKey& row) { return row.Quantity == key.Quantity; });
+    }
+    return best;
 }
 
 void PutNull(k_StyleAtlas& atlas, INT_PTR row)
 {
     delete atlas.GetRow(row);
     atlas.Rows.SetAt(row, nullptr);
-}
-
-TEST(FindRow, GivesTheRowThatFitsBest)
-{
-    k_StyleAtlas atlas;
-    EXPECT_EQ(atlas.FindRow({20, 1, 0, 0, 0}), -1); // an empty table
-    for (const QuantityKey& key :
-         {QuantityKey{20, 65535, 0, 0, 0}, QuantityKey{20, 1, 0, 0, 0}, QuantityKey{20, 2, 0, 0, 0},
-          QuantityKey{20, 2, 1, 0, 0}, QuantityKey{20, 1, 0, 1, 0}})
-        atlas.AddRow(key, 0);
-    struct Case {
-        QuantityKey Key;
-        INT_PTR Row;
-    };
-    constexpr Case cases[] = {
-        {{20, 2, 1, 0, 0}, 3}, {{20, 2, 5, 0, 0}, 2}, {{20, 2, 1, 1, 0}, 2},  {{20, 1, 0, 1, 0}, 4},
-        {{20, 1, 0, 1, 7}, 4}, {{20, 9, 0, 0, 0}, 0}, {{30, 0, 0, 0, 0}, -1},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(atlas.FindRow(c.Key), c.Row)
-            << c.Key.SubQuantity << ' ' << int{c.Key.Index} << ' ' << c.Key.Device;
 }
 
 TEST(FindRow, KeepsItsPromiseOnAnyTable)
@@ -69,7 +48,7 @@ TEST(FindRow, KeepsItsPromiseOnAnyTable)
     for (int round = 0; round < 300; ++round) {
         k_StyleAtlas atlas;
         atlas.ColumnCount = 0;
-        const int size = below(25);
+        const int size = below(25); // or no row at all
         for (int i = 0; i < size; ++i)
             atlas.AddRow(anyKey(), 0); // with duplicates
         for (INT_PTR i = 0; i < atlas.Rows.GetSize(); ++i) {

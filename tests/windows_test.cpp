@@ -2,16 +2,21 @@
 #include "support/Gui.h"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QContextMenuEvent>
-#include <QCoreApplication>
+#include <QCursor>
+#include <QDeadlineTimer>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <WindowSide.h>
 #include <afxwin.h>
+#include <algorithm>
 #include <commctrl.h>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace
@@ -53,7 +58,6 @@ public:
     UINT m_stopped = 0;
     UINT m_passedOn = 0;
     int m_createResult = 0;
-    bool m_deletesItself = false;
     COLORREF m_fill = CLR_INVALID;
     DWORD m_messagePos = 0;
     std::size_t m_tipLength = 0;
@@ -76,8 +80,6 @@ protected:
     {
         Note("ncdestroy");
         CWnd::OnNcDestroy();
-        if (m_deletesItself)
-            delete this;
     }
     afx_msg void OnPaint()
     {
@@ -112,7 +114,10 @@ protected:
         Note("wheel " + std::to_string(delta));
         return TRUE;
     }
-    afx_msg void OnSettingChange(UINT, LPCTSTR) { Note("settings"); }
+    afx_msg void OnSettingChange(UINT, LPCTSTR)
+    {
+        Note("settings, face " + std::to_string(GetSysColor(COLOR_BTNFACE)));
+    }
     afx_msg void OnTold(NMHDR* header, LRESULT* result)
     {
         Note("told by " + std::to_string(header->idFrom));
@@ -176,6 +181,14 @@ protected:
 
     static std::vector<std::string> Heard() { return std::exchange(heard, {}); }
     using Sequence = std::vector<std::string>;
+
+    // Shows the window and what is in it, and forgets what they heard meanwhile.
+    static void Open(k_Witness& window, k_Witness* child = nullptr)
+    {
+        ASSERT_TRUE(window.CreatePopup(nullptr) && (child == nullptr || child->CreateChild(window, 3)));
+        test::Settle();
+        Heard();
+    }
 };
 
 TEST_F(Windows, AreCreatedAndDestroyedFromTheInsideOut)
@@ -214,25 +227,11 @@ TEST_F(Windows, ACreationThatIsRefusedLeavesNothing)
     EXPECT_FALSE(orphan.CreateChild(window, 1)); // no parent to be in
 }
 
-TEST_F(Windows, AnObjectMayDeleteItselfWithItsLastMessage)
-{
-    auto* const window = new k_Witness("window");
-    window->m_deletesItself = true;
-    ASSERT_TRUE(window->CreatePopup(nullptr));
-    test::Settle();
-    SendMessageW(window->m_hWnd, WM_CLOSE, 0, 0);
-    test::Settle();
-    EXPECT_EQ(heard.back(), "window ncdestroy");
-}
-
 TEST_F(Windows, InputBecomesMessages)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     test::MoveMouse(parent, {4, 6});
     test::PressMouse(child, {1, 2});
     test::ReleaseMouse(child, {3, 2});
@@ -281,12 +280,31 @@ TEST_F(Windows, CaptureBringsTheMouseFromEverywhere)
     EXPECT_EQ(CWnd::GetCapture(), nullptr);
 }
 
+TEST_F(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
+{
+    k_Witness window("window");
+    ASSERT_TRUE(window.CreatePopup(nullptr, WS_POPUP));
+    QWidget& widget = WindowSide::Of(window.m_hWnd)->Widget();
+    window.SetCapture();
+    EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
+    widget.show();
+    const QDeadlineTimer end(std::chrono::seconds(5));
+    while (QWidget::mouseGrabber() == nullptr && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(QWidget::mouseGrabber(), &widget);
+    if (QGuiApplication::platformName() != "xcb")
+        return;
+    Heard();
+    QCursor::setPos(300, 200);
+    while (heard.empty() && !end.hasExpired())
+        test::Settle();
+    EXPECT_EQ(Heard(), Sequence{"window move 260,170"});
+}
+
 TEST_F(Windows, RegisteredMessagesAndCommandsFindTheirHandlers)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
     EXPECT_EQ(window.SendMessage(registered, 40, 2), 42);
     window.SendMessage(WM_COMMAND, MAKEWPARAM(7, BN_CLICKED));
     window.SendMessage(WM_COMMAND, MAKEWPARAM(8, BN_CLICKED));
@@ -300,10 +318,7 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
 {
     k_Witness parent("parent");
     k_Witness child("child");
-    ASSERT_TRUE(parent.CreatePopup(nullptr));
-    ASSERT_TRUE(child.CreateChild(parent, 3));
-    test::Settle();
-    Heard();
+    Open(parent, &child);
     const auto notify = [&](int code) {
         NMHDR header{child.m_hWnd, 3, static_cast<UINT>(code)};
         return parent.SendMessage(WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header));
@@ -312,6 +327,77 @@ TEST_F(Windows, NotificationsGoBackToTheControlFirst)
     EXPECT_EQ(notify(-6), 6);
     EXPECT_EQ(notify(-7), 0);
     EXPECT_EQ(Heard(), (Sequence{"parent told by 3", "child hears its own"}));
+}
+
+// Throws at one message: what the framework throws, standing and on the heap, and what it doesn't.
+class k_Thrower : public k_Witness
+{
+public:
+    explicit k_Thrower(UINT message) : k_Witness("window"), m_message(message) {}
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_SETFONT) {
+            EXPECT_THROW(SendMessage(registered), CInvalidArgException*);
+            return Default(); // of this message still
+        }
+        if (message != m_message)
+            return k_Witness::WindowProc(message, wParam, lParam);
+        Note("throws");
+        if (message == registered)
+            AfxThrowInvalidArgException();
+        if (message == WM_PAINT)
+            throw std::bad_alloc();
+        AfxThrowFileException(CFileException::diskFull, 0, nullptr);
+    }
+
+private:
+    UINT m_message;
+};
+
+TEST_F(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
+{
+    const auto redraw = [](k_Thrower& window) {
+        window.InvalidateRect(nullptr);
+        test::PixelOf(window, {1, 1});
+    };
+    const auto destroy = [](k_Thrower& window) { window.DestroyWindow(); };
+    const struct {
+        UINT Message;
+        std::function<void(k_Thrower&)> Act;
+    } ways[] = {
+        {WM_LBUTTONDOWN,
+         [](k_Thrower& window) {
+             test::PressMouse(window, {1, 1});
+         }},
+        {WM_ENABLE, [](k_Thrower& window) { window.EnableWindow(FALSE); }},
+        {WM_ACTIVATEAPP,
+         [](k_Thrower&) {
+             for (const auto state : {Qt::ApplicationInactive, Qt::ApplicationActive})
+                 Q_EMIT qApp->applicationStateChanged(state);
+         }},
+        {WM_PAINT, redraw},
+        {WM_ERASEBKGND, redraw},
+        {WM_DESTROY, destroy},
+        {WM_NCDESTROY, destroy},
+    };
+    for (const auto& [message, act] : ways) {
+        auto window = std::make_unique<k_Thrower>(message);
+        Open(*window);
+        act(*window);
+        EXPECT_GE(std::ranges::count(Heard(), "window throws"), 1) << message;
+        EXPECT_EQ(IsWindow(window->m_hWnd) != FALSE, message != WM_DESTROY && message != WM_NCDESTROY);
+        window.reset();
+        test::Settle();
+    }
+    k_Thrower window(registered);
+    ASSERT_TRUE(window.CreatePopup(nullptr));
+    const auto font = reinterpret_cast<LRESULT>(::GetStockObject(DEFAULT_GUI_FONT));
+    window.SendMessage(WM_SETFONT, static_cast<WPARAM>(font));
+    EXPECT_EQ(window.SendMessage(WM_GETFONT), font);
+    k_Thrower refused(WM_CREATE);
+    EXPECT_FALSE(refused.CreatePopup(nullptr));
 }
 
 // A window whose only child is tied to a member.
@@ -330,15 +416,12 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 {
     k_Dialog dialog;
     k_Witness template3("template");
-    ASSERT_TRUE(dialog.CreatePopup(nullptr));
-    ASSERT_TRUE(template3.CreateChild(dialog, 3));
+    Open(dialog, &template3);
     const HWND handle = template3.Detach(); // stands without an object, as one that a template made
     EXPECT_TRUE(dialog.UpdateData(FALSE));
     EXPECT_TRUE(dialog.UpdateData(TRUE)); // tied once
     EXPECT_EQ(dialog.m_Control.m_hWnd, handle);
     EXPECT_EQ(dialog.GetDlgItem(3), &dialog.m_Control);
-    test::Settle();
-    Heard();
     test::PressMouse(dialog.m_Control, {1, 1});
     EXPECT_EQ(Heard(), Sequence{"control down 1,1 L"});
     k_Dialog other;
@@ -349,23 +432,21 @@ TEST_F(Windows, ControlsAreTiedToMembersByDataExchange)
 TEST_F(Windows, HearOfTheWheelAndOfOtherSettings)
 {
     k_Witness window("window");
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
-    Heard();
+    Open(window);
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
     test::TurnWheel(window, -120);
-    test::ChangeSettings();
-    const Sequence told = Heard();
-    ASSERT_GE(told.size(), 2U);
-    EXPECT_EQ(told.front(), "window wheel -120");
-    EXPECT_EQ(told.back(), "window settings");
+    test::ChangeSettings([&] {
+        EXPECT_EQ(test::PixelOf(window, {15, 15}), RGB(255, 0, 255));
+        EXPECT_EQ(Heard(), (Sequence{"window wheel -120", "window settings, face 16711935"}));
+    });
+    EXPECT_EQ(Heard().back(), "window settings, face " + std::to_string(face));
 }
 
 TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
 {
     k_Witness window("window");
     window.m_fill = RGB(255, 0, 0);
-    ASSERT_TRUE(window.CreatePopup(nullptr));
-    test::Settle();
+    Open(window);
     EXPECT_EQ(test::PixelOf(window, {5, 5}), RGB(255, 0, 0));
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
     {
@@ -515,20 +596,6 @@ TEST_F(Windows, CanBeScrollAreasThatQtPaints)
     area.Detach();
     EXPECT_EQ(test::PixelOf(parent, {30, 30}), RGB(0, 255, 0)); // by Qt alone
     EXPECT_EQ(Heard(), Sequence{"painted by Qt"});
-}
-
-TEST_F(Windows, TheDesktopHasAFontForMessages)
-{
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_LT(metrics.lfMessageFont.lfHeight, 0);
-    metrics.cbSize = 500;
-    EXPECT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    metrics.cbSize = 499;
-    EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-    EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
-    EXPECT_EQ(GetSystemMetrics(-1), 0);
 }
 
 } // namespace

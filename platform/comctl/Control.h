@@ -13,5 +13,5 @@ struct ControlCreation {
 };
 
 // False, and nothing attached, without a parent's window, for an object that has one already, and when
-// WM_CREATE gave -1.
+// WM_CREATE gave -1. PostNcDestroy ends an object without a window then.
 BOOL CreateControl(CWnd& object, ControlFactory factory, const ControlCreation& creation);

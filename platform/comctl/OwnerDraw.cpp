@@ -43,6 +43,6 @@ void DrawByOwner(QPainter& painter, const QRect& place, WindowSide& control, DRA
     item.CtlID = static_cast<UINT>(control.Id);
     item.hwndItem = control.Handle();
     item.hDC = context.get();
-    parent->Send(WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    parent->SendContained(WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
     painter.drawImage(place, image);
 }

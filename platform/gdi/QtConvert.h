@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QGuiApplication>
 #include <QImage>
 #include <QRect>
 #include <QString>
@@ -15,6 +16,13 @@ namespace gdi
 {
 
 constexpr int commonFontHeight = 12; // pixels, of letters
+
+// Whether there is an application object that knows the desktop's fonts and colours; one without windows
+// doesn't.
+inline bool HasDesktop()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
 
 // Shares the pixels.
 inline QImage ToQImage(const Surface& surface)

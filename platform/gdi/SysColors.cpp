@@ -1,6 +1,11 @@
 #include "SysColors.h"
 
-#include <wingdi.h>
+#include "QtConvert.h"
+
+#include <QPalette>
+#include <algorithm>
+#include <iterator>
+#include <optional>
 #include <winuser.h>
 
 namespace gdi
@@ -17,7 +22,8 @@ constexpr COLORREF shadow = RGB(128, 128, 128);
 constexpr COLORREF navy = RGB(0, 0, 128);
 constexpr COLORREF skyBlue = RGB(16, 132, 208);
 
-COLORREF table[sysColorCount] = {
+// Where there is no desktop.
+constexpr COLORREF classicColors[sysColorCount] = {
     face,               // 0 scroll bar
     RGB(0, 128, 128),   // 1 desktop
     navy,               // 2 caption of the active window
@@ -51,6 +57,27 @@ COLORREF table[sysColorCount] = {
     face,               // 30 menu bar
 };
 
+// The parts for which the desktop is asked.
+struct DesktopPart {
+    int Index;
+    QPalette::ColorRole Role;
+};
+constexpr DesktopPart desktopParts[] = {
+    {COLOR_WINDOW, QPalette::Base},
+    {COLOR_MENUTEXT, QPalette::WindowText},
+    {COLOR_WINDOWTEXT, QPalette::Text},
+    {COLOR_HIGHLIGHT, QPalette::Highlight},
+    {COLOR_HIGHLIGHTTEXT, QPalette::HighlightedText},
+    {COLOR_BTNFACE, QPalette::Button},
+    {COLOR_BTNSHADOW, QPalette::Dark},
+    {COLOR_BTNTEXT, QPalette::ButtonText},
+    {COLOR_BTNHIGHLIGHT, QPalette::Light},
+    {COLOR_3DDKSHADOW, QPalette::Shadow},
+    {COLOR_3DLIGHT, QPalette::Midlight},
+};
+
+std::optional<COLORREF> ownColors[sysColorCount];
+
 bool Exists(int index)
 {
     return index >= 0 && index < sysColorCount;
@@ -61,12 +88,19 @@ bool Exists(int index)
 void SetSysColor(int index, COLORREF color)
 {
     if (Exists(index))
-        table[index] = color;
+        ownColors[index] = color;
 }
 
 } // namespace gdi
 
 COLORREF GetSysColor(int index)
 {
-    return gdi::Exists(index) ? gdi::table[index] : gdi::black;
+    if (!gdi::Exists(index))
+        return gdi::black;
+    if (gdi::ownColors[index])
+        return *gdi::ownColors[index];
+    const auto* const part = std::ranges::find(gdi::desktopParts, index, &gdi::DesktopPart::Index);
+    return part != std::end(gdi::desktopParts) && gdi::HasDesktop()
+               ? gdi::ToColorRef(QGuiApplication::palette().color(QPalette::Active, part->Role))
+               : gdi::classicColors[index];
 }

@@ -8,7 +8,8 @@ namespace gdi
 
 constexpr int sysColorCount = 31;
 
-// Takes the place of one of the table; to be called by the thread that paints. Other indexes are passed over.
+// Takes the place of the desktop's colour for good; to be called by the thread that paints. Indexes that
+// don't exist are passed over.
 void SetSysColor(int index, COLORREF color);
 
 } // namespace gdi

@@ -3,7 +3,6 @@
 #include "QtConvert.h"
 
 #include <QFontMetrics>
-#include <QGuiApplication>
 #include <QPainter>
 #include <string>
 #include <vector>
@@ -16,12 +15,6 @@ namespace
 
 constexpr std::size_t longestText = 8192;
 constexpr char16_t prefix = u'&';
-
-// Fonts belong to the application object; an application without windows has none.
-bool HasFonts()
-{
-    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
-}
 
 std::u16string_view Bounded(LPCWSTR text, int count)
 {
@@ -161,7 +154,7 @@ int DrawTextW(HDC context, LPCWSTR text, int count, LPRECT rectangle, UINT forma
         rectangle->bottom = rectangle->top;
     }
     const std::u16string_view whole = gdi::Bounded(text, count);
-    if (whole.empty() || !gdi::HasFonts())
+    if (whole.empty() || !gdi::HasDesktop())
         return 0;
     const gdi::TextBlock block(*DeviceContext::FromHandle(context), gdi::SplitLines(whole, format),
                                *rectangle, format);

@@ -9,8 +9,9 @@ class CDialog : public CWnd
 public:
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
 
-    // Shows the dialog and gives what EndDialog was given; -1 where it can't be shown, for want of a display
-    // or a template. The parent, if there is one, takes no input meanwhile.
+    // Shows the dialog and gives what EndDialog was given; -1 where it can't be shown, for want of a display,
+    // a template or memory, or because OnInitDialog threw. The parent, if there is one, takes no input
+    // meanwhile. What a handler throws ends with its message, and the dialog stays.
     virtual INT_PTR DoModal();
 
     // Ends the modal loop; the window stands until DoModal returns.

@@ -28,6 +28,10 @@ public:
     LPCTSTR GetString() const { return m_text ? m_text->c_str() : _T(""); }
     operator LPCTSTR() const { return GetString(); } // NOLINT(google-explicit-constructor)
 
+    // The same for writing within its length, shared with no other string. A failed allocation raises the
+    // memory exception.
+    TCHAR* GetBuffer() { return Own().data(); }
+
     // Orders by code unit; 0 when equal. The second folds the letters A to Z.
     int Compare(LPCTSTR psz) const;
     int CompareNoCase(LPCTSTR psz) const;

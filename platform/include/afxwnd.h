@@ -23,7 +23,7 @@ public:
 
     // Makes a window of a class that AfxRegisterWndClass gave, and attaches it. A popup's parent is its
     // owner. False, and nothing attached, when there is no display to show it on, no such class, or WM_CREATE
-    // gave -1.
+    // gave -1; PostNcDestroy has been called then, and the object may be gone.
     BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x, int y,
                   int nWidth, int nHeight, HWND hWndParent, UINT nID);
 
@@ -121,7 +121,7 @@ protected:
     // The message that is being handled, with the mouse's place.
     static const MSG* GetCurrentMessage();
 
-    // The window is gone; the last call that an object gets from it.
+    // The window is gone, or couldn't be made; the last call that an object gets from it.
     virtual void PostNcDestroy();
 
     afx_msg int OnCreate(struct CREATESTRUCT* lpCreateStruct);

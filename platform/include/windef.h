@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #define WINAPI
+#define CALLBACK
 
 using BOOL = int;
 using BYTE = std::uint8_t;

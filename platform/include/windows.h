@@ -29,11 +29,29 @@ constexpr LONG ERROR_REGISTRY_IO_FAILED = 1016;
 // Compares, folding the letters A to Z only; 0 when equal, else the order of the first difference.
 int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identifier)
 
+// Copies as much as fits into maxLength characters, the terminator included; gives the target.
+LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int maxLength);
+
+constexpr UINT CP_THREAD_ACP = 3;
+
+// Turns a text (of -1 characters: up to its terminator, and that too) into UTF-8, which every code page is
+// here. Gives the bytes written; 0, and as many whole characters as fit, where the room isn't enough.
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, char* target, int size,
+                        const char* defaultChar, BOOL* usedDefaultChar);
+
+// The number that a text begins with, after blanks and a sign; 0 where there is none. A number that an int
+// can't hold gives the nearest one that it can.
+int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
+
 // ---- Run-time modules
 
-// Loads "name.dll", which is libname.so: by the loader's own search, then beside this library. Null when
-// there is none. A module stays loaded until the process ends.
+// Loads "name.dll", which is a module of the layer's own or else libname.so: by the loader's own search, then
+// beside this library. Null when there is none. A module stays loaded until it has been freed as often.
 HMODULE LoadLibraryW(LPCWSTR fileName);
+BOOL FreeLibrary(HMODULE module);
+
+// True; the module stays.
+BOOL FreeLibrary(HMODULE module);
 
 // Gives an entry of a module: from its table ModuleExports, else from the loader. Null when it has none of
 // that name.

@@ -127,6 +127,16 @@ HWND GetDlgItem(HWND window, int id); // the window in it that has the id; null 
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOW = 5;
 
+// The text in a window, cut to count characters with the terminating zero, and its length there; the caption
+// of one with a frame.
+int GetWindowTextW(HWND window, LPWSTR text, int count);
+BOOL SetWindowTextW(HWND window, LPCWSTR text);
+
+// Calls for each window in a window, and in those, with the argument, until the callback gives FALSE. A
+// window that goes meanwhile is left out.
+using WNDENUMPROC = BOOL(CALLBACK*)(HWND window, LPARAM argument);
+BOOL EnumChildWindows(HWND window, WNDENUMPROC callback, LPARAM argument);
+
 constexpr UINT RDW_INVALIDATE = 0x0001;
 constexpr UINT RDW_ERASE = 0x0004;
 constexpr UINT RDW_UPDATENOW = 0x0100;

@@ -19,7 +19,8 @@ constexpr int COLOR_BTNHIGHLIGHT = 20;
 constexpr int COLOR_3DDKSHADOW = 21;
 constexpr int COLOR_3DLIGHT = 22;
 
-// Black for an index that doesn't exist; those from 0 to 30 do.
+// The desktop's present colour for the parts above, once there is an application object; else one of a fixed
+// table. Black for an index that doesn't exist; those from 0 to 30 do.
 COLORREF GetSysColor(int index);
 
 // ---- Edges and marks

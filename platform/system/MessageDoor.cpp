@@ -3,23 +3,15 @@
 #include "StandardError.h"
 #include "Unicode.h"
 
-#include <algorithm>
-#include <climits>
 #include <new>
-#include <poll.h>
-#include <string_view>
-#include <unistd.h>
 
 namespace
 {
 
-MessageDoor currentDoor = nullptr;
+constexpr int notShown = 0;
 
-int TellStandardError(HWND /*owner*/, LPCWSTR text, LPCWSTR caption, UINT /*type*/)
-{
-    WriteToStandardError(ToUtf8(caption) + ": " + ToUtf8(text) + '\n');
-    return IDOK;
-}
+// Null before a door is put in place, which can be before the static objects of this source stand.
+constinit MessageDoor currentDoor = nullptr;
 
 } // namespace
 
@@ -33,7 +25,11 @@ MessageDoor SetMessageDoor(MessageDoor door)
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
     try {
-        return (currentDoor ? currentDoor : TellStandardError)(owner, text, caption, type);
+        const int answer = currentDoor != nullptr ? currentDoor(owner, text, caption, type) : notShown;
+        if (answer != notShown)
+            return answer;
+        WriteToStandardError(ToUtf8(caption) + ": " + ToUtf8(text) + '\n');
+        return IDOK;
     } catch (const std::bad_alloc&) {
         return 0;
     }

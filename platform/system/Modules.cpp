@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "BuiltInModule.h"
 #include "ModuleFolder.h"
 #include "Unicode.h"
 
@@ -20,10 +21,21 @@ std::string NativeName(std::string name)
     return "lib" + name + ".so";
 }
 
+FARPROC FindExport(const ModuleExport* entry, const char* name)
+{
+    for (; entry != nullptr && entry->Name != nullptr; ++entry) {
+        if (std::string_view(entry->Name) == name)
+            return reinterpret_cast<FARPROC>(entry->Address);
+    }
+    return nullptr;
+}
+
 } // namespace
 
 HMODULE LoadLibraryW(LPCWSTR fileName)
 {
+    if (BuiltInModule* const ours = BuiltInModule::Find(fileName))
+        return ours->Handle();
     try {
         const std::string name = NativeName(ToUtf8(fileName));
         void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -39,10 +51,14 @@ FARPROC GetProcAddress(HMODULE module, const char* name)
 {
     if (module == nullptr)
         return nullptr;
-    const auto* entry = static_cast<const ModuleExport*>(dlsym(module, "ModuleExports"));
-    for (; entry != nullptr && entry->Name != nullptr; ++entry) {
-        if (std::string_view(entry->Name) == name)
-            return reinterpret_cast<FARPROC>(entry->Address);
-    }
-    return reinterpret_cast<FARPROC>(dlsym(module, name));
+    if (const BuiltInModule* const ours = BuiltInModule::Of(module))
+        return FindExport(ours->Exports(), name);
+    const auto* const table = static_cast<const ModuleExport*>(dlsym(module, "ModuleExports"));
+    const FARPROC listed = FindExport(table, name);
+    return listed != nullptr ? listed : reinterpret_cast<FARPROC>(dlsym(module, name));
+}
+
+BOOL FreeLibrary(HMODULE module)
+{
+    return module != nullptr && (BuiltInModule::Of(module) != nullptr || dlclose(module) == 0) ? TRUE : FALSE;
 }

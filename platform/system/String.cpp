@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdarg>
+#include <limits>
 
 namespace
 {
@@ -72,6 +73,20 @@ int _wcsicmp(LPCWSTR first, LPCWSTR second)
 {
     return CompareFolded(first, second);
 } // NOLINT
+
+int _wtoi(LPCWSTR text) // NOLINT
+{
+    while (*text == u' ' || (*text >= u'\t' && *text <= u'\r'))
+        ++text;
+    const bool isNegative = *text == u'-';
+    if (isNegative || *text == u'+')
+        ++text;
+    constexpr std::int64_t largest = std::numeric_limits<int>::max();
+    std::int64_t number = 0;
+    for (; *text >= u'0' && *text <= u'9'; ++text)
+        number = std::min(number * 10 + (*text - u'0'), largest + 1);
+    return static_cast<int>(isNegative ? -number : std::min(number, largest));
+}
 
 CString::CString(LPCTSTR psz) : m_text(psz ? MakeText(psz) : nullptr) {}
 

@@ -4,12 +4,23 @@
 
 #include <QCoreApplication>
 #include <QMouseEvent>
+#include <QWindow>
 
 namespace
 {
 
 WindowSide* captureWindow = nullptr;
 QPoint messagePosition;
+
+// Shows us the mouse outside of our windows too. A display gives it to none that isn't on the screen yet, as
+// one that waits for its window manager.
+void GrabIfExposed()
+{
+    QWidget& widget = captureWindow->Client();
+    const QWindow* const native = widget.window()->windowHandle();
+    if (native != nullptr && native->isExposed() && QWidget::mouseGrabber() != &widget)
+        widget.grabMouse();
+}
 
 bool IsMouseEvent(const QEvent& event)
 {
@@ -36,8 +47,7 @@ void SetCaptureTo(WindowSide& window)
     if (captureWindow != nullptr && captureWindow != &window)
         ReleaseCaptureOf(*captureWindow);
     captureWindow = &window;
-    if (window.Client().isVisible())
-        window.Client().grabMouse(); // shows us the mouse outside of our windows too
+    GrabIfExposed();
 }
 
 void ReleaseCaptureOf(const WindowSide& window)
@@ -59,10 +69,13 @@ void SetMessagePosition(QPoint position)
     messagePosition = position;
 }
 
-bool RedirectToCapture(const QObject* receiver, QEvent* event)
+bool ServeCapture(const QObject* receiver, QEvent* event)
 {
-    if (captureWindow == nullptr || !IsMouseEvent(*event) || receiver == &captureWindow->Client() ||
-        !receiver->isWidgetType())
+    if (captureWindow == nullptr)
+        return false;
+    if (event->type() == QEvent::Expose)
+        GrabIfExposed();
+    if (!IsMouseEvent(*event) || receiver == &captureWindow->Client() || !receiver->isWidgetType())
         return false;
     const auto& mouse = *static_cast<QMouseEvent*>(event);
     QWidget& target = captureWindow->Client();

@@ -7,7 +7,8 @@ class QEvent;
 class QObject;
 class WindowSide;
 
-// The window that all mouse messages go to; null if there is none.
+// The window that all mouse messages go to; null if there is none. One that isn't on the screen yet gets
+// those from outside of the program's windows when it is.
 WindowSide* CaptureWindow();
 void SetCaptureTo(WindowSide& window);
 void ReleaseCaptureOf(const WindowSide& window); // does nothing unless the window has it
@@ -16,6 +17,6 @@ void ReleaseCaptureOf(const WindowSide& window); // does nothing unless the wind
 QPoint MessagePosition();
 void SetMessagePosition(QPoint position);
 
-// Sends a mouse event that is meant for another widget to the window with the capture; true when it has done
-// so.
-bool RedirectToCapture(const QObject* receiver, QEvent* event);
+// To be called for every event of the program before it is handled. Sends a mouse event that is meant for
+// another widget to the window with the capture; true when it has done so.
+bool ServeCapture(const QObject* receiver, QEvent* event);

@@ -1,19 +1,23 @@
 // What the desktop is like.
+#include "Desktop.h"
+
 #include "Application.h"
 
 #include <QApplication>
 #include <QFontInfo>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 #include <winmsg.h>
 
 namespace
 {
 
-constexpr int edgeWidth = 2;
 constexpr int thumbSize = 17;
 constexpr UINT sizeWithPadding = sizeof(NONCLIENTMETRICSW);
 constexpr UINT sizeWithoutPadding = sizeWithPadding - sizeof(int);
+
+int edgeWidth = 2;
 
 QSize ScreenSize()
 {
@@ -38,6 +42,11 @@ LOGFONTW DesktopFont()
 }
 
 } // namespace
+
+int SetEdgeWidth(int width)
+{
+    return std::exchange(edgeWidth, width);
+}
 
 int GetSystemMetrics(int index)
 {

@@ -1,12 +1,11 @@
 #include "Application.h"
+#include "Contain.h"
 #include "DialogInit.h"
 #include "DialogWindow.h"
 #include "ResourceFile.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <afxwin.h>
-#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -27,12 +26,6 @@ std::vector<DialogInitEntry> InitEntriesOf(UINT id)
     return entries ? std::move(*entries) : std::vector<DialogInitEntry>();
 }
 
-QWidget* ParentWidget(const CWnd* parent)
-{
-    WindowSide* const window = parent != nullptr ? WindowSide::Of(parent->m_hWnd) : nullptr;
-    return window != nullptr ? window->Widget().window() : QApplication::activeWindow();
-}
-
 } // namespace
 
 CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
@@ -40,20 +33,22 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate
 INT_PTR CDialog::DoModal()
 {
     QPointer<DialogWindow> window;
-    try {
+    m_isEnded = false;
+    m_result = notShown;
+    const bool isReady = Contain([&] {
         const std::optional<DialogTemplate> source = TemplateOf(m_nIDTemplate);
         if (!source || !EnsureApplication())
-            return notShown;
-        window = new DialogWindow(*source, ParentWidget(m_pParentWnd));
-    } catch (const std::bad_alloc&) {
-        AfxThrowMemoryException();
-    }
-    m_isEnded = false;
-    m_result = IDCANCEL;
-    SubclassWindow(window->Handle());
-    if (OnInitDialog() != FALSE && window)
-        window->FocusFirstControl();
-    if (!m_isEnded && window)
+            return;
+        window =
+            new DialogWindow(*source, DialogOwner(m_pParentWnd != nullptr ? m_pParentWnd->m_hWnd : nullptr));
+        m_result = IDCANCEL;
+        SubclassWindow(window->Handle());
+        if (OnInitDialog() != FALSE && window)
+            window->FocusFirstControl();
+    });
+    if (!isReady)
+        m_result = notShown;
+    else if (!m_isEnded && window)
         window->exec();
     DestroyWindow();
     return m_result;

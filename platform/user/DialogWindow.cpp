@@ -86,5 +86,5 @@ void DialogWindow::AddControl(const DialogItem& item)
 
 void DialogWindow::reject()
 {
-    Send(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED));
+    SendContained(WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED));
 }

@@ -1,5 +1,6 @@
 // Which message each event becomes.
 #include "Capture.h"
+#include "Contain.h"
 #include "InputNames.h"
 #include "WindowSide.h"
 
@@ -178,7 +179,7 @@ void WindowSide::SendContextMenu(const QContextMenuEvent& event)
     const bool isByKey = event.reason() == QContextMenuEvent::Keyboard;
     const QPoint point = isByKey ? QPoint(-1, -1) : event.globalPos();
     SetMessagePosition(event.globalPos());
-    Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(point.x(), point.y()));
+    SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(point.x(), point.y()));
 }
 
 void WindowSide::ShowToolTip(const QHelpEvent& event)
@@ -187,7 +188,7 @@ void WindowSide::ShowToolTip(const QHelpEvent& event)
     question.hdr = {Handle(), static_cast<UINT_PTR>(Id), static_cast<UINT>(TTN_NEEDTEXTW)};
     question.lpszText = question.szText;
     SetMessagePosition(event.globalPos());
-    Send(WM_NOTIFY, question.hdr.idFrom, reinterpret_cast<LPARAM>(&question));
+    SendContained(WM_NOTIFY, question.hdr.idFrom, reinterpret_cast<LPARAM>(&question));
     if (const QString text = TextOf(question); text.isEmpty() || m_isGone)
         QToolTip::hideText();
     else
@@ -200,7 +201,10 @@ bool WindowSide::PreTranslate(UINT message, WPARAM wParam, LPARAM lParam)
     const QPoint position = MessagePosition();
     MSG msg{Handle(), message, wParam, lParam, 0, {position.x(), position.y()}};
     for (WindowSide* window = this; window != nullptr; window = window->Parent()) {
-        if (window->Attached != nullptr && window->Attached->PreTranslateMessage(&msg))
+        bool isKept = false;
+        if (window->Attached != nullptr)
+            Contain([&] { isKept = window->Attached->PreTranslateMessage(&msg) != FALSE; });
+        if (isKept)
             return true;
         if (window->m_isGone || window->Widget().isWindow())
             break;
@@ -213,7 +217,7 @@ bool WindowSide::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& eve
 {
     Pending pending{message, event, qtHandling};
     Pending* const before = std::exchange(m_pending, &pending);
-    Send(message, wParam, lParam);
+    SendContained(message, wParam, lParam);
     m_pending = before;
     if (!pending.IsHandledByQt)
         event.accept(); // whoever handled the message has kept the event from Qt

@@ -1,15 +1,12 @@
 // Windows of the library's own classes.
-#include "Application.h"
 #include "WindowSide.h"
 
-#include <QtConvert.h>
+#include <QEvent>
 #include <afxwin.h>
 #include <map>
 
 namespace
 {
-
-constexpr int notCreated = -1;
 
 struct WindowClass {
     UINT Style;
@@ -37,6 +34,14 @@ public:
 
 protected:
     bool IsDrawnByMessage() const override { return true; }
+
+    // What was drawn in the colours of before is drawn anew, whoever handles the message of the change.
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+            Invalidate(rect(), true);
+        return WidgetWindow::event(event);
+    }
 };
 
 } // namespace
@@ -55,34 +60,17 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                     int y, int nWidth, int nHeight, HWND hWndParent, UINT nID)
 {
     const auto windowClass = WindowClasses().find(lpszClassName);
-    if (windowClass == WindowClasses().end() || m_hWnd != nullptr || !EnsureApplication())
-        return FALSE;
-    WindowSide* const parent = WindowSide::Of(hWndParent);
     const bool isChild = (dwStyle & WS_CHILD) != 0;
-    if (isChild && parent == nullptr)
-        return FALSE;
-    const Qt::WindowFlags flags = isChild ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint;
-    auto* const window = new PlainWindow(parent != nullptr ? &parent->Widget() : nullptr, flags);
-    window->Style = dwStyle;
-    window->Id = static_cast<int>(nID);
-    window->Background = windowClass->second.Background;
-    window->SetText(lpszWindowName != nullptr ? gdi::ToQString(lpszWindowName) : QString());
-    window->setGeometry(x, y, nWidth, nHeight);
-    window->setEnabled((dwStyle & WS_DISABLED) == 0);
-    SubclassWindow(window->Handle());
-
-    CREATESTRUCT creation{nullptr,        hWndParent,    nHeight,  nWidth, y, x, static_cast<LONG>(dwStyle),
-                          lpszWindowName, lpszClassName, dwExStyle};
-    if (window->Send(WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation)) == notCreated) {
-        window->Destroy();
-        return FALSE;
-    }
-    if ((dwStyle & WS_VISIBLE) != 0) {
-        window->show();
-        if (!isChild) {
-            window->activateWindow();
-            window->setFocus();
-        }
-    }
-    return TRUE;
+    const CREATESTRUCT creation{
+        nullptr,        hWndParent,    nHeight,  nWidth, y, x, static_cast<LONG>(dwStyle),
+        lpszWindowName, lpszClassName, dwExStyle};
+    const auto make = [&](QWidget* parent) -> WindowSide* {
+        if (windowClass == WindowClasses().end())
+            return nullptr;
+        auto* const window =
+            new PlainWindow(parent, isChild ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint);
+        window->Background = windowClass->second.Background;
+        return window;
+    };
+    return WindowSide::Create(*this, creation, nID, make) ? TRUE : FALSE;
 }

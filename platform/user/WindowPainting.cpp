@@ -63,7 +63,7 @@ HDC WindowSide::BeginPaint()
     m_invalid = {};
     m_showsPixels = true;
     if (context != nullptr && std::exchange(m_erase, false))
-        Send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(context));
+        SendContained(WM_ERASEBKGND, reinterpret_cast<WPARAM>(context));
     return context;
 }
 
@@ -93,7 +93,7 @@ bool WindowSide::Paint(QPaintEvent& event, const QtHandling& qtHandling)
     if (m_showsPixels) {
         EnsurePixels();
         if (!m_invalid.isEmpty())
-            Send(WM_PAINT);
+            SendContained(WM_PAINT);
     } else {
         PaintByHandlers(event, qtHandling);
         m_invalid = {};

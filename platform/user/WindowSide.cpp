@@ -1,6 +1,7 @@
 #include "WindowSide.h"
 
 #include "Capture.h"
+#include "Contain.h"
 
 #include <QCoreApplication>
 #include <QResizeEvent>
@@ -47,17 +48,27 @@ WindowSide* WindowSide::Parent()
     return Of(m_widget.parentWidget());
 }
 
+LRESULT WindowSide::SendContained(UINT message, WPARAM wParam, LPARAM lParam, LRESULT failure) noexcept
+{
+    LRESULT result = failure;
+    Contain([&] { result = Send(message, wParam, lParam); });
+    return result;
+}
+
 void WindowSide::Notify(UINT code)
 {
     if (WindowSide* const parent = Parent())
-        parent->Send(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(Id), code), reinterpret_cast<LPARAM>(Handle()));
+        parent->SendContained(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(Id), code),
+                              reinterpret_cast<LPARAM>(Handle()));
 }
 
 LRESULT WindowSide::Notify(NMHDR& header, int code)
 {
     header = {Handle(), static_cast<UINT_PTR>(Id), static_cast<UINT>(code)};
     WindowSide* const parent = Parent();
-    return parent != nullptr ? parent->Send(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header)) : 0;
+    return parent != nullptr
+               ? parent->SendContained(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header))
+               : 0;
 }
 
 void WindowSide::Place(const QRect& rectangle)
@@ -85,18 +96,19 @@ void WindowSide::Destroy()
     m_widget.deleteLater();
 }
 
-// The window hears that it goes, then the windows in it; then, from the inside out, that they are gone.
+// The window hears that it goes, then the windows in it; then, from the inside out, that they are gone. No
+// handler can keep it, not by an exception either.
 void WindowSide::SendLastMessages()
 {
     if (m_isGone)
         return;
     ReleaseCaptureOf(*this);
-    Send(WM_DESTROY);
+    SendContained(WM_DESTROY);
     for (QObject* const child : m_widget.children()) {
         if (WindowSide* const window = Of(qobject_cast<QWidget*>(child)))
             window->SendLastMessages();
     }
-    Send(WM_NCDESTROY);
+    SendContained(WM_NCDESTROY);
     m_isGone = true;
     Attached = nullptr;
     LiveWindows().erase(this);

@@ -28,6 +28,13 @@ public:
     WindowSide& operator=(const WindowSide&) = delete;
     virtual ~WindowSide();
 
+    // Makes the window of the framework's object by a factory, which gives null where it can't, and sends
+    // WM_CREATE. False, and nothing attached, for an object that has a window, for a child outside of one,
+    // for an owner that isn't one, without a display, and when WM_CREATE gave -1 or threw. An object that had
+    // none has been sent its last call then, PostNcDestroy, and may be gone.
+    using Factory = std::function<WindowSide*(QWidget* parent)>;
+    static bool Create(CWnd& object, struct CREATESTRUCT creation, UINT id, const Factory& factory);
+
     // Null for a handle whose window is gone, and for a widget that isn't a window of the layer's.
     static WindowSide* Of(HWND handle);
     static WindowSide* Of(const QWidget* widget);
@@ -43,6 +50,10 @@ public:
     // Hands a message to the attached object, and without one to the window's own handling.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
+    // The same for a caller that has Qt above it. What a handler throws ends with the message, whose result
+    // is the failure then.
+    LRESULT SendContained(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, LRESULT failure = 0) noexcept;
+
     // The window's own handling: the Qt event that the message stands for, which is handled once at most;
     // else what the kind of window makes of the message.
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
@@ -50,8 +61,8 @@ public:
     // Sends the last messages, and deletes the widget when the present event is over.
     void Destroy();
 
-    // To the parent: WM_COMMAND with the id and a notification code; WM_NOTIFY with a code, of which this
-    // fills in the head, and which gives the answer.
+    // To the parent, on behalf of Qt: WM_COMMAND with the id and a notification code; WM_NOTIFY with a code, of
+    // which this fills in the head, and which gives the answer.
     void Notify(UINT code);
     LRESULT Notify(NMHDR& header, int code);
 

@@ -2,6 +2,9 @@
 #include "Capture.h"
 #include "WindowSide.h"
 
+#include <QtConvert.h>
+#include <algorithm>
+#include <vector>
 #include <winmsg.h>
 
 namespace
@@ -104,6 +107,44 @@ HWND GetDlgItem(HWND handle, int id)
             return inside->Handle();
     }
     return nullptr;
+}
+
+int GetWindowTextW(HWND handle, LPWSTR text, int count)
+{
+    const WindowSide* const window = WindowSide::Of(handle);
+    if (text == nullptr || count <= 0)
+        return 0;
+    const QString whole = window != nullptr ? window->Text() : QString();
+    const auto length = std::min<qsizetype>(whole.size(), count - 1);
+    std::copy_n(reinterpret_cast<LPCWSTR>(whole.utf16()), length, text);
+    text[length] = 0;
+    return static_cast<int>(length);
+}
+
+BOOL SetWindowTextW(HWND handle, LPCWSTR text)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    window->SetText(text != nullptr ? gdi::ToQString(text) : QString());
+    return TRUE;
+}
+
+BOOL EnumChildWindows(HWND handle, WNDENUMPROC callback, LPARAM argument)
+{
+    WindowSide* const window = WindowSide::Of(handle);
+    if (window == nullptr)
+        return FALSE;
+    std::vector<HWND> inside;
+    for (QWidget* const widget : window->Widget().findChildren<QWidget*>()) {
+        WindowSide* const child = WindowSide::Of(widget);
+        if (child != nullptr && !widget->isWindow())
+            inside.push_back(child->Handle());
+    }
+    const bool isComplete = std::ranges::all_of(inside, [&](HWND child) {
+        return WindowSide::Of(child) == nullptr || callback(child, argument) != FALSE;
+    });
+    return isComplete ? TRUE : FALSE;
 }
 
 BOOL InvalidateRect(HWND handle, LPCRECT rectangle, BOOL erase)

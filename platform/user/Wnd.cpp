@@ -3,7 +3,6 @@
 #include "WindowSide.h"
 
 #include <QApplication>
-#include <QtConvert.h>
 #include <afxwin.h>
 #include <map>
 #include <memory>
@@ -13,16 +12,24 @@ namespace
 
 thread_local MSG currentMessage{}; // that is being handled
 
+// Puts a message in the place of the one that is being handled, for as long as it lives.
+class MessageInHand
+{
+public:
+    explicit MessageInHand(const MSG& message) : m_before(std::exchange(currentMessage, message)) {}
+    MessageInHand(const MessageInHand&) = delete;
+    MessageInHand& operator=(const MessageInHand&) = delete;
+    ~MessageInHand() { currentMessage = m_before; }
+
+private:
+    MSG m_before;
+};
+
 // The objects that the framework keeps for windows which nobody attached one to.
 std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
 {
     static auto* const kept = new std::map<HWND, std::unique_ptr<CWnd>>;
     return *kept;
-}
-
-QString ToQString(LPCTSTR text)
-{
-    return text == nullptr ? QString() : gdi::ToQString(text);
 }
 
 // Null for a widget that isn't a window of the layer's.
@@ -41,11 +48,8 @@ LRESULT WindowSide::Send(UINT message, WPARAM wParam, LPARAM lParam)
     if (Attached == nullptr)
         return Default(message, wParam, lParam);
     const QPoint position = MessagePosition();
-    const MSG before =
-        std::exchange(currentMessage, {Handle(), message, wParam, lParam, 0, {position.x(), position.y()}});
-    const LRESULT result = Attached->WindowProc(message, wParam, lParam);
-    currentMessage = before;
-    return result;
+    const MessageInHand inHand({Handle(), message, wParam, lParam, 0, {position.x(), position.y()}});
+    return Attached->WindowProc(message, wParam, lParam);
 }
 
 CWnd::~CWnd()
@@ -266,8 +270,7 @@ void CWnd::GetWindowText(CString& rString) const
 
 void CWnd::SetWindowText(LPCTSTR lpszString)
 {
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->SetText(ToQString(lpszString));
+    ::SetWindowTextW(m_hWnd, lpszString);
 }
 
 CFont* CWnd::GetFont() const

@@ -11,6 +11,16 @@
 namespace
 {
 
+// The same colours on every desktop, and such that a picture tells one part from another.
+[[maybe_unused]] const bool hasFixedColors = [] {
+    QPalette palette(Qt::black, QColor(192, 192, 192), Qt::white, QColor(128, 128, 128),
+                     QColor(160, 160, 160), Qt::black, Qt::white);
+    palette.setColor(QPalette::Midlight, QColor(223, 223, 223));
+    palette.setColor(QPalette::Shadow, Qt::black);
+    QApplication::setPalette(palette);
+    return true;
+}();
+
 QWidget& WidgetOf(const CWnd& window)
 {
     return WindowSide::Of(window.m_hWnd)->Widget();
@@ -120,13 +130,15 @@ void TurnWheel(CWnd& window, int delta)
     QApplication::sendEvent(&widget, &event);
 }
 
-void ChangeSettings()
+void ChangeSettings(const std::function<void()>& meanwhile)
 {
     const QPalette before = QApplication::palette();
     QPalette other = before;
-    other.setColor(QPalette::Window, Qt::magenta);
+    for (const auto role : {QPalette::Window, QPalette::Button})
+        other.setColor(role, Qt::magenta);
     QApplication::setPalette(other);
     Settle();
+    meanwhile();
     QApplication::setPalette(before);
     Settle();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <afxwin.h>
+#include <functional>
 
 namespace test
 {
@@ -18,8 +19,8 @@ void ClickRight(CWnd& window, CPoint point);
 void PressKey(CWnd& window, UINT virtualKey);
 void TurnWheel(CWnd& window, int delta); // 120 is one notch upward
 
-// Another colour for every window of the desktop, and back.
-void ChangeSettings();
+// Magenta for all windows and buttons of the desktop, and back.
+void ChangeSettings(const std::function<void()>& meanwhile = [] {});
 
 // What the window shows at a point.
 COLORREF PixelOf(CWnd& window, CPoint point);

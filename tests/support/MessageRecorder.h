@@ -13,6 +13,8 @@ struct Message {
     std::u16string Text;
     std::u16string Caption;
     UINT Type;
+
+    friend bool operator==(const Message&, const Message&) = default;
 };
 
 // Answers every message box with IDOK at once and keeps what it said, as long as it lives. One at a time.

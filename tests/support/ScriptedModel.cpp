@@ -53,3 +53,12 @@ k_UnitQuantities GetUnitQuantities()
             scripted.SubQuantities.data(), scripted.Indexes.data(),
             scripted.Flags.data(),         static_cast<int>(scripted.Quantities.size())};
 }
+
+CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
+                      k_UnitSymbolMode mode)
+{
+    CString text;
+    text.Format(_T("%u.%u.%u.%d.%u.%d"), quantity, subQuantity, flags, static_cast<short>(device), index,
+                mode);
+    return text;
+}

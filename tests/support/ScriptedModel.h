@@ -1,5 +1,6 @@
-// The outside of the model in a test: a unit library that reports what the test says. The module's objects
-// that the model reaches are defined here too.
+// The outside of the model in a test: a unit library that reports what the test says, and whose text for a
+// quantity is the numbers that it was asked with, in their order, and a point between two. The module's
+// objects that the model reaches are defined here too.
 #pragma once
 
 #include <model/StyleAtlasLookup.h>

@@ -1,0 +1,190 @@
+// How a row of the column tree is painted, after the native tree has drawn it.
+#include "ColumnTreeCtrl.h"
+
+#include <algorithm>
+#include <model/QuantityDesc.h>
+
+namespace
+{
+
+constexpr int labelPadding = 4;
+constexpr int firstColumnEnd = 4; // pixels of column 0 that no label reaches
+constexpr int textInsetX = 2;
+constexpr int textInsetY = 1;
+constexpr int cellLeftInset = 1; // beside the margin
+constexpr int cellRightInset = 3;
+constexpr int cellInsetY = 1;
+constexpr UINT labelFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
+
+// The tree's font with a line under it, selected into a context for a while.
+class k_UnderlinedFont
+{
+public:
+    k_UnderlinedFont(CDC& dc, const CWnd& tree, bool isWanted) : m_dc(dc)
+    {
+        if (!isWanted)
+            return;
+        m_treeFont = tree.GetFont();
+        LOGFONTW font{};
+        if (m_treeFont == nullptr || ::GetObjectW(static_cast<HFONT>(*m_treeFont), sizeof(font), &font) == 0)
+            return;
+        font.lfUnderline = 1;
+        m_isSelected = m_font.CreateFontIndirect(&font) != FALSE && m_dc.SelectObject(&m_font) != nullptr;
+    }
+    k_UnderlinedFont(const k_UnderlinedFont&) = delete;
+    k_UnderlinedFont& operator=(const k_UnderlinedFont&) = delete;
+    ~k_UnderlinedFont() { Restore(); }
+
+    void Restore()
+    {
+        if (m_isSelected)
+            m_dc.SelectObject(m_treeFont);
+        m_isSelected = false;
+    }
+
+private:
+    CDC& m_dc;
+    CFont m_font;
+    CFont* m_treeFont = nullptr;
+    bool m_isSelected = false;
+};
+
+// The painting of one row, step by step.
+class k_RowPainter
+{
+public:
+    k_RowPainter(const k_ColumnTreeCtrl& frame, const NMTVCUSTOMDRAW& draw, CDC& dc)
+        : m_frame(frame), m_draw(draw), m_dc(dc), m_item(reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec)),
+          m_columnCount(frame.m_Header.GetItemCount()), m_isEnabled(frame.IsWindowEnabled() != FALSE),
+          m_isFullRow((frame.m_Tree.GetStyle() & TVS_FULLROWSELECT) != 0), m_row(draw.nmcd.rc),
+          m_pQuantity(frame.GetRowData(m_item))
+    {
+        m_frame.m_Tree.GetItemRect(m_item, &m_label, TRUE);
+    }
+
+    void Paint()
+    {
+        const COLORREF background = ::GetSysColor(m_isEnabled ? COLOR_WINDOW : COLOR_BTNFACE);
+        m_dc.FillSolidRect(&m_label, background);
+        PaintGrid();
+        const CString text = m_frame.m_Tree.GetItemText(m_item);
+        FitLabel(text);
+        PaintBand(background);
+
+        const bool isHot = (m_frame.m_Tree.GetStyle() & TVS_TRACKSELECT) != 0 && m_draw.nmcd.uItemState != 0;
+        k_UnderlinedFont hotFont(m_dc, m_frame.m_Tree, isHot);
+        PaintLabel(text);
+        if (!m_isFullRow)
+            hotFont.Restore();
+
+        m_dc.SetBkMode(TRANSPARENT);
+        if (m_isEnabled && !m_isFullRow)
+            m_dc.SetTextColor(::GetSysColor(COLOR_MENUTEXT));
+        PaintCells();
+    }
+
+private:
+    // A line right of each column, and one under the row. From here on the row is as wide as its columns.
+    void PaintGrid()
+    {
+        int x = 0;
+        for (int column = 0; column < m_columnCount; ++column) {
+            x += m_frame.m_columnWidths.at(column);
+            m_row.right = x;
+            m_dc.DrawEdge(&m_row, BDR_SUNKENINNER, BF_RIGHT);
+        }
+        m_dc.DrawEdge(&m_row, BDR_SUNKENINNER, BF_BOTTOM);
+    }
+
+    void FitLabel(const CString& text)
+    {
+        CRect extent;
+        m_dc.DrawText(text, &extent, DT_CALCRECT | DT_NOPREFIX);
+        m_label.right = std::min<int>(m_label.left + labelPadding + extent.right,
+                                      m_frame.m_columnWidths.at(0) - firstColumnEnd);
+    }
+
+    // A selected row is marked from its label through all columns.
+    void PaintBand(COLORREF background)
+    {
+        if (m_row.Width() < 0 || m_draw.clrTextBk == background)
+            return;
+        CRect band = m_row;
+        band.left = m_label.left;
+        m_dc.FillSolidRect(&band, m_draw.clrTextBk);
+        if ((m_draw.nmcd.uItemState & CDIS_FOCUS) != 0)
+            m_dc.DrawFocusRect(&band);
+    }
+
+    void PaintLabel(const CString& text)
+    {
+        CRect place = m_label;
+        place.InflateRect(-textInsetX, -textInsetY);
+        m_dc.SetTextColor(m_draw.clrText);
+        m_dc.DrawText(text, &place, labelFormat);
+    }
+
+    void PaintCells()
+    {
+        int x = m_frame.m_columnWidths.at(0);
+        for (int column = 1; column < m_columnCount; ++column) {
+            const int width = m_frame.m_columnWidths.at(column);
+            PaintCell(column, CRect(x + m_frame.m_cellMargin + cellLeftInset, m_label.top + cellInsetY,
+                                    x + width - cellRightInset, m_label.bottom - cellInsetY));
+            x += width;
+        }
+    }
+
+    void PaintCell(int column, const CRect& cell)
+    {
+        if (cell.left < 0 || cell.right < 0 || cell.left >= cell.right)
+            return;
+        if (IsSelected(column)) {
+            CBrush highlight(::GetSysColor(COLOR_HIGHLIGHT));
+            m_dc.FillRect(&cell, &highlight);
+        }
+        const k_LineDef* const pStyle =
+            m_pQuantity != nullptr ? m_pQuantity->GetColumnStyle(column - 1) : nullptr;
+        if (pStyle != nullptr) {
+            pStyle->DrawLine(&m_dc, cell);
+            pStyle->DrawSymbol(&m_dc, cell);
+        }
+    }
+
+    bool IsSelected(int column) const
+    {
+        return column == m_frame.m_selectedColumn ||
+               (m_item == m_frame.m_cellItem && column == m_frame.m_cellColumn);
+    }
+
+    const k_ColumnTreeCtrl& m_frame;
+    const NMTVCUSTOMDRAW& m_draw;
+    CDC& m_dc;
+    HTREEITEM m_item;
+    int m_columnCount;
+    bool m_isEnabled;
+    bool m_isFullRow;
+    CRect m_row;
+    CRect m_label;
+    k_QuantityDesc* m_pQuantity;
+};
+
+} // namespace
+
+LRESULT k_ColumnTreeCtrl::OnCustomDraw(const NMTVCUSTOMDRAW& draw)
+{
+    switch (draw.nmcd.dwDrawStage) {
+    case CDDS_PREPAINT:
+        return CDRF_NOTIFYITEMDRAW;
+    case CDDS_ITEMPREPAINT:
+        return CDRF_NOTIFYPOSTPAINT;
+    case CDDS_ITEMPOSTPAINT:
+        break;
+    default:
+        return CDRF_DODEFAULT;
+    }
+    CDC* const dc = CDC::FromHandle(draw.nmcd.hdc);
+    if (dc != nullptr && ::IsRectEmpty(&draw.nmcd.rc) == FALSE)
+        k_RowPainter(*this, draw, *dc).Paint();
+    return CDRF_DODEFAULT;
+}

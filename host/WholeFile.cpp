@@ -1,0 +1,62 @@
+#include "WholeFile.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace atlashost
+{
+namespace
+{
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+[[noreturn]] void ThrowSystemError()
+{
+    throw std::runtime_error{std::strerror(errno)};
+}
+
+// Without O_NONBLOCK a pipe would hold the program until somebody writes into it.
+File OpenRegular(const std::string& path)
+{
+    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0)
+        ThrowSystemError();
+    File file{fdopen(descriptor, "rb")};
+    if (!file)
+        ThrowSystemError();
+    struct stat status = {};
+    if (fstat(descriptor, &status) != 0)
+        ThrowSystemError();
+    if (!S_ISREG(status.st_mode))
+        throw std::runtime_error{"not a regular file"};
+    return file;
+}
+
+} // namespace
+
+std::string ReadWholeFile(const std::string& path)
+{
+    const File file = OpenRegular(path);
+    std::string content;
+    std::array<char, 65536> buffer;
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
+        content.append(buffer.data(), count);
+        if (content.size() > MaxFileSize)
+            throw std::runtime_error{"larger than 64 MiB"};
+    }
+    if (std::ferror(file.get()) != 0)
+        ThrowSystemError();
+    return content;
+}
+
+} // namespace atlashost

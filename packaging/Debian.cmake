@@ -1,0 +1,60 @@
+# The Debian packages: the libraries, what is needed to build against them, and the sample host.
+set(maintainer "Style Atlas developers <developers@styleatlas.invalid>")
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME styleatlas)
+set(CPACK_PACKAGE_CONTACT ${maintainer})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has one of its own, the first line of its description
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/OpenFolders.cmake)
+
+set(CPACK_COMPONENTS_ALL runtime development host)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
+set(CPACK_COMPONENT_HOST_DEPENDS runtime)
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_SOURCE styleatlas)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+# What the libraries need is read from them. They need each other, and no package that is installed has them yet.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libstyleatlas${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/triggers)
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
+"styles of the curves of measured data - shared libraries
+The style atlas says, for every measured quantity and every file column, how
+its curve is drawn: by which symbol and by which line. A measurement program
+loads it and asks.
+
+This package has the shared libraries, the catalogue of quantities and the
+translations.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libstyleatlas-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+"styles of the curves of measured data - development files
+The style atlas says, for every measured quantity and every file column, how
+its curve is drawn: by which symbol and by which line.
+
+This package has what a measurement program is built with: the headers, the
+CMake package, the pkg-config file, documentation and examples.")
+
+set(CPACK_DEBIAN_HOST_PACKAGE_NAME atlas-host)
+set(CPACK_DEBIAN_HOST_PACKAGE_SECTION science)
+set(CPACK_COMPONENT_HOST_DESCRIPTION
+"lists and plots measured data in the styles of the style atlas
+The program reads files of comma-separated values, knows the quantities in
+them, and asks the style atlas how each curve is drawn. It lists the curves
+with their styles, and plots them in a window or into a PNG file.")
+
+include(CPack)

@@ -1,0 +1,55 @@
+// Message boxes on the user's display. The source is no member of a library that a linker could leave it out
+// of: it puts its door in place when the module is loaded, and touches Qt when there is a message.
+#include <Application.h>
+#include <Contain.h>
+#include <MessageDoor.h>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QtConvert.h>
+#include <algorithm>
+
+namespace
+{
+
+constexpr int notShown = 0;
+
+// Qt's platforms that nobody looks at: there a box would stay open for ever.
+constexpr const char* blindPlatforms[] = {"minimal", "offscreen"};
+
+bool isOpen = false;
+
+bool HasUser()
+{
+    return EnsureApplication() &&
+           std::ranges::find(blindPlatforms, QGuiApplication::platformName()) == std::end(blindPlatforms);
+}
+
+// Goes with its owner if that goes first; one that comes back without an answer is none, as Qt shows nothing
+// once the program has been told to end.
+int Ask(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
+{
+    const QScopedValueRollback opening(isOpen, true);
+    const auto icon = (type & MB_ICONEXCLAMATION) != 0 ? QMessageBox::Warning : QMessageBox::NoIcon;
+    const QPointer box(new QMessageBox(icon, gdi::ToQString(caption), gdi::ToQString(text), QMessageBox::Ok,
+                                       DialogOwner(owner)));
+    box->setTextFormat(Qt::PlainText);
+    box->exec();
+    const int answer = box.isNull() || box->clickedButton() != nullptr ? IDOK : notShown;
+    delete box;
+    return answer;
+}
+
+// One box at a time: the host lives on behind it, and may call the library for as long as it is open.
+int ShowMessage(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
+{
+    int answer = notShown;
+    if (!isOpen && HasUser())
+        Contain([&] { answer = Ask(owner, text, caption, type); });
+    return answer;
+}
+
+[[maybe_unused]] const MessageDoor standardError = SetMessageDoor(&ShowMessage);
+
+} // namespace

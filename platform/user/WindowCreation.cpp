@@ -1,0 +1,67 @@
+// How the framework's object of a window gets it.
+#include "Application.h"
+#include "Contain.h"
+#include "WindowSide.h"
+
+#include <QtConvert.h>
+#include <afxwin.h>
+
+namespace
+{
+
+constexpr LRESULT notCreated = -1;
+
+// Null where there can be no such window.
+WindowSide* Make(const CREATESTRUCT& creation, UINT id, const WindowSide::Factory& factory)
+{
+    WindowSide* window = nullptr;
+    const bool isMade = Contain([&] {
+        WindowSide* const parent = WindowSide::Of(creation.hwndParent);
+        const auto style = static_cast<DWORD>(creation.style);
+        const bool needsParent = (style & WS_CHILD) != 0 || creation.hwndParent != nullptr;
+        if (!EnsureApplication() || (needsParent && parent == nullptr))
+            return;
+        window = factory(parent != nullptr ? &parent->Widget() : nullptr);
+        if (window == nullptr)
+            return;
+        window->Style = style;
+        window->Id = static_cast<int>(id);
+        if (creation.lpszName != nullptr)
+            window->SetText(gdi::ToQString(creation.lpszName));
+        window->Widget().setGeometry(creation.x, creation.y, creation.cx, creation.cy);
+        window->Widget().setEnabled((style & WS_DISABLED) == 0);
+    });
+    if (!isMade && window != nullptr) {
+        window->Destroy();
+        return nullptr;
+    }
+    return window;
+}
+
+} // namespace
+
+bool WindowSide::Create(CWnd& object, CREATESTRUCT creation, UINT id, const Factory& factory)
+{
+    if (object.m_hWnd != nullptr)
+        return false;
+    WindowSide* const window = Make(creation, id, factory);
+    if (window == nullptr) {
+        object.PostNcDestroy();
+        return false;
+    }
+    const bool isAttached = Contain([&] { object.SubclassWindow(window->Handle()); });
+    if (!isAttached ||
+        window->SendContained(WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation), notCreated) == notCreated) {
+        window->Destroy();
+        return false;
+    }
+    window->SendPendingSize();
+    QWidget& widget = window->Widget();
+    const auto style = static_cast<DWORD>(creation.style);
+    widget.setVisible((style & WS_VISIBLE) != 0);
+    if ((style & WS_VISIBLE) != 0 && (style & WS_CHILD) == 0) {
+        widget.activateWindow();
+        widget.setFocus();
+    }
+    return true;
+}
