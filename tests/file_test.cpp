@@ -27,15 +27,9 @@ void WriteValues(CArchive& ar)
 
 void ExpectValues(CArchive& ar)
 {
-    bool flag = false;
-    BYTE byte = 0;
-    WORD word = 0;
-    short number = 0;
-    DWORD dword = 0;
-    int integer = 0;
-    ar >> flag >> byte >> word >> number >> dword >> integer;
-    EXPECT_EQ(std::tuple(flag, byte, word, number, dword, integer),
-              std::tuple(true, 0x12, 0xFEDC, -2, 0x89ABCDEFU, -559038737));
+    std::tuple<bool, BYTE, WORD, short, DWORD, int> values;
+    std::apply([&ar](auto&... value) { (ar >> ... >> value); }, values);
+    EXPECT_EQ(values, std::tuple(true, 0x12, 0xFEDC, -2, 0x89ABCDEFU, -559038737));
 }
 
 void WritePadded(int padding, int bufSize)

@@ -156,22 +156,19 @@ TEST_F(Text, IsMeasuredByLines)
 
 TEST_F(Text, StaysInItsRectangle)
 {
-    const CRect rect(20, 10, 80, 40);
+    CRect rect(20, 10, 80, 40);
     const CString longText(_T("text that is much too long for the rectangle"));
     std::set<std::string> looks;
     for (const UINT format : {label, label | DT_END_ELLIPSIS, DT_CENTER | label, UINT{0}}) {
         Picture drawn(120, 60);
-        drawn.Dc().SetBkMode(TRANSPARENT);
-        CRect target = rect;
-        EXPECT_GT(drawn.Dc().DrawText(longText, target, format), 0);
+        EXPECT_GT(drawn.Dc().DrawText(longText, rect, format), 0);
         const CRect painted = drawn.Painted();
         CRect common;
         EXPECT_TRUE(::IntersectRect(&common, &painted, &rect));
         EXPECT_EQ(common, painted);
         EXPECT_TRUE(looks.insert(drawn.Text()).second); // cut at either end, at both, or told by dots
     }
-    CRect target = rect;
-    dc.DrawText(_T("x"), target, DT_CENTER | label);
+    dc.DrawText(_T("x"), rect, DT_CENTER | label);
     const CRect painted = picture.Painted();
     EXPECT_NEAR(painted.left + painted.right, rect.left + rect.right, 4);
     EXPECT_NEAR(painted.top + painted.bottom, rect.top + rect.bottom, 8);

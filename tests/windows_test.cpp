@@ -465,6 +465,40 @@ TEST_F(Windows, ArePaintedOnTheirBackgroundAndAtAnyTime)
     EXPECT_EQ(test::PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
 }
 
+TEST_F(Windows, AreNotPaintedWhileLocked)
+{
+    class k_Counted : public k_Witness
+    {
+    public:
+        using k_Witness::k_Witness;
+        int m_paints = 0;
+
+    protected:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            m_paints += message == WM_PAINT ? 1 : 0;
+            return k_Witness::WindowProc(message, wParam, lParam);
+        }
+    };
+    k_Counted window("window");
+    k_Witness other("other");
+    ASSERT_TRUE(window.CreatePopup(nullptr) && other.CreatePopup(nullptr));
+    test::Settle();
+    EXPECT_TRUE(LockWindowUpdate(window.m_hWnd));
+    EXPECT_FALSE(LockWindowUpdate(other.m_hWnd));
+    window.m_paints = 0;
+    window.RedrawWindow();
+    test::Settle();
+    EXPECT_EQ(window.m_paints, 0);
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+    test::Settle();
+    EXPECT_EQ(window.m_paints, 1);
+    EXPECT_TRUE(LockWindowUpdate(window.m_hWnd));
+    window.DestroyWindow();
+    EXPECT_TRUE(LockWindowUpdate(other.m_hWnd));
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+}
+
 TEST_F(Windows, AskForAContextMenuUpToTheirDialog)
 {
     k_Witness parent("parent");

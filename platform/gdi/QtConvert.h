@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QRect>
 #include <QString>
+#include <afxstr.h>
 #include <algorithm>
 #include <string_view>
 
@@ -60,6 +61,11 @@ inline QRect ToQRect(const Box& box)
 inline QString ToQString(std::u16string_view text)
 {
     return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+inline CString ToCString(const QString& text)
+{
+    return {reinterpret_cast<LPCTSTR>(text.utf16()), static_cast<int>(text.size())};
 }
 
 inline QFont ToQFont(const LOGFONTW& wanted)

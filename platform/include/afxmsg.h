@@ -89,6 +89,7 @@ protected:                                                                      
 #define ON_CONTROL(code, id, handler)                                                                        \
     {WM_COMMAND, code, id, id, nullptr, &AfxOnPlain<&handler>},
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
+#define ON_COMMAND(id, handler) ON_CONTROL(0, id, handler) // of a menu
 #define ON_COMMAND_RANGE(first, last, handler)                                                               \
     {WM_COMMAND, 0, first, last, nullptr, &AfxOnCommandId<&handler>},
 #define ON_NOTIFY(code, id, handler)                                                                         \

@@ -65,4 +65,5 @@ private:
 
 #include <afxctl.h>
 #include <afxdialog.h>
+#include <afxmenu.h>
 #include <afxwnd.h>

@@ -213,4 +213,6 @@ struct DLLVERSIONINFO {
     DWORD dwPlatformID;
 };
 static_assert(sizeof(DLLVERSIONINFO) == 20);
+
+// The entry DllGetVersion of comctl32.dll: version 6.0. A structure of another size gives E_INVALIDARG.
 using DLLGETVERSIONPROC = HRESULT (*)(DLLVERSIONINFO*);

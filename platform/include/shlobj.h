@@ -5,8 +5,6 @@
 
 constexpr int CSIDL_COMMON_APPDATA = 35;
 constexpr DWORD SHGFP_TYPE_DEFAULT = 1;
-constexpr HRESULT S_OK = 0;
-constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 
 // Writes the path of a folder, with its terminator, into a buffer of MAX_PATH characters. Knows the folder
 // for data common to all users, whoever asks; any other gives E_INVALIDARG.

@@ -23,6 +23,8 @@ constexpr LONG ERROR_BUSY = 170;
 constexpr LONG ERROR_MORE_DATA = 234;
 constexpr LONG ERROR_BADDB = 1009;
 constexpr LONG ERROR_REGISTRY_IO_FAILED = 1016;
+constexpr HRESULT S_OK = 0;
+constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 
 // ---- Strings
 
@@ -31,6 +33,14 @@ int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identif
 
 // Copies as much as fits into maxLength characters, the terminator included; gives the target.
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int maxLength);
+
+// Takes a path apart: drive with its colon, folder with the separator at its end, name, extension with its
+// dot; what the path lacks becomes empty. Sizes are in characters, terminator included; a null buffer of size
+// 0 isn't filled. Gives 0; 22 (EINVAL) for a null path, or a buffer that is null or has no size, but not
+// both; 34 (ERANGE) for a part that doesn't fit. All buffers are empty after a failure.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+int _wsplitpath_s(LPCWSTR path, LPWSTR drive, std::size_t driveSize, LPWSTR folder, std::size_t folderSize,
+                  LPWSTR name, std::size_t nameSize, LPWSTR extension, std::size_t extensionSize);
 
 constexpr UINT CP_THREAD_ACP = 3;
 
@@ -48,9 +58,6 @@ int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
 // Loads "name.dll", which is a module of the layer's own or else libname.so: by the loader's own search, then
 // beside this library. Null when there is none. A module stays loaded until it has been freed as often.
 HMODULE LoadLibraryW(LPCWSTR fileName);
-BOOL FreeLibrary(HMODULE module);
-
-// True; the module stays.
 BOOL FreeLibrary(HMODULE module);
 
 // Gives an entry of a module: from its table ModuleExports, else from the loader. Null when it has none of

@@ -146,6 +146,10 @@ BOOL InvalidateRect(HWND window, LPCRECT rectangle, BOOL erase);
 BOOL RedrawWindow(HWND window, LPCRECT rectangle, HANDLE region, UINT flags);
 BOOL UpdateWindow(HWND window); // paints now what is invalid
 
+// Keeps what the window and those in it show as it is until the lock is given back, by null; then what became
+// invalid meanwhile is painted. Fails while another window is locked. A window that goes gives its lock back.
+BOOL LockWindowUpdate(HWND window);
+
 // A context on all of the window, frame included; to be given back.
 HDC GetWindowDC(HWND window);
 int ReleaseDC(HWND window, HDC context);

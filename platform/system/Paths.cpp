@@ -17,6 +17,7 @@ namespace
 
 constexpr const char* prefixVariable = "STYLEATLAS_PREFIX";
 constexpr const char* sharedName = "styleatlas";
+constexpr const char* driveFolder = "/drive_"; // and the drive's letter
 constexpr std::u16string_view commonDataFolder = u"C:\\ProgramData";
 constexpr std::size_t userRecordSize = 16384; // of getpwuid_r; ample
 
@@ -79,7 +80,7 @@ std::string OnDrive(char16_t drive, std::u16string_view path)
     std::string native = PrefixFolder();
     if (native.empty())
         return native;
-    native += "/drive_";
+    native += driveFolder;
     native += static_cast<char>(drive | 0x20); // in small letters
     for (const std::u16string_view name : PathNames(path))
         native += '/' + ToUtf8(name);
@@ -111,6 +112,20 @@ std::string NativePath(std::u16string_view path)
     std::string native = ToUtf8(path);
     std::replace(native.begin(), native.end(), '\\', '/');
     return native;
+}
+
+// Names that hold a backslash, and parts such as "..", would mean something else on a drive.
+std::u16string DrivePath(const std::string& nativePath)
+{
+    std::u16string native = ToUtf16(nativePath);
+    const std::string drives = PrefixFolder() + driveFolder;
+    if (!nativePath.starts_with(drives) || nativePath.size() == drives.size())
+        return native;
+    std::u16string path = ToUtf16(std::string_view(nativePath).substr(drives.size()));
+    path[0] = static_cast<char16_t>(path[0] & ~0x20U); // in capitals
+    path.insert(1, path.size() == 1 ? u":\\" : u":");
+    std::ranges::replace(path, u'/', u'\\');
+    return NativePath(path) == nativePath ? path : native;
 }
 
 bool MakeFolder(const std::string& nativePath)

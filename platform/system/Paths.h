@@ -13,5 +13,9 @@ std::string PrefixFolder();
 // path stays relative to the current folder. Empty for an empty path, or when there is no prefix folder.
 std::string NativePath(std::u16string_view path);
 
+// The path of the drives that NativePath makes this native path of: C:\a\b for a/b in drive_c. A path that no
+// drive has a name for comes back as it is, as a native absolute path names the same everywhere.
+std::u16string DrivePath(const std::string& nativePath);
+
 // Makes the folder and those above it; false if it doesn't stand afterwards.
 bool MakeFolder(const std::string& nativePath);

@@ -2,10 +2,28 @@
 #include "Unicode.h"
 
 #include <algorithm>
+#include <iterator>
 #include <windows.h>
 
 namespace
 {
+
+constexpr int invalidArgument = 22; // EINVAL
+constexpr int resultTooLong = 34;   // ERANGE
+
+// Where a part of a text goes: no buffer at all, or one with room for a terminator at least.
+struct PartBuffer {
+    LPWSTR Text;
+    std::size_t Size;
+
+    bool IsValid() const { return (Text == nullptr) == (Size == 0); }
+    bool Takes(std::u16string_view part) const { return Text == nullptr || part.size() < Size; }
+    void Set(std::u16string_view part) const
+    {
+        if (Text != nullptr)
+            Text[part.copy(Text, part.size())] = 0;
+    }
+};
 
 constexpr bool IsInsideCharacter(char byte)
 {
@@ -44,5 +62,40 @@ int WideCharToMultiByte(UINT /*codePage*/, DWORD /*flags*/, LPCWSTR text, int le
         --fitting;
     bytes.copy(target, fitting);
     std::fill(target + fitting, target + room, 0);
+    return 0;
+}
+
+int _wsplitpath_s(LPCWSTR path, LPWSTR drive, std::size_t driveSize, LPWSTR folder, std::size_t folderSize,
+                  LPWSTR name, std::size_t nameSize, LPWSTR extension, std::size_t extensionSize)
+{
+    const PartBuffer buffers[] = {
+        {drive, driveSize}, {folder, folderSize}, {name, nameSize}, {extension, extensionSize}};
+    const auto empty = [&buffers](int failure) {
+        for (const PartBuffer& buffer : buffers) {
+            if (buffer.Size > 0)
+                buffer.Set({});
+        }
+        return failure;
+    };
+    if (path == nullptr || !std::ranges::all_of(buffers, &PartBuffer::IsValid))
+        return empty(invalidArgument);
+    std::u16string_view rest(path);
+    const auto take = [&rest](std::size_t length) {
+        const std::u16string_view part = rest.substr(0, length);
+        rest.remove_prefix(part.size());
+        return part;
+    };
+    const std::u16string_view parts[] = {
+        take(rest.size() > 1 && rest[1] == u':' ? 2 : 0),
+        take(rest.find_last_of(u"\\/") + 1), // 0 where there is none
+        take(rest.rfind(u'.')),
+        rest,
+    };
+    for (std::size_t i = 0; i < std::size(parts); ++i) {
+        if (!buffers[i].Takes(parts[i]))
+            return empty(resultTooLong);
+    }
+    for (std::size_t i = 0; i < std::size(parts); ++i)
+        buffers[i].Set(parts[i]);
     return 0;
 }

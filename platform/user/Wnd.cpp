@@ -3,6 +3,7 @@
 #include "WindowSide.h"
 
 #include <QApplication>
+#include <QtConvert.h>
 #include <afxwin.h>
 #include <map>
 #include <memory>
@@ -264,8 +265,7 @@ int CWnd::GetWindowTextLength() const
 void CWnd::GetWindowText(CString& rString) const
 {
     const WindowSide* const window = WindowSide::Of(m_hWnd);
-    const QString text = window != nullptr ? window->Text() : QString();
-    rString = CString(reinterpret_cast<LPCTSTR>(text.utf16()), static_cast<int>(text.size()));
+    rString = window != nullptr ? gdi::ToCString(window->Text()) : CString();
 }
 
 void CWnd::SetWindowText(LPCTSTR lpszString)

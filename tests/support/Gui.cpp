@@ -66,13 +66,6 @@ int QtKeyOf(UINT virtualKey)
 
 } // namespace
 
-// The leak sanitizer asks for it: what the font library keeps for itself until the process ends is no leak of
-// ours.
-extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig\n";
-}
-
 namespace test
 {
 

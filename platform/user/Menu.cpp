@@ -1,0 +1,154 @@
+// Menus are Qt's: what an item is stands in its action.
+#include "Application.h"
+#include "MenuTemplate.h"
+#include "ResourceFile.h"
+#include "WindowSide.h"
+
+#include <QMenu>
+#include <QPointer>
+#include <QtConvert.h>
+#include <afxwin.h>
+#include <memory>
+
+namespace
+{
+
+constexpr UINT noCommand = static_cast<UINT>(-1);
+constexpr UINT startFlags = MF_GRAYED | MF_DISABLED | MF_CHECKED;
+
+// The framework's object of a popup lives and goes with it.
+class Menu : public QMenu
+{
+public:
+    explicit Menu(QWidget* parent = nullptr) : QMenu(parent)
+    {
+        Object.m_hMenu = reinterpret_cast<HMENU>(this);
+    }
+    Menu(const Menu&) = delete;
+    Menu& operator=(const Menu&) = delete;
+    ~Menu() override { Object.m_hMenu = nullptr; }
+
+    CMenu Object;
+};
+
+Menu* MenuOf(HMENU handle)
+{
+    return reinterpret_cast<Menu*>(handle);
+}
+
+// Null where there is no such item.
+QAction* ItemAt(HMENU handle, UINT position)
+{
+    return handle != nullptr ? MenuOf(handle)->actions().value(static_cast<qsizetype>(position)) : nullptr;
+}
+
+QAction* NewCommand(QMenu& menu, UINT flags, UINT id, std::u16string_view text)
+{
+    auto* const command = new QAction(gdi::ToQString(text), &menu);
+    command->setData(id);
+    command->setEnabled((flags & (MF_GRAYED | MF_DISABLED)) == 0);
+    command->setCheckable((flags & MF_CHECKED) != 0);
+    command->setChecked((flags & MF_CHECKED) != 0);
+    return command;
+}
+
+void Fill(Menu& menu, const std::vector<MenuTemplateItem>& items)
+{
+    for (const MenuTemplateItem& item : items) {
+        if (item.Kind == MenuItemKind::Separator) {
+            menu.addSeparator();
+        } else if (item.Kind == MenuItemKind::Command) {
+            menu.addAction(NewCommand(menu, item.Flags, item.Id, item.Text));
+        } else {
+            auto* const popup = new Menu(&menu);
+            popup->setTitle(gdi::ToQString(item.Text));
+            popup->menuAction()->setData(noCommand);
+            menu.addMenu(popup);
+            Fill(*popup, item.Items);
+        }
+    }
+}
+
+} // namespace
+
+BOOL CMenu::LoadMenu(UINT nIDResource)
+{
+    if (m_hMenu != nullptr || !EnsureApplication())
+        return FALSE;
+    const auto items =
+        ReadMenuTemplate(FindResource(ResourceType::Menu, static_cast<std::uint16_t>(nIDResource)));
+    if (!items)
+        return FALSE;
+    auto menu = std::make_unique<Menu>();
+    Fill(*menu, *items);
+    m_hMenu = menu.release()->Object.m_hMenu;
+    return TRUE;
+}
+
+BOOL CMenu::DestroyMenu()
+{
+    Menu* const menu = MenuOf(std::exchange(m_hMenu, nullptr));
+    delete menu; // this object may be gone afterwards
+    return menu != nullptr ? TRUE : FALSE;
+}
+
+CMenu* CMenu::GetSubMenu(int nPos) const
+{
+    const QAction* const item = ItemAt(m_hMenu, static_cast<UINT>(nPos));
+    return item != nullptr && item->menu() != nullptr ? &static_cast<Menu*>(item->menu())->Object : nullptr;
+}
+
+int CMenu::GetMenuItemCount() const
+{
+    return m_hMenu != nullptr ? static_cast<int>(MenuOf(m_hMenu)->actions().size()) : -1;
+}
+
+UINT CMenu::GetMenuItemID(int nPos) const
+{
+    const QAction* const item = ItemAt(m_hMenu, static_cast<UINT>(nPos));
+    return item != nullptr ? item->data().toUInt() : noCommand;
+}
+
+int CMenu::GetMenuString(UINT nPosition, CString& rString, UINT nFlags) const
+{
+    const QAction* const item = (nFlags & MF_BYPOSITION) != 0 ? ItemAt(m_hMenu, nPosition) : nullptr;
+    rString = item != nullptr ? gdi::ToCString(item->text()) : CString();
+    return rString.GetLength();
+}
+
+BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR lpszNewItem)
+{
+    QAction* const before = ItemAt(m_hMenu, nPosition);
+    if (before == nullptr || (nFlags & ~startFlags) != MF_BYPOSITION)
+        return FALSE;
+    Menu& menu = *MenuOf(m_hMenu);
+    menu.insertAction(before, NewCommand(menu, nFlags, static_cast<UINT>(nIDNewItem),
+                                         lpszNewItem != nullptr ? lpszNewItem : _T("")));
+    if (before->menu() != nullptr)
+        delete before->menu(); // whose action it is
+    else
+        delete before;
+    return TRUE;
+}
+
+// The window gets the command when the program is at rest again, as it may destroy this menu and itself.
+BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*lpRect*/)
+{
+    WindowSide* const owner = WindowSide::Of(pWnd != nullptr ? pWnd->GetSafeHwnd() : nullptr);
+    if (m_hMenu == nullptr || owner == nullptr)
+        return FALSE;
+    const QPointer<QWidget> widget(&owner->Widget());
+    Menu& menu = *MenuOf(m_hMenu);
+    QObject::connect(widget, &QObject::destroyed, &menu, &QWidget::close);
+    ::ReleaseCapture();
+    const bool isByKeyboard = x == -1 && y == -1;
+    const QAction* const chosen = menu.exec(isByKeyboard ? widget->mapToGlobal(QPoint(0, 0)) : QPoint(x, y));
+    if (chosen == nullptr || widget.isNull())
+        return TRUE;
+    const auto send = [window = widget.data(), id = chosen->data().toUInt()] {
+        if (WindowSide* const side = WindowSide::Of(window))
+            side->SendContained(WM_COMMAND, MAKEWPARAM(id, 0));
+    };
+    QMetaObject::invokeMethod(widget.data(), send, Qt::QueuedConnection);
+    return TRUE;
+}

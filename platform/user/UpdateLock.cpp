@@ -1,0 +1,23 @@
+// The one window that shows no change for a while.
+#include "WindowSide.h"
+
+#include <QPointer>
+
+BOOL LockWindowUpdate(HWND handle)
+{
+    static QPointer<QWidget> locked;
+    // A window is gone before its widget is.
+    const bool isHeld = WindowSide::Of(locked.data()) != nullptr;
+    if (handle == nullptr) {
+        if (isHeld)
+            locked->setUpdatesEnabled(true);
+        locked.clear();
+        return TRUE;
+    }
+    WindowSide* const window = WindowSide::Of(handle);
+    if (isHeld || window == nullptr)
+        return FALSE;
+    locked = &window->Widget();
+    locked->setUpdatesEnabled(false);
+    return TRUE;
+}
