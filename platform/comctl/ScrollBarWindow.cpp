@@ -57,8 +57,8 @@ void ScrollBarWindow::Tell(UINT code, int position)
 {
     m_isScrolling = code != SB_ENDSCROLL;
     if (WindowSide* const parent = Parent())
-        parent->Send(WM_HSCROLL, MAKEWPARAM(code, static_cast<UINT>(position)),
-                     reinterpret_cast<LPARAM>(Handle()));
+        parent->SendContained(WM_HSCROLL, MAKEWPARAM(code, static_cast<UINT>(position)),
+                              reinterpret_cast<LPARAM>(Handle()));
 }
 
 void ScrollBarWindow::End()

@@ -47,11 +47,6 @@ HMODULE LoadLibraryW(LPCWSTR fileName)
     }
 }
 
-BOOL FreeLibrary(HMODULE /*module*/)
-{
-    return TRUE;
-}
-
 FARPROC GetProcAddress(HMODULE module, const char* name)
 {
     if (module == nullptr)
