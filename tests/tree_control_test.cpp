@@ -226,11 +226,13 @@ TEST_F(Tree, LetsItsParentDrawAlong)
     m_tree.Select(e, TVGN_CARET);
     m_drawn.clear();
     test::Picture picture(200, 90);
+    constexpr std::size_t lineLength = 201;
     m_tree.SendMessage(WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc().m_hDC));
     EXPECT_EQ(m_drawn, "a0 e17* e17* ");
     EXPECT_EQ(picture.PixelAt(199, rowHeight), gdi::ToPixel(ours));
     EXPECT_EQ(test::PixelOf(m_tree, {199, rowHeight}), ours);
-    EXPECT_EQ(picture.Text().substr(7 * 201, square), "     # ooooo # # # "); // across the first button
+    EXPECT_EQ(picture.Text().substr(lineLength * 7, square),
+              "     # ooooo # # # "); // across the first button
 }
 
 } // namespace

@@ -64,6 +64,6 @@ HTREEITEM CTreeCtrl::HitTest(CPoint pt, UINT* pFlags) const
 
 BOOL CTreeCtrl::GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) const
 {
-    std::memcpy(lpRect, &hItem, sizeof hItem); // the message wants it in the rectangle's place
+    std::memcpy(lpRect, &hItem, sizeof(HTREEITEM)); // the message wants it in the rectangle's place
     return static_cast<BOOL>(Ask(TVM_GETITEMRECT, static_cast<WPARAM>(bTextOnly), lpRect));
 }

@@ -21,11 +21,17 @@ bool TreeWindow::Fold(TreeItem& item, WPARAM code)
     const bool unfolds = code == TVE_EXPAND;
     if ((!unfolds && code != TVE_COLLAPSE) || item.childCount() == 0 || item.IsUnfolded() == unfolds)
         return false;
+    SetUnfolded(item, unfolds);
+    TellFolded(item, code);
+    return true;
+}
+
+// What is selected stays in view.
+void TreeWindow::SetUnfolded(TreeItem& item, bool unfolds)
+{
     item.SetUnfolded(unfolds);
     if (const TreeItem* const caret = Caret(); !unfolds && caret != nullptr && caret->IsBelow(item))
         setCurrentItem(&item);
-    TellFolded(item, code);
-    return true;
 }
 
 // ---- The mouse
@@ -109,10 +115,12 @@ void TreeWindow::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// A tree with the focus has a selected row.
+// A tree that gets the focus has a selected row; a menu's end gives it none that it hadn't before.
 void TreeWindow::focusInEvent(QFocusEvent* event)
 {
     QTreeWidget::focusInEvent(event);
+    if (event->reason() == Qt::PopupFocusReason)
+        return;
     if (TreeItem* const item = Caret() != nullptr ? Caret() : FirstVisible())
         setCurrentItem(item);
 }

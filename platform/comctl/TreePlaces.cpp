@@ -55,18 +55,16 @@ TreeWindow::Hit TreeWindow::HitTest(QPoint point) const
     return {item, places.Branch.contains(point) && HasButton(*item) ? TVHT_ONITEMBUTTON : TVHT_ONITEMINDENT};
 }
 
-bool TreeWindow::GetRect(LPRECT rectangle, bool isLabel) const
+bool TreeWindow::GetRect(RECT& rectangle, bool isLabel) const
 {
-    if (rectangle == nullptr)
-        return false;
     HTREEITEM handle = nullptr; // stands where the rectangle will
-    std::memcpy(&handle, rectangle, sizeof handle);
+    std::memcpy(&handle, &rectangle, sizeof(HTREEITEM));
     const TreeItem* const item = Find(handle);
     const Places places = item != nullptr ? PlacesOf(*item) : Places{};
     if (places.Row.height() <= 0)
         return false;
     const QRect& place = isLabel ? places.Label : places.Row;
-    *rectangle = {place.x(), place.y(), place.x() + place.width(), place.y() + place.height()};
+    rectangle = {place.x(), place.y(), place.x() + place.width(), place.y() + place.height()};
     return true;
 }
 

@@ -1,10 +1,9 @@
-// What a tree is told by messages.
+// How a tree is made, and which message does what.
 #include "TreeWindow.h"
 
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QtConvert.h>
-#include <algorithm>
 
 namespace
 {
@@ -35,19 +34,24 @@ public:
     }
 };
 
+// Whether the message is about a structure that it points to.
+bool BringsData(UINT message)
+{
+    switch (message) {
+    case TVM_INSERTITEMW:
+    case TVM_GETITEMW:
+    case TVM_SETITEMW:
+    case TVM_GETITEMRECT:
+    case TVM_HITTEST:
+        return true;
+    default:
+        return false;
+    }
+}
+
 HTREEITEM ToHandle(LPARAM lParam)
 {
     return reinterpret_cast<HTREEITEM>(lParam);
-}
-
-bool IsRoot(HTREEITEM handle)
-{
-    return handle == nullptr || handle == TVI_ROOT;
-}
-
-HTREEITEM HandleOf(const QTreeWidgetItem* item)
-{
-    return item != nullptr ? static_cast<const TreeItem*>(item)->Handle() : nullptr;
 }
 
 } // namespace
@@ -77,6 +81,8 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
 
 LRESULT TreeWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    if (BringsData(message) && lParam == 0)
+        return 0;
     switch (message) {
     case TVM_INSERTITEMW:
         return reinterpret_cast<LRESULT>(Insert(*reinterpret_cast<const TVINSERTSTRUCTW*>(lParam)));
@@ -97,12 +103,12 @@ LRESULT TreeWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
         return item != nullptr && Fold(*item, wParam) ? TRUE : FALSE;
     }
     case TVM_GETITEMRECT:
-        return GetRect(reinterpret_cast<LPRECT>(lParam), wParam != 0) ? TRUE : FALSE;
+        return GetRect(*reinterpret_cast<LPRECT>(lParam), wParam != 0) ? TRUE : FALSE;
     case TVM_HITTEST: {
         auto& info = *reinterpret_cast<TVHITTESTINFO*>(lParam);
         const Hit hit = HitTest({info.pt.x, info.pt.y});
         info.flags = hit.Flags;
-        info.hItem = HandleOf(hit.Item);
+        info.hItem = hit.Item != nullptr ? hit.Item->Handle() : nullptr;
         return reinterpret_cast<LRESULT>(info.hItem);
     }
     case WM_SETFONT:
@@ -120,133 +126,4 @@ void TreeWindow::UseFont(HFONT font)
     auto* const chosen = dynamic_cast<gdi::Font*>(gdi::GdiObject::FromHandle(font));
     m_font.Replace(chosen != nullptr ? *chosen : gdi::StockFont(DEFAULT_GUI_FONT));
     scheduleDelayedItemsLayout();
-}
-
-// ---- Rows
-
-HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
-{
-    TreeItem* const parent = Find(row.hParent);
-    if (parent == nullptr && !IsRoot(row.hParent))
-        return nullptr;
-    auto* const item = new TreeItem(m_handles);
-    if (parent != nullptr)
-        item->AppendTo(*parent);
-    else
-        addTopLevelItem(item);
-    TVITEMW wanted = row.item;
-    wanted.hItem = item->Handle();
-    Set(wanted);
-    return item->Handle();
-}
-
-bool TreeWindow::Delete(HTREEITEM handle)
-{
-    if (IsRoot(handle)) {
-        clear();
-        return true;
-    }
-    TreeItem* const item = Find(handle);
-    if (item == nullptr)
-        return false;
-    TreeItem* const parent = item->Parent();
-    delete item;
-    if (parent != nullptr && parent->childCount() == 0)
-        parent->setExpanded(false);
-    return true;
-}
-
-bool TreeWindow::Get(TVITEMW& item) const
-{
-    const TreeItem* const row = Find(item.hItem);
-    if (row == nullptr)
-        return false;
-    if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0) {
-        const QString text = row->text(0).left(item.cchTextMax - 1);
-        std::copy_n(reinterpret_cast<LPCWSTR>(text.utf16()), text.size() + 1, item.pszText);
-    }
-    if ((item.mask & TVIF_PARAM) != 0)
-        item.lParam = row->Data;
-    if ((item.mask & TVIF_STATE) != 0)
-        item.state = StateOf(*row) & item.stateMask;
-    if ((item.mask & TVIF_CHILDREN) != 0)
-        item.cChildren = row->childCount() > 0 ? 1 : 0;
-    return true;
-}
-
-// Nobody is told: the states are those that a row is to have, not what the user does to it.
-bool TreeWindow::Set(const TVITEMW& item)
-{
-    TreeItem* const row = Find(item.hItem);
-    if (row == nullptr)
-        return false;
-    if ((item.mask & TVIF_TEXT) != 0)
-        row->setText(0, item.pszText != nullptr ? gdi::ToQString(item.pszText) : QString());
-    if ((item.mask & TVIF_PARAM) != 0)
-        row->Data = item.lParam;
-    if ((item.mask & TVIF_STATE) != 0 && (item.stateMask & TVIS_EXPANDED) != 0)
-        row->SetUnfolded((item.state & TVIS_EXPANDED) != 0);
-    if ((item.mask & TVIF_STATE) != 0 && (item.stateMask & TVIS_SELECTED) != 0)
-        row->setSelected((item.state & TVIS_SELECTED) != 0);
-    return true;
-}
-
-UINT TreeWindow::StateOf(const TreeItem& item) const
-{
-    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.IsUnfolded() ? TVIS_EXPANDED : 0);
-}
-
-// ---- Relations
-
-TreeItem* TreeWindow::Sibling(const TreeItem& item, int distance) const
-{
-    const QModelIndex index = indexFromItem(&item);
-    return static_cast<TreeItem*>(itemFromIndex(index.siblingAtRow(index.row() + distance)));
-}
-
-HTREEITEM TreeWindow::Next(HTREEITEM handle, WPARAM relation) const
-{
-    switch (relation) {
-    case TVGN_ROOT:
-        return HandleOf(topLevelItem(0));
-    case TVGN_FIRSTVISIBLE:
-        return HandleOf(FirstVisible());
-    case TVGN_CARET:
-        return HandleOf(currentItem());
-    default:
-        break;
-    }
-    const TreeItem* const item = Find(handle);
-    if (item == nullptr)
-        return relation == TVGN_CHILD && IsRoot(handle) ? HandleOf(topLevelItem(0)) : nullptr;
-    switch (relation) {
-    case TVGN_NEXT:
-        return HandleOf(Sibling(*item, 1));
-    case TVGN_PARENT:
-        return HandleOf(item->Parent());
-    case TVGN_CHILD:
-        return HandleOf(item->child(0));
-    case TVGN_NEXTVISIBLE:
-        return PlacesOf(*item).Row.isEmpty() ? nullptr : HandleOf(itemBelow(item));
-    case TVGN_PREVIOUSVISIBLE:
-        return PlacesOf(*item).Row.isEmpty() ? nullptr : HandleOf(itemAbove(item));
-    default:
-        return nullptr;
-    }
-}
-
-bool TreeWindow::Select(HTREEITEM handle, WPARAM relation)
-{
-    if (relation == TVGN_FIRSTVISIBLE)
-        return Reveal(handle, PositionAtTop);
-    if (relation != TVGN_CARET)
-        return false;
-    if (handle == nullptr) {
-        selectionModel()->clear();
-        return true;
-    }
-    const bool isThere = Reveal(handle, EnsureVisible);
-    if (isThere)
-        setCurrentItem(Find(handle));
-    return isThere;
 }

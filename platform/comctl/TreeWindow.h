@@ -61,11 +61,12 @@ private:
     bool Set(const TVITEMW& item);
     HTREEITEM Next(HTREEITEM handle, WPARAM relation) const;
     bool Select(HTREEITEM handle, WPARAM relation);
-    bool GetRect(LPRECT rectangle, bool isLabel) const;
+    bool GetRect(RECT& rectangle, bool isLabel) const;
 
     // Folds or unfolds a row that has children, by the code of TVM_EXPAND, and tells the parent, who may do
     // anything with the rows. False if nothing had to be done.
     bool Fold(TreeItem& item, WPARAM code);
+    void SetUnfolded(TreeItem& item, bool unfolds); // and tells nobody
     void Toggle(TreeItem& item) { Fold(item, item.IsUnfolded() ? TVE_COLLAPSE : TVE_EXPAND); }
 
     // Unfolds what the row is below of, and scrolls. False if there is no such row, or none any more.

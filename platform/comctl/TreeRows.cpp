@@ -1,0 +1,146 @@
+// A tree's rows: what the messages about them do.
+#include "TreeWindow.h"
+
+#include <algorithm>
+
+namespace
+{
+
+bool IsRoot(HTREEITEM handle)
+{
+    return handle == nullptr || handle == TVI_ROOT;
+}
+
+HTREEITEM HandleOf(const QTreeWidgetItem* item)
+{
+    return item != nullptr ? static_cast<const TreeItem*>(item)->Handle() : nullptr;
+}
+
+} // namespace
+
+HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
+{
+    TreeItem* const parent = Find(row.hParent);
+    if (parent == nullptr && !IsRoot(row.hParent))
+        return nullptr;
+    auto* const item = new TreeItem(m_handles);
+    if (parent != nullptr)
+        item->AppendTo(*parent);
+    else
+        addTopLevelItem(item);
+    TVITEMW wanted = row.item;
+    wanted.hItem = item->Handle();
+    Set(wanted);
+    return item->Handle();
+}
+
+bool TreeWindow::Delete(HTREEITEM handle)
+{
+    if (IsRoot(handle)) {
+        clear();
+        return true;
+    }
+    TreeItem* const item = Find(handle);
+    if (item == nullptr)
+        return false;
+    TreeItem* const parent = item->Parent();
+    delete item;
+    if (parent != nullptr && parent->childCount() == 0)
+        parent->setExpanded(false);
+    return true;
+}
+
+bool TreeWindow::Get(TVITEMW& item) const
+{
+    const TreeItem* const row = Find(item.hItem);
+    if (row == nullptr)
+        return false;
+    if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0) {
+        const QString text = row->text(0).left(item.cchTextMax - 1);
+        std::copy_n(reinterpret_cast<LPCWSTR>(text.utf16()), text.size() + 1, item.pszText);
+    }
+    if ((item.mask & TVIF_PARAM) != 0)
+        item.lParam = row->Data;
+    if ((item.mask & TVIF_STATE) != 0)
+        item.state = StateOf(*row) & item.stateMask;
+    if ((item.mask & TVIF_CHILDREN) != 0)
+        item.cChildren = row->childCount() > 0 ? 1 : 0;
+    return true;
+}
+
+// Nobody is told: the states are those that a row is to have, not what the user does to it.
+bool TreeWindow::Set(const TVITEMW& item)
+{
+    TreeItem* const row = Find(item.hItem);
+    if (row == nullptr)
+        return false;
+    if ((item.mask & TVIF_TEXT) != 0)
+        row->setText(0, item.pszText != nullptr ? gdi::ToQString(item.pszText) : QString());
+    if ((item.mask & TVIF_PARAM) != 0)
+        row->Data = item.lParam;
+    if ((item.mask & TVIF_STATE) != 0 && (item.stateMask & TVIS_EXPANDED) != 0)
+        SetUnfolded(*row, (item.state & TVIS_EXPANDED) != 0);
+    if ((item.mask & TVIF_STATE) != 0 && (item.stateMask & TVIS_SELECTED) != 0)
+        row->setSelected((item.state & TVIS_SELECTED) != 0);
+    return true;
+}
+
+UINT TreeWindow::StateOf(const TreeItem& item) const
+{
+    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.IsUnfolded() ? TVIS_EXPANDED : 0);
+}
+
+// ---- Relations
+
+TreeItem* TreeWindow::Sibling(const TreeItem& item, int distance) const
+{
+    const QModelIndex index = indexFromItem(&item);
+    return static_cast<TreeItem*>(itemFromIndex(index.siblingAtRow(index.row() + distance)));
+}
+
+HTREEITEM TreeWindow::Next(HTREEITEM handle, WPARAM relation) const
+{
+    switch (relation) {
+    case TVGN_ROOT:
+        return HandleOf(topLevelItem(0));
+    case TVGN_FIRSTVISIBLE:
+        return HandleOf(FirstVisible());
+    case TVGN_CARET:
+        return HandleOf(currentItem());
+    default:
+        break;
+    }
+    const TreeItem* const item = Find(handle);
+    if (item == nullptr)
+        return relation == TVGN_CHILD && IsRoot(handle) ? HandleOf(topLevelItem(0)) : nullptr;
+    switch (relation) {
+    case TVGN_NEXT:
+        return HandleOf(Sibling(*item, 1));
+    case TVGN_PARENT:
+        return HandleOf(item->Parent());
+    case TVGN_CHILD:
+        return HandleOf(item->child(0));
+    case TVGN_NEXTVISIBLE:
+        return PlacesOf(*item).Row.isEmpty() ? nullptr : HandleOf(itemBelow(item));
+    case TVGN_PREVIOUSVISIBLE:
+        return PlacesOf(*item).Row.isEmpty() ? nullptr : HandleOf(itemAbove(item));
+    default:
+        return nullptr;
+    }
+}
+
+bool TreeWindow::Select(HTREEITEM handle, WPARAM relation)
+{
+    if (relation == TVGN_FIRSTVISIBLE)
+        return Reveal(handle, PositionAtTop);
+    if (relation != TVGN_CARET)
+        return false;
+    if (handle == nullptr) {
+        selectionModel()->clear();
+        return true;
+    }
+    const bool isThere = Reveal(handle, EnsureVisible);
+    if (isThere)
+        setCurrentItem(Find(handle));
+    return isThere;
+}

@@ -1,0 +1,87 @@
+// The system's file dialog, answered by a user.
+#include "support/Gui.h"
+#include "support/TempPrefix.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTest>
+#include <QTimer>
+#include <afxdlgs.h>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr Qt::Key unasked{};
+
+// What a user gets who types a name, and the key in answer to what the dialog asks then; nothing if the
+// dialog is open after that.
+std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, QString& atOpening)
+{
+    bool isAsked = false;
+    QTimer::singleShot(0, [&] {
+        auto& shown = dynamic_cast<QFileDialog&>(*QApplication::activeModalWidget());
+        test::Settle();
+        auto& name = *shown.findChild<QLineEdit*>();
+        const auto& types = *shown.findChild<QComboBox*>("fileTypeCombo");
+        EXPECT_EQ(types.itemText(0) + types.itemText(1), "Layout-files (*.layout)All files (*.*)");
+        EXPECT_EQ(shown.nameFilters().last(), "All files (*.*) (*)");
+        atOpening = shown.windowTitle() + ' ' + shown.directory().path() + ' ' + name.text();
+        name.setText(typed);
+        QTimer::singleShot(0, &shown, [&] {
+            isAsked = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
+            QTest::keyClick(QApplication::activeModalWidget(), answer);
+        });
+        QTest::keyClick(&name, Qt::Key_Return);
+        if (shown.isVisible())
+            shown.reject();
+    });
+    const INT_PTR result = dialog.DoModal();
+    EXPECT_EQ(isAsked, answer != unasked);
+    return result == IDOK ? dialog.GetPathName().GetString() : u"";
+}
+
+TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
+{
+    const test::TempPrefix prefix;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
+    test::WriteWhole(prefix.MakeFolder("a") / "x.layout", "");
+    test::WriteWhole(prefix.MakeFolder("a") / "\xFF.layout", ""); // no text
+    prefix.MakeFolder("b");
+    const QString root = prefix.Path().c_str();
+    const std::u16string native = (prefix.Path() / "n.layout").u16string();
+    const struct {
+        BOOL Opens;
+        LPCTSTR File;
+        LPCTSTR Folder;
+        QString AtOpening;
+        QString Typed;
+        Qt::Key Answer;
+        std::u16string Picked;
+    } cases[] = {
+        {TRUE, _T("C:\\a\\x.layout"), _T("C:\\b"), "/drive_c/a x.layout", "x", unasked, u"C:\\a\\x.layout"},
+        {TRUE, _T("x"), _T("C:\\a\\"), "/drive_c/a x", "y", Qt::Key_Escape, u""}, // there is none
+        {FALSE, _T(""), _T("C:\\b\\no\\such"), "/drive_c/b ", "y", unasked, u"C:\\b\\y.layout"},
+        {FALSE, _T("C:\\no\\x"), nullptr, "/drive_c x", "y.txt", unasked, u"C:\\y.txt"},
+        {FALSE, _T("D:\\no\\x"), nullptr, " x", QString::fromStdU16String(native), unasked, native},
+        {FALSE, _T("C:\\a\\x"), nullptr, "/drive_c/a x", "x", Qt::Key_Escape, u""}, // not to be overwritten
+        {FALSE, _T("C:\\a\\x"), nullptr, "/drive_c/a x", "x", Qt::Key_Y, u"C:\\a\\x.layout"},
+        {FALSE, _T("C:\\a\\\xDC00"), nullptr, QString("/drive_c/a ") + QChar(0xDC00),
+         QChar(0xD800) + QString(".e"), unasked, u"C:\\a\\\xD800.e"},
+    };
+    for (const auto& c : cases) {
+        CFileDialog dialog(c.Opens, _T(".layout"), c.File, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                           _T("Layout-files (*.layout)|*.layout|All files (*.*)|*.*||"));
+        dialog.m_ofn.lpstrInitialDir = c.Folder;
+        dialog.m_ofn.lpstrTitle = _T("title");
+        QString atOpening;
+        EXPECT_EQ(Pick(dialog, c.Typed, c.Answer, atOpening), c.Picked);
+        EXPECT_EQ(atOpening, "title " + root + c.AtOpening);
+    }
+}
+
+} // namespace
