@@ -84,17 +84,26 @@ int k_ColumnTreeCtrl::GetScrolledWidth()
     return m_totalWidth + (HasVerticalBar() ? ::GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
-// The headings and the tree move to the left as a whole, and grow by as much: nothing is scrolled in them,
-// and the tree's own bar stays where it is.
+// The tree can win or lose its vertical bar by being placed; then once more.
 void k_ColumnTreeCtrl::UpdateScroller()
 {
     if (m_Tree.m_hWnd == nullptr)
         return;
+    const bool hadVerticalBar = HasVerticalBar();
+    PlaceWindows(hadVerticalBar);
+    if (HasVerticalBar() != hadVerticalBar)
+        PlaceWindows(!hadVerticalBar);
+    RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+}
+
+// The headings and the tree move to the left as a whole, and grow by as much: nothing is scrolled in them,
+// and the tree's own bar stays where it is.
+void k_ColumnTreeCtrl::PlaceWindows(bool hasVerticalBar)
+{
     CRect client;
     GetClientRect(&client);
     const int width = client.Width();
     const int height = client.Height();
-    const bool hasVerticalBar = HasVerticalBar();
     const int barWidth = ::GetSystemMetrics(SM_CXVSCROLL);
     const int barHeight = ::GetSystemMetrics(SM_CYHSCROLL);
     const int verticalBar = hasVerticalBar ? barWidth : 0;
@@ -120,7 +129,6 @@ void k_ColumnTreeCtrl::UpdateScroller()
                       height - (hasHorizontalBar ? barHeight : 0) - m_headerHeight, TRUE);
     m_HorScroll.MoveWindow(0, height - barHeight, width - verticalBar, barHeight, TRUE);
     m_CornerHeader.ShowWindow(hasVerticalBar ? SW_SHOW : SW_HIDE);
-    RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
 }
 
 void k_ColumnTreeCtrl::OnSize(UINT /*nType*/, int /*cx*/, int /*cy*/)

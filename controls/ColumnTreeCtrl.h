@@ -90,6 +90,7 @@ private:
     void OnHeaderItemClick(const NMHEADERW& notification);
     LRESULT OnCustomDraw(const NMTVCUSTOMDRAW& draw);
 
+    void PlaceWindows(bool hasVerticalBar);
     int LayOutHeader(); // gives the height of the headings
     bool HasVerticalBar();
     int GetScrolledWidth(); // pixels, of all that can be scrolled

@@ -2,6 +2,7 @@
 // does its own work, and lets no exception through to a host that could not catch it.
 #include "ModuleObjects.h"
 
+#include <dialogs/StyleAtlasDialog.h>
 #include <include/styleatlas.h>
 #include <model/StyleAtlasLookup.h>
 
@@ -61,9 +62,15 @@ void LoadTable()
 
 extern "C" {
 
-int EditStyleAtlas(uintptr_t /*parentWindow*/)
+int EditStyleAtlas(uintptr_t parentWindow)
 {
-    return RunExport(dialogNotShown, [] { return dialogNotShown; });
+    return RunExport(dialogNotShown, [=] {
+        k_StyleAtlasDialog dialog(CWnd::FromHandle(reinterpret_cast<HWND>(parentWindow)));
+        const INT_PTR result = dialog.DoModal();
+        if (result == IDOK)
+            g_StyleAtlas.Assign(dialog.m_Atlas);
+        return static_cast<int>(result);
+    });
 }
 
 int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, uint8_t index, uint16_t device,

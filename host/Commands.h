@@ -43,6 +43,14 @@ int PlotCurves(std::span<const char* const> paths, const PlotTarget& target);
 // Shows every quantity of the unit library and how it is drawn in one file column.
 int ShowTable(std::int16_t fileColumn);
 
+// Shows the files in a window, in which more of them can be opened and the styles be edited, until the user
+// closes it.
+int ShowWindow(std::string_view hostName, std::span<const char* const> paths);
+
+// Shows the editor of the styles alone. Returns Succeeded after OK, Cancelled after Cancel, and Failed where
+// it cannot be shown.
+int ShowEditor();
+
 // Prints what stands in layout files; of a damaged one what stands before the damage.
 int ShowLayouts(std::span<const char* const> paths);
 

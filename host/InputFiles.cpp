@@ -13,12 +13,12 @@ namespace atlashost
 namespace
 {
 
-void FindQuantities(InputFile& file, const QuantityNames& names)
+void FindQuantities(InputFile& file, const QuantityNames& names, const Teller& tell)
 {
     for (const MeasuredColumn& column : file.content.columns) {
         file.quantities.push_back(names.Find(column.header));
         if (file.quantities.back() == nullptr)
-            Tell(file.shownPath + ": no quantity fits the column \"" + Printable(column.header) +
+            tell(file.shownPath + ": no quantity fits the column \"" + Printable(column.header) +
                  "\", it is left out");
     }
 }
@@ -36,7 +36,7 @@ void Tell(const std::string& message)
     std::cerr << ProgramName << ": " << message << '\n';
 }
 
-int ForEachFile(std::span<const char* const> paths, const QuantityNames& names,
+int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Teller& tell,
                 const std::function<void(InputFile&)>& handle)
 {
     int status = Succeeded;
@@ -45,11 +45,11 @@ int ForEachFile(std::span<const char* const> paths, const QuantityNames& names,
         try {
             file.content = ReadMeasuredFile(paths[i]);
             for (const std::string& remark : file.content.remarks)
-                Tell(file.shownPath + ":" + remark);
-            FindQuantities(file, names);
+                tell(file.shownPath + ":" + remark);
+            FindQuantities(file, names, tell);
             handle(file);
         } catch (const std::runtime_error& error) {
-            Tell(file.shownPath + ": " + error.what());
+            tell(file.shownPath + ": " + error.what());
             status = Failed;
         }
     }

@@ -27,9 +27,12 @@ struct InputFile {
 // Tells the user something on standard error.
 void Tell(const std::string& message);
 
+// Where else to tell it, in a form that can be printed.
+using Teller = std::function<void(const std::string& message)>;
+
 // Reads the files, and hands each that can be read to the function, which may take it apart. What is wrong
 // with a file or a column is told. Returns Failed where a file could not be read, else Succeeded.
-int ForEachFile(std::span<const char* const> paths, const QuantityNames& names,
+int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Teller& tell,
                 const std::function<void(InputFile&)>& handle);
 
 } // namespace atlashost

@@ -60,7 +60,8 @@ int ListCurves(std::span<const char* const> paths)
 {
     const QuantityNames names;
     CurveList list;
-    const int status = ForEachFile(paths, names, [&list](const InputFile& file) { list.AddFile(file); });
+    const int status =
+        ForEachFile(paths, names, Tell, [&list](const InputFile& file) { list.AddFile(file); });
     list.Print();
     return status;
 }

@@ -18,29 +18,35 @@ const char* const Usage =
     R"(Usage: atlas-host [options] list FILE.csv...
        atlas-host [options] plot FILE.csv...
        atlas-host [options] table
-       atlas-host layout show|check FILE...
+       atlas-host [options] window [FILE.csv...]
+       atlas-host [options] edit
+       atlas-host layout show FILE...
+       atlas-host layout check FILE...
        atlas-host layout diff OLD NEW
 
 Shows how the curves of measured data are drawn.
 
-  list FILE.csv...  the curves of the files; the first file is file column 0, and so on
-  plot FILE.csv...  the curves themselves, a panel for each quantity; Esc closes the window
-  table             all quantities of the unit library, in one file column
+  list FILE.csv...      the curves of the files; the first file is file column 0, and so on
+  plot FILE.csv...      the curves themselves, a panel for each quantity; Esc closes the window
+  table                 all quantities of the unit library, in one file column
+  window [FILE.csv...]  a window with the curves, from which the styles can be edited
+  edit                  the editor of the styles alone
 
   layout show FILE...   what stands in layout files
   layout check FILE...  whether they are good, or where they are damaged and how
   layout diff OLD NEW   the rows and styles in which two layout files differ
 
-  --host NAME       the name by which this host is known to the style atlas (AirLab)
-  --column N        the file column of the command table, 0 to 31 (0)
-  --png FILE        the command plot writes a PNG file and opens no window; it needs no display
-  --size WxH        the size of that picture in pixels, each 100 to 8192 (one that suits the plot)
-  --help            show this text
-  --version         show the version
+  --host NAME           the name by which this host is known to the style atlas (AirLab)
+  --column N            the file column of the command table, 0 to 31 (0)
+  --png FILE            the command plot writes a PNG file and opens no window; it needs no display
+  --size WxH            the size of that picture in pixels, each 100 to 8192 (one that suits the plot)
+  --help                show this text
+  --version             show the version
 
-The exit status is 0 where all went well, 1 where something could not be read or shown, or a layout file is damaged,
-and 2 where the command line was not understood. The command layout diff ends with 0 where the files are the same, 1
-where they differ, and 2 where one cannot be compared.
+Exit status: 0 where all went well; 1 where something could not be read, written or shown, or a layout file
+is damaged; 2 where the command line was not understood. The command edit ends with 0 after OK and 3 after
+Cancel; the command layout diff with 0 where the files are the same, 1 where they differ, and 2 where one
+cannot be compared.
 )";
 
 namespace
@@ -103,6 +109,8 @@ constexpr Command Commands[] = {
     {"list", Action::List, 1, AnyNumber},
     {"plot", Action::Plot, 1, AnyNumber},
     {"table", Action::Table, 0, 0},
+    {"window", Action::Window, 0, AnyNumber},
+    {"edit", Action::Edit, 0, 0},
     {"layout show", Action::ShowLayout, 1, AnyNumber},
     {"layout check", Action::CheckLayout, 1, AnyNumber},
     {"layout diff", Action::CompareLayouts, 2, 2},

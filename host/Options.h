@@ -11,7 +11,7 @@
 namespace atlashost
 {
 
-enum class Action { List, Plot, Table, ShowLayout, CheckLayout, CompareLayouts, Help, Version };
+enum class Action { List, Plot, Table, Window, Edit, ShowLayout, CheckLayout, CompareLayouts, Help, Version };
 
 struct Options {
     Action action = Action::Help;

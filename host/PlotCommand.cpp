@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Display.h"
 #include "InputFiles.h"
 #include "PictureFile.h"
 #include "PlotData.h"
@@ -7,14 +8,11 @@
 #include "PlotPainter.h"
 #include "PlotWindow.h"
 
-#include <QApplication>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
-#include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
 
@@ -22,26 +20,6 @@ namespace atlashost
 {
 namespace
 {
-
-constexpr const char* DisplayVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
-
-bool HasDisplay()
-{
-    return std::ranges::any_of(DisplayVariables, [](const char* name) {
-        const char* const value = std::getenv(name);
-        return value != nullptr && *value != '\0';
-    });
-}
-
-// Where the display that is named cannot be opened, Qt would abort the program. What Qt warns of otherwise,
-// of folders and fonts that are missing, matters little to the user of a plot.
-void ExitOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
-{
-    if (type != QtFatalMsg)
-        return;
-    Tell("the plot cannot be shown: " + message.section('\n', 0, 0).toStdString());
-    std::_Exit(Failed);
-}
 
 // The application keeps references to both.
 struct QtArguments {
@@ -54,6 +32,7 @@ char offscreen[] = "offscreen";
 
 void DrawIntoFile(const Plot& plot, const PlotTarget& target)
 {
+    EndWhereQtWouldAbort();
     QtArguments arguments{3, {programName, platformOption, offscreen}};
     const QGuiApplication application{arguments.count, arguments.words.data()};
     const QSize size = target.width > 0 ? QSize{target.width, target.height} : GoodSize(plot.panels.size());
@@ -69,11 +48,10 @@ void DrawIntoFile(const Plot& plot, const PlotTarget& target)
 
 void ShowWindow(const Plot& plot)
 {
-    QtArguments arguments{1, {programName}};
-    const QApplication application{arguments.count, arguments.words.data()};
+    const Desktop desktop;
     PlotWindow window{plot};
     window.show();
-    QApplication::exec();
+    desktop.Run();
 }
 
 } // namespace
@@ -84,12 +62,11 @@ int PlotCurves(std::span<const char* const> paths, const PlotTarget& target)
         Tell("there is no display to show the plot on; --png FILE writes it into a file");
         return Failed;
     }
-    const Plot plot = ReadPlot(paths);
+    const Plot plot = ReadPlot(paths, Tell);
     if (plot.panels.empty()) {
         Tell("there is no curve to plot");
         return Failed;
     }
-    qInstallMessageHandler(ExitOnFatal);
     if (target.png != nullptr)
         DrawIntoFile(plot, target);
     else

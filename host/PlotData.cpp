@@ -1,7 +1,6 @@
 #include "PlotData.h"
 
 #include "Calendar.h"
-#include "InputFiles.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -81,17 +80,25 @@ Range DivisibleTimes(Range times, TimeKind kind)
     return Divisible(times);
 }
 
+void RenewStyle(Curve& curve)
+{
+    curve.style = StyleOf(curve.styleColumn, curve.quantity).value_or(CurveStyle{});
+}
+
 class PlotMaker
 {
 public:
-    explicit PlotMaker(std::span<const char* const> paths) : m_fileNames{FileNames(paths)} {}
+    PlotMaker(std::span<const char* const> paths, const Teller& tell)
+        : m_fileNames{FileNames(paths)}, m_tell{tell}
+    {
+    }
 
     void AddFile(InputFile& file)
     {
         const MeasuredFile& content = file.content;
         if (const auto count = std::ranges::count_if(content.times, [](double t) { return std::isnan(t); }))
-            Tell(file.shownPath + ": rows left out, as their first field is no " +
-                 (content.timeKind == TimeKind::Date ? "date" : "number") + ": " + std::to_string(count));
+            m_tell(file.shownPath + ": rows left out, as their first field is no " +
+                   (content.timeKind == TimeKind::Date ? "date" : "number") + ": " + std::to_string(count));
         for (std::size_t i = 0; i < file.quantities.size(); ++i) {
             if (file.quantities[i] != nullptr)
                 AddCurve(file, *file.quantities[i], file.content.columns[i]);
@@ -123,12 +130,12 @@ private:
         const std::vector<Reading> all = ReadingsInOrder(file.content.times, values);
         const auto gaps = static_cast<std::size_t>(std::ranges::count_if(all, IsGap));
         if (gaps == all.size()) {
-            Tell(file.shownPath + ": the column \"" + Printable(column.header) +
-                 "\" has no readings, it is left out");
+            m_tell(file.shownPath + ": the column \"" + Printable(column.header) +
+                   "\" has no readings, it is left out");
             return;
         }
-        Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps};
-        curve.style = StyleOf(file.StyleColumn(), quantity).value_or(CurveStyle{});
+        Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps, quantity, file.StyleColumn()};
+        RenewStyle(curve);
         const Range times{all.front().time, all.back().time};
         curve.readings = Thinned(all, Divisible(times), FinestColumns, MostOfFinestColumn);
         m_readingCount += curve.readings.size();
@@ -190,6 +197,7 @@ private:
     Plot m_plot;
     std::vector<PanelInProgress> m_panels;
     const std::vector<std::string> m_fileNames;
+    const Teller& m_tell;
     std::size_t m_readingCount = 0;
 };
 
@@ -208,14 +216,20 @@ Range Divisible(Range range)
     return {range.low - margin, range.high + margin};
 }
 
-Plot ReadPlot(std::span<const char* const> paths)
+Plot ReadPlot(std::span<const char* const> paths, const Teller& tell)
 {
     const QuantityNames names;
-    PlotMaker maker{paths};
-    const int status = ForEachFile(paths, names, [&maker](InputFile& file) { maker.AddFile(file); });
+    PlotMaker maker{paths, tell};
+    const int status = ForEachFile(paths, names, tell, [&maker](InputFile& file) { maker.AddFile(file); });
     Plot plot = maker.Finish();
     plot.status = status;
     return plot;
+}
+
+void RenewStyles(Plot& plot)
+{
+    for (Panel& panel : plot.panels)
+        std::ranges::for_each(panel.curves, RenewStyle);
 }
 
 } // namespace atlashost

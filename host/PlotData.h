@@ -1,10 +1,12 @@
 // PlotData.h: what a plot shows, apart from any picture: panels, and the curves in them.
 #pragma once
 
+#include "InputFiles.h"
 #include "MeasuredFile.h"
 #include "StyleWords.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -37,6 +39,8 @@ struct Curve {
     CurveStyle style;
     std::vector<Reading> readings; // in the order of time, thinned to what the largest picture can show
     std::size_t readingCount = 0;  // before that, without gaps
+    MeasuredQuantity quantity = {};
+    std::int16_t styleColumn = 0; // the file column under which the style atlas is asked
 };
 
 // The curves of one quantity over one kind of time.
@@ -55,9 +59,12 @@ struct Plot {
     int status = 0;            // Failed where a file could not be read, else Succeeded
 };
 
-// Reads the files and asks the style atlas for the style of each curve. What is wrong is told on standard
-// error. A column without readings makes no curve; one without a style is drawn as a plain black line.
-Plot ReadPlot(std::span<const char* const> paths);
+// Reads the files and asks the style atlas for the style of each curve. A column without readings makes no
+// curve; one without a style is drawn as a plain black line.
+Plot ReadPlot(std::span<const char* const> paths, const Teller& tell);
+
+// Asks the style atlas for the styles of all curves again.
+void RenewStyles(Plot& plot);
 
 // The readings that can be told apart in a picture of so many columns of pixels: where a column has more than
 // mostOfColumn readings, the first, the lowest, the highest and the last of them are left. A gap within a

@@ -1,25 +1,19 @@
 // PlotWindow.h: a plot on the screen.
 #pragma once
 
-#include "PlotData.h"
-
-#include <QWidget>
+#include "PlotView.h"
 
 namespace atlashost
 {
 
-// Shows a plot of one panel or more, which outlives it, in whatever size the user gives it. Esc closes it.
-class PlotWindow : public QWidget
+// The plot alone, of one panel or more. Esc closes the window.
+class PlotWindow : public PlotView
 {
 public:
     explicit PlotWindow(const Plot& plot);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    const Plot& m_plot;
 };
 
 } // namespace atlashost

@@ -40,6 +40,10 @@ int RunAsHost(const Options& options)
         return ListCurves(options.files);
     case Action::Plot:
         return PlotCurves(options.files, options.plot);
+    case Action::Window:
+        return ShowWindow(options.hostName, options.files);
+    case Action::Edit:
+        return ShowEditor();
     default:
         return ShowTable(options.fileColumn);
     }

@@ -204,7 +204,11 @@ TEST_F(Host, PlotsIntoAFileWithoutDisplayAndFonts)
 
 TEST_F(Host, TellsWhyThereIsNoPlot)
 {
-    EXPECT_TRUE(RunOnMonths({}, "plot").IsSaying("there is no display"));
+    for (const Words& command : {Words{"plot", Months()[0]}, {"window"}, {"edit"}}) {
+        const Result result = Run(command);
+        EXPECT_EQ(result.Status, 1);
+        EXPECT_TRUE(result.IsSaying("there is no display")) << command[0];
+    }
     const std::string pipe = m_folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     for (const std::string& path : {pipe, std::string{"/dev/full"}})

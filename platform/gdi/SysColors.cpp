@@ -73,10 +73,31 @@ constexpr DesktopPart desktopParts[] = {
     {COLOR_BTNTEXT, QPalette::ButtonText},
     {COLOR_BTNHIGHLIGHT, QPalette::Light},
     {COLOR_3DDKSHADOW, QPalette::Shadow},
-    {COLOR_3DLIGHT, QPalette::Midlight},
 };
 
 std::optional<COLORREF> ownColors[sysColorCount];
+
+// Between a button and its highlight; a desktop that has nothing there gets a shade of the button.
+QColor LightOf(const QPalette& palette)
+{
+    constexpr int shadePercent = 106;
+    const QColor button = palette.color(QPalette::Active, QPalette::Button);
+    const QColor light = palette.color(QPalette::Active, QPalette::Midlight);
+    return light.lightness() >= button.lightness() ? light : button.darker(shadePercent);
+}
+
+std::optional<COLORREF> ColorOfDesktop(int index)
+{
+    if (!HasDesktop())
+        return std::nullopt;
+    const QPalette palette = QGuiApplication::palette();
+    if (index == COLOR_3DLIGHT)
+        return ToColorRef(LightOf(palette));
+    const auto* const part = std::ranges::find(desktopParts, index, &DesktopPart::Index);
+    if (part == std::end(desktopParts))
+        return std::nullopt;
+    return ToColorRef(palette.color(QPalette::Active, part->Role));
+}
 
 bool Exists(int index)
 {
@@ -99,8 +120,5 @@ COLORREF GetSysColor(int index)
         return gdi::black;
     if (gdi::ownColors[index])
         return *gdi::ownColors[index];
-    const auto* const part = std::ranges::find(gdi::desktopParts, index, &gdi::DesktopPart::Index);
-    return part != std::end(gdi::desktopParts) && gdi::HasDesktop()
-               ? gdi::ToColorRef(QGuiApplication::palette().color(QPalette::Active, part->Role))
-               : gdi::classicColors[index];
+    return gdi::ColorOfDesktop(index).value_or(gdi::classicColors[index]);
 }

@@ -115,7 +115,8 @@ private:
     {
         const int space = m_rect.right - m_rect.left;
         QString text = line.Text;
-        if ((m_format & DT_END_ELLIPSIS) != 0)
+        // Measured as everywhere: by itself Qt would shorten a text that overhangs by part of a pixel.
+        if ((m_format & DT_END_ELLIPSIS) != 0 && m_metrics.horizontalAdvance(text) > space)
             text = m_metrics.elidedText(text, Qt::ElideRight, space);
         const int width = m_metrics.horizontalAdvance(text);
         const int x = m_rect.left + ((m_format & DT_CENTER) != 0 ? (space - width) / 2 : 0);

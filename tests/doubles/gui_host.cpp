@@ -1,27 +1,22 @@
-// A host with Qt at hand, which opens the library while it runs. Its arguments are carried out in order:
-//   own        makes an application object
-//   open       opens the library
-//   close      closes it
-//   name=TEXT  StyleAtlasSetApplication; whoever looks at a message box meanwhile reads it out and closes it
-//   elsewhere=TEXT  the same by another thread
-//   state      prints who made the application object, and the locale
+// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own" makes
+// an application object; "open" and "close" do so with the library; "state" prints who made the application
+// object, and the locale; any other is a name for StyleAtlasSetApplication, and one in capitals is given by
+// another thread. Somebody reads out each message box and closes it.
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
-#include <atomic>
+#include <cctype>
 #include <clocale>
 #include <cstdio>
 #include <dlfcn.h>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace
 {
 
-void* library = nullptr;
-QApplication* own = nullptr;
-
-void ReadOut()
+void CloseBox()
 {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr || !box->isVisible())
@@ -30,28 +25,17 @@ void ReadOut()
     box->button(QMessageBox::Ok)->click();
 }
 
-void Name(const std::string& name)
+void GiveName(void* library, const std::string& name)
 {
-    std::atomic<bool> isDone = false;
-    std::thread user([&isDone] {
-        while (!isDone) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    std::jthread user([](const std::stop_token& end) {
+        for (; !end.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(20))) {
             if (QCoreApplication* const application = QCoreApplication::instance())
-                QMetaObject::invokeMethod(application, &ReadOut, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(application, &CloseBox, Qt::QueuedConnection);
         }
     });
     const std::u16string wide(name.begin(), name.end());
     reinterpret_cast<void (*)(const char16_t*)>(dlsym(library, "StyleAtlasSetApplication"))(wide.c_str());
-    isDone = true;
-    user.join();
     std::puts("named");
-}
-
-void PrintState()
-{
-    const QCoreApplication* const present = QCoreApplication::instance();
-    const char* const whose = present == own ? "own" : "the library's";
-    std::printf("%s %s\n", present == nullptr ? "none" : whose, std::setlocale(LC_ALL, nullptr));
 }
 
 } // namespace
@@ -59,21 +43,22 @@ void PrintState()
 int main(int argc, char** argv)
 {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    for (int i = 1; i < argc; ++i) {
-        const std::string call = argv[i];
-        const std::string name = call.substr(call.find('=') + 1);
+    void* library = nullptr;
+    const QCoreApplication* own = nullptr;
+    for (const std::string& call : std::vector<std::string>(argv + 1, argv + argc)) {
         if (call == "own")
             own = new QApplication(argc, argv);
         else if (call == "open")
             library = dlopen("libstyleatlas.so.1", RTLD_NOW);
         else if (call == "close")
             dlclose(library);
-        else if (call == "state")
-            PrintState();
-        else if (call.starts_with("elsewhere="))
-            std::thread(Name, name).join();
+        else if (call == "state") {
+            const QCoreApplication* const present = QCoreApplication::instance();
+            const char* const whose = present == own ? "own" : "the library's";
+            std::printf("%s %s\n", present == nullptr ? "none" : whose, std::setlocale(LC_ALL, nullptr));
+        } else if (std::isupper(call.front()) != 0)
+            std::thread(GiveName, library, call).join();
         else
-            Name(name);
+            GiveName(library, call);
     }
-    return 0;
 }

@@ -140,6 +140,11 @@ void ChangeSettings(const std::function<void()>& meanwhile)
     Settle();
 }
 
+bool IsShown(const CWnd& window)
+{
+    return WidgetOf(window).isVisible();
+}
+
 COLORREF PixelOf(CWnd& window, CPoint point)
 {
     const QImage shown = ClientOf(window).grab().toImage();

@@ -22,6 +22,8 @@ void TurnWheel(CWnd& window, int delta); // 120 is one notch upward
 // Magenta for all windows and buttons of the desktop, and back.
 void ChangeSettings(const std::function<void()>& meanwhile = [] {});
 
+bool IsShown(const CWnd& window);
+
 // What the window shows at a point.
 COLORREF PixelOf(CWnd& window, CPoint point);
 

@@ -1,6 +1,6 @@
-// Writes two pictures of the curve style dialog: on the style of one curve, and on the styles of a row, which
-// differ.
-//   style_editor ONE.png MANY.png
+// Writes pictures of the editor: the dialog of the whole style atlas, and the curve style dialog on the style
+// of one curve, and on the styles of a row, which differ.
+//   editor ATLAS.png ONE.png MANY.png
 #include <frame/ModuleObjects.h>
 
 #include <QApplication>
@@ -8,14 +8,18 @@
 #include <QTimer>
 #include <QWidget>
 #include <controls/StyleEditing.h>
+#include <controls/StyleSelection.h>
 #include <cstdio>
 #include <cstdlib>
+#include <dialogs/StyleAtlasDialog.h>
+#include <functional>
 #include <model/StyleAtlasLookup.h>
 
 namespace
 {
 
 constexpr QuantityKey shownQuantity{20, 1, 0, 5, 0}; // the air of the thermal chamber
+constexpr const TCHAR* layoutFile = _T("C:\\ProgramData\\Halvorn\\AirLab\\Style.Atlas");
 constexpr int shownColumn = 2;
 constexpr int fileColumns = 5;
 constexpr int frameWidth = 4;
@@ -38,8 +42,9 @@ QImage PictureOf(QWidget& dialog)
     return picture;
 }
 
-// Opens the dialog on a list, writes its picture and cancels it.
-bool Show(k_LineDefList& styles, k_QuantityDesc* quantity, const char* path)
+// Runs a dialog, writes its picture once it is open, and cancels it.
+bool Show(
+    const char* path, const std::function<void()>& run, const std::function<void()>& prepare = [] {})
 {
     bool isWritten = false;
     QTimer opened;
@@ -48,23 +53,44 @@ bool Show(k_LineDefList& styles, k_QuantityDesc* quantity, const char* path)
         QWidget* const dialog = QApplication::activeModalWidget();
         if (dialog == nullptr)
             return;
+        prepare();
         isWritten = PictureOf(*dialog).save(QString::fromLocal8Bit(path), "PNG");
         dialog->close();
     });
     opened.start();
-    EditStyles(nullptr, &styles, quantity);
-    styles.SetSize(0, -1); // the records are the atlas's
+    run();
     if (!isWritten)
         std::fprintf(stderr, "%s: cannot be written\n", path);
     return isWritten;
+}
+
+bool ShowAtlas(const char* path)
+{
+    k_StyleAtlasDialog dialog;
+    return Show(
+        path, [&dialog] { dialog.DoModal(); },
+        [&dialog] {
+            k_ColumnTreeCtrl& tree = dialog.m_ColumnTree;
+            tree.m_cellColumn = shownColumn + 1;
+            tree.m_cellItem = tree.m_Tree.GetNextItem(nullptr, TVGN_ROOT);
+            tree.m_cellItem = tree.m_Tree.GetNextItem(tree.m_cellItem, TVGN_NEXTVISIBLE);
+        });
+}
+
+bool ShowStyles(const char* path, std::initializer_list<int> columns, k_QuantityDesc* quantity)
+{
+    k_StyleSelection styles;
+    for (const int column : columns)
+        styles.Add(quantity->GetColumnStyle(column));
+    return Show(path, [&] { EditStyles(nullptr, &styles, quantity); });
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "Usage: %s ONE.png MANY.png\n", argv[0]);
+    if (argc != 4) {
+        std::fprintf(stderr, "Usage: %s ATLAS.png ONE.png MANY.png\n", argv[0]);
         return EXIT_FAILURE;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -74,6 +100,8 @@ int main(int argc, char** argv)
     g_StyleAtlas.SetMainQuantitySymbols();
     g_StyleAtlas.SetFileColors(0, fileColumns);
 
+    g_StyleAtlas.FilePath = layoutFile;
+
     const INT_PTR row = g_StyleAtlas.FindRow(shownQuantity);
     k_QuantityDesc* const quantity = g_StyleAtlas.GetRow(row);
     if (quantity == nullptr) {
@@ -81,11 +109,7 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     quantity->GetColumnStyle(1)->LineStyle = PS_DASH;
-    k_LineDefList one;
-    one.Add(quantity->GetColumnStyle(shownColumn));
-    k_LineDefList many;
-    for (int column = 0; column < fileColumns; ++column)
-        many.Add(quantity->GetColumnStyle(column));
-    const bool isDone = Show(one, quantity, argv[1]) && Show(many, quantity, argv[2]);
+    const bool isDone = ShowAtlas(argv[1]) && ShowStyles(argv[2], {shownColumn}, quantity) &&
+                        ShowStyles(argv[3], {0, 1, 2, 3, 4}, quantity);
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -1,0 +1,84 @@
+// The columns and the rows of the style atlas dialog.
+#include "StyleAtlasDialog.h"
+
+#include <algorithm>
+#include <model/Language.h>
+
+namespace
+{
+
+constexpr int treeColumnWidth = 150; // pixels
+constexpr int fileColumnWidth = 60;
+constexpr int headingFormat = 0;
+
+// Keeps a window from being painted.
+class k_WindowUpdateLock
+{
+public:
+    explicit k_WindowUpdateLock(HWND window) : m_isLocked(::LockWindowUpdate(window) != FALSE) {}
+    k_WindowUpdateLock(const k_WindowUpdateLock&) = delete;
+    k_WindowUpdateLock& operator=(const k_WindowUpdateLock&) = delete;
+    ~k_WindowUpdateLock()
+    {
+        if (m_isLocked)
+            ::LockWindowUpdate(nullptr);
+    }
+
+private:
+    bool m_isLocked;
+};
+
+} // namespace
+
+void k_StyleAtlasDialog::InsertColumns()
+{
+    m_ColumnTree.InsertColumn(0, _T(" "), headingFormat, treeColumnWidth);
+    const int count = static_cast<int>(std::min<DWORD>(m_Atlas.ColumnCount, k_MaxFileColumns));
+    for (int column = 1; column <= count; ++column) {
+        const CString file = g_Language.GetUnStrippedText(CString(_T("file")), k_LanguageSection, true);
+        CString heading;
+        heading.Format(_T("%s %d"), file.GetString(), column);
+        m_ColumnTree.InsertColumn(column, heading, headingFormat, fileColumnWidth);
+    }
+}
+
+// A row of level 0 doesn't end the last row of level 1: what is deeper goes below that one still.
+void k_StyleAtlasDialog::FillTree()
+{
+    const k_WindowUpdateLock lock(m_hWnd);
+    m_ColumnTree.m_Tree.SendMessage(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    HTREEITEM lastGroup = TVI_ROOT;
+    HTREEITEM lastSubQuantity = TVI_ROOT;
+    const INT_PTR count = m_Atlas.Rows.GetSize();
+    for (INT_PTR index = 0; index < count; ++index) {
+        const k_QuantityDesc* const pRow = m_Atlas.GetRow(index);
+        if (pRow == nullptr)
+            continue;
+        switch (pRow->Level) {
+        case 0:
+            lastGroup = InsertRow(index, TVI_ROOT);
+            break;
+        case 1:
+            lastSubQuantity = InsertRow(index, lastGroup);
+            break;
+        default:
+            InsertRow(index, lastSubQuantity);
+            break;
+        }
+    }
+    KeepVisible(GetTreeItem(TVGN_ROOT));
+    m_ColumnTree.UpdateScroller(); // the tree may have a vertical bar now
+}
+
+HTREEITEM k_StyleAtlasDialog::InsertRow(INT_PTR index, HTREEITEM hParent)
+{
+    HTREEITEM const row = m_ColumnTree.InsertItem(m_Atlas.GetRowLabel(index), hParent);
+    m_ColumnTree.SetCellData(row, 0, m_Atlas.GetRow(index));
+    TVITEMW item{};
+    item.mask = TVIF_STATE;
+    item.hItem = row;
+    item.state = TVIS_EXPANDED;
+    item.stateMask = TVIS_EXPANDED;
+    m_ColumnTree.m_Tree.SetItem(&item);
+    return row;
+}

@@ -1,0 +1,53 @@
+#include "Display.h"
+
+#include "Commands.h"
+#include "InputFiles.h"
+
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr const char* DisplayVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+
+void ExitOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
+{
+    if (type != QtFatalMsg)
+        return;
+    Tell("the plot cannot be shown: " + message.section('\n', 0, 0).toStdString());
+    std::_Exit(Failed);
+}
+
+} // namespace
+
+bool HasDisplay()
+{
+    return std::ranges::any_of(DisplayVariables, [](const char* name) {
+        const char* const value = std::getenv(name);
+        return value != nullptr && *value != '\0';
+    });
+}
+
+void EndWhereQtWouldAbort()
+{
+    qInstallMessageHandler(ExitOnFatal);
+}
+
+QSize FittingSize(const QWidget& widget, QSize size)
+{
+    return size.boundedTo(widget.screen()->availableSize() * 9 / 10);
+}
+
+Desktop::Desktop()
+{
+    EndWhereQtWouldAbort();
+    m_application.emplace(m_count, m_words);
+}
+
+} // namespace atlashost

@@ -1,0 +1,254 @@
+#include "MainWindow.h"
+
+#include "Display.h"
+#include "FileList.h"
+#include "PictureFile.h"
+#include "PlotView.h"
+#include "Text.h"
+
+#include <QActionGroup>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QScopeGuard>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QUrl>
+
+#include <algorithm>
+#include <exception>
+#include <stdexcept>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr QSize GoodWindow{1280, 860};
+constexpr int SideWidth = 230;
+constexpr int RemarksHeight = 160;
+constexpr int MostRemarks = 1000;   // lines
+constexpr int MessageTime = 10'000; // milliseconds
+constexpr const char* NoFiles = "Open measured files (Ctrl+O), or drop them here.";
+constexpr const char* NoCurves = "There is no curve to plot.";
+
+QByteArrayList LocalFiles(const QMimeData& data)
+{
+    QByteArrayList paths;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile())
+            paths.append(QFile::encodeName(url.toLocalFile()));
+    }
+    return paths;
+}
+
+std::size_t CurveCount(const Plot& plot)
+{
+    std::size_t count = 0;
+    for (const Panel& panel : plot.panels)
+        count += panel.curves.size();
+    return count;
+}
+
+} // namespace
+
+MainWindow::MainWindow(const QString& hostName, LibraryCalls calls)
+    : m_hostName{hostName}, m_calls{calls}, m_settings{FirstSettings(hostName)}
+{
+    setWindowTitle(hostName.isEmpty() ? "Curves" : "Curves - " + hostName);
+    setAcceptDrops(true);
+    MakeParts();
+    MakeMenus();
+    ReadFiles();
+    resize(FittingSize(*this, GoodWindow));
+}
+
+void MainWindow::MakeParts()
+{
+    m_files = new FileList;
+    m_remarks = new QPlainTextEdit;
+    m_remarks->setReadOnly(true);
+    m_remarks->setAcceptDrops(false);
+    m_remarks->setMaximumBlockCount(MostRemarks);
+    m_view = new PlotView{m_plot};
+    auto* const side = new QSplitter{Qt::Vertical};
+    side->addWidget(m_files);
+    side->addWidget(m_remarks);
+    side->setSizes({GoodWindow.height() - RemarksHeight, RemarksHeight});
+    auto* const all = new QSplitter;
+    all->addWidget(side);
+    all->addWidget(m_view);
+    all->setSizes({SideWidth, GoodWindow.width() - SideWidth});
+    all->setStretchFactor(1, 1);
+    setCentralWidget(all);
+    m_counts = new QLabel;
+    statusBar()->addPermanentWidget(m_counts);
+}
+
+void MainWindow::MakeMenus()
+{
+    m_commands = new QActionGroup{this};
+    m_commands->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+    QMenu& file = *menuBar()->addMenu("&File");
+    AddCommand(file, "&Open...", Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
+    AddCommand(file, "&Remove from list", Qt::Key_Delete, &MainWindow::RemoveFiles);
+    AddCommand(file, "Read &again", Qt::Key_F5, &MainWindow::ReadFiles);
+    AddCommand(file, "&Save picture...", Qt::CTRL | Qt::Key_S, &MainWindow::SavePicture);
+    file.addSeparator();
+    file.addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &QWidget::close);
+    QMenu& styles = *menuBar()->addMenu("&Styles");
+    AddCommand(styles, "&Curve styles...", Qt::CTRL | Qt::Key_E, &MainWindow::EditStyles);
+    AddCommand(styles, "&Reload styles", Qt::CTRL | Qt::Key_R, &MainWindow::ReloadStyles);
+    AddCommand(styles, "Switch &user...", Qt::CTRL | Qt::Key_U, &MainWindow::SwitchUser);
+}
+
+void MainWindow::AddCommand(QMenu& menu, const char* text, const QKeySequence& keys,
+                            void (MainWindow::*command)())
+{
+    m_commands->addAction(menu.addAction(text, keys, this, command));
+}
+
+void MainWindow::AddFiles(const QByteArrayList& paths)
+{
+    m_files->Add(paths);
+    ReadFiles();
+}
+
+void MainWindow::OpenFiles()
+{
+    const QStringList names = QFileDialog::getOpenFileNames(this, "Open measured files", {},
+                                                            "Measured data (*.csv);;All files (*)");
+    QByteArrayList paths;
+    for (const QString& name : names)
+        paths.append(QFile::encodeName(name));
+    if (!paths.empty())
+        AddFiles(paths);
+}
+
+void MainWindow::RemoveFiles()
+{
+    if (m_files->RemoveSelected())
+        ReadFiles();
+    else
+        statusBar()->showMessage("Select files in the list first.", MessageTime);
+}
+
+void MainWindow::ReadFiles()
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto restore = qScopeGuard(QGuiApplication::restoreOverrideCursor);
+    const std::vector<std::string> paths = m_files->Paths();
+    std::vector<const char*> pointers(paths.size());
+    std::ranges::transform(paths, pointers.begin(), [](const std::string& path) { return path.c_str(); });
+    m_remarks->clear();
+    const auto tell = [this](const std::string& message) {
+        m_remarks->appendPlainText(QString::fromStdString(message));
+    };
+    try {
+        m_plot = ReadPlot(pointers, tell);
+    } catch (const std::exception& error) { // too many readings
+        m_plot = {};
+        tell(error.what());
+    }
+    m_remarks->setVisible(!m_remarks->document()->isEmpty());
+    m_view->SetHint(paths.empty() ? NoFiles : NoCurves);
+    m_view->update();
+    ShowCounts();
+}
+
+void MainWindow::SavePicture()
+{
+    QFileDialog dialog{this, "Save picture", "plot.png", "PNG pictures (*.png)"};
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("png");
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.selectedFiles().constFirst();
+    try {
+        WritePng(m_view->grab().toImage(), QFile::encodeName(path).constData());
+        statusBar()->showMessage("The picture is in " + path, MessageTime);
+    } catch (const std::runtime_error& error) {
+        Warn(error.what());
+    }
+}
+
+void MainWindow::EditStyles()
+{
+    int result = 0;
+    CallLibrary([&] { result = m_calls.edit(winId()); });
+    if (result == EditorOk)
+        ShowNewStyles("The new styles are in force.");
+    else if (result != EditorCancelled)
+        Warn("The editor of the styles cannot be shown.");
+}
+
+void MainWindow::ReloadStyles()
+{
+    CallLibrary(m_calls.reload);
+    ShowNewStyles("The styles have been loaded again.");
+}
+
+void MainWindow::SwitchUser()
+{
+    if (!AskForSettings(this, m_settings))
+        return;
+    CallLibrary([this] {
+        m_calls.changeUser(m_settings.root.toStdU16String().c_str(),
+                           m_settings.subKey.toStdU16String().c_str());
+    });
+    ShowNewStyles("The styles are those of the user " + m_settings.root + ".");
+}
+
+// While a call of the style atlas shows a window of its own, events go on arriving here, and none of them may
+// lead to another call. Painting needs none, as the plot holds the styles that it was drawn with.
+void MainWindow::CallLibrary(const std::function<void()>& call)
+{
+    m_commands->setEnabled(false);
+    setAcceptDrops(false);
+    statusBar()->clearMessage();
+    call();
+    setAcceptDrops(true);
+    m_commands->setEnabled(true);
+}
+
+void MainWindow::ShowNewStyles(const QString& message)
+{
+    RenewStyles(m_plot);
+    m_view->update();
+    statusBar()->showMessage(message, MessageTime);
+}
+
+void MainWindow::ShowCounts()
+{
+    const std::string counts =
+        Counted(m_files->Paths().size(), "file") + ", " + Counted(CurveCount(m_plot), "curve");
+    m_counts->setText(m_hostName + (m_hostName.isEmpty() ? "" : ": ") + QString::fromStdString(counts));
+}
+
+void MainWindow::Warn(const QString& text)
+{
+    statusBar()->showMessage(text, MessageTime);
+    auto* const box = new QMessageBox{QMessageBox::Warning, windowTitle(), text, QMessageBox::Ok, this};
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!LocalFiles(*event->mimeData()).empty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    AddFiles(LocalFiles(*event->mimeData()));
+    event->acceptProposedAction();
+}
+
+} // namespace atlashost

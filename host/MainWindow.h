@@ -1,0 +1,70 @@
+// MainWindow.h: the window of the program: measured files, their plot, and the way to their styles.
+#pragma once
+
+#include "LibraryCalls.h"
+#include "PlotData.h"
+#include "UserDialog.h"
+
+#include <QByteArrayList>
+#include <QMainWindow>
+
+#include <functional>
+
+class QActionGroup;
+class QKeySequence;
+class QLabel;
+class QMenu;
+class QPlainTextEdit;
+
+namespace atlashost
+{
+
+class FileList;
+class PlotView;
+
+// Files come in through the menu, by drag and drop, or from the program; the first is file column 0, and so
+// on. What is wrong with one is shown below their list.
+class MainWindow : public QMainWindow
+{
+public:
+    // The host has named itself to the style atlas before.
+    explicit MainWindow(const QString& hostName, LibraryCalls calls = {});
+
+    // Paths are in the encoding of the file system.
+    void AddFiles(const QByteArrayList& paths);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void MakeParts();
+    void MakeMenus();
+    void AddCommand(QMenu& menu, const char* text, const QKeySequence& keys, void (MainWindow::*command)());
+
+    void OpenFiles();
+    void RemoveFiles();
+    void ReadFiles();
+    void SavePicture();
+
+    void EditStyles();
+    void ReloadStyles();
+    void SwitchUser();
+    void CallLibrary(const std::function<void()>& call);
+    void ShowNewStyles(const QString& message);
+
+    void ShowCounts();
+    void Warn(const QString& text);
+
+    const QString m_hostName;
+    const LibraryCalls m_calls;
+    UserSettings m_settings;
+    Plot m_plot;
+    PlotView* m_view = nullptr;
+    FileList* m_files = nullptr;
+    QPlainTextEdit* m_remarks = nullptr;
+    QLabel* m_counts = nullptr;
+    QActionGroup* m_commands = nullptr;
+};
+
+} // namespace atlashost

@@ -1,0 +1,34 @@
+#include "PlotView.h"
+
+#include "PlotPainter.h"
+
+#include <QPainter>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr QSize Smallest{320, 200};
+
+} // namespace
+
+PlotView::PlotView(const Plot& plot, QWidget* parent) : QWidget{parent}, m_plot{plot}
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(Smallest);
+}
+
+void PlotView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter{this};
+    if (!m_plot.panels.empty()) {
+        DrawPlot(painter, size(), m_plot);
+        return;
+    }
+    painter.fillRect(rect(), palette().base());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+}
+
+} // namespace atlashost

@@ -1,0 +1,29 @@
+// PlotView.h: a plot as a part of a window.
+#pragma once
+
+#include "PlotData.h"
+
+#include <QString>
+#include <QWidget>
+
+namespace atlashost
+{
+
+// Shows a plot, which outlives it, in whatever size it is given; call update() where the plot has changed.
+class PlotView : public QWidget
+{
+public:
+    explicit PlotView(const Plot& plot, QWidget* parent = nullptr);
+
+    // What stands there in the place of a plot without panels.
+    void SetHint(const QString& hint) { m_hint = hint; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const Plot& m_plot;
+    QString m_hint;
+};
+
+} // namespace atlashost

@@ -1,0 +1,66 @@
+#include "UserDialog.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace atlashost
+{
+namespace
+{
+
+constexpr const char* AllUsers = ".DEFAULT";
+constexpr const char* CommonSubKey = "Software\\Halvorn";
+
+// Hosts that have settings of their own, whatever the case of their name.
+struct KnownHost {
+    const char* name;
+    const char* subKey;
+};
+constexpr KnownHost KnownHosts[] = {
+    {"Quorvia", "Software\\Halvorn\\Quorvia"},
+    {"Tandrell", "Software\\Halvorn\\Tandrell\\General"},
+};
+
+constexpr int FieldWidth = 320; // pixels
+
+QLineEdit* AddField(QFormLayout& layout, const char* label, const QString& text)
+{
+    auto* const field = new QLineEdit{text};
+    field->setMinimumWidth(FieldWidth);
+    layout.addRow(label, field);
+    return field;
+}
+
+} // namespace
+
+UserSettings FirstSettings(const QString& hostName)
+{
+    for (const KnownHost& host : KnownHosts) {
+        if (hostName.compare(host.name, Qt::CaseInsensitive) == 0)
+            return {AllUsers, host.subKey};
+    }
+    return {AllUsers, CommonSubKey};
+}
+
+bool AskForSettings(QWidget* parent, UserSettings& settings)
+{
+    QDialog dialog{parent};
+    dialog.setWindowTitle("Switch user");
+    auto* const layout = new QFormLayout{&dialog};
+    layout->addRow(new QLabel{"The settings are read below HKEY_USERS in the registry of the style atlas."});
+    const QLineEdit* const root = AddField(*layout, "User &root:", settings.root);
+    const QLineEdit* const subKey = AddField(*layout, "Sub&key:", settings.subKey);
+    auto* const buttons = new QDialogButtonBox{QDialogButtonBox::Ok | QDialogButtonBox::Cancel};
+    layout->addRow(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    settings = {root->text(), subKey->text()};
+    return true;
+}
+
+} // namespace atlashost
