@@ -69,6 +69,7 @@ void TreeWindow::PaintInto(HDC context)
 {
     gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
     const COLORREF text = dc.TextColor;
+    const COLORREF background = dc.BackgroundColor;
     const int mode = dc.BackgroundMode;
     const HGDIOBJ font = SelectObject(context, m_font.Handle());
 
@@ -84,6 +85,7 @@ void TreeWindow::PaintInto(HDC context)
 
     SelectObject(context, font);
     SetBkMode(context, mode);
+    SetBkColor(context, background);
     SetTextColor(context, text);
 }
 

@@ -129,6 +129,8 @@ protected:
     afx_msg void OnDestroy() { Default(); }
     afx_msg void OnNcDestroy();
     afx_msg void OnSetFocus(CWnd* /*pOldWnd*/) { Default(); }
+    // Tells the objects of all windows in this one too, which nobody else does, unless it is in one itself.
+    afx_msg void OnSettingChange(UINT uFlags, LPCTSTR lpszSection);
     afx_msg void OnHScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
     afx_msg void OnVScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
 

@@ -306,6 +306,20 @@ void CWnd::OnNcDestroy()
     PostNcDestroy();
 }
 
+void CWnd::OnSettingChange(UINT /*uFlags*/, LPCTSTR /*lpszSection*/)
+{
+    const auto tell = [](HWND window, LPARAM lParam) -> BOOL {
+        const MSG& told = *reinterpret_cast<const MSG*>(lParam);
+        if (FromHandlePermanent(window) != nullptr)
+            ::SendMessageW(window, told.message, told.wParam, told.lParam);
+        return TRUE;
+    };
+    const MSG told = currentMessage;
+    if (WindowSide* const window = WindowSide::Of(m_hWnd); window != nullptr && window->Widget().isWindow())
+        ::EnumChildWindows(m_hWnd, tell, reinterpret_cast<LPARAM>(&told));
+    Default();
+}
+
 const MSG* CWnd::GetCurrentMessage()
 {
     return &currentMessage;
