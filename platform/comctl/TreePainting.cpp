@@ -174,7 +174,7 @@ void TreeWindow::DrawButton(const gdi::Canvas& canvas, const TreeItem& item, con
     canvas.FillBox(ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
     const int half = buttonSize / 2;
     canvas.FillBox(ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
-    if (!item.IsUnfolded())
+    if (!item.isExpanded())
         canvas.FillBox(ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
 }
 

@@ -32,7 +32,8 @@ public:
     HWND Detach();
 
     // The object attached to a window; else one that the framework keeps for it as long as the window lives.
-    // Null for a handle that isn't a window.
+    // Null for a handle that isn't a window. The desktop's id of a window of the host's is a handle too, for
+    // owning dialogs and nothing else: a widget's, or an X window's.
     static CWnd* FromHandle(HWND hWnd);
     static CWnd* FromHandlePermanent(HWND hWnd); // the attached one alone
     HWND GetSafeHwnd() const { return m_hWnd; }

@@ -61,12 +61,12 @@ public:
     // Sends the last messages, and deletes the widget when the present event is over.
     void Destroy();
 
-    // To the parent, on behalf of Qt: WM_COMMAND with the id and a notification code; WM_NOTIFY with a code, of
-    // which this fills in the head, and which gives the answer.
+    // To the parent, on behalf of Qt: WM_COMMAND with the id and a notification code; WM_NOTIFY with a code,
+    // of which this fills in the head, and which gives the answer.
     void Notify(UINT code);
     LRESULT Notify(NMHDR& header, int code);
 
-    // In client coordinates.
+    // In client coordinates. The windows in it are invalid too.
     void Invalidate(const QRect& rectangle, bool erase);
 
     // Paints what is invalid before it returns; nothing while the window isn't shown, or while any window is

@@ -1,5 +1,6 @@
 #include "Application.h"
 #include "Capture.h"
+#include "ForeignWindow.h"
 #include "WindowSide.h"
 
 #include <QApplication>
@@ -89,7 +90,7 @@ CWnd* CWnd::FromHandle(HWND hWnd)
 {
     WindowSide* const window = WindowSide::Of(hWnd);
     if (window == nullptr)
-        return nullptr;
+        return ForeignObject(hWnd);
     if (window->Attached != nullptr)
         return window->Attached;
     std::erase_if(KeptObjects(), [](const auto& kept) { return WindowSide::Of(kept.first) == nullptr; });
