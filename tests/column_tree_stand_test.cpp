@@ -27,7 +27,8 @@ protected:
 
 TEST_P(ColumnTreeStands, AnyTable)
 {
-    const auto [rows, columns] = GetParam();
+    const int rows = GetParam().first;
+    const DWORD columns = GetParam().second;
     test::SetTable({}, columns);
     for (int i = 0; i < rows; ++i)
         g_StyleAtlas.AddRow({static_cast<WORD>(i + 1), 0, 0, -1, 0}, static_cast<BYTE>(i % 3));
