@@ -83,7 +83,7 @@ void TreeWindow::mouseReleaseEvent(QMouseEvent* event)
     const QPoint point = event->globalPosition().toPoint();
     NMHDR told{};
     if (Notify(told, NM_RCLICK) == 0)
-        Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(point.x(), point.y()));
+        SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(point.x(), point.y()));
 }
 
 // ---- The keyboard
