@@ -1,6 +1,7 @@
 #include "CustomTreeChildCtrl.h"
 
 #include "ColumnTreeCtrl.h"
+#include "WindowUpdateLock.h"
 
 #include <model/QuantityDesc.h>
 
@@ -59,6 +60,7 @@ void k_CustomTreeChildCtrl::CollapseAll()
 
 void k_CustomTreeChildCtrl::ExpandRows(WPARAM code)
 {
+    const k_WindowUpdateLock lock(GetFrame()->m_hWnd); // the frame repaints after each row
     for (HTREEITEM row = GetNextItem(nullptr, TVGN_ROOT); row != nullptr; row = GetNextTreeItem(row)) {
         if (ItemHasChildren(row) != FALSE)
             Expand(row, static_cast<UINT>(code));

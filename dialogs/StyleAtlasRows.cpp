@@ -2,6 +2,7 @@
 #include "StyleAtlasDialog.h"
 
 #include <algorithm>
+#include <controls/WindowUpdateLock.h>
 #include <model/Language.h>
 
 namespace
@@ -10,23 +11,6 @@ namespace
 constexpr int treeColumnWidth = 150; // pixels
 constexpr int fileColumnWidth = 60;
 constexpr int headingFormat = 0;
-
-// Keeps a window from being painted.
-class k_WindowUpdateLock
-{
-public:
-    explicit k_WindowUpdateLock(HWND window) : m_isLocked(::LockWindowUpdate(window) != FALSE) {}
-    k_WindowUpdateLock(const k_WindowUpdateLock&) = delete;
-    k_WindowUpdateLock& operator=(const k_WindowUpdateLock&) = delete;
-    ~k_WindowUpdateLock()
-    {
-        if (m_isLocked)
-            ::LockWindowUpdate(nullptr);
-    }
-
-private:
-    bool m_isLocked;
-};
 
 } // namespace
 

@@ -106,10 +106,11 @@ int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, ui
                   int16_t* symbolFill, uint32_t* lineColor, int16_t* lineStyle, int16_t* lineWidth,
                   uint8_t* useSymbolColor);
 
-/* Opens the editor above the given window and returns when the user has closed it (this version has no editor
- * yet, and returns -1 at once): 1 after OK, when the new styles are in force and have been written to the
- * layout file; 2 after Cancel, when nothing has changed; -1 where the editor cannot be shown, for instance
- * without a display. The parent is the desktop's id of a window, 0 for none; it stays the caller's. */
+/* Opens the editor above the given window and returns when the user has closed it: 1 after OK, when the new
+ * styles are in force and have been written to the layout file; 2 after Cancel, when nothing has changed; -1
+ * where the editor cannot be shown, for instance without a display. parentWindow is the desktop's id of a
+ * window: what QWidget::winId() gives in a host with Qt, an X11 window in any other, 0 for none. An id that
+ * names no window counts as none. The window stays the caller's. */
 int EditStyleAtlas(uintptr_t parentWindow);
 
 /* Loads the table again: the unit library's catalogue of this moment and the layout file. Every style fetched

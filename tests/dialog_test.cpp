@@ -1,7 +1,11 @@
 // Modal dialogs out of the module's templates.
 #include "support/Gui.h"
 
+#include <Application.h>
+#include <QGuiApplication>
 #include <QTimer>
+#include <QWindow>
+#include <WindowSide.h>
 #include <afxwin.h>
 #include <dialogs/resource.h>
 #include <gtest/gtest.h>
@@ -89,6 +93,40 @@ TEST(Dialogs, WithoutATemplateAreNotShown)
 {
     k_Dialog dialog(4711);
     EXPECT_EQ(dialog.DoModal(), -1);
+}
+
+// The id of the window that a dialog before this one stands before; its parent is the widget, if it has one.
+WId OwnerOfDialogBefore(WId id, const QWidget* widget)
+{
+    static WId owner;
+    static const QWidget* parent;
+    k_Dialog dialog(IDD_CURVE_LAYOUT, CWnd::FromHandle(reinterpret_cast<HWND>(id)));
+    dialog.m_init = [](k_Dialog& created) {
+        QTimer::singleShot(0, [&created] {
+            const QWidget& shown = WindowSide::Of(created.m_hWnd)->Widget();
+            const QWindow* const before = shown.windowHandle()->transientParent();
+            owner = before != nullptr ? before->winId() : 0;
+            parent = shown.parentWidget();
+            created.EndDialog(IDOK);
+        });
+        return TRUE;
+    };
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(parent, widget);
+    return owner;
+}
+
+TEST(Dialogs, StandBeforeAWindowOfTheHost)
+{
+    ASSERT_TRUE(EnsureApplication());
+    QWidget host;
+    QWidget inside(&host);
+    EXPECT_EQ(OwnerOfDialogBefore(inside.winId(), &host), host.winId());
+    QWindow foreign;
+    const WId id = foreign.winId();
+    EXPECT_EQ(OwnerOfDialogBefore(id, nullptr), QGuiApplication::platformName() == "xcb" ? id : 0);
+    foreign.destroy();
+    EXPECT_EQ(CWnd::FromHandle(reinterpret_cast<HWND>(id)), nullptr);
 }
 
 } // namespace

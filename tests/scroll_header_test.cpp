@@ -29,6 +29,7 @@ public:
     void Note(const std::string& what) { m_heard += (m_heard.empty() ? "" : ", ") + what; }
 
     int m_moveTo = -1; // where it sets the scroll bar that tells it of something
+    bool m_throws = false;
     LRESULT m_answer = 0;
 
 protected:
@@ -47,6 +48,8 @@ protected:
         SCROLLINFO info{0, SIF_POS, 0, 0, 0, m_moveTo, 0};
         if (m_moveTo >= 0)
             bar->SetScrollInfo(SB_CTL, &info);
+        if (m_throws)
+            AfxThrowInvalidArgException();
     }
     DECLARE_MESSAGE_MAP()
 
@@ -138,6 +141,9 @@ TEST_F(ScrollBar, TellsWhatTheUserDoesAndStaysWhereItIs)
     test::TurnWheel(m_bar, -120);
     EXPECT_EQ(m_table.Heard(), "5 at 160, 8");
     EXPECT_EQ(Position(), 160);
+    m_table.m_throws = true;
+    EXPECT_NO_THROW(test::TurnWheel(m_bar, -120));
+    EXPECT_EQ(m_table.Heard(), "5 at 220, 8"); // each message is one of its own
 }
 
 TEST_F(ScrollBar, FollowsTheThumb)

@@ -5,6 +5,7 @@
 #include <climits>
 #include <cstdint>
 #include <platform/system/Unicode.h>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -91,29 +92,20 @@ TEST(StringTest, ReadsTheNumberThatATextBeginsWith)
 
 TEST(TextTest, APathIsTakenApartOrNotAtAll)
 {
-    struct Case {
-        LPCTSTR Path;
-        int Result;
-        std::u16string_view Parts;
-    };
-    constexpr Case cases[] = {
+    const std::tuple<LPCTSTR, int, std::u16string_view> cases[] = {
         {_T("C:\\ab/c.d.e"), 0, u"C:|\\ab/|c.d|.e"},
         {_T("/a.b/c"), 0, u"|/a.b/|c|"},
         {_T("C:a"), 0, u"C:||a|"},
         {_T(".e"), 0, u"|||.e"},
-        {_T(""), 0, u"|||"},
         {_T("/abcde/"), 0, u"|/abcde/||"},
         {_T("C:/abcdef/x.y"), 34, u"|||"},
         {_T("C:/a/abcdefgh"), 34, u"|||"},
-        {nullptr, 22, u"|||"},
-    };
-    for (const Case& c : cases) {
-        TCHAR drive[3], folder[8], name[8], extension[4];
-        for (TCHAR* const buffer : {drive, folder, name, extension})
-            buffer[0] = u'?';
-        EXPECT_EQ(_wsplitpath_s(c.Path, drive, 3, folder, 8, name, 8, extension, 4), c.Result);
-        const CString parts = CString(drive) + _T("|") + folder + _T("|") + name + _T("|") + extension;
-        EXPECT_EQ(Of(parts), c.Parts);
+        {_T(""), 0, u"|||"},
+        {nullptr, 22, u"|||"}};
+    for (const auto& [path, result, parts] : cases) {
+        TCHAR drive[3] = {}, folder[8] = {}, name[8] = {}, extension[4] = {};
+        EXPECT_EQ(_wsplitpath_s(path, drive, 3, folder, 8, name, 8, extension, 4), result);
+        EXPECT_EQ(Of(CString(drive) + _T("|") + folder + _T("|") + name + _T("|") + extension), parts);
     }
     TCHAR folder[3] = _T("?");
     EXPECT_EQ(_wsplitpath_s(_T("C:/long"), nullptr, 0, folder, 3, nullptr, 0, nullptr, 0), 0);

@@ -51,6 +51,12 @@ protected:
     }
     void Delete(HTREEITEM row) { m_tree.SendMessage(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(row)); }
 
+    void Hear(std::string& log, const std::string& event)
+    {
+        log += event;
+        if (m_deletesRows)
+            Delete(TVI_ROOT);
+    }
     BOOL OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) override
     {
         const int code = static_cast<int>(reinterpret_cast<const NMHDR*>(lParam)->code);
@@ -58,11 +64,9 @@ protected:
         if (code == NM_CUSTOMDRAW)
             *pResult = Draw(*reinterpret_cast<const NMTVCUSTOMDRAW*>(lParam));
         else if (code == NM_RCLICK)
-            m_heard += "right ";
+            Hear(m_heard, "right ");
         else
-            m_heard += (folded.action == TVE_EXPAND ? '+' : '-') + Name(folded.itemNew.hItem);
-        if (m_deletesRows)
-            Delete(TVI_ROOT);
+            Hear(m_heard, (folded.action == TVE_EXPAND ? '+' : '-') + Name(folded.itemNew.hItem));
         return TRUE;
     }
     LRESULT Draw(const NMTVCUSTOMDRAW& draw)
@@ -70,10 +74,12 @@ protected:
         const auto row = reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec);
         if (row == nullptr)
             return CDRF_NOTIFYITEMDRAW;
+        CDC& dc = *CDC::FromHandle(draw.nmcd.hdc);
+        EXPECT_EQ(dc.GetTextExtent(_T("e"), 1).cx + 4, Label(e).Width());
         const bool isHighlighted = draw.clrTextBk == GetSysColor(COLOR_HIGHLIGHT);
-        m_drawn += Name(row) + std::to_string(draw.nmcd.uItemState) + (isHighlighted ? "* " : " ");
+        Hear(m_drawn, Name(row) + std::to_string(draw.nmcd.uItemState) + (isHighlighted ? "* " : " "));
         if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT)
-            CDC::FromHandle(draw.nmcd.hdc)->FillSolidRect(&draw.nmcd.rc, ours);
+            dc.FillSolidRect(&draw.nmcd.rc, ours);
         return row == e ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
     }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -207,7 +213,7 @@ TEST_F(Tree, ScrollsByRows)
     m_tree.Select(c, TVGN_FIRSTVISIBLE);
     EXPECT_EQ(Scroll() + Next(TVGN_FIRSTVISIBLE), "5 2 2c");
     m_tree.Expand(a, TVE_COLLAPSE);
-    EXPECT_EQ(Scroll(), "2 2 1");
+    EXPECT_EQ(Scroll() + Next(TVGN_NEXTVISIBLE, c), "2 2 10");
     m_tree.ShowWindow(SW_HIDE);
     m_tree.MoveWindow(0, 0, 200, 5 * rowHeight);
     EXPECT_EQ(Scroll(), "0 5 0");
@@ -228,7 +234,9 @@ TEST_F(Tree, LetsItsParentDrawAlong)
     test::Picture picture(200, 90);
     constexpr std::size_t lineLength = 201;
     m_tree.SendMessage(WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc().m_hDC));
-    EXPECT_EQ(m_drawn, "a0 e17* e17* ");
+    SetFocus();
+    m_tree.SendMessage(WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc().m_hDC));
+    EXPECT_EQ(m_drawn, "a0 e17* e17* a0 e1 e1 ");
     EXPECT_EQ(picture.PixelAt(199, rowHeight), gdi::ToPixel(ours));
     EXPECT_EQ(test::PixelOf(m_tree, {199, rowHeight}), ours);
     EXPECT_EQ(picture.Text().substr(lineLength * 7, square),

@@ -1,12 +1,12 @@
 #include "StaticWindow.h"
 
 #include <ControlClass.h>
+#include <DeviceContext.h>
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QtConvert.h>
-#include <afxdc.h>
 #include <algorithm>
 
 namespace
@@ -48,10 +48,12 @@ void StaticWindow::SetText(const QString& text)
 // Its background is that of the dialog.
 LRESULT StaticWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    CDC* const dc = message == WM_ERASEBKGND ? CDC::FromHandle(reinterpret_cast<HDC>(wParam)) : nullptr;
-    if (dc == nullptr)
+    const HDC context = message == WM_ERASEBKGND ? reinterpret_cast<HDC>(wParam) : nullptr;
+    if (context == nullptr)
         return WidgetWindow::OnDefault(message, wParam, lParam);
-    dc->FillSolidRect(0, 0, width(), height(), gdi::ToColorRef(palette().color(QPalette::Window)));
+    const COLORREF background = gdi::ToColorRef(palette().color(QPalette::Window));
+    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox({0, 0, width(), height()},
+                                                             gdi::ToPixel(background));
     return 1;
 }
 

@@ -1,7 +1,5 @@
 #include "TreeItems.h"
 
-#include <utility>
-
 HTREEITEM TreeHandles::Add(TreeItem& item)
 {
     const auto handle = reinterpret_cast<HTREEITEM>(++m_last);
@@ -29,21 +27,4 @@ bool TreeItem::IsBelow(const TreeItem& other) const
     while (parent != nullptr && parent != &other)
         parent = parent->Parent();
     return parent != nullptr;
-}
-
-void TreeItem::AppendTo(TreeItem& parent)
-{
-    const bool isFirst = parent.childCount() == 0;
-    parent.addChild(this);
-    if (isFirst)
-        parent.setExpanded(std::exchange(parent.m_unfoldsLater, false));
-}
-
-// Qt folds and unfolds rows without children too, and takes keys for that.
-void TreeItem::SetUnfolded(bool unfolds)
-{
-    if (childCount() > 0)
-        setExpanded(unfolds);
-    else
-        m_unfoldsLater = unfolds;
 }

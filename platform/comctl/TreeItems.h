@@ -35,17 +35,9 @@ public:
     int Level() const;                                                    // 0 without a parent
     bool IsBelow(const TreeItem& other) const;
 
-    // Behind the parent's last child, which is seen if the parent is unfolded.
-    void AppendTo(TreeItem& parent);
-
-    // Whether the children are seen; a row that has none keeps it for those that it gets.
-    bool IsUnfolded() const { return childCount() > 0 ? isExpanded() : m_unfoldsLater; }
-    void SetUnfolded(bool unfolds);
-
     LPARAM Data = 0; // the owner's
 
 private:
     TreeHandles& m_handles;
     HTREEITEM m_handle;
-    bool m_unfoldsLater = false;
 };

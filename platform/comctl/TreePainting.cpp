@@ -69,6 +69,7 @@ void TreeWindow::PaintInto(HDC context)
 {
     gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
     const COLORREF text = dc.TextColor;
+    const COLORREF background = dc.BackgroundColor;
     const int mode = dc.BackgroundMode;
     const HGDIOBJ font = SelectObject(context, m_font.Handle());
 
@@ -84,6 +85,7 @@ void TreeWindow::PaintInto(HDC context)
 
     SelectObject(context, font);
     SetBkMode(context, mode);
+    SetBkColor(context, background);
     SetTextColor(context, text);
 }
 
@@ -172,7 +174,7 @@ void TreeWindow::DrawButton(const gdi::Canvas& canvas, const TreeItem& item, con
     canvas.FillBox(ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
     const int half = buttonSize / 2;
     canvas.FillBox(ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
-    if (!item.IsUnfolded())
+    if (!item.isExpanded())
         canvas.FillBox(ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
 }
 

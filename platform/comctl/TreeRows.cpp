@@ -25,7 +25,7 @@ HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
         return nullptr;
     auto* const item = new TreeItem(m_handles);
     if (parent != nullptr)
-        item->AppendTo(*parent);
+        parent->addChild(item);
     else
         addTopLevelItem(item);
     TVITEMW wanted = row.item;
@@ -43,10 +43,7 @@ bool TreeWindow::Delete(HTREEITEM handle)
     TreeItem* const item = Find(handle);
     if (item == nullptr)
         return false;
-    TreeItem* const parent = item->Parent();
     delete item;
-    if (parent != nullptr && parent->childCount() == 0)
-        parent->setExpanded(false);
     return true;
 }
 
@@ -87,7 +84,7 @@ bool TreeWindow::Set(const TVITEMW& item)
 
 UINT TreeWindow::StateOf(const TreeItem& item) const
 {
-    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.IsUnfolded() ? TVIS_EXPANDED : 0);
+    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.isExpanded() ? TVIS_EXPANDED : 0);
 }
 
 // ---- Relations

@@ -120,8 +120,10 @@ void CDC::FillRect(LPCRECT lpRect, CBrush* pBrush)
 
 void CDC::FillSolidRect(LPCRECT lpRect, COLORREF clr)
 {
-    if (m_hDC != nullptr)
-        DeviceContext::FromHandle(m_hDC)->Drawing.FillBox(gdi::ToBox(*lpRect), gdi::ToPixel(clr));
+    if (m_hDC == nullptr)
+        return;
+    ::SetBkColor(m_hDC, clr);
+    DeviceContext::FromHandle(m_hDC)->Drawing.FillBox(gdi::ToBox(*lpRect), gdi::ToPixel(clr));
 }
 
 void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF clr)

@@ -48,6 +48,7 @@ public:
     BOOL FloodFill(int x, int y, COLORREF crColor) { return ::FloodFill(m_hDC, x, y, crColor); }
     BOOL CloseFigure() { return ::CloseFigure(m_hDC); }
     void FillRect(LPCRECT lpRect, CBrush* pBrush);
+    // The colour is the background's afterwards, so that text in the rectangle stands on it.
     void FillSolidRect(LPCRECT lpRect, COLORREF clr);
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF clr);
     BOOL BitBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, DWORD dwRop)

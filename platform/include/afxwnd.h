@@ -32,7 +32,8 @@ public:
     HWND Detach();
 
     // The object attached to a window; else one that the framework keeps for it as long as the window lives.
-    // Null for a handle that isn't a window.
+    // Null for a handle that isn't a window. The desktop's id of a window of the host's is a handle too, for
+    // owning dialogs and nothing else: a widget's, or an X window's.
     static CWnd* FromHandle(HWND hWnd);
     static CWnd* FromHandlePermanent(HWND hWnd); // the attached one alone
     HWND GetSafeHwnd() const { return m_hWnd; }
@@ -128,6 +129,8 @@ protected:
     afx_msg void OnDestroy() { Default(); }
     afx_msg void OnNcDestroy();
     afx_msg void OnSetFocus(CWnd* /*pOldWnd*/) { Default(); }
+    // Tells the objects of all windows in this one too, which nobody else does, unless it is in one itself.
+    afx_msg void OnSettingChange(UINT uFlags, LPCTSTR lpszSection);
     afx_msg void OnHScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
     afx_msg void OnVScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
 

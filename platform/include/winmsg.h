@@ -65,6 +65,7 @@ constexpr UINT WM_PALETTECHANGED = 0x0311;
 constexpr UINT WM_USER = 0x0400;
 
 // Keys of WM_KEYDOWN.
+constexpr UINT VK_TAB = 9;
 constexpr UINT VK_RETURN = 13;
 constexpr UINT VK_ESCAPE = 27;
 constexpr UINT VK_SPACE = 32;

@@ -2,6 +2,7 @@
 
 #include "Capture.h"
 #include "Display.h"
+#include "ForeignWindow.h"
 #include "WindowSide.h"
 
 #include <QApplication>
@@ -85,6 +86,10 @@ QWidget* DialogOwner(HWND owner)
 {
     if (WindowSide* const window = WindowSide::Of(owner))
         return window->Widget().window();
+    if (QWidget* const widget = ForeignWidget(owner))
+        return widget->window();
+    if (IsForeignXWindow(owner))
+        return nullptr;
     QWidget* const active = QApplication::activeWindow();
     return active != nullptr && active->isVisible() ? active : nullptr;
 }

@@ -2,6 +2,7 @@
 #include "Contain.h"
 #include "DialogInit.h"
 #include "DialogWindow.h"
+#include "ForeignWindow.h"
 #include "ResourceFile.h"
 
 #include <QPointer>
@@ -32,6 +33,7 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate
 
 INT_PTR CDialog::DoModal()
 {
+    const HWND owner = m_pParentWnd != nullptr ? m_pParentWnd->m_hWnd : nullptr;
     QPointer<DialogWindow> window;
     m_isEnded = false;
     m_result = notShown;
@@ -39,8 +41,7 @@ INT_PTR CDialog::DoModal()
         const std::optional<DialogTemplate> source = TemplateOf(m_nIDTemplate);
         if (!source || !EnsureApplication())
             return;
-        window =
-            new DialogWindow(*source, DialogOwner(m_pParentWnd != nullptr ? m_pParentWnd->m_hWnd : nullptr));
+        window = new DialogWindow(*source, DialogOwner(owner));
         m_result = IDCANCEL;
         SubclassWindow(window->Handle());
         if (OnInitDialog() != FALSE && window)
@@ -48,8 +49,10 @@ INT_PTR CDialog::DoModal()
     });
     if (!isReady)
         m_result = notShown;
-    else if (!m_isEnded && window)
+    else if (!m_isEnded && window) {
+        const ForeignOwner foreign(*window, owner);
         window->exec();
+    }
     DestroyWindow();
     return m_result;
 }

@@ -6,6 +6,7 @@
 
 #include <QContextMenuEvent>
 #include <QCursor>
+#include <QDialog>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -63,6 +64,17 @@ bool IsInput(QEvent::Type type)
     default:
         return false;
     }
+}
+
+// The keys by which a dialog is gone through and left: no window in one is asked what it makes of them.
+bool IsOfDialog(WPARAM key)
+{
+    return key == VK_TAB || key == VK_RETURN || key == VK_ESCAPE;
+}
+
+bool IsInDialog(const QWidget& widget)
+{
+    return !widget.isWindow() && qobject_cast<const QDialog*>(widget.window()) != nullptr;
 }
 
 // What the asked window has filled in; bounded where it should have ended by itself.
@@ -167,6 +179,8 @@ bool WindowSide::SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& e
         event.accept();
         return true;
     }
+    if (message == WM_KEYDOWN && IsOfDialog(wParam) && IsInDialog(m_widget))
+        return m_isGone || qtHandling(event);
     const bool result = m_isGone || SendFor(message, wParam, lParam, event, qtHandling);
     if (event.type() != QEvent::KeyPress && event.type() != QEvent::Wheel)
         event.accept();

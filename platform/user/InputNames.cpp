@@ -15,7 +15,7 @@ struct KeyName {
 constexpr KeyName keyNames[] = {
     {Qt::Key_Return, VK_RETURN}, {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE},
     {Qt::Key_Space, VK_SPACE},   {Qt::Key_Left, VK_LEFT},    {Qt::Key_Up, VK_UP},
-    {Qt::Key_Right, VK_RIGHT},   {Qt::Key_Down, VK_DOWN},    {Qt::Key_Tab, 9},
+    {Qt::Key_Right, VK_RIGHT},   {Qt::Key_Down, VK_DOWN},    {Qt::Key_Tab, VK_TAB},
     {Qt::Key_Backspace, 8},      {Qt::Key_Delete, 46},       {Qt::Key_Home, 36},
     {Qt::Key_End, 35},           {Qt::Key_PageUp, 33},       {Qt::Key_PageDown, 34},
     {Qt::Key_F2, 113},           {Qt::Key_F4, 115},          {Qt::Key_Shift, 16},

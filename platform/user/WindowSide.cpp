@@ -3,6 +3,7 @@
 #include "Capture.h"
 #include "Contain.h"
 
+#include <DeviceContext.h>
 #include <QCoreApplication>
 #include <QResizeEvent>
 #include <QtConvert.h>
@@ -136,10 +137,9 @@ LRESULT WindowSide::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_ERASEBKGND:
         if (Background == 0)
             return 0;
-        if (CDC* const dc = CDC::FromHandle(reinterpret_cast<HDC>(wParam))) {
-            RECT client{0, 0, Client().width(), Client().height()};
-            dc->FillSolidRect(&client, GetSysColor(Background - 1));
-        }
+        if (const auto* const dc = gdi::DeviceContext::FromHandle(reinterpret_cast<HDC>(wParam)))
+            dc->Drawing.FillBox({0, 0, Client().width(), Client().height()},
+                                gdi::ToPixel(GetSysColor(Background - 1)));
         return 1;
     case WM_CLOSE:
         Destroy();

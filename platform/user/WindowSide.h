@@ -61,8 +61,8 @@ public:
     // Sends the last messages, and deletes the widget when the present event is over.
     void Destroy();
 
-    // To the parent, on behalf of Qt: WM_COMMAND with the id and a notification code; WM_NOTIFY with a code, of
-    // which this fills in the head, and which gives the answer.
+    // To the parent, on behalf of Qt: WM_COMMAND with the id and a notification code; WM_NOTIFY with a code,
+    // of which this fills in the head, and which gives the answer.
     void Notify(UINT code);
     LRESULT Notify(NMHDR& header, int code);
 

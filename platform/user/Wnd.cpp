@@ -1,5 +1,6 @@
 #include "Application.h"
 #include "Capture.h"
+#include "ForeignWindow.h"
 #include "WindowSide.h"
 
 #include <QApplication>
@@ -89,7 +90,7 @@ CWnd* CWnd::FromHandle(HWND hWnd)
 {
     WindowSide* const window = WindowSide::Of(hWnd);
     if (window == nullptr)
-        return nullptr;
+        return ForeignObject(hWnd);
     if (window->Attached != nullptr)
         return window->Attached;
     std::erase_if(KeptObjects(), [](const auto& kept) { return WindowSide::Of(kept.first) == nullptr; });
@@ -303,6 +304,20 @@ void CWnd::OnNcDestroy()
     Default();
     Detach();
     PostNcDestroy();
+}
+
+void CWnd::OnSettingChange(UINT /*uFlags*/, LPCTSTR /*lpszSection*/)
+{
+    const auto tell = [](HWND window, LPARAM lParam) -> BOOL {
+        const MSG& told = *reinterpret_cast<const MSG*>(lParam);
+        if (FromHandlePermanent(window) != nullptr)
+            ::SendMessageW(window, told.message, told.wParam, told.lParam);
+        return TRUE;
+    };
+    const MSG told = currentMessage;
+    if (WindowSide* const window = WindowSide::Of(m_hWnd); window != nullptr && window->Widget().isWindow())
+        ::EnumChildWindows(m_hWnd, tell, reinterpret_cast<LPARAM>(&told));
+    Default();
 }
 
 const MSG* CWnd::GetCurrentMessage()

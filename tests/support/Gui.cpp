@@ -1,6 +1,7 @@
 #include "Gui.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -103,6 +104,9 @@ void ClickTwice(CWnd& window, CPoint point)
 void ClickRight(CWnd& window, CPoint point)
 {
     SendMouse(window, point, QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton);
+    const QPoint local(point.x, point.y);
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, local, ClientOf(window).mapToGlobal(local));
+    QApplication::sendEvent(&ClientOf(window), &menu);
     SendMouse(window, point, QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton);
 }
 

@@ -1,0 +1,91 @@
+#include "ForeignWindow.h"
+
+#include <QApplication>
+#include <QLibrary>
+#include <QThread>
+#include <QWidget>
+#include <QWindow>
+#include <afxwin.h>
+#include <cstdint>
+#include <cstdlib>
+#include <map>
+#include <qguiapplication_platform.h>
+
+namespace
+{
+
+constexpr const char* xLibrary = "xcb";
+constexpr int xLibraryVersion = 1;
+
+// A question to the X server that waits for its answer.
+struct XCookie {
+    unsigned Sequence;
+};
+using AskXAttributes = XCookie (*)(xcb_connection_t*, std::uint32_t window);
+using XAttributesReply = void* (*)(xcb_connection_t*, XCookie, void** error);
+
+bool HasXWindow(std::uintptr_t id)
+{
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    // Other platforms than X lend the interface too, without a connection.
+    if (x11 == nullptr || x11->connection() == nullptr || id == 0 || id > UINT32_MAX)
+        return false;
+    static const auto ask = reinterpret_cast<AskXAttributes>(
+        QLibrary::resolve(xLibrary, xLibraryVersion, "xcb_get_window_attributes"));
+    static const auto reply = reinterpret_cast<XAttributesReply>(
+        QLibrary::resolve(xLibrary, xLibraryVersion, "xcb_get_window_attributes_reply"));
+    if (ask == nullptr || reply == nullptr)
+        return false;
+    void* const attributes =
+        reply(x11->connection(), ask(x11->connection(), static_cast<std::uint32_t>(id)), nullptr);
+    std::free(attributes);
+    return attributes != nullptr;
+}
+
+std::uintptr_t NumberOf(HWND id)
+{
+    return reinterpret_cast<std::uintptr_t>(id);
+}
+
+// Whether this is the thread of an application with widgets, which alone can be asked about windows.
+bool CanTell()
+{
+    const auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
+    return application != nullptr && application->thread() == QThread::currentThread();
+}
+
+} // namespace
+
+CWnd* ForeignObject(HWND id)
+{
+    static auto* const objects = new std::map<HWND, CWnd>;
+    const bool isWindow = QCoreApplication::instance() == nullptr
+                              ? id != nullptr
+                              : CanTell() && (ForeignWidget(id) != nullptr || IsForeignXWindow(id));
+    if (!isWindow)
+        return nullptr;
+    CWnd& object = (*objects)[id];
+    object.m_hWnd = id;
+    return &object;
+}
+
+QWidget* ForeignWidget(HWND id)
+{
+    return QWidget::find(NumberOf(id));
+}
+
+bool IsForeignXWindow(HWND id)
+{
+    return HasXWindow(NumberOf(id)) && ForeignWidget(id) == nullptr;
+}
+
+ForeignOwner::ForeignOwner(QWidget& dialog, HWND id)
+{
+    if (dialog.parentWidget() != nullptr || !IsForeignXWindow(id))
+        return;
+    m_window.reset(QWindow::fromWinId(NumberOf(id)));
+    dialog.winId(); // gives it a window of the desktop
+    dialog.windowHandle()->setTransientParent(m_window.get());
+}
+
+ForeignOwner::~ForeignOwner() = default;
