@@ -83,12 +83,13 @@ TEST_F(StyleAtlasDialog, LivesOnWithWhateverFileIsNamed)
     test::WriteWhole(PathOf("damaged"), test::ReadWhole(PathOf("one")).substr(0, 40));
     test::WriteWhole(PathOf("gone"), "");
     fs::create_symlink("/dev/full", PathOf("full"));
+    const std::string diskFull = "Error: Disk full while accessing C:\\full.layout. 48"; // and again at OK
     const struct {
         int Button;
         fs::path File;
         INT_PTR Rows;
         short Answer;
-        QString Told;
+        std::string Told;
     } cases[] = {
         {IDC_LOAD, PathOf("none"), 6, -1, {}},
         {IDC_LOAD, PathOf("one"), 6, 5, {}},
@@ -98,7 +99,7 @@ TEST_F(StyleAtlasDialog, LivesOnWithWhateverFileIsNamed)
         {IDC_LOAD, PathOf("damaged"), 6, 2, "Fehler: Der Stilatlas kann nicht geladen werden. 48"},
         {IDC_SAVE_AS, PathOf("no/folder"), 6, 3, {}},
         {IDC_SAVE_AS, "/proc/new.layout", 6, 4, {}},
-        {IDC_SAVE_AS, PathOf("full"), 6, 5, {}},
+        {IDC_SAVE_AS, PathOf("full"), 6, 5, diskFull + diskFull},
     };
     for (const auto& c : cases) {
         test::told.clear();
@@ -117,7 +118,7 @@ TEST_F(StyleAtlasDialog, LivesOnWithWhateverFileIsNamed)
         };
         EXPECT_EQ(Edit(user), 1) << "saved or not";
         EXPECT_EQ(Query(), c.Answer) << c.File;
-        EXPECT_EQ(test::told, c.Told);
+        EXPECT_EQ(test::told.toStdString(), c.Told);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "WindowSide.h"
 
 #include "Capture.h"
+#include "CommandFailure.h"
 #include "Contain.h"
 
 #include <DeviceContext.h>
@@ -52,7 +53,15 @@ WindowSide* WindowSide::Parent()
 LRESULT WindowSide::SendContained(UINT message, WPARAM wParam, LPARAM lParam, LRESULT failure) noexcept
 {
     LRESULT result = failure;
-    Contain([&] { result = Send(message, wParam, lParam); });
+    Contain([&] {
+        try {
+            result = Send(message, wParam, lParam);
+        } catch (const CException* e) {
+            if (message == WM_COMMAND) // the user waits for something to happen
+                TellCommandFailure(*e);
+            throw;
+        }
+    });
     return result;
 }
 

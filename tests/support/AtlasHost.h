@@ -40,7 +40,8 @@ inline QString told; // in message boxes
 // Behind a message the windows are painted.
 inline int TellUser(HWND /*owner*/, LPCWSTR text, LPCWSTR caption, UINT type)
 {
-    QApplication::activeModalWidget()->grab();
+    if (QWidget* const dialog = QApplication::activeModalWidget())
+        dialog->grab();
     told += QString("%1: %2 %3").arg(caption).arg(text).arg(type);
     return IDOK;
 }

@@ -1,0 +1,7 @@
+// What the user hears when a command ends in an exception.
+#pragma once
+
+class CException;
+
+// In a message box. Raises the memory exception.
+void TellCommandFailure(const CException& failure);
