@@ -17,6 +17,7 @@
 #include <QSaveFile>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
+#include <QTimer>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -70,7 +71,7 @@ public:
         if (event->type() == QEvent::Paint && isPage && !m_isSeen) {
             m_isSeen = true;
             const auto act = [this] { m_action(*qobject_cast<QDialog*>(QApplication::activeModalWidget())); };
-            QMetaObject::invokeMethod(this, act, Qt::QueuedConnection);
+            QTimer::singleShot(0, act);
         }
         return false;
     }
