@@ -1,5 +1,6 @@
 // The painting of styles: a cell for each shape and fill, a page of cells, and growth with the size; against
 // QPainter without antialiasing, with its painter open all the time, and against filling the same area once.
+#include "StylePeer.h"
 #include "Suite.h"
 
 #include <DeviceContext.h>
@@ -90,76 +91,10 @@ public:
     void Paint(const k_LineDef& style, const RECT& cell)
     {
         m_painter.fillRect(gdi::ToQRect(gdi::ToBox(SymbolPlace(style, cell))), gdi::ToQColor(cellColor));
-        const QPoint centre((cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2);
-        PaintLine(style, cell, centre.y());
-        PaintSymbol(style, centre, style.SymbolSize / 2, style.SymbolSize / 4);
+        bench::PaintStyleByPainter(m_painter, style, gdi::ToQRect(gdi::ToBox(cell)));
     }
 
 private:
-    void PaintLine(const k_LineDef& style, const RECT& cell, int y)
-    {
-        static constexpr Qt::PenStyle styles[] = {Qt::SolidLine,   Qt::DashLine,       Qt::DotLine,
-                                                  Qt::DashDotLine, Qt::DashDotDotLine, Qt::NoPen};
-        m_painter.setPen(QPen(Qt::white, style.LineWidth));
-        m_painter.drawLine(cell.left, y, cell.right - 1, y);
-        const bool isWide = style.LineWidth > 1;
-        m_painter.setPen(QPen(gdi::ToQColor(style.LineColor), style.LineWidth,
-                              isWide ? Qt::SolidLine : styles[style.LineStyle],
-                              isWide ? Qt::RoundCap : Qt::SquareCap));
-        m_painter.drawLine(cell.left, y, cell.right - 1, y);
-    }
-
-    void PaintSymbol(const k_LineDef& style, QPoint c, int h, int q)
-    {
-        const QColor color = gdi::ToQColor(style.SymbolColor);
-        const bool isFilled = style.SymbolFill == 0;
-        m_painter.setPen(color);
-        const auto paintDot = [&] {
-            m_painter.setBrush(color);
-            m_painter.drawEllipse(c.x() - q, c.y() - q, 2 * q - 1, 2 * q - 1);
-        };
-        const auto paintPolygon = [&](std::initializer_list<QPoint> points) {
-            m_painter.setBrush(isFilled ? QBrush(color) : QBrush(Qt::NoBrush));
-            m_painter.drawPolygon(std::data(points), static_cast<int>(points.size()));
-        };
-        const int x = c.x();
-        const int y = c.y();
-        const QLine plus[] = {{x - h, y, x + h - 1, y}, {x, y - h, x, y + h - 1}};
-        const QLine cross[] = {{x - h, y - h, x + h - 1, y + h - 1}, {x + h, y - h, x - h + 1, y + h - 1}};
-        switch (style.SymbolShape) {
-        case 1:
-            return m_painter.drawLines(cross, 2);
-        case 2:
-            paintPolygon({{x - h, y + h}, {x + h, y + h}, {x, y - h}});
-            break;
-        case 3:
-            paintPolygon({{x - h, y - h}, {x, y + h}, {x + h, y - h}});
-            break;
-        case 4:
-            m_painter.setBrush(isFilled ? color : QColor(Qt::white));
-            m_painter.drawRect(x - h, y - h, 2 * h - 1, 2 * h - 1);
-            break;
-        case 5:
-            m_painter.drawLines(plus, 2);
-            break;
-        case 6:
-            m_painter.drawLines(plus, 2);
-            m_painter.drawLines(cross, 2);
-            break;
-        case 7:
-            paintPolygon({{x, y - h}, {x - h, y - q}, {x, y + h}, {x + h, y - q}});
-            break;
-        case 8:
-            m_painter.setBrush(isFilled ? color : QColor(Qt::white));
-            m_painter.drawEllipse(x - h, y - h, 2 * h - 1, 2 * h - 1);
-            break;
-        default:
-            return paintDot();
-        }
-        if (style.SymbolFill == 2)
-            paintDot();
-    }
-
     QPainter m_painter;
 };
 

@@ -1,7 +1,8 @@
 # Shared by ./run, ./test and .ci/run: what the project needs on a Debian machine, and how it is built.
 
 build_packages=(g++ cmake ninja-build libsqlite3-dev qt6-base-dev gettext llvm)
-test_packages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev binutils xvfb xauth dpkg-dev file pkgconf python3)
+test_packages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev binutils xvfb xauth matchbox-window-manager xdotool
+  dpkg-dev file pkgconf python3)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev)
 
 # Installs those packages of the named lists ("build", "test", "check") that are not there yet.

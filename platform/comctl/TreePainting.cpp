@@ -101,7 +101,7 @@ std::vector<HTREEITEM> TreeWindow::VisibleRows() const
     std::vector<HTREEITEM> rows;
     for (const TreeItem* item = FirstVisible(); item != nullptr;
          item = static_cast<const TreeItem*>(itemBelow(item))) {
-        if (PlacesOf(*item).Row.top() >= viewport()->height())
+        if (RowOf(*item).top() >= viewport()->height())
             break;
         rows.push_back(item->Handle());
     }
@@ -115,7 +115,7 @@ NMTVCUSTOMDRAW TreeWindow::Describe(HDC context, const TreeItem& item) const
     const Colors colors = ColorsOf(isEnabled(), isSelected && hasFocus);
     NMTVCUSTOMDRAW draw{};
     draw.nmcd.hdc = context;
-    draw.nmcd.rc = ToRect(PlacesOf(item).Row);
+    draw.nmcd.rc = ToRect(RowOf(item));
     draw.nmcd.dwItemSpec = reinterpret_cast<UINT_PTR>(item.Handle());
     draw.nmcd.uItemState =
         (isSelected ? CDIS_SELECTED : 0) | (hasFocus && &item == currentItem() ? CDIS_FOCUS : 0);

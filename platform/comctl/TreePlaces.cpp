@@ -17,22 +17,26 @@ constexpr int leastRowHeight = 16;
 // Even, so that the dotted lines of one row go on in the next.
 int TreeWindow::RowHeight() const
 {
-    return (std::max(Metrics().height() + rowPadding, leastRowHeight) + 1) / 2 * 2;
+    return (std::max(m_metrics.height() + rowPadding, leastRowHeight) + 1) / 2 * 2;
+}
+
+QRect TreeWindow::RowOf(const TreeItem& item) const
+{
+    const QRect shown = visualRect(indexFromItem(&item));
+    return shown.height() > 0 ? QRect(0, shown.top(), viewport()->width(), shown.height()) : QRect();
 }
 
 TreeWindow::Places TreeWindow::PlacesOf(const TreeItem& item) const
 {
-    const QRect shown = visualRect(indexFromItem(&item));
-    if (shown.height() <= 0)
+    const QRect row = RowOf(item);
+    if (row.height() <= 0)
         return {};
     const bool hasBranches = (Style & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
     const bool isRootInset = hasBranches && (Style & TVS_LINESATROOT) != 0;
     const int left = (item.Level() + (isRootInset ? 1 : 0)) * branchWidth;
-    const int width = Metrics().horizontalAdvance(item.text(0)) + 2 * labelPadding;
+    const int width = m_metrics.horizontalAdvance(item.text(0)) + 2 * labelPadding;
     const int branch = left > 0 ? branchWidth : 0;
-    return {{0, shown.top(), viewport()->width(), shown.height()},
-            {left - branch, shown.top(), branch, shown.height()},
-            {left, shown.top(), width, shown.height()}};
+    return {row, {left - branch, row.top(), branch, row.height()}, {left, row.top(), width, row.height()}};
 }
 
 bool TreeWindow::HasButton(const TreeItem& item) const

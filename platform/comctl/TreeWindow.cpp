@@ -125,5 +125,6 @@ void TreeWindow::UseFont(HFONT font)
 {
     auto* const chosen = dynamic_cast<gdi::Font*>(gdi::GdiObject::FromHandle(font));
     m_font.Replace(chosen != nullptr ? *chosen : gdi::StockFont(DEFAULT_GUI_FONT));
+    m_metrics = QFontMetrics(gdi::ToQFont(m_font->Wanted()));
     scheduleDelayedItemsLayout();
 }

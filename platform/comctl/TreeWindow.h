@@ -80,11 +80,11 @@ private:
     TreeItem* Sibling(const TreeItem& item, int distance) const; // null if there is none
     UINT StateOf(const TreeItem& item) const;                    // TVIS_ values
 
+    QRect RowOf(const TreeItem& item) const; // as of its places
     Places PlacesOf(const TreeItem& item) const;
     Hit HitTest(QPoint point) const;
     bool HasButton(const TreeItem& item) const;
     bool Selects(UINT flags) const; // whether a click there does
-    QFontMetrics Metrics() const { return QFontMetrics(gdi::ToQFont(m_font->Wanted())); }
     void UseFont(HFONT font);
     void UpdateLayout();
 
@@ -98,4 +98,5 @@ private:
 
     TreeHandles m_handles;
     gdi::Selection<gdi::Font> m_font{gdi::StockFont(DEFAULT_GUI_FONT)};
+    QFontMetrics m_metrics{gdi::ToQFont(m_font->Wanted())};
 };

@@ -26,13 +26,23 @@ void Canvas::FillSpan(std::int64_t y, std::int64_t left, std::int64_t right, Pix
     std::fill(row + left, row + right, ink);
 }
 
+// The rows of a wide box are copied from its first, which is faster than to fill each.
 void Canvas::FillBox(const Box& box, Pixel ink) const
 {
+    constexpr std::int64_t wide = 16;
     const Box visible = box.Intersect(m_clip);
-    if (visible.Left >= visible.Right)
+    const std::int64_t width = visible.Right - visible.Left;
+    if (visible.IsEmpty())
         return;
-    for (std::int64_t y = visible.Top; y < visible.Bottom; ++y)
-        std::fill(Row(y) + visible.Left, Row(y) + visible.Right, ink);
+    Pixel* const first = Row(visible.Top) + visible.Left;
+    std::fill_n(first, width, ink);
+    for (std::int64_t y = visible.Top + 1; y < visible.Bottom; ++y) {
+        Pixel* const row = Row(y) + visible.Left;
+        if (width < wide)
+            std::fill_n(row, width, ink);
+        else
+            std::copy_n(first, width, row);
+    }
 }
 
 } // namespace gdi

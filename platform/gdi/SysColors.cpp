@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <utility>
 #include <winuser.h>
 
 namespace gdi
@@ -86,18 +87,34 @@ QColor LightOf(const QPalette& palette)
     return light.lightness() >= button.lightness() ? light : button.darker(shadePercent);
 }
 
-std::optional<COLORREF> ColorOfDesktop(int index)
+// The desktop's colours, worked out anew when its palette has changed: a page of cells asks thousands of
+// times.
+class DesktopColors
 {
-    if (!HasDesktop())
-        return std::nullopt;
-    const QPalette palette = QGuiApplication::palette();
-    if (index == COLOR_3DLIGHT)
-        return ToColorRef(LightOf(palette));
-    const auto* const part = std::ranges::find(desktopParts, index, &DesktopPart::Index);
-    if (part == std::end(desktopParts))
-        return std::nullopt;
-    return ToColorRef(palette.color(QPalette::Active, part->Role));
-}
+public:
+    std::optional<COLORREF> Find(int index)
+    {
+        if (!HasDesktop())
+            return std::nullopt;
+        const QPalette palette = QGuiApplication::palette();
+        if (std::exchange(m_paletteKey, palette.cacheKey()) != palette.cacheKey())
+            Read(palette);
+        return m_colors[index];
+    }
+
+private:
+    void Read(const QPalette& palette)
+    {
+        for (const DesktopPart& part : desktopParts)
+            m_colors[part.Index] = ToColorRef(palette.color(QPalette::Active, part.Role));
+        m_colors[COLOR_3DLIGHT] = ToColorRef(LightOf(palette));
+    }
+
+    qint64 m_paletteKey = -1;
+    std::optional<COLORREF> m_colors[sysColorCount];
+};
+
+DesktopColors desktopColors;
 
 bool Exists(int index)
 {
@@ -120,5 +137,5 @@ COLORREF GetSysColor(int index)
         return gdi::black;
     if (gdi::ownColors[index])
         return *gdi::ownColors[index];
-    return gdi::ColorOfDesktop(index).value_or(gdi::classicColors[index]);
+    return gdi::desktopColors.Find(index).value_or(gdi::classicColors[index]);
 }

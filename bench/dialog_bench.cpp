@@ -1,0 +1,339 @@
+// The editor of the whole style atlas as its user waits for it: from EditStyleAtlas to the first picture,
+// from OK to the end with the file written, and the table read again; against a dialog of Qt's with a table
+// of items.
+#include "PeerTable.h"
+#include "StylePeer.h"
+#include "Suite.h"
+#include "TempFolder.h"
+
+#include <QApplication>
+#include <QDataStream>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QStyledItemDelegate>
+#include <QTableWidget>
+#include <QTimer>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <include/styleatlas.h>
+#include <model/StyleNames.h>
+#include <stdexcept>
+
+namespace
+{
+
+constexpr int tableSizes[] = {300, 3000}; // rows
+constexpr double goals[] = {1, 1.0 / 3};
+constexpr int rowsOfGroup = 10;
+constexpr QSize dialogSize(889, 564);
+constexpr int treeColumnWidth = 150;
+constexpr int fileColumnWidth = 60;
+constexpr int rowHeight = 18;
+constexpr int styleRole = Qt::UserRole + 1;
+
+// Groups of ten rows for the unit library.
+void WriteCatalogue(const std::filesystem::path& path, int rows)
+{
+    std::ofstream file(path);
+    for (int row = 0; row < rows; ++row) {
+        const int quantity = row / rowsOfGroup + 1;
+        const int index = row % rowsOfGroup;
+        if (index == 0)
+            file << "* ; " << quantity << " ; * ; * ; * ; Q_" << quantity << " ; Quantity " << quantity
+                 << '\n';
+        else
+            file << "0 ; " << quantity << " ; 0 ; " << index << " ; 0x0 ; Q_" << quantity << '_' << index
+                 << " ; Quantity " << quantity << ", " << index << '\n';
+    }
+}
+
+// Does something as soon as the dialog that opens next has shown a whole picture of itself.
+class OnFirstPicture : public QObject
+{
+public:
+    explicit OnFirstPicture(std::function<void(QDialog&)> action) : m_action(std::move(action))
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        const bool isPage =
+            receiver->parent() != nullptr && receiver->parent()->inherits("QAbstractScrollArea");
+        if (event->type() == QEvent::Paint && isPage && !m_isSeen) {
+            m_isSeen = true;
+            const auto act = [this] { m_action(*qobject_cast<QDialog*>(QApplication::activeModalWidget())); };
+            QTimer::singleShot(0, act);
+        }
+        return false;
+    }
+
+private:
+    std::function<void(QDialog&)> m_action;
+    bool m_isSeen = false;
+};
+
+void PressOk(QDialog& dialog)
+{
+    for (QPushButton* const button : dialog.findChildren<QPushButton*>()) {
+        if (button->text() == "OK" || button->text() == "&OK")
+            return button->click();
+    }
+    throw std::runtime_error("a dialog without OK");
+}
+
+// ---- The peer
+
+struct PeerRow {
+    QString Label;
+    std::array<bench::PlainStyle, bench::plainColumns> Styles;
+};
+using PeerTable = std::vector<PeerRow>;
+
+PeerTable MakePeerTable(int rows)
+{
+    PeerTable table(static_cast<std::size_t>(rows));
+    for (int row = 0; row < rows; ++row) {
+        PeerRow& made = table[static_cast<std::size_t>(row)];
+        made.Label = QString("Q_%1_%2").arg(row / rowsOfGroup + 1).arg(row % rowsOfGroup);
+        std::uint32_t color = 0;
+        for (bench::PlainStyle& style : made.Styles) {
+            style.SymbolShape = static_cast<std::int16_t>(row % k_SymbolShapeCount);
+            style.SymbolColor = style.LineColor = color += 0x050301;
+        }
+    }
+    return table;
+}
+
+template <class Stream, class Style> void Exchange(Stream& stream, Style& style)
+{
+    const auto pass = [&stream](auto& field) {
+        if constexpr (std::is_const_v<Style>)
+            stream << field;
+        else
+            stream >> field;
+    };
+    pass(style.SymbolShape);
+    pass(style.SymbolSize);
+    pass(style.SymbolFill);
+    pass(style.LineStyle);
+    pass(style.LineWidth);
+    pass(style.SymbolColor);
+    pass(style.LineColor);
+    pass(style.UseSymbolColor);
+}
+
+void SavePeer(const PeerTable& table, const QString& path)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        throw std::runtime_error("cannot write the peer's file");
+    QDataStream stream(&file);
+    stream << static_cast<quint32>(table.size());
+    for (const PeerRow& row : table) {
+        stream << row.Label;
+        for (const bench::PlainStyle& style : row.Styles)
+            Exchange(stream, style);
+    }
+    if (!file.commit())
+        throw std::runtime_error("cannot write the peer's file");
+}
+
+PeerTable LoadPeer(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("cannot read the peer's file");
+    QDataStream stream(&file);
+    quint32 rows = 0;
+    stream >> rows;
+    PeerTable table(rows);
+    for (PeerRow& row : table) {
+        stream >> row.Label;
+        for (bench::PlainStyle& style : row.Styles)
+            Exchange(stream, style);
+    }
+    return table;
+}
+
+class StyleDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        const QVariant data = index.data(styleRole);
+        if (!data.isValid())
+            return;
+        const auto plain = data.value<bench::PlainStyle>();
+        k_LineDef style;
+        style.SymbolShape = plain.SymbolShape;
+        style.SymbolColor = plain.SymbolColor;
+        style.LineColor = plain.LineColor;
+        bench::PaintStyleByPainter(*painter, style, option.rect.adjusted(4, 1, -4, -1));
+    }
+};
+
+// As a user of Qt makes such a dialog in an afternoon: the items hold what is edited, a style for each cell,
+// which goes back into the table at OK, and a delegate paints it.
+class PeerDialog : public QDialog
+{
+public:
+    PeerDialog(PeerTable& table, QString path) : m_table(table), m_path(std::move(path))
+    {
+        m_grid->setRowCount(static_cast<int>(table.size()));
+        m_grid->setColumnCount(1 + bench::plainColumns);
+        m_grid->setItemDelegate(new StyleDelegate(m_grid));
+        m_grid->verticalHeader()->hide();
+        m_grid->verticalHeader()->setDefaultSectionSize(rowHeight);
+        m_grid->horizontalHeader()->setDefaultSectionSize(fileColumnWidth);
+        m_grid->setColumnWidth(0, treeColumnWidth);
+        for (int row = 0; row < m_grid->rowCount(); ++row)
+            FillRow(row);
+        auto* const buttons =
+            new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Vertical);
+        connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+        connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+        auto* const layout = new QHBoxLayout(this);
+        layout->addWidget(m_grid);
+        layout->addWidget(buttons);
+        resize(dialogSize);
+    }
+
+    void accept() override
+    {
+        int row = 0;
+        for (PeerRow& to : m_table) {
+            int column = 0;
+            for (bench::PlainStyle& style : to.Styles)
+                style = m_grid->item(row, ++column)->data(styleRole).value<bench::PlainStyle>();
+            ++row;
+        }
+        SavePeer(m_table, m_path);
+        QDialog::accept();
+    }
+
+private:
+    void FillRow(int row)
+    {
+        const PeerRow& from = m_table[static_cast<std::size_t>(row)];
+        m_grid->setItem(row, 0, new QTableWidgetItem(from.Label));
+        int column = 0;
+        for (const bench::PlainStyle& style : from.Styles) {
+            auto* const item = new QTableWidgetItem;
+            item->setData(styleRole, QVariant::fromValue(style));
+            m_grid->setItem(row, ++column, item);
+        }
+    }
+
+    PeerTable& m_table;
+    QString m_path;
+    QTableWidget* m_grid = new QTableWidget;
+};
+
+// ---- The measurements
+
+void AddOpening(bench::Suite& suite, const std::string& name, const std::function<void()>& edit)
+{
+    suite.Add(name, 1, [edit](benchmark::State& state) {
+        for ([[maybe_unused]] const auto iteration : state) {
+            const OnFirstPicture watcher([&](QDialog& dialog) {
+                state.PauseTiming();
+                dialog.reject();
+            });
+            edit();
+            state.ResumeTiming();
+        }
+    });
+}
+
+void AddOk(bench::Suite& suite, const std::string& name, const std::function<void()>& edit)
+{
+    suite.Add(name, 1, [edit](benchmark::State& state) {
+        for ([[maybe_unused]] const auto iteration : state) {
+            state.PauseTiming();
+            const OnFirstPicture watcher([&](QDialog& dialog) {
+                state.ResumeTiming();
+                PressOk(dialog);
+            });
+            edit();
+        }
+    });
+}
+
+void AddReload(bench::Suite& suite, const std::string& name, const std::function<void()>& reload)
+{
+    suite.Add(name, 1, [reload](benchmark::State& state) {
+        for ([[maybe_unused]] const auto iteration : state)
+            reload();
+    });
+}
+
+void MeasureSize(bench::Suite& suite, const bench::TempFolder& folder, int rows, double goal)
+{
+    const std::filesystem::path stem = folder.Path() / std::to_string(rows);
+    std::filesystem::create_directories(stem / "drive_c/ProgramData/Halvorn/AirLab");
+    setenv("STYLEATLAS_PREFIX", stem.c_str(), 1);
+    setenv("MENSURA_CATALOGUE", (stem / "rows.catalogue").c_str(), 1);
+    WriteCatalogue(stem / "rows.catalogue", rows);
+    StyleAtlasSetApplication(u"AirLab");
+
+    PeerTable table = MakePeerTable(rows);
+    const QString path = QString::fromStdString(stem / "peer");
+    const std::function<void()> edit = [] { EditStyleAtlas(0); };
+    const std::function<void()> editPeer = [&] { PeerDialog(table, path).exec(); };
+    const std::string size = std::to_string(rows) + " rows, ";
+    AddOk(suite, size + "OK", edit); // in this order: the first one writes the file
+    AddOk(suite, "QTableWidget, " + size + "OK", editPeer);
+    AddOpening(suite, size + "first picture", edit);
+    AddOpening(suite, "QTableWidget, " + size + "first picture", editPeer);
+    SavePeer(table, path);
+    {
+        const OnFirstPicture watcher(PressOk);
+        EditStyleAtlas(0);
+    }
+    AddReload(suite, size + "reload", ReloadStyleAtlas);
+    AddReload(suite, "QDataStream, " + size + "reload", [&] { table = LoadPeer(path); });
+    suite.Run();
+    for (const char* const what : {"first picture", "OK"})
+        suite.Compare(
+            {.Name = size + what, .Ours = size + what, .Peer = "QTableWidget, " + size + what, .Goal = goal});
+    suite.Compare({.Name = size + "reload",
+                   .Ours = size + "reload",
+                   .Peer = "QDataStream, " + size + "reload",
+                   .Goal = goal});
+}
+
+int Run(int argc, char** argv)
+{
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const QApplication application(argc, argv);
+    const bench::TempFolder folder;
+    bench::Suite suite(argc, argv, {"--benchmark_repetitions=9", "--benchmark_min_time=0.02"});
+    for (std::size_t i = 0; i < std::size(tableSizes); ++i)
+        MeasureSize(suite, folder, tableSizes[i], goals[i]);
+    suite.PrintTable("The editor, its file " + std::string(folder.Place()), "a time");
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "%s\n", e.what());
+        return EXIT_FAILURE;
+    }
+}
