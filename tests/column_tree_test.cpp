@@ -118,10 +118,11 @@ TEST_F(ColumnTree, PlacesItsWindows)
         EXPECT_EQ(PlaceOf(Frame().m_HorScroll), (std::vector{0, head + 40, 300 - bar, head + 40 + bar}));
         EXPECT_EQ(test::PixelOf(Frame(), CPoint(299, head + 40 + bar - 1)), ::GetSysColor(COLOR_BTNFACE));
 
-        for (const int side : {20, 5, 1, 0})
-            Resize(side, side);
         Resize(400, 300);
-        EXPECT_EQ(PlaceOf(Tree()), (std::vector{0, head, 400, 300}));
+        test::ChangeSettings();
+        EXPECT_EQ(Frame().m_Header.GetFont(),
+                  CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT))));
+        EXPECT_EQ(PlaceOf(Tree()), (std::vector{0, Frame().m_headerHeight, 400, 300}));
     });
 }
 
@@ -285,6 +286,8 @@ TEST_F(ColumnTree, WalksByKeys)
         EXPECT_EQ(m_dialog.Notifications.back().Code, TVN_ITEMEXPANDEDW);
         test::PressKey(Tree(), VK_ADD);
         EXPECT_EQ(RowName(m_dialog.Row(1)), "1");
+        test::PressKey(Tree(), VK_ESCAPE);
+        EXPECT_FALSE(test::IsShown(m_dialog)) << "the dialog's own key";
     });
 }
 

@@ -65,12 +65,8 @@ END_MESSAGE_MAP()
 // Presses at the point, and moves with the button held.
 void Drag(CWnd& window, CPoint from, int distance)
 {
-    QWidget& widget = WindowSide::Of(window.m_hWnd)->Client();
-    const QPointF to(from.x + distance, from.y);
-    QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
     test::PressMouse(window, from);
-    QApplication::sendEvent(&widget, &move);
+    test::DragMouse(window, {from.x + distance, from.y});
 }
 
 class ScrollBar : public testing::Test

@@ -1,6 +1,8 @@
 #include <Application.h>
 #include <Paths.h>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QMimeDatabase>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QtConvert.h>
@@ -47,6 +49,20 @@ path NearestFolder(path folder)
     return folder;
 }
 
+// Tells files by their names: Qt would look into each one of a folder, and without end where a link leads to
+// a device.
+class NameIcons : public QFileIconProvider
+{
+public:
+    using QFileIconProvider::icon;
+
+    QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
+    QString type(const QFileInfo& file) const override
+    {
+        return QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).comment();
+    }
+};
+
 // The desktop's own dialog would add the extension when it has asked about overwriting already.
 void SetUp(QFileDialog& dialog, const OPENFILENAMEW& wanted, bool opens)
 {
@@ -89,8 +105,10 @@ INT_PTR CFileDialog::DoModal()
     if (!EnsureApplication())
         return IDCANCEL;
     // The dialog goes with its owner if that goes first.
+    NameIcons icons; // outlives the dialog
     const QPointer dialog(new QFileDialog(DialogOwner(m_ofn.hwndOwner)));
     const auto end = qScopeGuard([&dialog] { delete dialog; });
+    dialog->setIconProvider(&icons);
     SetUp(*dialog, m_ofn, m_bOpenFileDialog != FALSE);
     dialog->setNameFilters(NameFilters(m_strFilter.GetString()));
     Select(*dialog, NativePath(m_strFile.GetString()), m_ofn.lpstrInitialDir);

@@ -28,6 +28,13 @@ void WindowSide::Invalidate(const QRect& rectangle, bool erase)
     m_invalid += rectangle.intersected(Client().rect());
     m_erase = m_erase || erase;
     Client().update(rectangle);
+    // Qt takes a window in it that paints all of itself to be as it was.
+    const auto originOf = [this](const QWidget& client) { return client.mapTo(&m_widget, QPoint(0, 0)); };
+    for (QObject* const child : m_widget.children()) {
+        WindowSide* const inside = Of(qobject_cast<QWidget*>(child));
+        if (inside != nullptr && !inside->m_widget.isWindow())
+            inside->Invalidate(rectangle.translated(originOf(Client()) - originOf(inside->Client())), erase);
+    }
 }
 
 void WindowSide::UpdateNow()

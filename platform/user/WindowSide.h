@@ -66,7 +66,7 @@ public:
     void Notify(UINT code);
     LRESULT Notify(NMHDR& header, int code);
 
-    // In client coordinates.
+    // In client coordinates. The windows in it are invalid too.
     void Invalidate(const QRect& rectangle, bool erase);
 
     // Paints what is invalid before it returns; nothing while the window isn't shown, or while any window is

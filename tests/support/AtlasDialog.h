@@ -38,7 +38,7 @@ public:
     HTREEITEM Row(int number) const;                // of those that the tree shows, from the top
     CPoint LabelAt(HTREEITEM row, int x = 3) const; // a point of the row's label, in the tree
     CPoint CellAt(HTREEITEM row, int column) const; // the middle of a cell, in the tree
-    const k_LineDef* Style(int row, int column) { return m_Atlas.GetRow(row)->GetColumnStyle(column); }
+    k_LineDef* Style(int row, int column) { return m_Atlas.GetRow(row)->GetColumnStyle(column); }
 
 protected:
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;

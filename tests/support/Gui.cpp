@@ -88,6 +88,11 @@ void PressMouse(CWnd& window, CPoint point)
     SendMouse(window, point, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
 }
 
+void DragMouse(CWnd& window, CPoint point)
+{
+    SendMouse(window, point, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton);
+}
+
 void ReleaseMouse(CWnd& window, CPoint point)
 {
     SendMouse(window, point, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);

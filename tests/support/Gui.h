@@ -13,6 +13,7 @@ void Settle();
 // Points are in the window's client coordinates; a button is the left one.
 void MoveMouse(CWnd& window, CPoint point);
 void PressMouse(CWnd& window, CPoint point);
+void DragMouse(CWnd& window, CPoint point); // moves it with the button held
 void ReleaseMouse(CWnd& window, CPoint point);
 void ClickTwice(CWnd& window, CPoint point);
 void ClickRight(CWnd& window, CPoint point);

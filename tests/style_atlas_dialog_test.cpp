@@ -1,0 +1,197 @@
+// The editor of the whole atlas, from a host's call to the file: what its user does, and what is in the
+// table, the registry and the folders after it.
+#include "support/AtlasHost.h"
+#include "support/AtlasUser.h"
+
+#include <QScreen>
+#include <dialogs/resource.h>
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+using test::Choose;
+using test::Click;
+using test::Edit;
+using test::EditCell;
+using test::Pick;
+using test::WidgetOf;
+
+class StyleAtlasDialog : public test::AtlasHost
+{
+protected:
+    // A digit is the width that the first cell gets; e edits that cell, l loads a, s saves as b, o and
+    // c are the buttons.
+    void Act(k_StyleAtlasDialog& dialog, char step)
+    {
+        if (step == 'l' || step == 's')
+            m_asked = Pick(dialog, step == 'l' ? IDC_LOAD : IDC_SAVE_AS, PathOf(step == 'l' ? "a" : "b"));
+        else if (step == 'e')
+            EditCell(dialog, 180);
+        else if (step == 'o' || step == 'c')
+            Click(dialog, step == 'o' ? IDOK : IDCANCEL);
+        else
+            dialog.m_Atlas.GetRowStyle(0, 0)->LineWidth = static_cast<short>(step - '0');
+    }
+
+    QString m_asked; // in the last file dialog
+};
+
+TEST_F(StyleAtlasDialog, TakesOverAndStoresAtOkAlone)
+{
+    const struct {
+        const char* Steps;
+        int Result;
+        short Answer;   // of the table after it
+        short Reloaded; // and of the file that the registry names
+        QString Asked;
+    } cases[] = {
+        {"o", 1, 1, 1, {}},
+        {"5c", 2, 1, 1, {}},
+        {"4eo", 1, 5, 5, {}},
+        {"6sc", 2, 5, 5, "Stilatlas speichern Style.Atlas"},
+        {"lc", 2, 5, 2, QString("Stilatlas \u00F6ffnen Style.Atlas")},
+        {"6s7o", 1, 7, 7, "Stilatlas speichern a.layout"},
+        {"8lo", 1, 2, 2, QString("Stilatlas \u00F6ffnen b.layout")},
+    };
+    for (const auto& c : cases) {
+        const short before = Query();
+        m_asked.clear();
+        const auto user = [&](k_StyleAtlasDialog& dialog) {
+            for (const char* step = c.Steps; *step != 0; Act(dialog, *step++))
+                EXPECT_EQ(Query(), before) << "the old table answers";
+        };
+        EXPECT_EQ(Edit(user), c.Result) << c.Steps;
+        EXPECT_EQ(Query(), c.Answer) << c.Steps;
+        EXPECT_TRUE(fs::exists(m_prefix.Native("ProgramData/Halvorn/Bench/Style.Atlas")));
+        ReloadStyleAtlas();
+        EXPECT_EQ(Query(), c.Reloaded) << c.Steps;
+        EXPECT_EQ(m_asked, c.Asked);
+    }
+    g_StyleAtlas.Load(_T("C:\\b.layout"));
+    EXPECT_EQ(Query(), 7);
+}
+
+TEST_F(StyleAtlasDialog, LivesOnWithWhateverFileIsNamed)
+{
+    Write("none", 0, 0);
+    Write("one", 1, 4);
+    Write("many", 40, 5);
+    Write("other", 32, 6, 77);
+    test::WriteWhole(PathOf("damaged"), test::ReadWhole(PathOf("one")).substr(0, 40));
+    test::WriteWhole(PathOf("gone"), "");
+    fs::create_symlink("/dev/full", PathOf("full"));
+    const struct {
+        int Button;
+        fs::path File;
+        INT_PTR Rows;
+        short Answer;
+        QString Told;
+    } cases[] = {
+        {IDC_LOAD, PathOf("none"), 6, -1, {}},
+        {IDC_LOAD, PathOf("one"), 6, 5, {}},
+        {IDC_LOAD, PathOf("many"), 6, 6, {}},
+        {IDC_LOAD, PathOf("other"), 7, 2, {}},
+        {IDC_LOAD, PathOf("gone"), 6, 2, {}},
+        {IDC_LOAD, PathOf("damaged"), 6, 2, "Fehler: Der Stilatlas kann nicht geladen werden. 48"},
+        {IDC_SAVE_AS, PathOf("no/folder"), 6, 3, {}},
+        {IDC_SAVE_AS, "/proc/new.layout", 6, 4, {}},
+        {IDC_SAVE_AS, PathOf("full"), 6, 5, {}},
+    };
+    for (const auto& c : cases) {
+        test::told.clear();
+        g_StyleAtlas.ColumnCount = 32;
+
+        const auto user = [&](k_StyleAtlasDialog& dialog) {
+            const QWidget& path = WidgetOf(dialog.m_FilePathText);
+            const QString before = path.windowTitle();
+            Pick(dialog, c.Button, c.File, c.File.stem() == "gone");
+            EXPECT_EQ(path.windowTitle() != before, c.Button == IDC_LOAD) << c.File;
+            EXPECT_EQ(dialog.m_Atlas.Rows.GetSize(), c.Rows) << c.File;
+            EditCell(dialog, 180);
+            EditCell(dialog, 360); // a later one
+            Choose(dialog.m_ColumnTree.m_Tree, 0);
+            Act(dialog, 'o');
+        };
+        EXPECT_EQ(Edit(user), 1) << "saved or not";
+        EXPECT_EQ(Query(), c.Answer) << c.File;
+        EXPECT_EQ(test::told, c.Told);
+    }
+}
+
+TEST_F(StyleAtlasDialog, HasItsMenuEverywhereAndShowsWhatARuleHasDone)
+{
+    const auto user = [](k_StyleAtlasDialog& dialog) {
+        const k_ColumnTreeCtrl& frame = dialog.m_ColumnTree;
+        const CTreeCtrl& tree = frame.m_Tree;
+        EXPECT_EQ(WidgetOf(dialog).windowTitle(), "Stilatlas f\u00FCr Symbole und Farben");
+        for (const CWnd* const place :
+             std::initializer_list<const CWnd*>{&dialog, &tree, &frame.m_Header, &frame.m_HorScroll,
+                                                &dialog.m_FilePathText, dialog.GetDlgItem(IDOK)})
+            EXPECT_EQ(Choose(*place, 6),
+                      "Symbole je Datei setzen|Farben je Datei setzen|"
+                      "Symbole je Hauptgr\u00F6\u00DFe setzen|Farben je Hauptgr\u00F6\u00DFe setzen||"
+                      "Alle aufklappen|Alle zuklappen|");
+        const auto countRows = [&tree] {
+            int count = 0;
+            for (HTREEITEM row = tree.GetNextItem(nullptr, TVGN_ROOT); row != nullptr; ++count)
+                row = tree.GetNextItem(row, TVGN_NEXTVISIBLE);
+            return count;
+        };
+        EXPECT_EQ(countRows(), 2);
+        Choose(dialog, 5);
+        EXPECT_EQ(countRows(), 6);
+        QWidget& widget = WidgetOf(dialog);
+        const auto screen = [&widget] { return widget.screen()->grabWindow(widget.winId()).toImage(); };
+        for (const int rule : {3, 0, 1, 2}) {
+            const QImage before = screen();
+            Choose(dialog, rule);
+            EXPECT_FALSE(screen() == before) << rule;
+        }
+    };
+    EXPECT_EQ(Edit(user), 2);
+}
+
+TEST_F(StyleAtlasDialog, WritesTheUnitLog)
+{
+    const auto user = [](k_StyleAtlasDialog& dialog) {
+        dialog.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_UNIT_LOG, BN_CLICKED));
+    };
+    const fs::path file = m_prefix.Native("TEMP/UnitsLog.txt");
+    Edit(user);
+    EXPECT_FALSE(fs::exists(file)) << "without the folder";
+    m_prefix.MakeFolder("TEMP");
+    test::WriteWhole(file, std::string(9999, 'x'));
+    Edit(user);
+    const std::u16string_view text =
+        u"Name\tQuantity\tSubquan\tIndx\tdevice\tflags\r\n"
+        u"\t\tQuantity = 1\tSubQuantity = 0\tIndex = 0\tDevice = 0\tFlags = 0\r\n"
+        u"\x3A9\t\tQuantity = 2\tSubQuantity = 70000\tIndex = 300\tDevice = 65535\tFlags = -2147483647\r\n"
+        u"U\t\tQuantity = 2\tSubQuantity = -2\tIndex = 1\tDevice = 7\tFlags = 5\r\n";
+    EXPECT_EQ(test::ReadWhole(file),
+              std::string(reinterpret_cast<const char*>(text.data()), 2 * text.size()));
+}
+
+TEST_F(StyleAtlasDialog, TakesNoMoreMemoryAfterADaysWork)
+{
+    constexpr int rounds = 500;
+    constexpr std::size_t tolerance = 64 << 10;
+    std::size_t afterTen = 0;
+    for (int round = 1; round <= rounds; ++round) {
+        const short width = static_cast<short>(round % 9);
+        const short expected = round % 2 == 0 ? width : Query();
+        Edit([&](k_StyleAtlasDialog& dialog) {
+            Act(dialog, static_cast<char>('0' + width));
+            Act(dialog, round % 2 == 0 ? 'o' : 'c');
+        });
+        ReloadStyleAtlas();
+        ASSERT_EQ(Query(), expected);
+        if (round == 10)
+            afterTen = mallinfo2().uordblks;
+    }
+    EXPECT_LE(mallinfo2().uordblks, afterTen + tolerance);
+}
+
+} // namespace
