@@ -6,6 +6,7 @@
 
 #include <QMenu>
 #include <QPointer>
+#include <QTimer>
 #include <QtConvert.h>
 #include <afxwin.h>
 #include <memory>
@@ -149,6 +150,10 @@ BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*
         if (WindowSide* const side = WindowSide::Of(window))
             side->SendContained(WM_COMMAND, MAKEWPARAM(id, 0));
     };
-    QMetaObject::invokeMethod(widget.data(), send, Qt::QueuedConnection);
+    auto* const rest = new QTimer(widget.data());
+    rest->setSingleShot(true); // the window may run a loop of its own meanwhile
+    QObject::connect(rest, &QTimer::timeout, send);
+    QObject::connect(rest, &QTimer::timeout, rest, &QObject::deleteLater);
+    rest->start(0);
     return TRUE;
 }
