@@ -13,6 +13,10 @@ public:
     k_LineDef& operator=(const k_LineDef& source);
     ~k_LineDef() override;
 
+    // Raises the memory exception when there is no memory.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* record, std::size_t size) noexcept;
+
     // The 21 bytes of the record in the layout file.
     void Serialize(CArchive& ar) override;
 

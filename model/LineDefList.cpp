@@ -1,7 +1,5 @@
 #include "LineDefList.h"
 
-#include "OwnedElement.h"
-
 #include <algorithm>
 
 k_LineDefList::~k_LineDefList()
@@ -46,11 +44,12 @@ void k_LineDefList::Assign(const k_LineDefList& source)
         return;
     Clear();
     CopyFlags(source);
+    SetSize(source.GetSize());
     for (INT_PTR i = 0; i < source.GetSize(); ++i) {
-        auto record = std::make_unique<k_LineDef>();
+        auto* const pRecord = new k_LineDef;
+        SetAt(i, pRecord);
         if (const k_LineDef* const pSource = source.GetAt(i))
-            *record = *pSource;
-        AddOwned(*this, std::move(record));
+            *pRecord = *pSource;
     }
 }
 

@@ -45,7 +45,7 @@ INT_PTR k_StyleAtlas::AddRow(QuantityKey key, BYTE level)
     const int columns = GetBoundedColumnCount();
     row->Styles.SetSize(columns);
     for (int column = 0; column < columns; ++column)
-        row->SetColumnStyle(column, new k_LineDef);
+        row->Styles.SetAt(column, new k_LineDef);
     return AddOwned(Rows, std::move(row));
 }
 
