@@ -88,14 +88,13 @@ int k_ColumnTreeCtrl::LayOutHeader()
 
 // ---- Rows
 
-HTREEITEM k_ColumnTreeCtrl::InsertItem(const CString& text, HTREEITEM hParent)
+HTREEITEM k_ColumnTreeCtrl::InsertItem(CString text, HTREEITEM hParent)
 {
-    CString shown = text;
     TVINSERTSTRUCTW row{};
     row.hParent = hParent;
     row.hInsertAfter = TVI_LAST;
     row.item.mask = TVIF_TEXT;
-    row.item.pszText = shown.GetBuffer();
+    row.item.pszText = text.GetBuffer();
     return m_Tree.InsertItem(&row);
 }
 

@@ -27,7 +27,7 @@ public:
     int InsertColumn(int nCol, LPCWSTR lpszHeading, int nFormat, int nWidth);
 
     // A row behind the parent's last child.
-    HTREEITEM InsertItem(const CString& text, HTREEITEM hParent);
+    HTREEITEM InsertItem(CString text, HTREEITEM hParent);
 
     // In column 0 the k_QuantityDesc of the row, which stays the caller's; in a file column a record, which
     // goes to the row's k_QuantityDesc, if there is one.

@@ -19,7 +19,7 @@ void TreeWindow::TellFolded(const TreeItem& item, WPARAM code)
 bool TreeWindow::Fold(TreeItem& item, WPARAM code)
 {
     const bool unfolds = code == TVE_EXPAND;
-    if ((!unfolds && code != TVE_COLLAPSE) || item.childCount() == 0 || item.isExpanded() == unfolds)
+    if ((!unfolds && code != TVE_COLLAPSE) || item.childCount() == 0 || item.IsUnfolded() == unfolds)
         return false;
     SetUnfolded(item, unfolds);
     TellFolded(item, code);
@@ -29,7 +29,7 @@ bool TreeWindow::Fold(TreeItem& item, WPARAM code)
 // What is selected stays in view.
 void TreeWindow::SetUnfolded(TreeItem& item, bool unfolds)
 {
-    item.setExpanded(unfolds);
+    item.SetUnfolded(unfolds);
     if (const TreeItem* const caret = Caret(); !unfolds && caret != nullptr && caret->IsBelow(item))
         setCurrentItem(&item);
 }

@@ -2,15 +2,24 @@
 
 HTREEITEM TreeHandles::Add(TreeItem& item)
 {
-    const auto handle = reinterpret_cast<HTREEITEM>(++m_last);
-    m_items.emplace(handle, &item);
-    return handle;
+    m_items.push_back(&item);
+    ++m_rows;
+    return reinterpret_cast<HTREEITEM>(m_forgotten + m_items.size());
+}
+
+void TreeHandles::Remove(HTREEITEM handle)
+{
+    m_items[reinterpret_cast<std::size_t>(handle) - m_forgotten - 1] = nullptr;
+    if (--m_rows > 0)
+        return;
+    m_forgotten += m_items.size();
+    m_items.clear();
 }
 
 TreeItem* TreeHandles::Find(HTREEITEM handle) const
 {
-    const auto found = m_items.find(handle);
-    return found != m_items.end() ? found->second : nullptr;
+    const std::size_t position = reinterpret_cast<std::size_t>(handle) - m_forgotten - 1;
+    return position < m_items.size() ? m_items[position] : nullptr;
 }
 
 int TreeItem::Level() const
@@ -27,4 +36,29 @@ bool TreeItem::IsBelow(const TreeItem& other) const
     while (parent != nullptr && parent != &other)
         parent = parent->Parent();
     return parent != nullptr;
+}
+
+void TreeItem::SetUnfolded(bool isUnfolded)
+{
+    m_isUnfolded = isUnfolded;
+    if (childCount() > 0)
+        setExpanded(isUnfolded);
+}
+
+void TreeItem::Append(TreeItem& child)
+{
+    addChild(&child);
+    if (childCount() == 1 && m_isUnfolded)
+        setExpanded(true);
+}
+
+QVariant TreeItem::data(int column, int role) const
+{
+    return role == Qt::DisplayRole ? QVariant(m_text) : QTreeWidgetItem::data(column, role);
+}
+
+void TreeItem::SetText(const QString& text)
+{
+    m_text = text;
+    emitDataChanged();
 }

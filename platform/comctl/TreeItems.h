@@ -3,7 +3,7 @@
 
 #include <QTreeWidgetItem>
 #include <commctrl.h>
-#include <unordered_map>
+#include <vector>
 
 class TreeItem;
 
@@ -13,12 +13,13 @@ class TreeHandles
 {
 public:
     HTREEITEM Add(TreeItem& item);
-    void Remove(HTREEITEM handle) { m_items.erase(handle); }
+    void Remove(HTREEITEM handle);
     TreeItem* Find(HTREEITEM handle) const; // null for a handle that names no row
 
 private:
-    std::unordered_map<HTREEITEM, TreeItem*> m_items;
-    INT_PTR m_last = 0;
+    std::vector<TreeItem*> m_items; // by handle; null where the row is gone
+    std::size_t m_rows = 0;
+    std::size_t m_forgotten = 0; // handles before the first of these
 };
 
 class TreeItem : public QTreeWidgetItem
@@ -35,9 +36,20 @@ public:
     int Level() const;                                                    // 0 without a parent
     bool IsBelow(const TreeItem& other) const;
 
+    // The view, which keeps a record of each row that is unfolded, hears of those with children alone.
+    bool IsUnfolded() const { return childCount() > 0 ? isExpanded() : m_isUnfolded; }
+    void SetUnfolded(bool isUnfolded);
+    void Append(TreeItem& child); // which is the row's from then on
+
+    QVariant data(int column, int role) const override;
+    const QString& Text() const { return m_text; }
+    void SetText(const QString& text);
+
     LPARAM Data = 0; // the owner's
 
 private:
     TreeHandles& m_handles;
     HTREEITEM m_handle;
+    QString m_text;
+    bool m_isUnfolded = false;
 };

@@ -174,7 +174,7 @@ void TreeWindow::DrawButton(const gdi::Canvas& canvas, const TreeItem& item, con
     canvas.FillBox(ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
     const int half = buttonSize / 2;
     canvas.FillBox(ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
-    if (!item.isExpanded())
+    if (!item.IsUnfolded())
         canvas.FillBox(ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
 }
 
@@ -186,7 +186,7 @@ void TreeWindow::DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, con
         label.setRight(places.Row.right());
     gdi::DeviceContext::FromHandle(context)->Drawing.FillBox(ToBox(label), gdi::ToPixel(draw.clrTextBk));
 
-    const QString text = item.text(0);
+    const QString& text = item.Text();
     RECT place = ToRect(label);
     InflateRect(&place, -labelPadding, 0);
     SetBkMode(context, TRANSPARENT);

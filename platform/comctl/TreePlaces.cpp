@@ -34,7 +34,7 @@ TreeWindow::Places TreeWindow::PlacesOf(const TreeItem& item) const
     const bool hasBranches = (Style & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
     const bool isRootInset = hasBranches && (Style & TVS_LINESATROOT) != 0;
     const int left = (item.Level() + (isRootInset ? 1 : 0)) * branchWidth;
-    const int width = m_metrics.horizontalAdvance(item.text(0)) + 2 * labelPadding;
+    const int width = m_metrics.horizontalAdvance(item.Text()) + 2 * labelPadding;
     const int branch = left > 0 ? branchWidth : 0;
     return {row, {left - branch, row.top(), branch, row.height()}, {left, row.top(), width, row.height()}};
 }

@@ -16,6 +16,14 @@ HTREEITEM HandleOf(const QTreeWidgetItem* item)
     return item != nullptr ? static_cast<const TreeItem*>(item)->Handle() : nullptr;
 }
 
+void SetContents(TreeItem& row, const TVITEMW& item)
+{
+    if ((item.mask & TVIF_TEXT) != 0)
+        row.SetText(item.pszText != nullptr ? gdi::ToQString(item.pszText) : QString());
+    if ((item.mask & TVIF_PARAM) != 0)
+        row.Data = item.lParam;
+}
+
 } // namespace
 
 HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
@@ -24,13 +32,12 @@ HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
     if (parent == nullptr && !IsRoot(row.hParent))
         return nullptr;
     auto* const item = new TreeItem(m_handles);
+    SetContents(*item, row.item); // while the view has nothing to do with it
     if (parent != nullptr)
-        parent->addChild(item);
+        parent->Append(*item);
     else
         addTopLevelItem(item);
-    TVITEMW wanted = row.item;
-    wanted.hItem = item->Handle();
-    Set(wanted);
+    SetState(*item, row.item);
     return item->Handle();
 }
 
@@ -53,7 +60,7 @@ bool TreeWindow::Get(TVITEMW& item) const
     if (row == nullptr)
         return false;
     if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0) {
-        const QString text = row->text(0).left(item.cchTextMax - 1);
+        const QString text = row->Text().left(item.cchTextMax - 1);
         std::copy_n(reinterpret_cast<LPCWSTR>(text.utf16()), text.size() + 1, item.pszText);
     }
     if ((item.mask & TVIF_PARAM) != 0)
@@ -71,20 +78,24 @@ bool TreeWindow::Set(const TVITEMW& item)
     TreeItem* const row = Find(item.hItem);
     if (row == nullptr)
         return false;
-    if ((item.mask & TVIF_TEXT) != 0)
-        row->setText(0, item.pszText != nullptr ? gdi::ToQString(item.pszText) : QString());
-    if ((item.mask & TVIF_PARAM) != 0)
-        row->Data = item.lParam;
-    if ((item.mask & TVIF_STATE) != 0 && (item.stateMask & TVIS_EXPANDED) != 0)
-        SetUnfolded(*row, (item.state & TVIS_EXPANDED) != 0);
-    if ((item.mask & TVIF_STATE) != 0 && (item.stateMask & TVIS_SELECTED) != 0)
-        row->setSelected((item.state & TVIS_SELECTED) != 0);
+    SetContents(*row, item);
+    SetState(*row, item);
     return true;
+}
+
+void TreeWindow::SetState(TreeItem& row, const TVITEMW& item)
+{
+    if ((item.mask & TVIF_STATE) == 0)
+        return;
+    if ((item.stateMask & TVIS_EXPANDED) != 0)
+        SetUnfolded(row, (item.state & TVIS_EXPANDED) != 0);
+    if ((item.stateMask & TVIS_SELECTED) != 0)
+        row.setSelected((item.state & TVIS_SELECTED) != 0);
 }
 
 UINT TreeWindow::StateOf(const TreeItem& item) const
 {
-    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.isExpanded() ? TVIS_EXPANDED : 0);
+    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.IsUnfolded() ? TVIS_EXPANDED : 0);
 }
 
 // ---- Relations

@@ -59,6 +59,7 @@ private:
     bool Delete(HTREEITEM handle);
     bool Get(TVITEMW& item) const;
     bool Set(const TVITEMW& item);
+    void SetState(TreeItem& row, const TVITEMW& item);
     HTREEITEM Next(HTREEITEM handle, WPARAM relation) const;
     bool Select(HTREEITEM handle, WPARAM relation);
     bool GetRect(RECT& rectangle, bool isLabel) const;
@@ -67,7 +68,7 @@ private:
     // anything with the rows. False if nothing had to be done.
     bool Fold(TreeItem& item, WPARAM code);
     void SetUnfolded(TreeItem& item, bool unfolds); // and tells nobody
-    void Toggle(TreeItem& item) { Fold(item, item.isExpanded() ? TVE_COLLAPSE : TVE_EXPAND); }
+    void Toggle(TreeItem& item) { Fold(item, item.IsUnfolded() ? TVE_COLLAPSE : TVE_EXPAND); }
 
     // Unfolds what the row is below of, and scrolls. False if there is no such row, or none any more.
     bool Reveal(HTREEITEM handle, ScrollHint hint);
