@@ -31,6 +31,8 @@ FORCEINLINE INT_PTR k_StyleAtlas::FindRow(QuantityKey key) const
     INT_PTR best = scan(0, hasQuantity);
     if (best < 0)
         return -1;
+    if (isEqual(*static_cast<const k_QuantityDesc*>(rows[best])))
+        return best; // of most quantities there is one row
     INT_PTR found = scan(best, hasSubQuantity);
     if (found < 0)
         return best;
