@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 
 namespace
 {
@@ -95,6 +96,16 @@ void Suite::PrintLine(const Comparison& comparison) const
         std::printf("%8s  %s\n", "-", "-");
     else
         std::printf("<= %5.2f  %s\n", comparison.Goal, ratio <= comparison.Goal ? "yes" : "no");
+}
+
+int RunProgram(int argc, char** argv, int (*body)(int, char**))
+{
+    try {
+        return body(argc, argv);
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "%s\n", e.what());
+        return EXIT_FAILURE;
+    }
 }
 
 } // namespace bench

@@ -46,4 +46,8 @@ private:
     std::vector<Comparison> m_comparisons;
 };
 
+// What a program's main gives: the body's result, or a failure that is told where an exception comes out of
+// it.
+int RunProgram(int argc, char** argv, int (*body)(int, char**));
+
 } // namespace bench

@@ -19,7 +19,6 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -330,10 +329,5 @@ int Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    try {
-        return Run(argc, argv);
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "%s\n", e.what());
-        return EXIT_FAILURE;
-    }
+    return bench::RunProgram(argc, argv, Run);
 }

@@ -164,10 +164,5 @@ int Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    try {
-        return Run(argc, argv);
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "%s\n", e.what());
-        return EXIT_FAILURE;
-    }
+    return bench::RunProgram(argc, argv, Run);
 }

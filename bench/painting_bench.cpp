@@ -8,7 +8,6 @@
 
 #include <QPainter>
 #include <afxwin.h>
-#include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <model/LineDef.h>
@@ -224,10 +223,5 @@ int Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    try {
-        return Run(argc, argv);
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "%s\n", e.what());
-        return EXIT_FAILURE;
-    }
+    return bench::RunProgram(argc, argv, Run);
 }

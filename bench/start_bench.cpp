@@ -2,7 +2,6 @@
 #include "Suite.h"
 #include "TempFolder.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <spawn.h>
 #include <stdexcept>
@@ -26,7 +25,7 @@ void RunProgram(const std::filesystem::path& program)
         throw std::runtime_error(program.native() + " failed");
 }
 
-void Run(int argc, char** argv)
+int Run(int argc, char** argv)
 {
     bench::Suite suite(argc, argv, {"--benchmark_repetitions=51", "--benchmark_min_time=0.001"});
     const bench::TempFolder folder;
@@ -44,17 +43,12 @@ void Run(int argc, char** argv)
     suite.Compare({.Name = "start, first answer, end", .Ours = withLibrary, .Peer = withoutLibrary});
     suite.Run();
     suite.PrintTable("Whole process", "a process");
+    return EXIT_SUCCESS;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    try {
-        Run(argc, argv);
-        return EXIT_SUCCESS;
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "%s\n", e.what());
-        return EXIT_FAILURE;
-    }
+    return bench::RunProgram(argc, argv, Run);
 }

@@ -4,7 +4,6 @@
 #include "Suite.h"
 #include "TempFolder.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -166,7 +165,7 @@ void AddTableSize(bench::Suite& suite, const std::shared_ptr<Stored>& stored)
         {"loop save", [](Stored& s) { bench::ReplaceFile(s.Loop, s.LayoutBytes, bench::bareBufferSize); }});
 }
 
-void Run(int argc, char** argv)
+int Run(int argc, char** argv)
 {
     bench::Suite suite(argc, argv, {"--benchmark_repetitions=11", "--benchmark_min_time=0.05"});
     const bench::TempFolder folder;
@@ -177,17 +176,12 @@ void Run(int argc, char** argv)
         AddTableSize(suite, MakeStored(folder, rows));
     suite.Run();
     suite.PrintTable(std::string("Catalogue and layout file, files ") + folder.Place(), "a row");
+    return EXIT_SUCCESS;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    try {
-        Run(argc, argv);
-        return EXIT_SUCCESS;
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "%s\n", e.what());
-        return EXIT_FAILURE;
-    }
+    return bench::RunProgram(argc, argv, Run);
 }

@@ -8,7 +8,6 @@
 #include <QTimer>
 #include <WindowSide.h>
 #include <controls/ColorMessages.h>
-#include <cstdio>
 #include <cstdlib>
 #include <dialogs/StyleAtlasDialog.h>
 #include <exception>
@@ -257,10 +256,5 @@ int Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    try {
-        return Run(argc, argv);
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "%s\n", e.what());
-        return EXIT_FAILURE;
-    }
+    return bench::RunProgram(argc, argv, Run);
 }
