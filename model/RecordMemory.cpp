@@ -56,14 +56,14 @@ void RecordMemory::Return(void* place) noexcept
         return;
     Unlink(block);
     if (m_withRoom != nullptr)
-        ::operator delete(&block, std::align_val_t{blockSize});
+        ::operator delete (&block, std::align_val_t{blockSize});
     else
         Link(*new (&block) Block); // the places are taken in their order again
 }
 
 void RecordMemory::AddBlock()
 {
-    void* const memory = ::operator new(blockSize, std::align_val_t{blockSize}, std::nothrow);
+    void* const memory = ::operator new (blockSize, std::align_val_t{blockSize}, std::nothrow);
     if (memory == nullptr)
         AfxThrowMemoryException();
     Link(*new (memory) Block);

@@ -1,10 +1,16 @@
 // Records, rows and lists: values as constructed, deep copies, who deletes what, and the edges of the file
 // columns.
 #include <model/QuantityDesc.h>
+#include <model/RecordMemory.h>
 
+#include <algorithm>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
+#include <set>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -42,6 +48,38 @@ const auto asConstructed = std::tuple(0, 0U, 0U, 0, 10, 1, PS_SOLID, 1, false);
 TEST(Record, DrawsASolidBlackLineAndNoSymbolAsConstructed)
 {
     EXPECT_TRUE(Fields(k_LineDef()) == asConstructed);
+}
+
+// Some blocks full, in an order of coming and going that leaves gaps in each.
+TEST(Record, HasItsPlaceToItself)
+{
+    static RecordMemory memory; // it keeps a block
+    std::vector<unsigned char*> places;
+    const auto take = [&places](int count) {
+        for (int i = 0; i < count; ++i)
+            places.push_back(static_cast<unsigned char*>(memory.Take()));
+    };
+    const auto giveBackEach = [&places](std::size_t step) {
+        for (std::size_t i = 0; i < places.size(); i += step)
+            memory.Return(std::exchange(places[i], nullptr));
+        std::erase(places, nullptr);
+    };
+    take(5000);
+    giveBackEach(3);
+    take(3000);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        std::memset(places[i], static_cast<int>(i % 251), RecordMemory::placeSize);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        ASSERT_EQ(std::count(places[i], places[i] + RecordMemory::placeSize, i % 251),
+                  RecordMemory::placeSize);
+    giveBackEach(1);
+    const void* const first = memory.Take();
+    take(5000);
+    EXPECT_EQ(std::set<const void*>(places.begin(), places.end()).size(), 5000U);
+    EXPECT_EQ(std::count(places.begin(), places.end(), first), 0);
+    giveBackEach(2);
+    std::ranges::reverse(places);
+    giveBackEach(1);
 }
 
 TEST(Row, TakesTheKeyApartAndPutsItTogetherAgain)
