@@ -188,9 +188,11 @@ void k_ColorPopup::OnPaletteChanged(CWnd* pFocusWnd)
 }
 
 // Called from within the constructor where the window can't be made: nothing may touch the object after that.
+// While the colour dialog is open Finish needs the object still.
 void k_ColorPopup::PostNcDestroy()
 {
-    delete this;
+    if (m_inColorDialog == FALSE)
+        delete this;
 }
 
 // ---- Choosing
@@ -214,7 +216,7 @@ void k_ColorPopup::MoveHotCell(int cell)
 }
 
 // Entered a second time when the application is deactivated while the colour dialog is open: then the window
-// is left to the first call.
+// is left to the first call. The window can go with its owner meanwhile, and nobody is left to be told.
 void k_ColorPopup::Finish(UINT message)
 {
     ::ReleaseCapture();
@@ -227,6 +229,10 @@ void k_ColorPopup::Finish(UINT message)
         else
             message = g_msgSelEndChange;
         m_inColorDialog = FALSE;
+        if (m_hWnd == nullptr) {
+            delete this;
+            return;
+        }
     }
     if (message == g_msgSelEndChange)
         m_color = m_initialColor;

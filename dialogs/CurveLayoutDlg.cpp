@@ -18,8 +18,10 @@ k_LineDef* PictureOf(CComboBox& box, LRESULT item)
 void DeletePictures(CComboBox& box)
 {
     const LRESULT count = box.SendMessage(CB_GETCOUNT);
-    for (LRESULT item = 0; item < count; ++item)
+    for (LRESULT item = 0; item < count; ++item) {
         delete PictureOf(box, item);
+        box.SendMessage(CB_SETITEMDATA, static_cast<WPARAM>(item), 0);
+    }
 }
 
 LRESULT Selected(CComboBox& box)
@@ -40,6 +42,7 @@ std::optional<short> SelectedNumber(CComboBox& box)
 } // namespace
 
 BEGIN_MESSAGE_MAP(k_CurveLayoutDlg, CDialog)
+ON_WM_DESTROY()
 ON_BN_CLICKED(IDOK, k_CurveLayoutDlg::OnClickedOk)
 ON_BN_CLICKED(IDC_USE_SYMBOL_COLOR, k_CurveLayoutDlg::OnClickedUseSymbolColor)
 ON_REGISTERED_MESSAGE(g_msgSelEndOK, k_CurveLayoutDlg::OnColorSelEndOK)
@@ -74,6 +77,14 @@ BOOL k_CurveLayoutDlg::DestroyWindow()
     DeletePictures(m_LineStyleCombo);
     DeletePictures(m_SymbolShapeCombo);
     return CDialog::DestroyWindow();
+}
+
+// All that a window hears which goes with its owner.
+void k_CurveLayoutDlg::OnDestroy()
+{
+    DeletePictures(m_LineStyleCombo);
+    DeletePictures(m_SymbolShapeCombo);
+    CDialog::OnDestroy();
 }
 
 // ---- The line's colour and the symbol's

@@ -28,6 +28,7 @@ public:
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
 
+    afx_msg void OnDestroy();
     afx_msg void OnClickedOk();
     afx_msg void OnClickedUseSymbolColor();
     afx_msg LRESULT OnColorSelEndOK(WPARAM wParam, LPARAM lParam);

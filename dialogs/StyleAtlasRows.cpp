@@ -19,9 +19,9 @@ void k_StyleAtlasDialog::InsertColumns()
     m_ColumnTree.InsertColumn(0, _T(" "), headingFormat, treeColumnWidth);
     const int count = static_cast<int>(std::min<DWORD>(m_Atlas.ColumnCount, k_MaxFileColumns));
     for (int column = 1; column <= count; ++column) {
-        const CString file = g_Language.GetUnStrippedText(CString(_T("file")), k_LanguageSection, true);
         CString heading;
-        heading.Format(_T("%s %d"), file.GetString(), column);
+        heading.Format(_T("%s %d"), g_Language.GetUnStrippedText(_T("file"), k_LanguageSection, true),
+                       column);
         m_ColumnTree.InsertColumn(column, heading, headingFormat, fileColumnWidth);
     }
 }

@@ -162,11 +162,12 @@ protected:
     {
         Press(m_main, "ctrl+e");
         m_atlas = WaitFor("style atlas$");
-        Until([this] { return FindRows(), m_rows.size() > 2 * folding; }, "the rows of the tree");
+        Until([this] { return FindRows(); }, "the rows of the tree");
     }
 
-    // White stripes between the lines of the grid, seen where no cell has a picture.
-    void FindRows()
+    // White stripes between the lines of the grid, seen where no cell has a picture. A window that isn't
+    // painted yet shows what is behind it, which can have stripes too, but not all at the same distance.
+    bool FindRows()
     {
         constexpr int leastHeight = 10;
         const QImage picture = Picture(m_atlas);
@@ -178,6 +179,10 @@ protected:
                 m_rows.push_back(y - white / 2);
             white = isWhite ? white + 1 : 0;
         }
+        std::size_t even = 2;
+        while (even < m_rows.size() && m_rows[even] - m_rows[even - 1] == m_rows[1] - m_rows[0])
+            ++even;
+        return even > 2 * folding;
     }
 
     // Gives the next shape, and the colour at a place of the popup, to the styles that are open for editing.

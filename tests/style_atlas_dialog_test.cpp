@@ -155,6 +155,38 @@ TEST_F(StyleAtlasDialog, HasItsMenuEverywhereAndShowsWhatARuleHasDone)
     EXPECT_EQ(Edit(user), 2);
 }
 
+TEST_F(StyleAtlasDialog, GoesWithTheHostsWindowAtEveryStage)
+{
+    static const auto clickTwice = [](k_StyleAtlasDialog& dialog) {
+        QTest::mouseDClick(&WindowSide::Of(dialog.m_ColumnTree.m_Tree.m_hWnd)->Client(), Qt::LeftButton, {},
+                           {180, 5});
+    };
+    static QWidget* host = nullptr;
+    static const auto end = [] { QTimer::singleShot(0, [] { delete host; }); };
+    void (*const stages[])(k_StyleAtlasDialog&) = {
+        [](k_StyleAtlasDialog& dialog) { end(), clickTwice(dialog); },
+        [](k_StyleAtlasDialog& dialog) { end(), Click(dialog, IDC_LOAD); },
+        [](k_StyleAtlasDialog& dialog) {
+            end(), test::ClickRight(dialog.m_ColumnTree.m_Tree, {180, 5});
+        },
+        [](k_StyleAtlasDialog& dialog) {
+            QTimer::singleShot(0, [] {
+                QWidget& button = WidgetOf(test::FrontDialog<k_CurveLayoutDlg>()->m_SymbolColorPicker);
+                QTest::mouseClick(&button, Qt::LeftButton);
+                auto* const popup = button.findChild<QWidget*>();
+                QTest::keyClick(popup, Qt::Key_Up); // to "More colors"
+                end(), QTest::keyClick(popup, Qt::Key_Return);
+            });
+            clickTwice(dialog);
+        },
+    };
+    for (const auto& stage : stages) {
+        host = new QWidget;
+        QTimer::singleShot(0, [&stage] { stage(*test::FrontDialog<k_StyleAtlasDialog>()); });
+        EXPECT_EQ(EditStyleAtlas(host->winId()), 2) << &stage - stages;
+    }
+}
+
 TEST_F(StyleAtlasDialog, WritesTheUnitLog)
 {
     const auto user = [](k_StyleAtlasDialog& dialog) {

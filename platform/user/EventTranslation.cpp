@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPointer>
 #include <QTextDocument>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -229,10 +230,12 @@ bool WindowSide::PreTranslate(UINT message, WPARAM wParam, LPARAM lParam)
 bool WindowSide::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event,
                          const QtHandling& qtHandling)
 {
+    const QPointer<QWidget> widget(&m_widget); // may be deleted by whatever runs in a loop of a handler
     Pending pending{message, event, qtHandling};
     Pending* const before = std::exchange(m_pending, &pending);
     SendContained(message, wParam, lParam);
-    m_pending = before;
+    if (!widget.isNull())
+        m_pending = before;
     if (!pending.IsHandledByQt)
         event.accept(); // whoever handled the message has kept the event from Qt
     return pending.Result;
