@@ -216,6 +216,11 @@ TEST_F(Host, MakesTheFolderOfItsLayout)
     const Result occupied = RunOnMonths({});
     EXPECT_TRUE(occupied.IsSaying("the folder for the layout cannot be made")) << occupied.Errors;
     EXPECT_EQ(occupied.LineOf({"0", "Ozone"}).back(), StyleText(1, 0));
+    m_environment.insert(m_environment.end(),
+                         {"STYLEATLAS_PREFIX", "XDG_DATA_HOME=relative", "HOME=" + m_prefix.Path().string()});
+    Run({"table"});
+    EXPECT_TRUE(
+        fs::is_directory(m_prefix.Path() / ".local/share/styleatlas/drive_c/ProgramData/Halvorn/AirLab"));
 }
 
 } // namespace
