@@ -206,6 +206,8 @@ TEST_F(Host, TellsWhatItCannotDo)
         EXPECT_TRUE(result.IsSaying(message)) << result.Errors;
     }
     EXPECT_EQ(Run({"table"}, open("/dev/full", O_WRONLY | O_CLOEXEC)).Status, 1);
+    m_environment.emplace_back("DISPLAY=:987");
+    EXPECT_TRUE(Run({"window"}).IsSaying("could not connect to display :987"));
 }
 
 TEST_F(Host, MakesTheFolderOfItsLayout)
