@@ -5,18 +5,23 @@ test_packages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev binutils xvfb xa
   dpkg-dev file pkgconf python3)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev)
 
-# Installs those packages of the named lists ("build", "test", "check") that are not there yet.
-install_missing() {
+# Prints those packages of the named lists ("build", "test", "check") that are not there yet.
+missing_packages() {
     local list package
-    local -a missing=()
     for list in "$@"; do
         local -n packages="${list}_packages"
         for package in "${packages[@]}"; do
-            dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+            dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || printf '%s\n' "$package"
         done
     done
+}
+
+# Installs them.
+install_missing() {
+    local -a missing
+    mapfile -t missing < <(missing_packages "$@")
     [ ${#missing[@]} -gt 0 ] || return 0
-    if ! command -v apt-get >/dev/null; then
+    if ! command -v apt-get >/dev/null || { [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; }; then
         printf 'Please install what these Debian packages hold, and start again: %s\n' "${missing[*]}" >&2
         return 1
     fi
@@ -24,7 +29,8 @@ install_missing() {
     [ "$(id -u)" = 0 ] || as_root=(sudo)
     printf 'Installing: %s\n' "${missing[*]}" >&2
     "${as_root[@]}" apt-get update -qq >&2
-    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
 # Configures and builds a preset of CMakePresets.json; further arguments go to the configuration. Quiet where all
@@ -32,6 +38,7 @@ install_missing() {
 build() {
     local preset=$1 log
     shift
+    [ -e "build/$preset/lib" ] || printf 'Building in build/%s, which takes some minutes the first time\n' "$preset" >&2
     log=$(mktemp)
     if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset" --parallel; } >"$log" 2>&1; then
         tail -n 60 "$log" >&2

@@ -16,11 +16,15 @@ namespace
 
 constexpr const char* DisplayVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 
-void ExitOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
+// The fatal message itself says only that there is no platform; why is in what its plugin said before.
+void ExitOnFatal(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
+    static QString reason;
+    if (reason.isEmpty() && (type == QtFatalMsg || QByteArrayView{context.category}.startsWith("qt.qpa")))
+        reason = message.section('\n', 0, 0);
     if (type != QtFatalMsg)
         return;
-    Tell("the plot cannot be shown: " + message.section('\n', 0, 0).toStdString());
+    Tell("nothing can be drawn: " + reason.toStdString());
     std::_Exit(Failed);
 }
 

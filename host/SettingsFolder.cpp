@@ -33,7 +33,7 @@ std::filesystem::path Prefix()
 {
     if (std::filesystem::path prefix = FromEnvironment("STYLEATLAS_PREFIX"); !prefix.empty())
         return prefix;
-    if (const std::filesystem::path data = FromEnvironment("XDG_DATA_HOME"); !data.empty())
+    if (const std::filesystem::path data = FromEnvironment("XDG_DATA_HOME"); data.is_absolute())
         return data / PrefixName;
     return Home() / ".local/share" / PrefixName;
 }

@@ -34,7 +34,8 @@ int ShowEditor()
     case EditorCancelled:
         return Cancelled;
     default:
-        Tell(HasDisplay() ? "the editor cannot be shown" : "there is no display to show the editor on");
+        Tell(HasDisplay() ? "the editor cannot be shown; does the display answer?"
+                          : "there is no display to show the editor on");
         return Failed;
     }
 }

@@ -107,10 +107,11 @@ int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, ui
                   uint8_t* useSymbolColor);
 
 /* Opens the editor above the given window and returns when the user has closed it: 1 after OK, when the new
- * styles are in force and have been written to the layout file; 2 after Cancel, when nothing has changed; -1
- * where the editor cannot be shown, for instance without a display. parentWindow is the desktop's id of a
- * window: what QWidget::winId() gives in a host with Qt, an X11 window in any other, 0 for none. An id that
- * names no window counts as none. The window stays the caller's. */
+ * styles are in force and have been written to the layout file; 2 after Cancel, when the table is as before
+ * (a file that the user loaded meanwhile is taken by the next load); -1 where the editor cannot be shown, for
+ * instance without a display. parentWindow is the desktop's id of a window: what QWidget::winId() gives in a
+ * host with Qt, an X11 window in any other, 0 for none. An id that names no window counts as none. The window
+ * stays the caller's. */
 int EditStyleAtlas(uintptr_t parentWindow);
 
 /* Loads the table again: the unit library's catalogue of this moment and the layout file. Every style fetched

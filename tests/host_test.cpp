@@ -206,6 +206,8 @@ TEST_F(Host, TellsWhatItCannotDo)
         EXPECT_TRUE(result.IsSaying(message)) << result.Errors;
     }
     EXPECT_EQ(Run({"table"}, open("/dev/full", O_WRONLY | O_CLOEXEC)).Status, 1);
+    m_environment.emplace_back("DISPLAY=:987");
+    EXPECT_TRUE(Run({"window"}).IsSaying("could not connect to display :987"));
 }
 
 TEST_F(Host, MakesTheFolderOfItsLayout)
@@ -216,6 +218,11 @@ TEST_F(Host, MakesTheFolderOfItsLayout)
     const Result occupied = RunOnMonths({});
     EXPECT_TRUE(occupied.IsSaying("the folder for the layout cannot be made")) << occupied.Errors;
     EXPECT_EQ(occupied.LineOf({"0", "Ozone"}).back(), StyleText(1, 0));
+    m_environment.insert(m_environment.end(),
+                         {"STYLEATLAS_PREFIX", "XDG_DATA_HOME=relative", "HOME=" + m_prefix.Path().string()});
+    Run({"table"});
+    EXPECT_TRUE(
+        fs::is_directory(m_prefix.Path() / ".local/share/styleatlas/drive_c/ProgramData/Halvorn/AirLab"));
 }
 
 } // namespace
