@@ -21,6 +21,22 @@ constexpr int placesBelieved = 64;
 // memory.
 constexpr DWORD mostRows = 1U << 18;
 
+// A record in the file, all at once: a table has a hundred thousand.
+#pragma pack(push, 1)
+struct StoredStyle {
+    WORD Reserved;
+    COLORREF LineColor;
+    COLORREF SymbolColor;
+    short SymbolShape;
+    short SymbolSize;
+    short SymbolFill;
+    short LineStyle;
+    short LineWidth;
+    BYTE UseSymbolColor;
+};
+#pragma pack(pop)
+static_assert(sizeof(StoredStyle) == 21);
+
 // Any order will do, but for a hash, which a hostile file could defeat.
 struct KeyOrder {
     bool operator()(const QuantityKey& first, const QuantityKey& second) const
@@ -160,11 +176,21 @@ void k_QuantityDesc::Serialize(CArchive& ar)
 
 void k_LineDef::Serialize(CArchive& ar)
 {
+    StoredStyle stored{};
     if (ar.IsStoring()) {
-        ar << Reserved << LineColor << SymbolColor << SymbolShape << SymbolSize << SymbolFill << LineStyle
-           << LineWidth << UseSymbolColor;
+        stored = {Reserved,   LineColor, SymbolColor, SymbolShape,   SymbolSize,
+                  SymbolFill, LineStyle, LineWidth,   UseSymbolColor};
+        ar.Write(&stored, sizeof stored);
     } else {
-        ar >> Reserved >> LineColor >> SymbolColor >> SymbolShape >> SymbolSize >> SymbolFill >> LineStyle >>
-            LineWidth >> UseSymbolColor;
+        ar.EnsureRead(&stored, sizeof stored);
+        Reserved = stored.Reserved;
+        LineColor = stored.LineColor;
+        SymbolColor = stored.SymbolColor;
+        SymbolShape = stored.SymbolShape;
+        SymbolSize = stored.SymbolSize;
+        SymbolFill = stored.SymbolFill;
+        LineStyle = stored.LineStyle;
+        LineWidth = stored.LineWidth;
+        UseSymbolColor = stored.UseSymbolColor != 0;
     }
 }

@@ -57,6 +57,23 @@ public:
     void Flush(); // a store: empties the buffer into the file
     void Close(); // flushes and lets the file go
 
+    // Bytes as they are, with one comparison: of the wrong direction there is neither room nor anything to
+    // read. Where the file has fewer, endOfFile is raised.
+    void Write(const void* lpBuf, UINT nMax)
+    {
+        if (m_lpWriteEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(nMax))
+            return WriteThrough(static_cast<const BYTE*>(lpBuf), nMax);
+        std::memcpy(m_lpBufCur, lpBuf, nMax);
+        m_lpBufCur += nMax;
+    }
+    void EnsureRead(void* lpBuf, UINT nCount)
+    {
+        if (m_lpReadEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(nCount))
+            return ReadThrough(static_cast<BYTE*>(lpBuf), nCount);
+        std::memcpy(lpBuf, m_lpBufCur, nCount);
+        m_lpBufCur += nCount;
+    }
+
     CArchive& operator<<(BYTE by) { return Put(by); }
     CArchive& operator<<(WORD w) { return Put(w); }
     CArchive& operator<<(short w) { return Put(w); }
@@ -80,26 +97,19 @@ private:
     static_assert(std::endian::native == std::endian::little,
                   "the stream is little-endian, and so is the machine");
 
-    // Makes at least nBytesNeeded unread bytes stand in the buffer, or raises endOfFile.
-    void FillBuffer(UINT nBytesNeeded);
-    void MakeRoom();
+    // What doesn't fit into the buffer, or isn't all there.
+    void WriteThrough(const BYTE* from, UINT nCount);
+    void ReadThrough(BYTE* to, UINT nCount);
 
-    // One comparison for each value: of the wrong direction there is neither room nor anything to read.
     template <class Integer> CArchive& Put(Integer value)
     {
-        if (m_lpWriteEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(sizeof value))
-            MakeRoom();
-        std::memcpy(m_lpBufCur, &value, sizeof value);
-        m_lpBufCur += sizeof value;
+        Write(&value, sizeof value);
         return *this;
     }
 
     template <class Integer> CArchive& Get(Integer& value)
     {
-        if (m_lpReadEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(sizeof value))
-            FillBuffer(sizeof value);
-        std::memcpy(&value, m_lpBufCur, sizeof value);
-        m_lpBufCur += sizeof value;
+        EnsureRead(&value, sizeof value);
         return *this;
     }
 

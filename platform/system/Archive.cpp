@@ -6,7 +6,7 @@
 namespace
 {
 
-constexpr int leastBufferSize = 128; // holds every integer, with some to spare
+constexpr int leastBufferSize = 128;
 
 } // namespace
 
@@ -46,23 +46,34 @@ void CArchive::Close()
     m_pFile = nullptr;
 }
 
-void CArchive::MakeRoom()
+void CArchive::WriteThrough(const BYTE* from, UINT nCount)
 {
     if (!IsStoring())
         AfxThrowArchiveException(CArchiveException::readOnly, m_pFile->GetFilePath());
-    Flush();
+    while (nCount > 0) {
+        if (m_lpBufCur == m_lpWriteEnd)
+            Flush();
+        const UINT count = std::min(nCount, static_cast<UINT>(m_lpWriteEnd - m_lpBufCur));
+        m_lpBufCur = std::copy_n(from, count, m_lpBufCur);
+        from += count;
+        nCount -= count;
+    }
 }
 
-void CArchive::FillBuffer(UINT nBytesNeeded)
+void CArchive::ReadThrough(BYTE* to, UINT nCount)
 {
     if (!IsLoading())
         AfxThrowArchiveException(CArchiveException::writeOnly, m_pFile->GetFilePath());
-    BYTE* const start = m_lpBufStart.get();
-    const auto unread = static_cast<UINT>(m_lpReadEnd - m_lpBufCur);
-    std::memmove(start, m_lpBufCur, unread);
-    m_lpBufCur = start;
-    m_lpReadEnd = start + unread;
-    m_lpReadEnd += m_pFile->Read(m_lpReadEnd, static_cast<UINT>(m_nBufSize) - unread);
-    if (static_cast<UINT>(m_lpReadEnd - m_lpBufCur) < nBytesNeeded)
-        AfxThrowArchiveException(CArchiveException::endOfFile, m_pFile->GetFilePath());
+    while (nCount > 0) {
+        if (m_lpBufCur == m_lpReadEnd) {
+            m_lpBufCur = m_lpBufStart.get();
+            m_lpReadEnd = m_lpBufCur + m_pFile->Read(m_lpBufCur, static_cast<UINT>(m_nBufSize));
+            if (m_lpBufCur == m_lpReadEnd)
+                AfxThrowArchiveException(CArchiveException::endOfFile, m_pFile->GetFilePath());
+        }
+        const UINT count = std::min(nCount, static_cast<UINT>(m_lpReadEnd - m_lpBufCur));
+        to = std::copy_n(m_lpBufCur, count, to);
+        m_lpBufCur += count;
+        nCount -= count;
+    }
 }
