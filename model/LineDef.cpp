@@ -26,20 +26,6 @@ constinit RecordMemory memory;
 
 k_LineDef::~k_LineDef() = default;
 
-k_LineDef& k_LineDef::operator=(const k_LineDef& source)
-{
-    Reserved = source.Reserved;
-    LineColor = source.LineColor;
-    SymbolColor = source.SymbolColor;
-    SymbolShape = source.SymbolShape;
-    SymbolSize = source.SymbolSize;
-    SymbolFill = source.SymbolFill;
-    LineStyle = source.LineStyle;
-    LineWidth = source.LineWidth;
-    UseSymbolColor = source.UseSymbolColor;
-    return *this;
-}
-
 void* k_LineDef::operator new(std::size_t size)
 {
     static_assert(sizeof(k_LineDef) <= RecordMemory::placeSize);

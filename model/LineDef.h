@@ -10,7 +10,19 @@ class k_LineDef : public CObject
 {
 public:
     k_LineDef() = default;
-    k_LineDef& operator=(const k_LineDef& source);
+    k_LineDef& operator=(const k_LineDef& source)
+    {
+        Reserved = source.Reserved;
+        LineColor = source.LineColor;
+        SymbolColor = source.SymbolColor;
+        SymbolShape = source.SymbolShape;
+        SymbolSize = source.SymbolSize;
+        SymbolFill = source.SymbolFill;
+        LineStyle = source.LineStyle;
+        LineWidth = source.LineWidth;
+        UseSymbolColor = source.UseSymbolColor;
+        return *this;
+    }
     ~k_LineDef() override;
 
     // Raises the memory exception when there is no memory.
