@@ -21,7 +21,6 @@ namespace
 constexpr QuantityKey shownQuantity{20, 1, 0, 5, 0}; // the air of the thermal chamber
 constexpr const TCHAR* layoutFile = _T("C:\\ProgramData\\Halvorn\\AirLab\\Style.Atlas");
 constexpr int shownColumn = 2;
-constexpr int fileColumns = 5;
 constexpr int frameWidth = 4;
 constexpr int captionHeight = 26;
 const QColor frameColor(0x5A, 0x64, 0x70);
@@ -97,9 +96,7 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     g_App.BindUnitLibrary();
     g_StyleAtlas.BuildCatalogue();
-    g_StyleAtlas.SetMainQuantitySymbols();
-    g_StyleAtlas.SetFileColors(0, fileColumns);
-
+    g_StyleAtlas.ApplyDefaultStyles();
     g_StyleAtlas.FilePath = layoutFile;
 
     const INT_PTR row = g_StyleAtlas.FindRow(shownQuantity);
