@@ -107,9 +107,12 @@ private:
         return *this;
     }
 
+    // A value that isn't all there is not touched.
     template <class Integer> CArchive& Get(Integer& value)
     {
-        EnsureRead(&value, sizeof value);
+        Integer whole{};
+        EnsureRead(&whole, sizeof whole);
+        value = whole;
         return *this;
     }
 
