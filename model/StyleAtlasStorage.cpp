@@ -15,8 +15,9 @@ constexpr REGSAM settingsAccess = KEY_READ | KEY_WRITE;
 constexpr int pathBufferLength = 1024; // characters, with the terminator
 constexpr int archiveBufferSize = 4096;
 
-// A file beyond this is no layout file: it would hold some 97,000 rows of 32 records.
-constexpr ULONGLONG largestFile = 64ULL << 20;
+// A file beyond this is no layout file: the most rows that the reader takes stay below it, with 32 records
+// each.
+constexpr ULONGLONG largestFile = 192ULL << 20;
 
 // A key of the registry with the value that names the layout file. Where it can't be opened the handle is
 // null: what is read then is not valid, and what is written is lost.

@@ -146,7 +146,10 @@ TEST_F(Storage, ADamagedFileIsToldAndLeavesTheBareCatalogue)
     EXPECT_TRUE(TableIsBare());
     EXPECT_EQ(m_atlas.GetRow(0)->Styles.GetSize(), 2);
     EXPECT_EQ(ValueOf(subKey), Value(defaultPath));
-    std::filesystem::resize_file(m_prefix.Native(defaultFile), (64ULL << 20) + 1); // no blocks of its own
+    constexpr std::uintmax_t largest = 192ULL << 20; // no blocks of its own
+    std::filesystem::resize_file(m_prefix.Native(defaultFile), largest);
+    EXPECT_EQ(m_atlas.Load({}), 0) << "what follows the rows is not read";
+    std::filesystem::resize_file(m_prefix.Native(defaultFile), largest + 1);
     EXPECT_EQ(m_atlas.Load({}), 1);
     EXPECT_TRUE(TableIsBare());
     EXPECT_EQ(m_messages.Messages(),
