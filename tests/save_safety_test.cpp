@@ -177,8 +177,10 @@ TEST_F(SaveTest, WhatCannotBeReplacedIsRefused)
     fs::create_symlink("loop", folder / "loop");
     fs::create_symlink("missing/file", folder / "astray");
     const auto before = test::EntryCount(folder);
-    for (const TCHAR* const path : {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"),
-                                    _T("C:\\layouts"), _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x")})
+    const std::u16string tooLong = std::u16string(drivePath).append(300, u'x');
+    for (const TCHAR* const path :
+         {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"), _T("C:\\layouts"),
+          _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x"), tooLong.c_str()})
         EXPECT_EQ(Save(path, "new"), refused) << ::testing::PrintToString(std::u16string(path));
     fs::permissions(file, fs::perms{0444});
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()) && test::GiveToOrdinaryUser(folder.c_str()));

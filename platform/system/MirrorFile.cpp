@@ -159,6 +159,8 @@ bool CMirrorFile::OpenForCreation(const std::string& target)
     struct stat old {
     };
     const bool exists = stat(target.c_str(), &old) == 0;
+    if (!exists && errno != ENOENT)
+        return false; // a name that is too long, for instance, with which no file could take its place
     if (exists && (!S_ISREG(old.st_mode) || faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
         return OpenNative(target, O_WRONLY | O_TRUNC) != FALSE;
     if (OpenMirror(exists ? &old : nullptr))
