@@ -66,8 +66,8 @@ void CArchive::ReadThrough(BYTE* to, UINT nCount)
         AfxThrowArchiveException(CArchiveException::writeOnly, m_pFile->GetFilePath());
     while (nCount > 0) {
         if (m_lpBufCur == m_lpReadEnd) {
-            m_lpBufCur = m_lpBufStart.get();
-            m_lpReadEnd = m_lpBufCur + m_pFile->Read(m_lpBufCur, static_cast<UINT>(m_nBufSize));
+            m_lpBufCur = m_lpReadEnd = m_lpBufStart.get();
+            m_lpReadEnd += m_pFile->Read(m_lpBufCur, static_cast<UINT>(m_nBufSize));
             if (m_lpBufCur == m_lpReadEnd)
                 AfxThrowArchiveException(CArchiveException::endOfFile, m_pFile->GetFilePath());
         }
