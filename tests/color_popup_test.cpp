@@ -12,6 +12,7 @@
 #include <controls/ColorPopup.h>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <new>
 #include <sstream>
 
 namespace
@@ -225,6 +226,8 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
     EXPECT_EQ(click({CELL_MORE}, {5, 5}), "change 123456, ok 800002");
     SetColorDialogAnswer([](COLORREF& color, COLORREF*) -> INT_PTR { return color = 0xaa, IDCANCEL; });
     EXPECT_EQ(press({16, CELL_MORE}, VK_RETURN), "change ff, change 123456, cancel 123456");
+    SetColorDialogAnswer([](COLORREF&, COLORREF*) -> INT_PTR { throw std::bad_alloc(); });
+    EXPECT_EQ(press({CELL_MORE}, VK_RETURN), "change 123456, cancel 123456");
     SetColorDialogAnswer([](COLORREF& color, COLORREF*) -> INT_PTR {
         LeaveProgram(); // ends the popup too, but leaves its window to the end of the dialog
         EXPECT_NE(popup, nullptr);

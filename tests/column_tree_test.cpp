@@ -341,6 +341,12 @@ TEST_F(ColumnTree, OpensTheStylesOfEachGesture)
         test::ClickTwice(Tree(), m_dialog.LabelAt(m_dialog.Row(0)));
         EXPECT_EQ(last().List, desc(0)->GetStyles());
 
+        const CPoint inPart = m_dialog.LabelAt(m_dialog.Row(4));
+        Resize(500, Frame().m_headerHeight + inPart.y + 1);
+        test::ClickTwice(Tree(), inPart); // the row stays where it is
+        EXPECT_EQ(last().Quantity, desc(4));
+        Resize(400, 300);
+
         const HTREEITEM group = m_dialog.Row(0);
         Fold(group);
         test::ClickTwice(Tree(), m_dialog.CellAt(group, 4)); // folded: and its direct children

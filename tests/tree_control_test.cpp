@@ -125,6 +125,11 @@ TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
     EXPECT_EQ(m_tree.GetItemState(c, TVIS_EXPANDED | TVIS_SELECTED), TVIS_EXPANDED);
     const std::u16string text(1000, u'x');
     EXPECT_EQ(m_tree.GetItemText(Add(text.c_str())), text.c_str());
+    Delete(c); // and b, without one below, is folded before it gets another
+    TVITEMW folded{TVIF_STATE, b, 0, TVIS_EXPANDED, nullptr, 0, 0, 0, 0, 0};
+    m_tree.SetItem(&folded);
+    Add(_T("x"), b);
+    EXPECT_EQ(Next(TVGN_NEXTVISIBLE, b), "d");
     Delete(TVI_ROOT);
     Fill();
     Delete(b);

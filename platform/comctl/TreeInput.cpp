@@ -3,6 +3,7 @@
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QPointer>
 
 void TreeWindow::TellFolded(const TreeItem& item, WPARAM code)
 {
@@ -38,14 +39,26 @@ void TreeWindow::SetUnfolded(TreeItem& item, bool unfolds)
 //
 // Qt's own handling selects all along a row, and while the mouse is dragged.
 
-// A click with the right button asks for the menu, not the press.
+// A click with the right button asks for the menu, not the press. While the mouse is pressed no row that is
+// selected goes from under it.
 bool TreeWindow::viewportEvent(QEvent* event)
 {
-    if (event->type() == QEvent::ContextMenu) {
+    switch (event->type()) {
+    case QEvent::ContextMenu:
         event->accept();
         return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+        const QPointer<QWidget> tree(this); // may be deleted by whatever runs in a loop of a handler
+        setAutoScroll(false);
+        const bool result = ScrollAreaWindow::viewportEvent(event);
+        if (!tree.isNull())
+            setAutoScroll(true);
+        return result;
     }
-    return ScrollAreaWindow::viewportEvent(event);
+    default:
+        return ScrollAreaWindow::viewportEvent(event);
+    }
 }
 
 bool TreeWindow::Selects(UINT flags) const

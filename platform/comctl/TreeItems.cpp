@@ -48,8 +48,8 @@ void TreeItem::SetUnfolded(bool isUnfolded)
 void TreeItem::Append(TreeItem& child)
 {
     addChild(&child);
-    if (childCount() == 1 && m_isUnfolded)
-        setExpanded(true);
+    if (childCount() == 1)
+        setExpanded(m_isUnfolded); // the view may have heard otherwise when there were others
 }
 
 QVariant TreeItem::data(int column, int role) const

@@ -88,7 +88,8 @@ bool TreeWindow::Reveal(HTREEITEM handle, ScrollHint hint)
     if (item == nullptr)
         return false;
     UpdateLayout();
-    scrollToItem(item, hint);
+    if (hint != EnsureVisible || hasAutoScroll() || !RowOf(*item).intersects(viewport()->rect()))
+        scrollToItem(item, hint);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "ColorDialog.h"
 
 #include <Application.h>
+#include <Contain.h>
 #include <QColorDialog>
 #include <QPointer>
 #include <QtConvert.h>
@@ -95,11 +96,15 @@ CColorDialog::CColorDialog(COLORREF clrInit, DWORD dwFlags, CWnd* pParentWnd)
     m_cc.Flags = dwFlags | CC_RGBINIT;
 }
 
+// What fails is a dialog that the user has given up.
 INT_PTR CColorDialog::DoModal()
 {
     COLORREF color = m_cc.rgbResult;
-    const INT_PTR result = answerInPlace != nullptr ? answerInPlace(color, m_cc.lpCustColors)
-                                                    : AskUser(m_cc.hwndOwner, color, m_cc.lpCustColors);
+    INT_PTR result = IDCANCEL;
+    Contain([&] {
+        result = answerInPlace != nullptr ? answerInPlace(color, m_cc.lpCustColors)
+                                          : AskUser(m_cc.hwndOwner, color, m_cc.lpCustColors);
+    });
     if (result == IDOK)
         m_cc.rgbResult = color;
     return result;
