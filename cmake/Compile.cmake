@@ -19,6 +19,12 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow)
 if(NOT DEFINED CMAKE_COMPILE_WARNING_AS_ERROR)
   set(CMAKE_COMPILE_WARNING_AS_ERROR ON)
 endif()
+# A function of a library can be inlined where it is called in the same library, and a library that is closed can be
+# unloaded: no symbol of it is held unique in the process.
+add_compile_options(-fno-semantic-interposition)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
+endif()
 # The order of the search is the loader's: the library path first, then beside the library.
 add_link_options(-Wl,--enable-new-dtags)
 

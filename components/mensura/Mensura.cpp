@@ -77,9 +77,10 @@ private:
     std::map<std::uint16_t, std::u16string> m_numbers; // the texts handed out by NumberText
 };
 
+// Never destroyed: a program may ask for units while its own objects are being destroyed.
 UnitLibrary& Library()
 {
-    static UnitLibrary library;
+    static auto& library = *new UnitLibrary;
     return library;
 }
 
