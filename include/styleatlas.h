@@ -22,11 +22,12 @@
  *
  * Windows (the editor and message boxes) need a display, the package with the editor, and a QApplication: a
  * host with no more than a QCoreApplication or QGuiApplication gets none. For a host that knows nothing of
- * Qt the library makes a QApplication for the time of a window, and destroys it. Windows belong to one
- * thread: that of the host's application object, else the main thread. Without display or package, and on any
- * other thread, a message goes to standard error and EditStyleAtlas returns -1. A host's windows are
- * repainted meanwhile if they are Qt's; docs/for-hosts.md tells what a host with another event loop can do. A
- * display server that ends while the editor is open ends the program, which is Qt's doing.
+ * Qt the library makes a QApplication for the time of a window, and destroys it. Where windows can't be
+ * shown, messages go to standard error and EditStyleAtlas returns -1. Windows belong to one thread: that of
+ * the host's application object, else the main thread. EditStyleAtlas is to be called there; a message of any
+ * other thread goes to standard error. A host's windows are repainted meanwhile if they are Qt's;
+ * docs/for-hosts.md tells what a host with another event loop can do. A display server that ends while the
+ * editor is open ends the program, which is Qt's doing.
  *
  * Threads. The library starts none in a program without windows, and takes no lock: calls must not overlap,
  * and a thread must not be cancelled in one. One after another, calls may come from different threads, but
