@@ -1,7 +1,6 @@
 // Writes seeds into a folder, a folder in it for each fuzzer: whole files of each shape that a reader tells
 // apart, made by the calls that write such files.
 #include "FuzzCatalogue.h"
-#include "FuzzResources.h"
 
 #include <LayoutBytes.h>
 #include <TempPrefix.h>
@@ -67,21 +66,6 @@ void MakeRegistry(const Folder& folder)
     std::filesystem::copy(prefix.Path() / "registry.db", folder / "keys");
 }
 
-void MakeResources(const Folder& folder)
-{
-    const std::string older = test::ReadWhole(OLDER_RESOURCES);
-    const auto write = [&](const std::string& name, fuzz::Bytes bytes) {
-        test::WriteWhole(folder / name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    };
-    for (const auto file : {std::as_bytes(std::span(ModuleResources.Bytes, ModuleResources.Size)),
-                            std::as_bytes(std::span(older))}) {
-        write("file-" + std::to_string(file.size()), file);
-        fuzz::ForEachResource(file, [&](ResourceType type, int id, fuzz::Bytes bytes) {
-            write(std::to_string(static_cast<int>(type)) + '-' + std::to_string(id), bytes);
-        });
-    }
-}
-
 } // namespace
 
 // A folder that can't be written to ends it.
@@ -91,14 +75,12 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: make-corpus <folder>\n");
         return EXIT_FAILURE;
     }
-    using Maker = void (*)(const Folder&);
-    for (const auto& [name, make] : {std::pair<const char*, Maker>{"layout", MakeLayouts},
-                                     {"registry", MakeRegistry},
-                                     {"resources", MakeResources},
-                                     {"values", MakeValues}}) {
-        const Folder folder = Folder(argv[1]) / name;
-        std::filesystem::create_directories(folder);
-        make(folder);
-    }
+    const auto made = [&](const char* name) {
+        std::filesystem::create_directories(Folder(argv[1]) / name);
+        return Folder(argv[1]) / name;
+    };
+    MakeLayouts(made("layout"));
+    MakeValues(made("values"));
+    MakeRegistry(made("registry"));
     return EXIT_SUCCESS;
 }

@@ -1,15 +1,20 @@
-// The readers of compiled resources, on a whole file and on each resource in it: what they read is no larger
-// than its bytes, its texts end where they end, and bytes behind a resource change nothing.
+// The readers of compiled resources, on each resource of a file: what they read is no larger than its bytes,
+// its texts end where they end, and bytes behind a resource change nothing.
 #include "Fuzz.h"
-#include "FuzzResources.h"
 
 #include <ResourceText.h>
+#include <dialogs/resource.h>
 #include <platform/user/DialogInit.h>
+#include <platform/user/ResourceFile.h>
+#include <vector>
+
+using fuzz::Require;
+using Bytes = std::span<const std::byte>;
 
 namespace
 {
 
-std::string InitText(fuzz::Bytes bytes)
+std::string InitText(Bytes bytes)
 {
     std::string text;
     for (const DialogInitEntry& entry : ReadDialogInit(bytes).value_or(std::vector<DialogInitEntry>()))
@@ -17,16 +22,16 @@ std::string InitText(fuzz::Bytes bytes)
     return text;
 }
 
-void TryOne(fuzz::Bytes bytes)
+void TryResource(Bytes bytes)
 {
     constexpr std::size_t mostOfOne = 32; // characters that a byte can become
     std::vector<std::byte> longer(bytes.begin(), bytes.end());
     longer.insert(longer.end(), 64, std::byte{'A'});
     for (const auto read : {test::MenuText, test::DialogText, InitText}) {
         const std::string text = read(bytes);
-        fuzz::Require(text.size() <= mostOfOne * bytes.size(), "a resource is larger than its bytes");
-        fuzz::Require(text.find('\0') == std::string::npos, "a text goes on behind its end");
-        fuzz::Require(text.empty() || text == read(longer), "bytes behind a resource change it");
+        Require(text.size() <= mostOfOne * bytes.size(), "a resource is larger than its bytes");
+        Require(text.find('\0') == std::string::npos, "a text goes on behind its end");
+        Require(text.empty() || text == read(longer), "bytes behind a resource change it");
     }
 }
 
@@ -35,10 +40,12 @@ void TryOne(fuzz::Bytes bytes)
 void fuzz::Try(std::string_view text)
 {
     const Bytes file = std::as_bytes(std::span(text));
-    TryOne(file);
-    ForEachResource(file, [&](ResourceType, int, Bytes found) {
-        Require(found.data() >= file.data() && found.data() + found.size() <= file.data() + file.size(),
-                "a resource lies outside its file");
-        TryOne(found);
-    });
+    for (const auto type : {ResourceType::Menu, ResourceType::Dialog, ResourceType::DialogInit}) {
+        for (const std::uint16_t id : {7, IDD_STYLE_ATLAS, IDD_CURVE_LAYOUT, IDR_STYLE_ATLAS_MENU}) {
+            const Bytes found = FindResource(file, type, id);
+            Require(found.empty() || (&found.front() >= &file.front() && &found.back() <= &file.back()),
+                    "a resource lies outside its file");
+            TryResource(found);
+        }
+    }
 }

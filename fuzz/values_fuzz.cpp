@@ -1,7 +1,6 @@
 // A registry value that names the layout file, of any type and any bytes, the type in the first of them: a
 // whole text is the path, all else gives the default, which then stands there.
 #include "Fuzz.h"
-#include "FuzzCatalogue.h"
 
 #include <TempPrefix.h>
 #include <cstring>
