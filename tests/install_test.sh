@@ -143,7 +143,7 @@ done
 version=$(moved/bin/atlas-host --version | cut -d ' ' -f 2)
 field() { dpkg-deb -f "packages/$1_${version}_$(dpkg --print-architecture).deb" "$2"; }
 mkdir -p root
-for name in libstyleatlas1 libstyleatlas-dev atlas-host; do
+for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev atlas-host; do
     package=packages/${name}_${version}_$(dpkg --print-architecture).deb
     dpkg-deb -c "$package" >>contents
     dpkg-deb -x "$package" "root/$name"
@@ -157,10 +157,52 @@ expect 'what can be executed' 'atlas-host' "$(find root/all -type f -perm /111 -
 expect 'the libraries for building' 'libstyleatlas.so' "$(find root/libstyleatlas-dev -name '*.so*' -printf '%f\n')"
 find root/libstyleatlas1 | grep -E '/include|\.cmake$|\.pc$' && fail 'the runtime package has files of the other'
 [[ $(field libstyleatlas1 Depends) =~ libc6.*libsqlite3-0 ]] || fail 'the runtime package lacks a dependency'
-for name in libstyleatlas-dev atlas-host; do
+[[ $(field libstyleatlas1 Depends) != *qt* ]] || fail 'the runtime package depends on Qt'
+expect 'what the runtime package recommends' libstyleatlas-editor "$(field libstyleatlas1 Recommends)"
+[[ $(field libstyleatlas-editor Depends) = *libqt6widgets6* ]] || fail 'the editor lacks a dependency'
+for name in libstyleatlas-editor libstyleatlas-dev atlas-host; do
     [[ $(field $name Depends) = "libstyleatlas1 (= $version)"* ]] || fail "$name does not depend on its libraries"
 done
 [[ $(field atlas-host Depends) = *libqt6widgets6* ]] || fail 'the program lacks a dependency'
 expect 'the soname' 'libstyleatlas.so.1' \
     "$(objdump -p "$(find root/libstyleatlas1 -name libstyleatlas.so.1)" | awk '$1 == "SONAME" { print $2 }')"
 expect 'the packaged program' "$(cat table.txt)" "$(LC_ALL=de_DE.UTF-8 root/all/usr/bin/atlas-host table 2>/dev/null)"
+
+# The package of the libraries alone, in a folder that has nothing else of the project. A display is named, which nobody
+# could use without the editor.
+library=$(realpath "$(find root/libstyleatlas1 -name libstyleatlas.so.1)")
+cat >bare.c <<'EOF'
+#include <stdio.h>
+#include <styleatlas.h>
+int main(void)
+{
+    uint32_t color;
+    int16_t number;
+    uint8_t flag;
+    StyleAtlasSetApplication(u"AirLab");
+    printf("%d", GetStyleAtlas(1, 12, 2, 0, 3, 1, &color, &number, &number, &number, &color, &number, &number, &flag));
+    for (int i = 0; i < 2; ++i)
+        printf(" %d", EditStyleAtlas(0));
+    return 0;
+}
+EOF
+cc -Imoved/include bare.c -o bare_host "$library" "-Wl,-rpath,${library%/*}"
+bare() { DISPLAY=:987 LC_ALL=C ./bare_host 2>bare.log; }
+rm "$layout"
+expect 'a host of the libraries alone' '1 -1 -1' "$(bare)"
+expect 'what it hears of the editor' 1 "$(grep -c 'no window can be shown: .*libstyleatlas-editor.so' bare.log)"
+printf damaged >"$layout"
+expect 'the same with a damaged file' '1 -1 -1' "$(bare)"
+expect 'its messages' 1,1 "$(grep -c 'no window' bare.log),$(grep -c '^Error: Cannot load' bare.log)"
+! LD_LIBRARY_PATH='' ldd "$library" | grep -i qt || fail 'the library needs Qt'
+
+shown() { # library
+    nm -D --defined-only "$(find root/libstyleatlas1 -name "$1")" | awk '{ print $3 }' | sed 's/@@/@/; /@/!s/.*/&@&/' | sort
+}
+listed() { # library
+    awk -v name="$1" '/^lib/ { on = $1 == name } on && /^ / { print $1 }' symbols | sort
+}
+dpkg-deb -I "packages/libstyleatlas1_${version}_$(dpkg --print-architecture).deb" symbols >symbols
+for name in libstyleatlas.so.1 libmensura.so.1 libglossa.so.1; do
+    expect "the symbols of $name" "$(shown $name)" "$(listed $name)"
+done
