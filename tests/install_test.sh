@@ -39,8 +39,8 @@ for compiler in gcc clang; do
     parses $compiler 'c++ -std=c++17' '#include <styleatlas.hpp>\nstatic_assert(styleatlas::Color{0x020304}.Red() == 4);'
     for misuse in 'StyleAtlasSetApplication(0)' '{ uint32_t c; int16_t s; uint8_t u;
         GetStyleAtlas(0, 1, 0, 0, STYLEATLAS_NO_DEVICE, 0, &c, &s, &s, &s, &c, &s, &s, &u); }'; do
-        ! parses $compiler c "#include <styleatlas.h>\nint main(void) { $misuse; return 0; }" 2>misuse.log ||
-            fail "$compiler has nothing to say of" "$misuse"
+        parses $compiler c "#include <styleatlas.h>\nint main(void) { $misuse; return 0; }" 2>misuse.log || true
+        grep -qE 'nonnull|unused-result' misuse.log || fail "$compiler has nothing to say of" "$misuse"
     done
 done
 
@@ -76,7 +76,6 @@ nm -D moved/bin/atlas-host | grep -q __stack_chk_fail || fail 'the stack of the 
 # A fresh table: the wind speed has the third shape, the second file the second colour.
 styled='symbol 3, size 10, fill 0, colour 0x002AA5; line 0, width 1, colour 0x002AA5, as the symbol: 0'
 examples=$work/moved/share/doc/libstyleatlas-dev/examples
-chmod -R a-w "$examples"
 cmake -S "$examples" -B found -DCMAKE_PREFIX_PATH="$work/moved" -DCMAKE_C_FLAGS="$warnings" \
     -DCMAKE_CXX_FLAGS="$warnings" >found.log
 cmake --build found >>found.log || fail "$(cat found.log)"
@@ -113,14 +112,14 @@ expect 'a message of the moved tree' "$message" "$(LC_ALL=de_DE.UTF-8 moved/bin/
 
 # The same on a display: only what has a window shows the message in one, and that window stays and ends as ever.
 cat >on_display.sh <<'EOF'
-without_window() { timeout 30 moved/bin/atlas-host "$@" 2>&1 >output || echo "status $?"; }
-without_window table
-without_window list data.csv
-without_window plot --png plot.png data.csv
-without_window layout check "$1"
+german() { exec env LC_ALL=de_DE.UTF-8 timeout 60 moved/bin/atlas-host "$@" 2>&1 >output; }
+for words in table 'list data.csv' 'plot --png plot.png data.csv' "layout check $1"; do
+    # shellcheck disable=SC2086
+    (german $words) || echo "status $?"
+done
 matchbox-window-manager 2>manager.log &
 search() { timeout 30 xdotool search --sync --onlyvisible --name "$1"; }
-timeout 60 moved/bin/atlas-host window data.csv 2>&1 &
+german window data.csv &
 program=$!
 xdotool windowactivate --sync "$(search '^Fehler$')" key Return
 sleep 1
@@ -133,7 +132,7 @@ expect 'the messages on a display' "$message
 $message
 $message
 status 1
-the window: 0" "$(LC_ALL=de_DE.UTF-8 xvfb-run --auto-servernum --server-args=-noreset bash on_display.sh "$layout")"
+the window: 0" "$(xvfb-run --auto-servernum --server-args=-noreset bash on_display.sh "$layout")"
 gunzip -c moved/share/man/man1/atlas-host.1.gz | sed 's/\\-/-/g' >man_page
 for word in $(moved/bin/atlas-host --help | grep -oE '^  (--)?[a-z]+( [a-z]+)?'); do
     grep -q -- "$word" man_page || fail "the man page has nothing of $word"
