@@ -14,10 +14,13 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE RelWithDebInfo)
 endif()
 
+# Errors in the presets alone (CMAKE_COMPILE_WARNING_AS_ERROR): another compiler may know more warnings.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow)
-# A compiler that knows more warnings builds the project with --compile-no-warning-as-error.
-if(NOT DEFINED CMAKE_COMPILE_WARNING_AS_ERROR)
-  set(CMAKE_COMPILE_WARNING_AS_ERROR ON)
+# A function of a library can be inlined where it is called in the same library, and a library that is closed can be
+# unloaded: no symbol of it is held unique in the process.
+add_compile_options(-fno-semantic-interposition)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
 endif()
 # The order of the search is the loader's: the library path first, then beside the library.
 add_link_options(-Wl,--enable-new-dtags)
@@ -25,4 +28,11 @@ add_link_options(-Wl,--enable-new-dtags)
 if(STYLEATLAS_SANITIZE)
   add_compile_options(-fsanitize=${STYLEATLAS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${STYLEATLAS_SANITIZE})
+elseif(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$")
+  # What is given to users is hardened. The checks of the C library's calls need optimised code, and sanitizers have
+  # their own.
+  add_compile_options(-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  add_link_options(-Wl,-z,relro,-z,now)
+  include(CheckPIESupported)
+  check_pie_supported()
 endif()

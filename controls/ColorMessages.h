@@ -4,8 +4,9 @@
 
 #include <windows.h>
 
-extern UINT g_msgSelChange;    // the hot cell moved, and stands for this colour
-extern UINT g_msgDropdown;     // the button opened the popup
-extern UINT g_msgCloseUp;      // the popup has ended
-extern UINT g_msgSelEndOK;     // the popup ended with a choice
-extern UINT g_msgSelEndChange; // the popup ended without a choice; the colour is that at its opening
+AFX_EXT_DATA extern UINT g_msgSelChange; // the hot cell moved, and stands for this colour
+AFX_EXT_DATA extern UINT g_msgDropdown;  // the button opened the popup
+AFX_EXT_DATA extern UINT g_msgCloseUp;   // the popup has ended
+AFX_EXT_DATA extern UINT g_msgSelEndOK;  // the popup ended with a choice
+AFX_EXT_DATA extern UINT
+    g_msgSelEndChange; // the popup ended without a choice; the colour is that at its opening

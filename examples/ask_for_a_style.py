@@ -2,9 +2,10 @@
 """Asks the style atlas how a curve is drawn, and prints the eight values in words."""
 import argparse
 import ctypes
-import ctypes.util
+import os
 import sys
 from ctypes import POINTER, byref, c_int, c_int16, c_uint8, c_uint16, c_uint32
+from pathlib import Path
 
 SHAPES = ("none", "cross", "triangle", "triangle, point down", "square", "plus", "asterisk", "diamond", "circle",
           "point")
@@ -25,11 +26,24 @@ def utf16(text):
     return (c_uint16 * (len(data) // 2)).from_buffer_copy(data)
 
 
+def make_layout_folder(host):
+    """Makes the folder of the host's layout file. Without it the styles are told, but cannot be saved."""
+    data = os.environ.get("XDG_DATA_HOME", "")
+    data = Path(data) if os.path.isabs(data) else Path.home() / ".local/share"
+    prefix = Path(os.environ.get("STYLEATLAS_PREFIX") or data / "styleatlas")
+    try:
+        prefix.parent.mkdir(parents=True, exist_ok=True)
+        prefix.mkdir(mode=0o700, exist_ok=True)
+        (prefix / "drive_c/ProgramData/Halvorn" / host).mkdir(parents=True, exist_ok=True)
+    except OSError as error:
+        print(error, file=sys.stderr)
+
+
 def load(path):
-    name = path or ctypes.util.find_library("styleatlas")
-    if name is None:
-        sys.exit("libstyleatlas is not installed; --library names the file")
-    library = ctypes.CDLL(name)
+    try:
+        library = ctypes.CDLL(path)
+    except OSError as error:
+        sys.exit(f"{error}; --library names the file")
     library.StyleAtlasSetApplication.argtypes = [POINTER(c_uint16)]
     library.StyleAtlasSetApplication.restype = None
     library.GetStyleAtlas.argtypes = [kind for kind, _ in ASKED] + [POINTER(kind) for kind, _ in TOLD]
@@ -50,13 +64,15 @@ def in_words(name, value):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--library", metavar="FILE", help="libstyleatlas.so, if it is not where libraries are")
+    parser.add_argument("--library", metavar="FILE", default="libstyleatlas.so.1",
+                        help="the library, if it is not where libraries are (%(default)s)")
     parser.add_argument("--host", default="AirLab", help="the name under which to ask (%(default)s)")
     for _, name in ASKED:
         parser.add_argument(name, type=lambda text: int(text, 0))
     arguments = parser.parse_args()
 
     library = load(arguments.library)
+    make_layout_folder(arguments.host)
     library.StyleAtlasSetApplication(utf16(arguments.host))
     values = [kind() for kind, _ in TOLD]
     if not library.GetStyleAtlas(*(getattr(arguments, name) for _, name in ASKED), *map(byref, values)):

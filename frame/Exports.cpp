@@ -1,8 +1,9 @@
 // The functions that a host calls. Each switches to the module's state and binds the unit library before it
-// does its own work, and lets no exception through to a host that could not catch it.
+// does its own work, and lets no exception through to a host that could not catch it. Once the module's
+// objects are gone, which a host that is ending can outlive, a call does nothing.
 #include "ModuleObjects.h"
 
-#include <dialogs/StyleAtlasDialog.h>
+#include <dialogs/EditorModule.h>
 #include <include/styleatlas.h>
 #include <model/StyleAtlasLookup.h>
 
@@ -34,6 +35,8 @@ const TCHAR* SubKeyOf(const TCHAR* hostName)
 // comes out of it, of whatever kind: the unit library's can be any.
 template <class Result, class Body> Result RunExport(Result failure, Body body)
 {
+    if (AfxGetStaticModuleState()->m_bEnding) [[unlikely]]
+        return failure;
     AFX_MANAGE_STATE(AfxGetStaticModuleState());
     try {
         g_App.BindUnitLibrary();
@@ -65,11 +68,9 @@ extern "C" {
 int EditStyleAtlas(uintptr_t parentWindow)
 {
     return RunExport(dialogNotShown, [=] {
-        k_StyleAtlasDialog dialog(CWnd::FromHandle(reinterpret_cast<HWND>(parentWindow)));
-        const INT_PTR result = dialog.DoModal();
-        if (result == IDOK)
-            g_StyleAtlas.Assign(dialog.m_Atlas);
-        return static_cast<int>(result);
+        const auto run =
+            reinterpret_cast<k_PfnRunEditor>(GetProcAddress(AfxLoadLibrary(k_EditorModule), k_EditorEntry));
+        return run != nullptr ? static_cast<int>(run(reinterpret_cast<HWND>(parentWindow))) : dialogNotShown;
     });
 }
 

@@ -7,4 +7,4 @@
 #include <model/Language.h>
 #include <model/StyleAtlas.h>
 
-extern CStyleAtlasApp g_App;
+AFX_EXT_DATA extern CStyleAtlasApp g_App;

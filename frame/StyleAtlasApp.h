@@ -12,7 +12,7 @@ using k_PfnGetName = FARPROC;
 using k_PfnGetQuantities = void(WINAPI*)(WORD*& devices, WORD*& quantities, int*& subQuantities,
                                          WORD*& indexes, DWORD*& flags, int& count);
 
-class CStyleAtlasApp : public CWinApp
+class AFX_EXT_CLASS CStyleAtlasApp : public CWinApp
 {
 public:
     CStyleAtlasApp() = default;

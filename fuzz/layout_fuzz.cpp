@@ -1,22 +1,17 @@
-// The reader of the layout file on any bytes at all: what it takes in has to come back from a second reading
-// of what it writes, and what it refuses must do no harm.
+// The reader of the layout file: what it takes in has to come back from a second reading of what it writes,
+// what it refuses must do no harm, and the sample host's reader has to see the same.
+#include "Fuzz.h"
 #include "FuzzCatalogue.h"
 
 #include <LayoutBytes.h>
-#include <cstdio>
-#include <cstdlib>
+#include <host/LayoutFile.h>
+#include <map>
 #include <system/MessageDoor.h>
 
 namespace
 {
 
-void Require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "layout-fuzz: %s\n", what);
-    std::abort();
-}
+using fuzz::Require;
 
 // A file that the reader refuses raises an exception of the framework's; any other ends the run.
 bool IsTaken(k_StyleAtlas& atlas, std::string_view bytes)
@@ -47,28 +42,53 @@ void RequireRoundTrip(k_StyleAtlas& atlas)
     Require(test::BytesOf(again) == written, "the second file differs from the first");
 }
 
-} // namespace
-
-extern "C" {
-
-// What the fuzzer calls; the linker has to see them.
-[[gnu::visibility("default")]] int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/)
+atlashost::LayoutRecord Seen(const k_LineDef& held)
 {
-    SetMessageDoor([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
-    test::SetUnits(fuzz::CatalogueEntries());
-    return 0;
+    return {held.Reserved,
+            {held.SymbolColor, held.SymbolShape, held.SymbolSize, held.SymbolFill, held.LineColor,
+             held.LineStyle, held.LineWidth, static_cast<std::uint8_t>(held.UseSymbolColor)}};
 }
 
-[[gnu::visibility("default")]] int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void RequireSame(const atlashost::LayoutFile& file, const k_StyleAtlas& atlas)
 {
+    Require(file.Version() == atlas.Version && file.ColumnCount() == atlas.ColumnCount, "the heads differ");
+    std::map<atlashost::RowIdentity, const atlashost::LayoutRow*> lastRows;
+    for (const atlashost::LayoutRow& row : file.Rows())
+        lastRows[row.identity] = &row;
+    for (const auto& [identity, row] : lastRows) {
+        const QuantityKey key{identity.quantity, identity.subQuantity, identity.index, identity.device,
+                              identity.flags};
+        QuantityKey heldKey;
+        const k_QuantityDesc* const held = atlas.GetRow(atlas.FindRow(key));
+        Require(held != nullptr && held->GetKey(heldKey) && heldKey == key &&
+                    held->Styles.GetSize() == static_cast<INT_PTR>(row->recordCount) &&
+                    held->Level == row->level && held->ReservedFlag == row->reservedFlag,
+                "the rows differ");
+        for (std::size_t i = 0; i < row->recordCount; ++i)
+            Require(file.RecordOf(*row, i) == Seen(*held->Styles.GetAt(static_cast<INT_PTR>(i))),
+                    "the records differ");
+    }
+}
+
+} // namespace
+
+void fuzz::Try(std::string_view bytes)
+{
+    static const bool isPrepared = [] {
+        SetMessageDoor([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
+        test::SetUnits(CatalogueEntries());
+        return true;
+    }();
+    static_cast<void>(isPrepared);
     k_StyleAtlas atlas;
     BuildFresh(atlas);
     const INT_PTR catalogueRows = atlas.Rows.GetSize();
-    IsTaken(atlas, {reinterpret_cast<const char*>(data), size}); // or refused
+    const bool isTaken = IsTaken(atlas, bytes);
     Require(atlas.Rows.GetSize() >= catalogueRows, "a row of the catalogue is gone");
+    const atlashost::LayoutFile file{std::string(bytes)};
+    Require(isTaken == !file.Damage(), "one reader takes what the other refuses");
+    if (isTaken)
+        RequireSame(file, atlas);
     // What a refused file left behind is a table as good as any.
     RequireRoundTrip(atlas);
-    return 0;
 }
-
-} // extern "C"

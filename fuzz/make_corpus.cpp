@@ -1,5 +1,5 @@
-// Writes the seeds of the layout fuzzer into a folder: a whole file of each shape that the reader tells
-// apart.
+// Writes seeds into a folder, a folder in it for each fuzzer: whole files of each shape that a reader tells
+// apart, made by the calls that write such files.
 #include "FuzzCatalogue.h"
 
 #include <LayoutBytes.h>
@@ -14,7 +14,7 @@ struct Seed {
     void (*Apply)(k_StyleAtlas&);
 };
 
-constexpr Seed seeds[] = {
+constexpr Seed layouts[] = {
     {"catalogue", [](k_StyleAtlas& atlas) { atlas.ApplyDefaultStyles(); }},
     {"no-rows", [](k_StyleAtlas& atlas) { atlas.Clear(); }},
     {"unknown-row", [](k_StyleAtlas& atlas) { atlas.AddRow({.Quantity = 900, .Index = 3}, 2); }},
@@ -28,6 +28,44 @@ constexpr Seed seeds[] = {
     {"many-columns", [](k_StyleAtlas& atlas) { atlas.ColumnCount = 4000000000; }},
 };
 
+using namespace std::string_literals;
+using Folder = std::filesystem::path;
+
+void MakeLayouts(const Folder& folder)
+{
+    test::SetUnits(fuzz::CatalogueEntries());
+    for (const Seed& seed : layouts) {
+        k_StyleAtlas atlas;
+        atlas.BuildCatalogue();
+        seed.Apply(atlas);
+        test::WriteWhole(folder / seed.Name, test::BytesOf(atlas));
+    }
+}
+
+// A value begins with a byte that is its type.
+void MakeValues(const Folder& folder)
+{
+    for (const std::u16string& text : {u"C:\\a\\Style.Atlas"s, u"/a/\xD83D\xDE00"s,
+                                       std::u16string(1023, u'a'), std::u16string(1024, u'a')}) {
+        const std::string bytes(reinterpret_cast<const char*>(text.c_str()), 2 * text.size() + 2);
+        for (const char type : {REG_SZ, REG_EXPAND_SZ}) {
+            const std::string name = std::to_string(text.size()) + '-' + std::to_string(type);
+            test::WriteWhole(folder / name, type + bytes);
+        }
+    }
+}
+
+void MakeRegistry(const Folder& folder)
+{
+    const test::TempPrefix prefix;
+    k_StyleAtlas atlas;
+    for (const LPCTSTR key : {_T("S-1\\Other"), _T("S-1\\Any"), _T("S-2\\Any")}) {
+        atlas.RegistryPath = key;
+        atlas.SetFilePath(_T("C:\\a\\Style.Atlas"));
+    }
+    std::filesystem::copy(prefix.Path() / "registry.db", folder / "keys");
+}
+
 } // namespace
 
 // A folder that can't be written to ends it.
@@ -37,12 +75,12 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: make-corpus <folder>\n");
         return EXIT_FAILURE;
     }
-    test::SetUnits(fuzz::CatalogueEntries());
-    for (const Seed& seed : seeds) {
-        k_StyleAtlas atlas;
-        atlas.BuildCatalogue();
-        seed.Apply(atlas);
-        test::WriteWhole(std::filesystem::path(argv[1]) / seed.Name, test::BytesOf(atlas));
-    }
+    const auto made = [&](const char* name) {
+        std::filesystem::create_directories(Folder(argv[1]) / name);
+        return Folder(argv[1]) / name;
+    };
+    MakeLayouts(made("layout"));
+    MakeValues(made("values"));
+    MakeRegistry(made("registry"));
     return EXIT_SUCCESS;
 }

@@ -1,6 +1,6 @@
 // Commands.h: what the program can do. Each command prints on standard output, tells what is wrong on
 // standard error, and returns the program's exit status. The host has named itself before, but for the
-// commands on layout files, which do without the style atlas.
+// commands on layout files and their folder, which do without the style atlas.
 #pragma once
 
 #include <cstdint>
@@ -36,20 +36,23 @@ struct PlotTarget {
     int height = 0;
 };
 
-// Draws the curves of the files, a panel for each quantity, in the styles that the style atlas gives. Throws
-// std::runtime_error where the picture cannot be written.
+// Draws the curves of the files, a panel for each quantity, in the styles that the style atlas gives. A
+// window wants the Desktop. Throws std::runtime_error where the picture cannot be written.
 int PlotCurves(std::span<const char* const> paths, const PlotTarget& target);
 
 // Shows every quantity of the unit library and how it is drawn in one file column.
 int ShowTable(std::int16_t fileColumn);
 
 // Shows the files in a window, in which more of them can be opened and the styles be edited, until the user
-// closes it.
+// closes it. Wants the Desktop.
 int ShowWindow(std::string_view hostName, std::span<const char* const> paths);
 
 // Shows the editor of the styles alone. Returns Succeeded after OK, Cancelled after Cancel, and Failed where
 // it cannot be shown.
 int ShowEditor();
+
+// Makes the folder of the host's layout file, and prints it. Throws std::filesystem::filesystem_error.
+int PrepareFolder(std::string_view hostName);
 
 // Prints what stands in layout files; of a damaged one what stands before the damage.
 int ShowLayouts(std::span<const char* const> paths);

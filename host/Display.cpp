@@ -38,6 +38,12 @@ bool HasDisplay()
     });
 }
 
+void ForgetDisplay()
+{
+    for (const char* const name : DisplayVariables)
+        unsetenv(name);
+}
+
 void EndWhereQtWouldAbort()
 {
     qInstallMessageHandler(ExitOnFatal);

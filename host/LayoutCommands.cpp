@@ -3,6 +3,7 @@
 #include "InputFiles.h"
 #include "LayoutFile.h"
 #include "LayoutWords.h"
+#include "SettingsFolder.h"
 #include "Text.h"
 #include "WholeFile.h"
 
@@ -95,6 +96,13 @@ int ShowLayouts(std::span<const char* const> paths)
 int CheckLayouts(std::span<const char* const> paths)
 {
     return ForEachLayout(paths, CheckLayout);
+}
+
+int PrepareFolder(std::string_view hostName)
+{
+    CreateSettingsFolder(hostName);
+    std::cout << std::filesystem::absolute(SettingsFolder(hostName)).native() << '\n';
+    return Succeeded;
 }
 
 } // namespace atlashost

@@ -21,7 +21,8 @@ std::string SymbolOf(const RowIdentity& identity)
     const std::string symbol = ToUtf8(
         MensuraGetSymbolW(identity.quantity, identity.subQuantity, identity.flags,
                           static_cast<std::uint16_t>(identity.device), identity.index, MENSURA_SYMBOL));
-    return symbol == "#" + std::to_string(identity.quantity) ? std::string{} : Printable(symbol);
+    const bool isKnown = symbol != std::string{"#"}.append(std::to_string(identity.quantity));
+    return isKnown ? Printable(symbol) : std::string{};
 }
 
 // The highest byte of a colour has no meaning.

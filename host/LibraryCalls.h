@@ -9,10 +9,6 @@
 namespace atlashost
 {
 
-// What the editor returns beside its failure.
-constexpr int EditorOk = 1;
-constexpr int EditorCancelled = 2;
-
 struct LibraryCalls {
     int (*edit)(std::uintptr_t parentWindow) = EditStyleAtlas;
     void (*reload)() = ReloadStyleAtlas;

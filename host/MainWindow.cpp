@@ -182,9 +182,9 @@ void MainWindow::EditStyles()
 {
     int result = 0;
     CallLibrary([&] { result = m_calls.edit(winId()); });
-    if (result == EditorOk)
+    if (result == STYLEATLAS_EDIT_OK)
         ShowNewStyles("The new styles are in force.");
-    else if (result != EditorCancelled)
+    else if (result != STYLEATLAS_EDIT_CANCELLED)
         Warn("The editor of the styles cannot be shown.");
 }
 

@@ -4,6 +4,8 @@
 #include "StyleWords.h"
 #include "Text.h"
 
+#include "styleatlas.h"
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -20,6 +22,7 @@ const char* const Usage =
        atlas-host [options] table
        atlas-host [options] window [FILE.csv...]
        atlas-host [options] edit
+       atlas-host [options] prepare
        atlas-host layout show FILE...
        atlas-host layout check FILE...
        atlas-host layout diff OLD NEW
@@ -31,6 +34,7 @@ Shows how the curves of measured data are drawn.
   table                 all quantities of the unit library, in one file column
   window [FILE.csv...]  a window with the curves, from which the styles can be edited
   edit                  the editor of the styles alone
+  prepare               makes the folder of the host's layout file, and prints it
 
   layout show FILE...   what stands in layout files
   layout check FILE...  whether they are good, or where they are damaged and how
@@ -42,6 +46,8 @@ Shows how the curves of measured data are drawn.
   --size WxH            the size of that picture in pixels, each 100 to 8192 (one that suits the plot)
   --help                show this text
   --version             show the version
+
+What list, plot --png, table, prepare and layout have to tell goes to standard error, with a display too.
 
 Exit status: 0 where all went well; 1 where something could not be read, written or shown, or a layout file
 is damaged; 2 where the command line was not understood. The command edit ends with 0 after OK and 3 after
@@ -75,9 +81,10 @@ std::int16_t ParseColumn(std::string_view text)
 {
     std::int16_t column = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), column);
-    if (error != std::errc{} || stop != text.data() + text.size() || column < 0 || column >= FileColumns)
-        throw UsageError{"--column takes a number from 0 to " + std::to_string(FileColumns - 1) + ", not \"" +
-                         Printable(text) + "\""};
+    if (error != std::errc{} || stop != text.data() + text.size() || column < 0 ||
+        column >= STYLEATLAS_FILE_COLUMNS)
+        throw UsageError{"--column takes a number from 0 to " + std::to_string(STYLEATLAS_FILE_COLUMNS - 1) +
+                         ", not \"" + Printable(text) + "\""};
     return column;
 }
 
@@ -111,6 +118,7 @@ constexpr Command Commands[] = {
     {"table", Action::Table, 0, 0},
     {"window", Action::Window, 0, AnyNumber},
     {"edit", Action::Edit, 0, 0},
+    {"prepare", Action::Prepare, 0, 0},
     {"layout show", Action::ShowLayout, 1, AnyNumber},
     {"layout check", Action::CheckLayout, 1, AnyNumber},
     {"layout diff", Action::CompareLayouts, 2, 2},
@@ -129,7 +137,7 @@ void ReadCommand(std::span<const char* const> words, Options& options)
     std::string name = words.front();
     if (words.size() > 1 && name == GroupOfCommands) {
         words = words.subspan(1);
-        name += " " + std::string{words.front()};
+        name.append(" ").append(words.front());
     }
     const auto command = std::ranges::find(Commands, name, &Command::words);
     if (command == std::ranges::end(Commands))

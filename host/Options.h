@@ -11,7 +11,19 @@
 namespace atlashost
 {
 
-enum class Action { List, Plot, Table, Window, Edit, ShowLayout, CheckLayout, CompareLayouts, Help, Version };
+enum class Action {
+    List,
+    Plot,
+    Table,
+    Window,
+    Edit,
+    Prepare,
+    ShowLayout,
+    CheckLayout,
+    CompareLayouts,
+    Help,
+    Version
+};
 
 struct Options {
     Action action = Action::Help;

@@ -8,7 +8,7 @@
 #include "PlotPainter.h"
 #include "PlotWindow.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -48,20 +48,15 @@ void DrawIntoFile(const Plot& plot, const PlotTarget& target)
 
 void ShowWindow(const Plot& plot)
 {
-    const Desktop desktop;
     PlotWindow window{plot};
     window.show();
-    desktop.Run();
+    QApplication::exec();
 }
 
 } // namespace
 
 int PlotCurves(std::span<const char* const> paths, const PlotTarget& target)
 {
-    if (target.png == nullptr && !HasDisplay()) {
-        Tell("there is no display to show the plot on; --png FILE writes it into a file");
-        return Failed;
-    }
     const Plot plot = ReadPlot(paths, Tell);
     if (plot.panels.empty()) {
         Tell("there is no curve to plot");

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace atlashost
@@ -23,7 +24,7 @@ std::filesystem::path FromEnvironment(const char* name)
 
 std::filesystem::path Home()
 {
-    if (std::filesystem::path home = FromEnvironment("HOME"); !home.empty())
+    if (std::filesystem::path home = FromEnvironment("HOME"); home.is_absolute())
         return home;
     const passwd* const user = getpwuid(getuid());
     return user == nullptr ? "/" : user->pw_dir;
@@ -57,6 +58,10 @@ std::filesystem::path SettingsFolder(std::string_view hostName)
 
 void CreateSettingsFolder(std::string_view hostName)
 {
+    const std::filesystem::path prefix = Prefix();
+    if (prefix.has_parent_path())
+        std::filesystem::create_directories(prefix.parent_path());
+    mkdir(prefix.c_str(), S_IRWXU); // what is wrong comes out below
     std::filesystem::create_directories(SettingsFolder(hostName));
 }
 

@@ -16,7 +16,8 @@ bool IsHostName(std::string_view name);
 // that styleatlas.h tells. The host's name is a valid one.
 std::filesystem::path SettingsFolder(std::string_view hostName);
 
-// Makes the folder and those above it, where they are missing. Throws std::filesystem::filesystem_error.
+// Makes the folder and those above it, where they are missing; the prefix for the user alone, as the style
+// atlas makes it. Throws std::filesystem::filesystem_error.
 void CreateSettingsFolder(std::string_view hostName);
 
 } // namespace atlashost

@@ -56,8 +56,8 @@ struct Rgb {
 
 constexpr Rgb Parts(std::uint32_t color)
 {
-    return {static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-            static_cast<int>((color >> 16) & 0xFF)};
+    return {static_cast<int>(STYLEATLAS_RED(color)), static_cast<int>(STYLEATLAS_GREEN(color)),
+            static_cast<int>(STYLEATLAS_BLUE(color))};
 }
 
 std::string Hex(std::uint32_t color)
@@ -128,7 +128,7 @@ std::optional<CurveStyle> StyleOf(std::int16_t fileColumn, const MeasuredQuantit
     if (GetStyleAtlas(fileColumn, quantity.quantity, quantity.subQuantity, quantity.index, quantity.device,
                       quantity.flags, &style.symbolColor, &style.symbolShape, &style.symbolSize,
                       &style.symbolFill, &style.lineColor, &style.lineStyle, &style.lineWidth,
-                      &style.useSymbolColor) == 0)
+                      &style.useSymbolColor) == STYLEATLAS_NOT_FOUND)
         return std::nullopt;
     return style;
 }

@@ -10,8 +10,6 @@
 namespace atlashost
 {
 
-constexpr std::int16_t FileColumns = 32; // file columns that the style atlas answers for
-
 struct CurveStyle {
     std::uint32_t symbolColor = 0; // red in the lowest byte, then green, then blue
     std::int16_t symbolShape = 0;

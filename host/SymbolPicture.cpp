@@ -165,9 +165,8 @@ SymbolPicture MakeSymbolPicture(const CurveStyle& style)
 
 QColor ToQColor(std::uint32_t color)
 {
-    constexpr std::uint32_t Byte = 0xFF;
-    return {static_cast<int>(color & Byte), static_cast<int>(color >> 8 & Byte),
-            static_cast<int>(color >> 16 & Byte)};
+    return {static_cast<int>(STYLEATLAS_RED(color)), static_cast<int>(STYLEATLAS_GREEN(color)),
+            static_cast<int>(STYLEATLAS_BLUE(color))};
 }
 
 } // namespace atlashost

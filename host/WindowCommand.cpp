@@ -12,26 +12,21 @@ namespace atlashost
 
 int ShowWindow(std::string_view hostName, std::span<const char* const> paths)
 {
-    if (!HasDisplay()) {
-        Tell("there is no display to show the window on");
-        return Failed;
-    }
-    const Desktop desktop;
     MainWindow window{QString::fromUtf8(hostName.data(), static_cast<qsizetype>(hostName.size()))};
     window.AddFiles({paths.begin(), paths.end()});
     window.show();
-    desktop.Run();
+    QApplication::exec();
     return Succeeded;
 }
 
-// No application object of Qt is made here: most hosts know nothing of Qt, and the style atlas then has to
-// bring its own and tell for itself whether there is a display.
+// No application object of Qt is made here: the style atlas brings its own, and tells for itself whether
+// there is a display.
 int ShowEditor()
 {
     switch (EditStyleAtlas(0)) {
-    case EditorOk:
+    case STYLEATLAS_EDIT_OK:
         return Succeeded;
-    case EditorCancelled:
+    case STYLEATLAS_EDIT_CANCELLED:
         return Cancelled;
     default:
         Tell(HasDisplay() ? "the editor cannot be shown; does the display answer?"

@@ -1,6 +1,7 @@
 // atlas-host: a measurement host. It reads files of measured data, knows the quantities from the unit
 // library, and asks the style atlas how each curve is drawn.
 #include "Commands.h"
+#include "Display.h"
 #include "InputFiles.h"
 #include "Options.h"
 #include "SettingsFolder.h"
@@ -12,6 +13,7 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +21,12 @@ namespace atlashost
 {
 namespace
 {
+
+bool HasWindow(const Options& options)
+{
+    return options.action == Action::Window ||
+           (options.action == Action::Plot && options.plot.png == nullptr);
+}
 
 // Without the folder a layout cannot be saved; the styles are shown all the same.
 void PrepareSettings(std::string_view hostName)
@@ -30,9 +38,22 @@ void PrepareSettings(std::string_view hostName)
     }
 }
 
-// A command that the style atlas answers.
+// A command that the style atlas answers. The editor alone goes without an application object of the
+// program's own, as in the many hosts that know nothing of Qt.
 int RunAsHost(const Options& options)
 {
+    std::optional<Desktop> desktop;
+    if (HasWindow(options)) {
+        if (!HasDisplay()) {
+            Tell(options.action == Action::Window
+                     ? "there is no display to show the window on"
+                     : "there is no display to show the plot on; --png FILE writes it into a file");
+            return Failed;
+        }
+        desktop.emplace();
+    } else if (options.action != Action::Edit) {
+        ForgetDisplay();
+    }
     PrepareSettings(options.hostName);
     StyleAtlasSetApplication(ToUtf16(options.hostName).c_str());
     switch (options.action) {
@@ -58,6 +79,8 @@ int Run(const Options& options)
     case Action::Version:
         std::cout << ProgramName << " " ATLAS_HOST_VERSION "\n";
         return Succeeded;
+    case Action::Prepare:
+        return PrepareFolder(options.hostName);
     case Action::ShowLayout:
         return ShowLayouts(options.files);
     case Action::CheckLayout:

@@ -3,5 +3,5 @@
 
 #include <afxstr.h>
 
-extern CString g_ApplicationName; // letter for letter
-extern CString g_RegistryPath;    // the registry subkey that this name chose
+AFX_EXT_DATA extern CString g_ApplicationName; // letter for letter
+AFX_EXT_DATA extern CString g_RegistryPath;    // the registry subkey that this name chose

@@ -3,7 +3,7 @@
 
 #include <Glossa.h>
 
-extern k_GlossaW g_Language;
+AFX_EXT_DATA extern k_GlossaW g_Language;
 
 // The section of the module's texts.
 inline constexpr const TCHAR* k_LanguageSection = _T("Styleatlas");

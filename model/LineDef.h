@@ -6,7 +6,7 @@
 class CDC;
 
 // A symbol and a line. The record checks nothing: any value that a layout file holds stands in it.
-class k_LineDef : public CObject
+class AFX_EXT_CLASS k_LineDef : public CObject
 {
 public:
     k_LineDef() = default;

@@ -7,7 +7,7 @@
 
 // The list deletes the records that it holds when it is cleared or destroyed. One that only selects records
 // of others is emptied with CPtrArray::SetSize(0, -1) first. A selection can hold nulls.
-class k_LineDefList : public CTypedPtrArray<CPtrArray, k_LineDef*>
+class AFX_EXT_CLASS k_LineDefList : public CTypedPtrArray<CPtrArray, k_LineDef*>
 {
 public:
     k_LineDefList() = default;

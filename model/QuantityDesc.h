@@ -8,7 +8,7 @@
 // reached.
 constexpr int k_MaxFileColumns = 32;
 
-class k_QuantityDesc : public CObject
+class AFX_EXT_CLASS k_QuantityDesc : public CObject
 {
 public:
     k_QuantityDesc() = default; // no device; for the reader of the layout file, which fills the row at once

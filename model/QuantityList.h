@@ -4,7 +4,7 @@
 #include "QuantityDesc.h"
 
 // Holds the rows for the atlas that owns them, and deletes none.
-class k_QuantityList : public CPtrArray
+class AFX_EXT_CLASS k_QuantityList : public CPtrArray
 {
 public:
     k_QuantityList() = default;

@@ -9,7 +9,7 @@
 // The table and what is done with it as a whole. The atlas owns its rows; the pointers that it hands out stay
 // its own and are good until the rows are replaced. A slot of Rows can be empty, and everything that walks
 // the table passes over such a slot. A failed allocation raises the memory exception.
-class k_StyleAtlas : public CObject
+class AFX_EXT_CLASS k_StyleAtlas : public CObject
 {
 public:
     k_StyleAtlas() = default;
@@ -116,4 +116,4 @@ private:
     void ReadFilePath();
 };
 
-extern k_StyleAtlas g_StyleAtlas; // the module's table, which answers the host
+AFX_EXT_DATA extern k_StyleAtlas g_StyleAtlas; // the module's table, which answers the host

@@ -16,12 +16,12 @@ struct k_UnitQuantities {
 
 // The quantities that the unit library reports at this moment; an empty list where the library is not bound
 // or lacks the entry point.
-k_UnitQuantities GetUnitQuantities();
+AFX_EXT_API k_UnitQuantities GetUnitQuantities();
 
 // What a quantity's text is wanted for.
 enum k_UnitSymbolMode { unitSymbolForLabel = 0, unitSymbolForLog = 1 };
 
 // The text that the unit library shows for a quantity, or for a group of them; an empty text where the
 // library is not bound or lacks the entry point. A failed allocation raises the memory exception.
-CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
-                      k_UnitSymbolMode mode);
+AFX_EXT_API CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
+                                  k_UnitSymbolMode mode);

@@ -1,4 +1,4 @@
-# The Debian packages: the libraries, what is needed to build against them, and the sample host.
+# The Debian packages: the libraries, the editor, what is needed to build against them, and the sample host.
 set(maintainer "Style Atlas developers <developers@styleatlas.invalid>")
 
 set(CPACK_GENERATOR DEB)
@@ -9,10 +9,11 @@ set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/OpenFolders.cmake)
 
-set(CPACK_COMPONENTS_ALL runtime development host)
+set(CPACK_COMPONENTS_ALL runtime editor development host)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_COMPONENT_EDITOR_DEPENDS runtime)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
-set(CPACK_COMPONENT_HOST_DEPENDS runtime)
+set(CPACK_COMPONENT_HOST_DEPENDS runtime editor)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
@@ -23,13 +24,16 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 # What the libraries need is read from them. They need each other, and no package that is installed has them yet.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
+  ${CMAKE_LIBRARY_OUTPUT_DIRECTORY} ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/${STYLEATLAS_PRIVATE_NAME})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libstyleatlas${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/triggers)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS libstyleatlas-editor)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
+  ${CMAKE_CURRENT_LIST_DIR}/triggers ${CMAKE_CURRENT_LIST_DIR}/symbols)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
 "styles of the curves of measured data - shared libraries
 The style atlas says, for every measured quantity and every file column, how
@@ -38,6 +42,17 @@ loads it and asks.
 
 This package has the shared libraries, the catalogue of quantities and the
 translations.")
+
+set(CPACK_DEBIAN_EDITOR_PACKAGE_NAME libstyleatlas-editor)
+set(CPACK_DEBIAN_EDITOR_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_EDITOR_DESCRIPTION
+"styles of the curves of measured data - editor
+The style atlas says, for every measured quantity and every file column, how
+its curve is drawn: by which symbol and by which line.
+
+This package has the windows of the library: the dialogs in which a user
+changes the styles, and the message boxes. Without it programs get their
+styles all the same, and messages go to standard error.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libstyleatlas-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)

@@ -49,7 +49,7 @@ TEST(HostWindow, DoesWhatItsMenusSay)
         delete window.findChild<QMessageBox*>();
         reload->trigger();
         EXPECT_EQ(picture(), before) << answer;
-        answer = answer == -1 ? EditorOk : EditorCancelled;
+        answer = answer == -1 ? STYLEATLAS_EDIT_OK : STYLEATLAS_EDIT_CANCELLED;
     }
     QTimer::singleShot(0, [] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());

@@ -4,7 +4,6 @@
 # the ways that the documentation names, the examples, and the Debian packages.
 set -euo pipefail
 build=$(realpath "$1")
-source=$(realpath "$(dirname "${BASH_SOURCE[0]}")/..")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -26,21 +25,73 @@ mv first moved
 config=$(dirname "$(find moved -name StyleAtlasConfig.cmake)")
 libraries=$(realpath "$config/../..")
 
-for header in styleatlas mensura; do
-    for language in 'c -std=c99' 'c -std=c11' 'c++ -std=c++11'; do
-        # shellcheck disable=SC2086
-        printf '#include <%s.h>\n' $header | cc -x $language $warnings -Imoved/include -fsyntax-only -
+# Each header alone, beside the names of others, and with every compiler that is there.
+parses() { # compiler, language, text
+    # shellcheck disable=SC2086
+    printf '%b\n' "$3" | $1 -x $2 $warnings -Wconversion -Imoved/include -c -o header.o -
+}
+for compiler in gcc clang; do
+    command -v "$compiler" >found.log || continue
+    for language in 'c -std=c99' 'c -std=c11' 'c++ -std=c++11' 'c++ -std=c++20'; do
+        parses $compiler "$language" '#include <styleatlas.h>\nchar blue[STYLEATLAS_BLUE(0x020304) == 2 ? 1 : -1];'
+        parses $compiler "$language" 'struct ModuleExport { int ModuleExports; };\n#include <mensura.h>'
+    done
+    parses $compiler 'c++ -std=c++17' '#include <styleatlas.hpp>\nstatic_assert(styleatlas::Color{0x020304}.Red() == 4);'
+    for misuse in 'StyleAtlasSetApplication(0)' '{ uint32_t c; int16_t s; uint8_t u;
+        GetStyleAtlas(0, 1, 0, 0, STYLEATLAS_NO_DEVICE, 0, &c, &s, &s, &s, &c, &s, &s, &u); }'; do
+        ! parses $compiler c "#include <styleatlas.h>\nint main(void) { $misuse; return 0; }" 2>misuse.log ||
+            fail "$compiler has nothing to say of" "$misuse"
     done
 done
 
+# A link of an installed page leads to a file that is installed, and to a heading in it.
+python3 - moved/share/doc/libstyleatlas-dev <<'EOF' || fail 'an installed page has a link that leads nowhere'
+import pathlib, re, sys
+bad = pages = 0
+for page in pathlib.Path(sys.argv[1]).rglob("*.md"):
+    pages += 1
+    for link in re.findall(r"\]\(([^)\s]+)\)", page.read_text()):
+        if re.match(r"[a-z]+:", link):
+            continue
+        name, _, anchor = link.partition("#")
+        target = page.parent / name if name else page
+        headings = re.findall(r"^#+ (.*)$", target.read_text(), re.M) if anchor and target.is_file() else []
+        known = {re.sub(r"[^\w\- ]", "", heading).lower().replace(" ", "-") for heading in headings}
+        if not target.exists() or anchor and anchor not in known:
+            print(f"{page}: {link}", file=sys.stderr)
+            bad += 1
+sys.exit(bad > 0 or pages == 0)
+EOF
+
+# No file of the build takes libraries from the current folder; what is installed is hardened.
+while read -r file; do
+    ! objdump -p "$file" 2>objdump.log | grep -E 'R(UN)?PATH +(.*:)?(:.*)?$' || fail "$file has an empty run path"
+done < <(find "$build/bin" "$build/$(basename "$libraries")" -type f)
+while read -r file; do
+    readelf -d "$file" | grep -q BIND_NOW || fail "$file binds its functions late"
+done < <(find moved/bin "$libraries" -type f \( -perm -100 -o -name '*.so*' \))
+readelf -h moved/bin/atlas-host | grep -q DYN || fail 'the program always stands at the same place'
+nm -D moved/bin/atlas-host | grep -q __stack_chk_fail || fail 'the stack of the program is not guarded'
+
 # A fresh table: the wind speed has the third shape, the second file the second colour.
 styled='symbol 3, size 10, fill 0, colour 0x002AA5; line 0, width 1, colour 0x002AA5, as the symbol: 0'
-cmake -S "$source/examples" -B found -DCMAKE_PREFIX_PATH="$work/moved" -DCMAKE_C_FLAGS="$warnings" >found.log
+examples=$work/moved/share/doc/libstyleatlas-dev/examples
+chmod -R a-w "$examples"
+cmake -S "$examples" -B found -DCMAKE_PREFIX_PATH="$work/moved" -DCMAKE_C_FLAGS="$warnings" \
+    -DCMAKE_CXX_FLAGS="$warnings" >found.log
 cmake --build found >>found.log || fail "$(cat found.log)"
 expect 'a host built with CMake' "$styled" "$(found/host)"
+folder=$XDG_DATA_HOME/styleatlas/drive_c/ProgramData/Halvorn/AirLab
+expect 'the folder that the host made, and the mode of the prefix' "$folder 700" \
+    "$(find "$XDG_DATA_HOME" -name AirLab) $(stat -c %a "$XDG_DATA_HOME/styleatlas")"
+expect 'a host in C++' '1: symbol 3 of size 10 in #A52A00, line of width 1 in #A52A00' "$(found/columns | sed -n 2p)"
+rm -r "$XDG_DATA_HOME"
+expect 'the prepared folder' "$folder 700" \
+    "$(moved/bin/atlas-host prepare --host AirLab) $(stat -c %a "$XDG_DATA_HOME/styleatlas")"
+expect 'what is there then' "$folder" "$(find "$XDG_DATA_HOME" -name 'AirLab' -o -type f)"
 export PKG_CONFIG_PATH=$libraries/pkgconfig
 # shellcheck disable=SC2046,SC2086
-cc $warnings $(pkg-config --cflags styleatlas) "$source/examples/host.c" -o packaged $(pkg-config --libs styleatlas)
+cc $warnings $(pkg-config --cflags styleatlas) "$examples/host.c" -o packaged $(pkg-config --libs styleatlas)
 expect 'a host built with pkg-config' "$styled" "$(LD_LIBRARY_PATH=$libraries ./packaged)"
 
 words="symbol colour: #A52A00
@@ -51,15 +102,38 @@ line colour: #A52A00
 line style: solid
 line width: 1
 line in the symbol's colour: no"
-ask() { "$source/examples/ask_for_a_style.py" "$@" 1 12 2 0 3 1; }
+ask() { python3 "$examples/ask_for_a_style.py" "$@" 1 12 2 0 3 1; }
 expect 'the Python example with a path' "$words" "$(ask --library "$libraries/libstyleatlas.so")"
 expect 'the Python example without one' "$words" "$(LD_LIBRARY_PATH=$libraries ask)"
 
-layout=$XDG_DATA_HOME/styleatlas/drive_c/ProgramData/Halvorn/AirLab/Style.Atlas
-mkdir -p "${layout%/*}"
+layout=$folder/Style.Atlas
 printf damaged >"$layout"
-expect 'a message of the moved tree' 'Fehler: Der Stilatlas kann nicht geladen werden.' \
-    "$(LC_ALL=de_DE.UTF-8 moved/bin/atlas-host table 2>&1 >table.txt)"
+message='Fehler: Der Stilatlas kann nicht geladen werden.'
+expect 'a message of the moved tree' "$message" "$(LC_ALL=de_DE.UTF-8 moved/bin/atlas-host table 2>&1 >table.txt)"
+
+# The same on a display: only what has a window shows the message in one, and that window stays and ends as ever.
+cat >on_display.sh <<'EOF'
+without_window() { timeout 30 moved/bin/atlas-host "$@" 2>&1 >output || echo "status $?"; }
+without_window table
+without_window list data.csv
+without_window plot --png plot.png data.csv
+without_window layout check "$1"
+matchbox-window-manager 2>manager.log &
+search() { timeout 30 xdotool search --sync --onlyvisible --name "$1"; }
+timeout 60 moved/bin/atlas-host window data.csv 2>&1 &
+program=$!
+xdotool windowactivate --sync "$(search '^Fehler$')" key Return
+sleep 1
+xdotool windowactivate --sync "$(search '^Curves')" key ctrl+q
+wait $program
+echo "the window: $?"
+EOF
+printf 'Date,Wind\n1,2\n2,3\n' >data.csv
+expect 'the messages on a display' "$message
+$message
+$message
+status 1
+the window: 0" "$(LC_ALL=de_DE.UTF-8 xvfb-run --auto-servernum --server-args=-noreset bash on_display.sh "$layout")"
 gunzip -c moved/share/man/man1/atlas-host.1.gz | sed 's/\\-/-/g' >man_page
 for word in $(moved/bin/atlas-host --help | grep -oE '^  (--)?[a-z]+( [a-z]+)?'); do
     grep -q -- "$word" man_page || fail "the man page has nothing of $word"

@@ -20,7 +20,8 @@ constexpr std::size_t largestFile = 1 << 20; // bytes; the texts of a program ta
 std::string LocaleFolder()
 {
     const char* const named = secure_getenv(folderVariable);
-    return named != nullptr && *named != 0 ? named : ModuleFolder() + "/" STYLEATLAS_LIB_TO_LOCALE;
+    return named != nullptr && *named != 0 ? named
+                                           : std::string(ModuleFolder()) + "/" STYLEATLAS_LIB_TO_LOCALE;
 }
 
 } // namespace

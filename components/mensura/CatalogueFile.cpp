@@ -77,7 +77,9 @@ bool AddLine(std::string_view text, std::size_t number, Catalogue& catalogue, Co
 std::string CataloguePath()
 {
     const char* const named = secure_getenv(PathVariable);
-    return named != nullptr && *named != '\0' ? named : ModuleFolder() + "/" MENSURA_LIB_TO_DATA + FileName;
+    return named != nullptr && *named != '\0'
+               ? named
+               : std::string(ModuleFolder()) + "/" MENSURA_LIB_TO_DATA + FileName;
 }
 
 std::optional<FileStamp> StampOf(const std::string& path)

@@ -1,8 +1,9 @@
 // The entry points: everything that leaves the library. None lets an exception out, since a caller can be of
 // any language.
-// What the header declares is all that can be seen from outside.
+// What the header declares and the table that it tells of are all that can be seen from outside.
 #pragma GCC visibility push(default)
 #include "mensura.h"
+extern "C" const MensuraExport ModuleExports[];
 #pragma GCC visibility pop
 
 #include "Catalogue.h"
@@ -77,9 +78,10 @@ private:
     std::map<std::uint16_t, std::u16string> m_numbers; // the texts handed out by NumberText
 };
 
+// Never destroyed: a program may ask for units while its own objects are being destroyed.
 UnitLibrary& Library()
 {
-    static UnitLibrary library;
+    static auto& library = *new UnitLibrary;
     return library;
 }
 
@@ -160,7 +162,7 @@ void MensuraChangeUserInfoW(const char16_t*, const char16_t*, uint16_t)
     }
 }
 
-const struct ModuleExport ModuleExports[] = {
+const MensuraExport ModuleExports[] = {
     {"@MensuraChangeUserInfoW$qqspbt1us", reinterpret_cast<void*>(&MensuraChangeUserInfoW)},
     {"@MensuraGetQuantitiesW$qqsrpust1rpit1rpulri", reinterpret_cast<void*>(&MensuraGetQuantitiesW)},
     {"MensuraGetSymbolW", reinterpret_cast<void*>(&MensuraGetSymbolW)},

@@ -8,8 +8,8 @@
  * until the next call of MensuraGetQuantitiesW or MensuraChangeUserInfoW. Calls must not overlap.
  *
  * A program that links the library calls the functions by the names below. One that loads it at run time
- * finds the two names that no linker takes in the table ModuleExports, and the others there and by their own
- * names.
+ * finds the two names that no linker takes in the exported table "ModuleExports", an array of MensuraExport,
+ * and the others there and by their own names.
  */
 #ifndef MENSURA_H
 #define MENSURA_H
@@ -52,12 +52,12 @@ const char16_t* MensuraGetNameW(uint32_t quantity, uint32_t subQuantity, uint32_
  * call. The arguments, the user's root and key and a word of options, are kept for nothing else. */
 void MensuraChangeUserInfoW(const char16_t* userRoot, const char16_t* subKey, uint16_t options);
 
-/* The entry points by the names under which they are bound at run time; the last entry is all null. */
-struct ModuleExport {
+/* An entry of the table "ModuleExports": an entry point and the name by which it is bound at run time. The
+ * last entry is all null. */
+struct MensuraExport {
     const char* Name;
     void* Address;
 };
-extern const struct ModuleExport ModuleExports[];
 
 #ifdef __cplusplus
 }

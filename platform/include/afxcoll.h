@@ -3,7 +3,7 @@
 
 #include <afx.h>
 
-class CPtrArray : public CObject
+class PLATFORM_API CPtrArray : public CObject
 {
 public:
     CPtrArray() = default;

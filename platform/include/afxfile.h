@@ -9,7 +9,7 @@
 
 // A file, opened by a path of the drives or a native one. Any failure but that of Open raises the file
 // exception.
-class CFile : public CObject
+class PLATFORM_API CFile : public CObject
 {
 public:
     enum OpenFlags : UINT { modeRead = 0x0000, modeWrite = 0x0001, modeCreate = 0x1000 };
@@ -41,7 +41,7 @@ protected:
 
 // A byte buffer over a file: integers go in and out in little-endian order, one after the other. It doesn't
 // own the file. A store that isn't closed is flushed on destruction, unless bNoFlushOnDelete was asked for.
-class CArchive
+class PLATFORM_API CArchive
 {
 public:
     enum Mode : UINT { store = 0, load = 1, bNoFlushOnDelete = 2 };

@@ -6,7 +6,7 @@
 
 #define afx_msg // marks a handler of a message map
 
-class CCmdTarget;
+class PLATFORM_API CCmdTarget;
 
 // Calls a handler with what it wants of a message.
 using AFX_MSGCALL = LRESULT (*)(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam);
@@ -28,7 +28,7 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP_ENTRY* lpEntries;
 };
 
-class CCmdTarget : public CObject
+class PLATFORM_API CCmdTarget : public CObject
 {
 protected:
     static const AFX_MSGMAP* GetThisMessageMap();

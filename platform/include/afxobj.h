@@ -5,7 +5,7 @@
 #include <afxstr.h>
 #include <windows.h>
 
-class CArchive;
+class PLATFORM_API CArchive;
 class CDumpContext;
 
 // What a class says of itself at run time.
@@ -14,7 +14,7 @@ struct CRuntimeClass {
     int m_nObjectSize;
 };
 
-class CObject
+class PLATFORM_API CObject
 {
 public:
     CObject(const CObject&) = delete;
@@ -35,7 +35,7 @@ protected:
 };
 
 // An exception is thrown as a pointer; who catches it calls Delete, which frees it if it has to be freed.
-class CException : public CObject
+class PLATFORM_API CException : public CObject
 {
 public:
     void Delete();
@@ -47,19 +47,19 @@ private:
     bool m_bAutoDelete;
 };
 
-class CMemoryException : public CException
+class PLATFORM_API CMemoryException : public CException
 {
 public:
     CMemoryException() : CException(false) {}
 };
 
-class CInvalidArgException : public CException
+class PLATFORM_API CInvalidArgException : public CException
 {
 public:
     CInvalidArgException() : CException(false) {}
 };
 
-class CFileException : public CException
+class PLATFORM_API CFileException : public CException
 {
 public:
     enum Cause { none, genericException, fileNotFound, accessDenied, diskFull, hardIO };
@@ -74,7 +74,7 @@ public:
     CString m_strFileName;
 };
 
-class CArchiveException : public CException
+class PLATFORM_API CArchiveException : public CException
 {
 public:
     enum Cause { none, genericException, readOnly, endOfFile, writeOnly };
@@ -88,7 +88,8 @@ public:
     CString m_strFileName;
 };
 
-[[noreturn]] void AfxThrowMemoryException();
-[[noreturn]] void AfxThrowInvalidArgException();
-[[noreturn]] void AfxThrowFileException(CFileException::Cause cause, LONG osError, LPCTSTR fileName);
-[[noreturn]] void AfxThrowArchiveException(int cause, LPCTSTR fileName);
+[[noreturn]] PLATFORM_API void AfxThrowMemoryException();
+[[noreturn]] PLATFORM_API void AfxThrowInvalidArgException();
+[[noreturn]] PLATFORM_API void AfxThrowFileException(CFileException::Cause cause, LONG osError,
+                                                     LPCTSTR fileName);
+[[noreturn]] PLATFORM_API void AfxThrowArchiveException(int cause, LPCTSTR fileName);

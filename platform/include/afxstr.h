@@ -7,7 +7,7 @@
 #include <utility>
 #include <windows.h>
 
-class CString
+class PLATFORM_API CString
 {
 public:
     CString() = default;

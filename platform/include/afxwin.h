@@ -7,9 +7,9 @@
 #include <afxmsg.h>
 #include <windows.h>
 
-class CWinApp;
+class PLATFORM_API CWinApp;
 
-class CWinThread : public CCmdTarget
+class PLATFORM_API CWinThread : public CCmdTarget
 {
 public:
     virtual BOOL InitInstance(); // true
@@ -18,7 +18,7 @@ public:
 
 // The one application object of a module. The framework calls InitInstance when the module has been loaded
 // and all its static objects stand, and ExitInstance before they go.
-class CWinApp : public CWinThread
+class PLATFORM_API CWinApp : public CWinThread
 {
 public:
     CWinApp();
@@ -28,19 +28,25 @@ public:
 // What the framework keeps for each module.
 struct AFX_MODULE_STATE {
     CWinApp* m_pCurrentWinApp;
+    bool m_bEnding; // the process ends, or the module is unloaded: its objects, or its windows, are gone
 };
 
-extern constinit AFX_MODULE_STATE afxModuleState;
+PLATFORM_API extern constinit AFX_MODULE_STATE afxModuleState;
 
 inline AFX_MODULE_STATE* AfxGetStaticModuleState()
 {
     return &afxModuleState;
 } // this module's
-AFX_MODULE_STATE* AfxGetModuleState(); // the one in force on this thread
-CWinApp* AfxGetApp();                  // of the state in force
+PLATFORM_API AFX_MODULE_STATE* AfxGetModuleState(); // the one in force on this thread
+PLATFORM_API CWinApp* AfxGetApp();                  // of the state in force
+
+// Loads an extension module, a library on this framework which brings windows with it: "name.dll" is
+// libname.so beside the framework. Null where the program has no display, and where the module can't be
+// loaded, which standard error is told once. It stays loaded until the process ends.
+PLATFORM_API HMODULE AfxLoadLibrary(LPCTSTR moduleName);
 
 // Puts a module's state in force on this thread, until the end of its scope.
-class AFX_MAINTAIN_STATE2
+class PLATFORM_API AFX_MAINTAIN_STATE2
 {
 public:
     explicit AFX_MAINTAIN_STATE2(AFX_MODULE_STATE* pModuleState) : m_pPrevModuleState(s_pInForce)

@@ -7,6 +7,16 @@
 #define WINAPI
 #define CALLBACK
 
+// Marks what the core library shows to the other libraries of this system, in the process of a host that may
+// have classes and functions of the same names: the tag becomes part of the symbols, so that neither is taken
+// for the other.
+#define PLATFORM_API [[gnu::visibility("default"), gnu::abi_tag("styleatlas")]]
+
+// The framework's marks for what one library on it shows to another: classes, functions, objects.
+#define AFX_EXT_CLASS [[gnu::visibility("default")]]
+#define AFX_EXT_API [[gnu::visibility("default")]]
+#define AFX_EXT_DATA PLATFORM_API
+
 using BOOL = int;
 using BYTE = std::uint8_t;
 using WORD = std::uint16_t;

@@ -29,40 +29,41 @@ constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 // ---- Strings
 
 // Compares, folding the letters A to Z only; 0 when equal, else the order of the first difference.
-int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identifier)
+PLATFORM_API int _wcsicmp(LPCWSTR first, LPCWSTR second); // NOLINT(bugprone-reserved-identifier)
 
 // Copies as much as fits into maxLength characters, the terminator included; gives the target.
-LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int maxLength);
+PLATFORM_API LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int maxLength);
 
 // Takes a path apart: drive with its colon, folder with the separator at its end, name, extension with its
 // dot; what the path lacks becomes empty. Sizes are in characters, terminator included; a null buffer of size
 // 0 isn't filled. Gives 0; 22 (EINVAL) for a null path, or a buffer that is null or has no size, but not
 // both; 34 (ERANGE) for a part that doesn't fit. All buffers are empty after a failure.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
-int _wsplitpath_s(LPCWSTR path, LPWSTR drive, std::size_t driveSize, LPWSTR folder, std::size_t folderSize,
-                  LPWSTR name, std::size_t nameSize, LPWSTR extension, std::size_t extensionSize);
+PLATFORM_API int _wsplitpath_s(LPCWSTR path, LPWSTR drive, std::size_t driveSize, LPWSTR folder,
+                               std::size_t folderSize, LPWSTR name, std::size_t nameSize, LPWSTR extension,
+                               std::size_t extensionSize);
 
 constexpr UINT CP_THREAD_ACP = 3;
 
 // Turns a text (of -1 characters: up to its terminator, and that too) into UTF-8, which every code page is
 // here. Gives the bytes written; 0, and as many whole characters as fit, where the room isn't enough.
-int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, char* target, int size,
-                        const char* defaultChar, BOOL* usedDefaultChar);
+PLATFORM_API int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, char* target,
+                                     int size, const char* defaultChar, BOOL* usedDefaultChar);
 
 // The number that a text begins with, after blanks and a sign; 0 where there is none. A number that an int
 // can't hold gives the nearest one that it can.
-int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
+PLATFORM_API int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
 
 // ---- Run-time modules
 
 // Loads "name.dll", which is a module of the layer's own or else libname.so: by the loader's own search, then
 // beside this library. Null when there is none. A module stays loaded until it has been freed as often.
-HMODULE LoadLibraryW(LPCWSTR fileName);
-BOOL FreeLibrary(HMODULE module);
+PLATFORM_API HMODULE LoadLibraryW(LPCWSTR fileName);
+PLATFORM_API BOOL FreeLibrary(HMODULE module);
 
 // Gives an entry of a module: from its table ModuleExports, else from the loader. Null when it has none of
 // that name.
-FARPROC GetProcAddress(HMODULE module, const char* name);
+PLATFORM_API FARPROC GetProcAddress(HMODULE module, const char* name);
 
 // An entry of a module's table of exports, for names that no linker takes. The table is
 //   extern "C" const ModuleExport ModuleExports[];
@@ -81,10 +82,10 @@ constexpr int IDCANCEL = 2;
 
 // Shows a message and waits for the user, where a user interface has been put in place for that; else writes
 // it to standard error and returns IDOK.
-int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
+PLATFORM_API int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
 // Gives the number of the message of this name, the same at every call, 0xC000 or above; 0 on failure.
-UINT RegisterWindowMessageW(LPCWSTR name);
+PLATFORM_API UINT RegisterWindowMessageW(LPCWSTR name);
 
 // ---- Registry
 //

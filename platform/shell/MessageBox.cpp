@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QtConvert.h>
+#include <afxwin.h>
 #include <algorithm>
 
 namespace
@@ -55,6 +56,23 @@ int ShowMessage(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     return answer;
 }
 
-[[maybe_unused]] const MessageDoor standardError = SetMessageDoor(&ShowMessage);
+// Goes with the module, or when the program ends: before the libraries that a box needs.
+class Door
+{
+public:
+    Door() = default;
+    Door(const Door&) = delete;
+    Door& operator=(const Door&) = delete;
+    ~Door()
+    {
+        SetMessageDoor(m_before);
+        afxModuleState.m_bEnding = true;
+    }
+
+private:
+    MessageDoor m_before = SetMessageDoor(&ShowMessage);
+};
+
+const Door door;
 
 } // namespace

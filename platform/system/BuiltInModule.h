@@ -4,7 +4,7 @@
 #include <windows.h>
 
 // Makes a module known to LoadLibraryW as long as the object lives; each has one with static storage.
-class BuiltInModule
+class PLATFORM_API BuiltInModule
 {
 public:
     // Name and exports are kept, not copied; the last export is all null.

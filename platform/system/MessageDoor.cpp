@@ -22,6 +22,11 @@ MessageDoor SetMessageDoor(MessageDoor door)
     return before;
 }
 
+MessageDoor CurrentMessageDoor()
+{
+    return currentDoor;
+}
+
 int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
     try {

@@ -8,4 +8,5 @@
 using MessageDoor = int (*)(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
 // Puts a door in place and gives the one before it; null is standard error.
-MessageDoor SetMessageDoor(MessageDoor door);
+PLATFORM_API MessageDoor SetMessageDoor(MessageDoor door);
+MessageDoor CurrentMessageDoor();

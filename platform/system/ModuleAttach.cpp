@@ -20,6 +20,7 @@ public:
     ~ModuleAttach()
     {
         const AFX_MAINTAIN_STATE2 state(AfxGetStaticModuleState());
+        AfxGetStaticModuleState()->m_bEnding = true;
         if (CWinApp* const app = AfxGetApp())
             app->ExitInstance();
     }

@@ -1,13 +1,16 @@
-#include <windows.h>
+#include <afxwin.h>
 
 #include "BuiltInModule.h"
+#include "DisplayNames.h"
 #include "ModuleFolder.h"
+#include "StandardError.h"
 #include "Unicode.h"
 
 #include <dlfcn.h>
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace
 {
@@ -40,7 +43,7 @@ HMODULE LoadLibraryW(LPCWSTR fileName)
         const std::string name = NativeName(ToUtf8(fileName));
         void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
         if (module == nullptr)
-            module = dlopen((ModuleFolder() + '/' + name).c_str(), RTLD_NOW | RTLD_LOCAL);
+            module = dlopen((std::string(ModuleFolder()) + '/' + name).c_str(), RTLD_NOW | RTLD_LOCAL);
         return static_cast<HMODULE>(module);
     } catch (const std::bad_alloc&) {
         return nullptr;
@@ -56,6 +59,24 @@ FARPROC GetProcAddress(HMODULE module, const char* name)
     const auto* const table = static_cast<const ModuleExport*>(dlsym(module, "ModuleExports"));
     const FARPROC listed = FindExport(table, name);
     return listed != nullptr ? listed : reinterpret_cast<FARPROC>(dlsym(module, name));
+}
+
+HMODULE AfxLoadLibrary(LPCTSTR moduleName)
+{
+    if (BuiltInModule* const ours = BuiltInModule::Find(moduleName))
+        return ours->Handle();
+    if (!NamesDisplay() && !HasWindowLibrary())
+        return nullptr;
+    try {
+        const std::string path = std::string(ModuleFolder()) + '/' + NativeName(ToUtf8(moduleName));
+        void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+        static constinit bool isTold = false;
+        if (module == nullptr && !std::exchange(isTold, true))
+            WriteToStandardError(std::string("StyleAtlas: no window can be shown: ") + dlerror() + '\n');
+        return static_cast<HMODULE>(module);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 BOOL FreeLibrary(HMODULE module)

@@ -4,8 +4,9 @@
 
 #include <string>
 #include <string_view>
+#include <windef.h>
 
-std::string ToUtf8(std::u16string_view text);
+PLATFORM_API std::string ToUtf8(std::u16string_view text);
 
 // A byte that belongs to no character becomes U+FFFD.
-std::u16string ToUtf16(std::string_view text);
+PLATFORM_API std::u16string ToUtf16(std::string_view text);

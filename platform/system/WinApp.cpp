@@ -1,7 +1,7 @@
 #include <afxwin.h>
 
 // Stands before every static object with a constructor, so that an application object can enter itself.
-constinit AFX_MODULE_STATE afxModuleState{nullptr};
+constinit AFX_MODULE_STATE afxModuleState{nullptr, false};
 
 constinit thread_local AFX_MODULE_STATE* AFX_MAINTAIN_STATE2::s_pInForce = nullptr;
 

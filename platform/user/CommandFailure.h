@@ -1,7 +1,9 @@
 // What the user hears when a command ends in an exception.
 #pragma once
 
-class CException;
+#include <windef.h>
+
+class PLATFORM_API CException;
 
 // In a message box. Raises the memory exception.
 void TellCommandFailure(const CException& failure);

@@ -88,8 +88,9 @@ protected:
         int16_t width = -1;
         int16_t other = 0;
         uint8_t uses = 0;
-        GetStyleAtlas(0, 1, 0, 0, 0, 0, &color, &other, &other, &other, &color, &other, &width, &uses);
-        return width;
+        const int found =
+            GetStyleAtlas(0, 1, 0, 0, 0, 0, &color, &other, &other, &other, &color, &other, &width, &uses);
+        return found == STYLEATLAS_FOUND ? width : -1;
     }
 
     TempPrefix m_prefix;

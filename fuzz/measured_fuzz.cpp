@@ -1,0 +1,73 @@
+// The reader of measured files: its counts agree, its points of time are those of a calendar, and a file that
+// is written from what it read reads the same.
+#include "Fuzz.h"
+
+#include <TempPrefix.h>
+#include <algorithm>
+#include <cmath>
+#include <host/Calendar.h>
+#include <host/MeasuredFile.h>
+#include <iomanip>
+#include <sstream>
+
+using namespace atlashost;
+using fuzz::Require;
+
+namespace
+{
+
+constexpr double yearTenThousand = 253402300800.0; // to which the last moments of 9999 are rounded
+
+// Times as numbers, whatever they were.
+std::string Written(const MeasuredFile& file)
+{
+    std::ostringstream out;
+    out.precision(17);
+    out << std::quoted(file.timeHeader, '"', '"');
+    for (const MeasuredColumn& column : file.columns)
+        out << ',' << std::quoted(column.header, '"', '"');
+    const auto write = [&out](double value) { std::isnan(value) ? out : out << value; };
+    for (std::size_t row = 0; row < file.rows; ++row) {
+        write((out << '\n', file.times[row]));
+        for (const MeasuredColumn& column : file.columns)
+            write((out << ',', column.values[row]));
+    }
+    return out.str();
+}
+
+void RequireSound(const MeasuredFile& file)
+{
+    Require(file.times.size() == file.rows && !file.columns.empty(), "a row has no time");
+    for (const MeasuredColumn& column : file.columns) {
+        const auto readings = std::ranges::count_if(column.values, [](double v) { return !std::isnan(v); });
+        Require(column.values.size() == file.rows && column.readings + column.missing == file.rows &&
+                    static_cast<std::size_t>(readings) == column.readings,
+                "the counts of a column disagree");
+    }
+    for (const double time : file.times) {
+        if (file.timeKind != TimeKind::Date || std::isnan(time) || time >= yearTenThousand)
+            continue;
+        const auto again = ParseTime(DateText(time) + ' ' + TimeOfDayText(time, Seconds::Shown, 3));
+        Require(again && *again <= time + 1e-4 && time - *again < 2e-3, "a point of time reads as another");
+    }
+}
+
+} // namespace
+
+void fuzz::Try(std::string_view bytes)
+{
+    static const test::TempPrefix prefix;
+    const std::string path = prefix.Path() / "measured.csv";
+    test::WriteWhole(path, bytes);
+    MeasuredFile file;
+    try {
+        file = ReadMeasuredFile(path);
+    } catch (const std::runtime_error&) {
+        return; // refused
+    }
+    RequireSound(file);
+    const std::string written = Written(file);
+    test::WriteWhole(path, written);
+    const MeasuredFile again = ReadMeasuredFile(path);
+    Require(again.remarks.empty() && Written(again) == written, "what was written reads as something else");
+}

@@ -1,0 +1,49 @@
+// A registry value that names the layout file, of any type and any bytes, the type in the first of them: a
+// whole text is the path, all else gives the default, which then stands there.
+#include "Fuzz.h"
+
+#include <TempPrefix.h>
+#include <cstring>
+#include <model/StyleAtlas.h>
+#include <system/MessageDoor.h>
+
+namespace
+{
+
+CString LoadedPath(LPCTSTR subKey)
+{
+    k_StyleAtlas atlas;
+    atlas.RegistryPath = subKey;
+    atlas.Load(CString());
+    return atlas.FilePath;
+}
+
+} // namespace
+
+void fuzz::Try(std::string_view bytes)
+{
+    static const test::TempPrefix prefix;
+    static const MessageDoor before = SetMessageDoor([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
+    static_cast<void>(before);
+    static const CString defaultPath = LoadedPath(_T("S-1\\None"));
+    if (bytes.empty())
+        return;
+    const auto type = static_cast<DWORD>(bytes.front());
+    bytes.remove_prefix(1);
+    HKEY key = nullptr;
+    Require(RegCreateKeyExW(HKEY_USERS, _T("S-1\\Any"), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr) ==
+                ERROR_SUCCESS,
+            "no key");
+    Require(RegSetValueExW(key, _T("StyleAtlas"), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                           static_cast<DWORD>(bytes.size())) == ERROR_SUCCESS,
+            "no value");
+    RegCloseKey(key);
+
+    std::u16string text(bytes.size() / 2, u'\0');
+    std::memcpy(text.data(), bytes.data(), 2 * text.size());
+    const bool isText = (type == REG_SZ || type == REG_EXPAND_SZ) && bytes.size() % 2 == 0 &&
+                        bytes.size() <= 2048 && (text.empty() || text.back() == u'\0');
+    const CString path = LoadedPath(_T("S-1\\Any"));
+    Require(path == (isText ? CString(text.c_str()) : defaultPath), "the value gives another path");
+    Require(LoadedPath(_T("S-1\\Any")) == path, "the second load gives another path than the first");
+}
