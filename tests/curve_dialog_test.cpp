@@ -2,7 +2,6 @@
 #include "support/Gui.h"
 #include "support/TempPrefix.h"
 
-#include <Application.h>
 #include <QApplication>
 #include <QTimer>
 #include <WindowSide.h>
@@ -33,7 +32,6 @@ auto Fields(k_LineDef& style)
 INT_PTR Edit(k_LineDefList& list, const std::function<void(k_CurveLayoutDlg&)>& user,
              k_QuantityDesc* quantity)
 {
-    EnsureApplication();
     QTimer::singleShot(0, [&] {
         QWidget* const shown = QApplication::activeModalWidget();
         user(dynamic_cast<k_CurveLayoutDlg&>(*WindowSide::Of(shown)->Attached));

@@ -118,7 +118,7 @@ WId OwnerOfDialogBefore(WId id, const QWidget* widget)
 
 TEST(Dialogs, StandBeforeAWindowOfTheHost)
 {
-    ASSERT_TRUE(EnsureApplication());
+    ASSERT_TRUE(CanShowWindows());
     QWidget host;
     QWidget inside(&host);
     EXPECT_EQ(OwnerOfDialogBefore(inside.winId(), &host), host.winId());

@@ -19,6 +19,8 @@ constexpr const char* catalogue = "1; 20; 1; 0; 0; U; voltage\n"
 constexpr const char* get = "get=0,30,0,0,0,0";
 const std::string none = "0: 000007 7 7 7 000007 7 7 7\n"; // the query's answer where it has none
 const std::string cannotLoad = "Cannot load Mensura.dll\n";
+const std::string box = "box: " + cannotLoad + "named\n";
+const std::string edited = "box: " + cannotLoad + "edit: 2\n";
 
 class Exports : public testing::Test
 {
@@ -134,17 +136,50 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
     Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME}, GUI_HOST);
     m_environment.insert(m_environment.end(),
                          {std::string("DISPLAY=") + display, "FONTCONFIG_FILE=/dev/null"});
-    const std::string box = "box: " + cannotLoad + "named\n";
     const std::pair<std::vector<std::string>, std::string> hosts[] = {
-        {{"open", "a", "state", "b"}, box + "the library's C\n" + box},
-        {{"open", "a", "close", "open", "b", "state", "close"}, box + box + "the library's C\n"},
+        {{"open", "a", "state", "b"}, box + "none C\n" + box},
+        {{"open", "a", "close", "open", "edit", "state", "close"}, box + edited + "none C\n"},
         {{"own", "open", "a", "state"}, box + "own C.UTF-8\n"},
-        {{"own", "open", "ELSEWHERE"}, "named\n"},
+        // One that makes its application object later finds no trace of ours.
+        {{"open", "edit", "b", "own", "state", "window", "edit"},
+         edited + box + "own C.UTF-8\nwindow: 0\n" + edited},
+        // A message comes from any thread, the editor from that of the windows.
+        {{"own", "open", "ELSEWHERE", "EDIT"}, "named\nedit: -1\n"},
+        {{"open", "ELSEWHERE", "state", "edit", "own", "state"}, "named\nnone C\n" + edited + "own C.UTF-8\n"},
+        {{"deaf", "open", "a", "edit"}, box + edited},
+        {{"gui", "open", "a", "edit"}, "named\nedit: -1\n"},
+        {{"core", "open", "a", "edit"}, "named\nedit: -1\n"},
     };
     for (const auto& [calls, output] : hosts) {
         const test::Outcome outcome = Run(calls);
         EXPECT_EQ(outcome.Output, output) << outcome.Errors;
         EXPECT_EQ(outcome.Status, 0);
+    }
+}
+
+// A host with an application object of its own, whose connection is lost for good, is left alone.
+TEST_F(Exports, OutliveTheDisplay)
+{
+    Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME}, GUI_HOST);
+    const std::string refused = "named\nedit: -1\n";
+    const std::pair<const char*, std::string> hosts[] = {
+        {"open", box + edited + refused + box + edited},
+        {"own open", box + edited + refused + refused},
+    };
+    for (const auto& [start, output] : hosts) {
+        const test::Outcome outcome =
+            test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
+Xvfb -displayfd 3 -noreset 3>number 2>&- & export SERVER=$!
+until [ -s number ]; do sleep .05; done
+export DISPLAY=:$(cat number) SOCKET=/tmp/.X11-unix/X$(cat number); rm number
+$0 $1 a edit '!kill $SERVER; while [ -S $SOCKET ]; do sleep .05; done' a edit \
+  '!Xvfb $DISPLAY -noreset 2>&- & echo $! >server; until [ -S $SOCKET ]; do sleep .05; done; sleep 2.1' a edit
+status=$?; kill $(cat server); exit $status)",
+                       m_program, start},
+                      m_environment);
+        EXPECT_EQ(outcome.Output, output);
+        EXPECT_NE(outcome.Errors.find(cannotLoad), std::string::npos) << outcome.Errors;
+        EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
     }
 }
 

@@ -2,12 +2,17 @@
 #pragma once
 
 #include <afxwnd.h>
+#include <memory>
 
-// Made from a dialog template of the module, as long as DoModal runs.
+class ApplicationHolder;
+
+// Made from a dialog template of the module, as long as DoModal runs. Where the program has no application
+// object, one is there as long as the dialog object, so that fonts and metrics can be asked for before.
 class CDialog : public CWnd
 {
 public:
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
+    ~CDialog() override;
 
     // Shows the dialog and gives what EndDialog was given; -1 where it can't be shown, for want of a display,
     // a template or memory, or because OnInitDialog threw. The parent, if there is one, takes no input
@@ -37,4 +42,5 @@ private:
 
     bool m_isEnded = false;
     int m_result = 0;
+    std::unique_ptr<ApplicationHolder> m_application;
 };

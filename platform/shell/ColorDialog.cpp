@@ -62,7 +62,8 @@ private:
 
 INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
 {
-    if (!EnsureApplication())
+    const ApplicationHolder application;
+    if (!CanShowWindows())
         return IDCANCEL;
     WindowSide* const window = WindowSide::Of(owner);
     // The dialog goes with its owner if that goes first.

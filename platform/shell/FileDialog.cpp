@@ -102,7 +102,8 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszF
 
 INT_PTR CFileDialog::DoModal()
 {
-    if (!EnsureApplication())
+    const ApplicationHolder application;
+    if (!CanShowWindows())
         return IDCANCEL;
     // The dialog goes with its owner if that goes first.
     NameIcons icons; // outlives the dialog

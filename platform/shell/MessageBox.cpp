@@ -23,7 +23,7 @@ bool isOpen = false;
 
 bool HasUser()
 {
-    return EnsureApplication() &&
+    return CanShowWindows() &&
            std::ranges::find(blindPlatforms, QGuiApplication::platformName()) == std::end(blindPlatforms);
 }
 
@@ -46,8 +46,13 @@ int Ask(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 int ShowMessage(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
     int answer = notShown;
-    if (!isOpen && HasUser())
-        Contain([&] { answer = Ask(owner, text, caption, type); });
+    if (isOpen)
+        return answer;
+    Contain([&] {
+        const ApplicationHolder application(MakingThread::Main);
+        if (HasUser())
+            answer = Ask(owner, text, caption, type);
+    });
     return answer;
 }
 

@@ -3,13 +3,15 @@
 #include "Capture.h"
 #include "Display.h"
 #include "ForeignWindow.h"
+#include "HostState.h"
 #include "WindowSide.h"
+#include "XConnection.h"
 
 #include <QApplication>
 #include <QPointer>
 #include <QThread>
-#include <clocale>
-#include <string>
+#include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -18,10 +20,10 @@ namespace
 class Watcher : public QObject
 {
 public:
-    Watcher()
+    explicit Watcher(QApplication& application) : QObject(&application)
     {
-        qApp->installEventFilter(this);
-        connect(qApp, &QGuiApplication::applicationStateChanged, this, &Watcher::TellActivation);
+        application.installEventFilter(this);
+        connect(&application, &QGuiApplication::applicationStateChanged, this, &Watcher::TellActivation);
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override { return ServeCapture(receiver, event); }
@@ -46,39 +48,82 @@ private:
     bool m_isActive = true;
 };
 
-// Stays until the process ends: widgets that nobody has destroyed would not survive it. Qt sets the program's
-// locale; the host's numbers are to keep their form.
+int holderCount = 0; // all of one thread
+
+// No static object, as widgets that are open when the program ends would not survive it.
+QApplication* ownApplication = nullptr;
+
+bool IsMainThread()
+{
+    return gettid() == getpid();
+}
+
 void MakeApplication()
 {
     static char name[] = "styleatlas";
     static char* arguments[] = {name, nullptr};
     static int count = 1;
-    const std::string locale = std::setlocale(LC_ALL, nullptr);
-    [[maybe_unused]] static auto* const application = new QApplication(count, arguments);
-    std::setlocale(LC_ALL, locale.c_str());
-    QApplication::setQuitOnLastWindowClosed(false);
+    const DisplayTrial trial;
+    if (!trial.HasSucceeded())
+        return;
+    const HostLocale locale;
+    KeepXHandlers();
+    ownApplication = new QApplication(count, arguments);
+}
+
+// Windows that are to be deleted go first.
+void EndApplication()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    delete std::exchange(ownApplication, nullptr);
+    RestoreXHandlers();
+}
+
+// Null where it is another thread's, or one without widgets.
+QApplication* ApplicationOfThread()
+{
+    auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
+    return application != nullptr && application->thread() == QThread::currentThread() ? application
+                                                                                       : nullptr;
+}
+
+QPointer<Watcher>& CurrentWatcher()
+{
+    static auto& watcher = *new QPointer<Watcher>;
+    return watcher;
 }
 
 } // namespace
 
-bool EnsureApplication()
+// Qt takes the first thread that asks it for anything for the program's main one: nothing is asked before the
+// thread is known to be one for windows.
+ApplicationHolder::ApplicationHolder(MakingThread thread)
 {
-    if (QCoreApplication::instance() == nullptr) {
-        const DisplayTrial trial;
-        if (!trial.HasSucceeded())
-            return false;
+    if (QCoreApplication::instance() == nullptr && (thread == MakingThread::Calling || IsMainThread()))
         MakeApplication();
-    }
-    auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
-    if (application == nullptr || application->thread() != QThread::currentThread() ||
-        QGuiApplication::primaryScreen() == nullptr)
-        return false;
-    static QPointer<Watcher> watcher;
-    if (watcher.isNull() || watcher->parent() != application) {
-        watcher = new Watcher;
-        watcher->setParent(application);
-    }
-    return true;
+    QApplication* const application =
+        QCoreApplication::instance() != nullptr ? ApplicationOfThread() : nullptr;
+    if (application == nullptr)
+        return;
+    if (CurrentWatcher().isNull())
+        CurrentWatcher() = new Watcher(*application);
+    m_holds = true;
+    ++holderCount;
+}
+
+ApplicationHolder::~ApplicationHolder()
+{
+    if (!m_holds || --holderCount > 0)
+        return;
+    delete CurrentWatcher();
+    if (ownApplication != nullptr)
+        EndApplication();
+}
+
+bool CanShowWindows()
+{
+    return QCoreApplication::instance() != nullptr && ApplicationOfThread() != nullptr &&
+           QGuiApplication::primaryScreen() != nullptr && !HasLostXServer();
 }
 
 // A window of ours that has been destroyed is hidden first, and may be the active one for a while still.

@@ -21,7 +21,7 @@ int edgeWidth = 2;
 
 QSize ScreenSize()
 {
-    const QScreen* const screen = EnsureApplication() ? QGuiApplication::primaryScreen() : nullptr;
+    const QScreen* const screen = CanShowWindows() ? QGuiApplication::primaryScreen() : nullptr;
     return screen != nullptr ? screen->geometry().size() : QSize(0, 0);
 }
 
@@ -30,7 +30,7 @@ LOGFONTW DesktopFont()
     LOGFONTW font{};
     font.lfHeight = -12;
     font.lfWeight = FW_NORMAL;
-    if (!EnsureApplication())
+    if (!CanShowWindows())
         return font;
     const QFont desktop = QApplication::font();
     font.lfHeight = -QFontInfo(desktop).pixelSize();

@@ -29,7 +29,16 @@ std::vector<DialogInitEntry> InitEntriesOf(UINT id)
 
 } // namespace
 
-CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
+CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
+    : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd),
+      m_application(std::make_unique<ApplicationHolder>())
+{
+}
+
+CDialog::~CDialog()
+{
+    CWnd::DestroyWindow(); // before what it needs goes
+}
 
 INT_PTR CDialog::DoModal()
 {
@@ -39,7 +48,7 @@ INT_PTR CDialog::DoModal()
     m_result = notShown;
     const bool isReady = Contain([&] {
         const std::optional<DialogTemplate> source = TemplateOf(m_nIDTemplate);
-        if (!source || !EnsureApplication())
+        if (!source || !CanShowWindows())
             return;
         window = new DialogWindow(*source, DialogOwner(owner));
         m_result = IDCANCEL;

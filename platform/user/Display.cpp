@@ -7,7 +7,9 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/prctl.h>
+#include <string>
+#include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -18,16 +20,31 @@ using Clock = std::chrono::steady_clock;
 
 constexpr const char* displayVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 constexpr std::chrono::seconds longestTrial{5};
-constexpr std::chrono::minutes refusalHolds{1};
+constexpr std::chrono::seconds refusalHolds{2};
+constexpr std::chrono::minutes silenceHolds{1};
 
-bool NamesDisplay()
+// The trial that failed last.
+struct Failure {
+    std::string Display;
+    Clock::time_point HoldsUntil;
+};
+
+Failure& LastFailure()
 {
+    static auto& failure = *new Failure;
+    return failure;
+}
+
+// What the environment says of the display; empty where it names none.
+std::string NamedDisplay()
+{
+    std::string named;
     for (const char* const variable : displayVariables) {
         const char* const value = std::getenv(variable);
         if (value != nullptr && *value != 0)
-            return true;
+            named.append(variable).append(1, '=').append(value).append(1, '\n');
     }
-    return false;
+    return named;
 }
 
 void EndTrialAtFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/)
@@ -36,18 +53,30 @@ void EndTrialAtFatal(QtMsgType type, const QMessageLogContext& /*context*/, cons
         _exit(EXIT_FAILURE);
 }
 
-// In the child, until it is ended. It writes a byte when it has an application object, and leaves no trace:
-// none of the host's handlers, files and threads are its own. It does without the desktop's theme, which may
-// share a connection of the host's to the display.
-[[noreturn]] void TryInChild(int result)
+// None of the host's handlers, files and threads are the child's own.
+void LeaveHost()
 {
     for (int number = 1; number < NSIG; ++number)
         std::signal(number, SIG_DFL);
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
     if (const int nowhere = open("/dev/null", O_WRONLY); nowhere >= 0) {
         dup2(nowhere, STDOUT_FILENO);
         dup2(nowhere, STDERR_FILENO);
     }
+}
+
+// In the child. It begins when it is told to, sends a byte when it has an application object, and ends when
+// the line is closed, or by the alarm. It leaves no trace, and does without the desktop's theme, which may
+// share a connection of the host's to the display.
+[[noreturn]] void TryInChild(int line)
+{
+    LeaveHost();
+    char byte = 0;
+    if (read(line, &byte, 1) != 1)
+        _exit(EXIT_FAILURE);
+    alarm(static_cast<unsigned>(longestTrial.count()) + 1);
     setenv("QT_QPA_PLATFORMTHEME", "generic", 1);
     unsetenv("SESSION_MANAGER");
     qInstallMessageHandler(EndTrialAtFatal);
@@ -55,57 +84,69 @@ void EndTrialAtFatal(QtMsgType type, const QMessageLogContext& /*context*/, cons
     static char* arguments[] = {name, nullptr};
     int count = 1;
     const QGuiApplication trial(count, arguments);
-    if (QGuiApplication::primaryScreen() == nullptr || write(result, name, 1) != 1)
-        _exit(EXIT_FAILURE);
-    for (;;)
-        pause();
-}
-
-// Whether a child says in time that it has succeeded.
-bool Hears(int result)
-{
-    const auto end = Clock::now() + longestTrial;
-    for (;;) {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
-        pollfd source{result, POLLIN, 0};
-        const int ready = poll(&source, 1, left > 0 ? static_cast<int>(left) : 0);
-        if (ready < 0 && errno == EINTR)
-            continue;
-        char byte = 0;
-        return ready == 1 && read(result, &byte, 1) == 1;
-    }
+    alarm(0);
+    if (QGuiApplication::primaryScreen() != nullptr && write(line, &byte, 1) == 1)
+        (void)!read(line, &byte, 1);
+    _exit(EXIT_SUCCESS);
 }
 
 } // namespace
 
 DisplayTrial::DisplayTrial()
 {
-    static Clock::time_point refusedUntil;
-    if (!NamesDisplay() || Clock::now() < refusedUntil)
+    std::string display = NamedDisplay();
+    if (display.empty() || (display == LastFailure().Display && Clock::now() < LastFailure().HoldsUntil))
         return;
     Run();
-    if (!m_hasSucceeded)
-        refusedUntil = Clock::now() + refusalHolds;
+    if (m_answer == Answer::Refusal)
+        LastFailure() = {std::move(display), Clock::now() + refusalHolds};
+    else if (m_answer == Answer::Silence)
+        LastFailure() = {std::move(display), Clock::now() + silenceHolds};
 }
 
+// The child does nothing before it has its descriptor, so that the number stands for it until then.
 void DisplayTrial::Run()
 {
     int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
         return;
-    m_child = fork();
-    if (m_child == 0)
+    m_line = ends[0];
+    const pid_t child = fork();
+    if (child == 0) {
+        close(ends[0]); // or the line would never close
         TryInChild(ends[1]);
+    }
     close(ends[1]);
-    m_hasSucceeded = m_child > 0 && Hears(ends[0]);
-    close(ends[0]);
+    m_process = child > 0 ? static_cast<int>(syscall(SYS_pidfd_open, child, 0)) : -1;
+    if (m_process >= 0 && send(m_line, "", 1, MSG_NOSIGNAL) == 1)
+        m_answer = Hear();
+}
+
+DisplayTrial::Answer DisplayTrial::Hear() const
+{
+    const auto end = Clock::now() + longestTrial;
+    for (;;) {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
+        pollfd source{m_line, POLLIN, 0};
+        const int ready = poll(&source, 1, left > 0 ? static_cast<int>(left) : 0);
+        if (ready < 0 && errno == EINTR)
+            continue;
+        if (ready == 0)
+            return Answer::Silence;
+        char byte = 0;
+        return ready == 1 && read(m_line, &byte, 1) == 1 ? Answer::Success : Answer::Refusal;
+    }
 }
 
 DisplayTrial::~DisplayTrial()
 {
-    if (m_child <= 0)
+    if (m_line >= 0)
+        close(m_line);
+    if (m_process < 0)
         return;
-    kill(m_child, SIGKILL);
-    while (waitpid(m_child, nullptr, 0) < 0 && errno == EINTR) {
+    syscall(SYS_pidfd_send_signal, m_process, SIGKILL, nullptr, 0);
+    siginfo_t end;
+    while (waitid(P_PIDFD, static_cast<id_t>(m_process), &end, WEXITED) < 0 && errno == EINTR) {
     }
+    close(m_process);
 }

@@ -1,7 +1,8 @@
 #include "ForeignWindow.h"
 
+#include "XConnection.h"
+
 #include <QApplication>
-#include <QLibrary>
 #include <QThread>
 #include <QWidget>
 #include <QWindow>
@@ -9,13 +10,9 @@
 #include <cstdint>
 #include <cstdlib>
 #include <map>
-#include <qguiapplication_platform.h>
 
 namespace
 {
-
-constexpr const char* xLibrary = "xcb";
-constexpr int xLibraryVersion = 1;
 
 // A question to the X server that waits for its answer.
 struct XCookie {
@@ -26,18 +23,14 @@ using XAttributesReply = void* (*)(xcb_connection_t*, XCookie, void** error);
 
 bool HasXWindow(std::uintptr_t id)
 {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    // Other platforms than X lend the interface too, without a connection.
-    if (x11 == nullptr || x11->connection() == nullptr || id == 0 || id > UINT32_MAX)
+    xcb_connection_t* const connection = XConnection();
+    if (connection == nullptr || id == 0 || id > UINT32_MAX)
         return false;
-    static const auto ask = reinterpret_cast<AskXAttributes>(
-        QLibrary::resolve(xLibrary, xLibraryVersion, "xcb_get_window_attributes"));
-    static const auto reply = reinterpret_cast<XAttributesReply>(
-        QLibrary::resolve(xLibrary, xLibraryVersion, "xcb_get_window_attributes_reply"));
+    static const auto ask = XFunction<AskXAttributes>("xcb_get_window_attributes");
+    static const auto reply = XFunction<XAttributesReply>("xcb_get_window_attributes_reply");
     if (ask == nullptr || reply == nullptr)
         return false;
-    void* const attributes =
-        reply(x11->connection(), ask(x11->connection(), static_cast<std::uint32_t>(id)), nullptr);
+    void* const attributes = reply(connection, ask(connection, static_cast<std::uint32_t>(id)), nullptr);
     std::free(attributes);
     return attributes != nullptr;
 }

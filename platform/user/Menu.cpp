@@ -74,7 +74,7 @@ void Fill(Menu& menu, const std::vector<MenuTemplateItem>& items)
 
 BOOL CMenu::LoadMenu(UINT nIDResource)
 {
-    if (m_hMenu != nullptr || !EnsureApplication())
+    if (m_hMenu != nullptr || !CanShowWindows())
         return FALSE;
     const auto items =
         ReadMenuTemplate(FindResource(ResourceType::Menu, static_cast<std::uint16_t>(nIDResource)));

@@ -19,7 +19,7 @@ WindowSide* Make(const CREATESTRUCT& creation, UINT id, const WindowSide::Factor
         WindowSide* const parent = WindowSide::Of(creation.hwndParent);
         const auto style = static_cast<DWORD>(creation.style);
         const bool needsParent = (style & WS_CHILD) != 0 || creation.hwndParent != nullptr;
-        if (!EnsureApplication() || (needsParent && parent == nullptr))
+        if (!CanShowWindows() || (needsParent && parent == nullptr))
             return;
         window = factory(parent != nullptr ? &parent->Widget() : nullptr);
         if (window == nullptr)

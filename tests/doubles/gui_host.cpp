@@ -1,39 +1,86 @@
-// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own" makes
-// an application object; "open" and "close" do so with the library; "state" prints who made the application
-// object, and the locale; any other is a name for StyleAtlasSetApplication, and one in capitals is given by
-// another thread. Somebody reads out each message box and closes it.
+// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own", "gui" and
+// "core" make an application object, with widgets, with windows or without; "window" shows a window and runs
+// until it is closed; "open" and "close" do so with the library; "edit" opens the editor; "deaf" has the system
+// reap all children; "state" prints whose application object there is, the locale, and whether another handler
+// of errors has come to X; "!COMMAND" is for the shell; any other is a name for StyleAtlasSetApplication. What is
+// in capitals is done by another thread. Somebody reads out each message box and closes it, and each dialog.
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
+#include <algorithm>
 #include <cctype>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <dlfcn.h>
 #include <string>
 #include <thread>
 #include <vector>
 
+// Nobody is to send signals by the number of a process.
+extern "C" int kill(pid_t, int) noexcept
+{
+    std::puts("kill");
+    return 0;
+}
+
 namespace
 {
 
-void CloseBox()
+using XHandler = int (*)(void*, void*);
+
+void* library = nullptr;
+const QCoreApplication* own = nullptr;
+
+int HandleXError(void* /*display*/, void* /*error*/)
 {
-    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr || !box->isVisible())
-        return;
-    std::printf("box: %s\n", qPrintable(box->text()));
-    box->button(QMessageBox::Ok)->click();
+    return 0;
 }
 
-void GiveName(void* library, const std::string& name)
+bool HasXHandler()
 {
-    std::jthread user([](const std::stop_token& end) {
-        for (; !end.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(20))) {
-            if (QCoreApplication* const application = QCoreApplication::instance())
-                QMetaObject::invokeMethod(application, &CloseBox, Qt::QueuedConnection);
-        }
-    });
-    const std::u16string wide(name.begin(), name.end());
+    static const auto set = reinterpret_cast<XHandler (*)(XHandler)>(
+        dlsym(dlopen("libX11.so.6", RTLD_NOW), "XSetErrorHandler"));
+    return set(&HandleXError) == &HandleXError;
+}
+
+void CloseWindow()
+{
+    QWidget* const window = QApplication::activeModalWidget();
+    if (window == nullptr || !window->isVisible())
+        return;
+    if (const auto* const box = qobject_cast<QMessageBox*>(window)) {
+        std::printf("box: %s\n", qPrintable(box->text()));
+        box->button(QMessageBox::Ok)->click();
+    } else
+        window->close();
+}
+
+void Attend()
+{
+    auto* const eyes = new QTimer(QCoreApplication::instance());
+    QObject::connect(eyes, &QTimer::timeout, &CloseWindow);
+    eyes->start(20);
+}
+Q_COREAPP_STARTUP_FUNCTION(Attend)
+
+void PrintState()
+{
+    const QCoreApplication* const present = QCoreApplication::instance();
+    const char* const whose = present == nullptr ? "none" : present == own ? "own" : "the library's";
+    const bool isHandled = present == nullptr && !HasXHandler();
+    std::printf("%s %s%s\n", whose, std::setlocale(LC_ALL, nullptr), isHandled ? " handled" : "");
+}
+
+void Call(std::string call)
+{
+    std::ranges::transform(call, call.begin(), [](unsigned char letter) { return std::tolower(letter); });
+    if (call == "edit") {
+        std::printf("edit: %d\n", reinterpret_cast<int (*)(std::uintptr_t)>(dlsym(library, "EditStyleAtlas"))(0));
+        return;
+    }
+    const std::u16string wide(call.begin(), call.end());
     reinterpret_cast<void (*)(const char16_t*)>(dlsym(library, "StyleAtlasSetApplication"))(wide.c_str());
     std::puts("named");
 }
@@ -43,22 +90,32 @@ void GiveName(void* library, const std::string& name)
 int main(int argc, char** argv)
 {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    void* library = nullptr;
-    const QCoreApplication* own = nullptr;
+    HasXHandler();
     for (const std::string& call : std::vector<std::string>(argv + 1, argv + argc)) {
         if (call == "own")
             own = new QApplication(argc, argv);
-        else if (call == "open")
+        else if (call == "gui")
+            own = new QGuiApplication(argc, argv);
+        else if (call == "core")
+            own = new QCoreApplication(argc, argv);
+        else if (call == "window") {
+            QWidget window;
+            window.show();
+            QTimer::singleShot(0, &window, &QWidget::close);
+            std::printf("window: %d\n", QApplication::exec());
+        } else if (call == "open")
             library = dlopen("libstyleatlas.so.1", RTLD_NOW);
         else if (call == "close")
             dlclose(library);
-        else if (call == "state") {
-            const QCoreApplication* const present = QCoreApplication::instance();
-            const char* const whose = present == own ? "own" : "the library's";
-            std::printf("%s %s\n", present == nullptr ? "none" : whose, std::setlocale(LC_ALL, nullptr));
-        } else if (std::isupper(call.front()) != 0)
-            std::thread(GiveName, library, call).join();
+        else if (call == "deaf")
+            std::signal(SIGCHLD, SIG_IGN);
+        else if (call == "state")
+            PrintState();
+        else if (call.front() == '!')
+            [[maybe_unused]] const int status = std::system(call.c_str() + 1);
+        else if (std::isupper(call.front()) != 0)
+            std::thread(Call, call).join();
         else
-            GiveName(library, call);
+            Call(call);
     }
 }

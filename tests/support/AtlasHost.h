@@ -5,7 +5,6 @@
 #include "LayoutBytes.h"
 #include "TempPrefix.h"
 
-#include <Application.h>
 #include <QApplication>
 #include <QSettings>
 #include <QWidget>
@@ -51,7 +50,6 @@ class AtlasHost : public testing::Test
 protected:
     AtlasHost()
     {
-        EnsureApplication();
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_prefix.Path().c_str());
         g_App.m_hUnitLibrary = reinterpret_cast<HMODULE>(&g_App);
         g_App.m_pfnGetQuantities = ReportUnits;

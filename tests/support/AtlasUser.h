@@ -4,7 +4,6 @@
 
 #include "Gui.h"
 
-#include <Application.h>
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -37,7 +36,6 @@ template <class Dialog> Dialog* FrontDialog()
 // gets.
 inline int Edit(const std::function<void(k_StyleAtlasDialog&)>& user)
 {
-    EnsureApplication();
     QTimer::singleShot(0, [&] {
         QWidget* const shown = QApplication::activeModalWidget();
         user(*FrontDialog<k_StyleAtlasDialog>());

@@ -1,5 +1,6 @@
 #include "Gui.h"
 
+#include <Application.h>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QImage>
@@ -8,9 +9,20 @@
 #include <QWheelEvent>
 #include <WindowSide.h>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace
 {
+
+// Windows can be shown from the first test to the last.
+class Desktop : public testing::Environment
+{
+    void SetUp() override { m_application = std::make_unique<ApplicationHolder>(); }
+    void TearDown() override { m_application.reset(); }
+
+    std::unique_ptr<ApplicationHolder> m_application;
+};
+[[maybe_unused]] testing::Environment* const desktop = testing::AddGlobalTestEnvironment(new Desktop);
 
 // The same colours on every desktop, and such that a picture tells one part from another.
 [[maybe_unused]] const bool hasFixedColors = [] {
