@@ -5,6 +5,7 @@
 #include <dialogs/StyleAtlasDialog.h>
 #include <include/styleatlas.h>
 #include <model/StyleAtlasLookup.h>
+#include <utility>
 
 namespace
 {
@@ -68,7 +69,7 @@ int EditStyleAtlas(uintptr_t parentWindow)
         k_StyleAtlasDialog dialog(CWnd::FromHandle(reinterpret_cast<HWND>(parentWindow)));
         const INT_PTR result = dialog.DoModal();
         if (result == IDOK)
-            g_StyleAtlas.Assign(dialog.m_Atlas);
+            g_StyleAtlas.Assign(std::move(dialog.m_Atlas));
         return static_cast<int>(result);
     });
 }
