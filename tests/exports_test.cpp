@@ -78,8 +78,32 @@ TEST_F(Exports, AreFiveNamesAndNoOther)
     std::istringstream lines(outcome.Output);
     for (std::string line; std::getline(lines, line);)
         names.insert(line.substr(0, line.find(' ')));
-    EXPECT_EQ(names, (std::set<std::string>{"EditStyleAtlas", "GetStyleAtlas", "ReloadStyleAtlas",
-                                            "StyleAtlasChangeUserInfo", "StyleAtlasSetApplication"}));
+    const char* const version = "@@STYLEATLAS_1";
+    EXPECT_EQ(names, (std::set<std::string>{std::string("EditStyleAtlas") + version,
+                                            std::string("GetStyleAtlas") + version,
+                                            std::string("ReloadStyleAtlas") + version,
+                                            std::string("StyleAtlasChangeUserInfo") + version,
+                                            std::string("StyleAtlasSetApplication") + version,
+                                            "STYLEATLAS_1"}));
+}
+
+TEST_F(Exports, BringNoWindowsBeforeOneIsWantedAndCanBeUnloadedUntilThen)
+{
+    m_program = LOADING_HOST;
+    const std::string open = "open=" STYLEATLAS_SONAME;
+    const std::string mapped = "mapped: libstyleatlas. libstyleatlas-core\n";
+    Expect({open, "name", "get", "edit", "mapped", "close", "mapped", open, "get", "name", "get", "close",
+            "mapped"},
+           "get: 1\nedit: -1\n" + mapped + "mapped:\nget: 0\nget: 1\nmapped:\n");
+    m_environment.emplace_back("DISPLAY=:987"); // which only the libraries of windows can tell to be none
+    Expect({open, "name", "mapped", "edit", "close", "mapped"},
+           mapped + "edit: -1\nmapped: libQt6 libstyleatlas-core libstyleatlas-editor\n");
+}
+
+TEST_F(Exports, DoNothingOnceTheirObjectsHaveGone)
+{
+    m_program = LOADING_HOST;
+    Expect({"late", "open=" STYLEATLAS_SONAME, "name", "get"}, "get: 1\nlate: 0 -1\n");
 }
 
 TEST_F(Exports, AnswerFromTheTableOnceTheHostHasNamedItself)
