@@ -56,6 +56,7 @@ protected:
     {
         const fs::path folder = m_prefix.Path() / "isolated";
         fs::create_directories(folder);
+        fs::copy(LIBRARY_FOLDER "/styleatlas", folder / "styleatlas");
         for (const fs::path& library : libraries)
             fs::copy_file(library, folder / library.filename(), fs::copy_options::overwrite_existing);
         m_environment.push_back("LD_LIBRARY_PATH=" + folder.string());
@@ -193,12 +194,12 @@ TEST_F(Exports, OutliveTheDisplay)
     for (const auto& [start, output] : hosts) {
         const test::Outcome outcome =
             test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
-Xvfb -displayfd 3 -noreset 3>number 2>&- & export SERVER=$!
+trap 'kill $SERVER $(cat server); rm -f server' EXIT
+Xvfb -displayfd 3 -noreset 3>number >/dev/null 2>&1 & export SERVER=$!
 until [ -s number ]; do sleep .05; done
 export DISPLAY=:$(cat number) SOCKET=/tmp/.X11-unix/X$(cat number); rm number
-$0 $1 a edit '!kill $SERVER; while [ -S $SOCKET ]; do sleep .05; done' a edit \
-  '!Xvfb $DISPLAY -noreset 2>&- & echo $! >server; until [ -S $SOCKET ]; do sleep .05; done; sleep 2.1' a edit
-status=$?; kill $(cat server); exit $status)",
+timeout 50 $0 $1 a edit '!kill $SERVER; while [ -S $SOCKET ]; do sleep .05; done' a edit \
+  '!Xvfb $DISPLAY -noreset >/dev/null 2>&1 & echo $! >server; until [ -S $SOCKET ]; do sleep .05; done; sleep 2.1' a edit)",
                        m_program, start},
                       m_environment);
         EXPECT_EQ(outcome.Output, output);

@@ -1,9 +1,7 @@
 #include "DisplayNames.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <dlfcn.h>
-#include <iterator>
 
 namespace
 {
@@ -13,12 +11,15 @@ constexpr const char* windowLibrary = "libQt6Widgets.so.6";
 
 } // namespace
 
-bool NamesDisplay()
+std::string NamedDisplay()
 {
-    return std::any_of(std::begin(displayVariables), std::end(displayVariables), [](const char* variable) {
+    std::string named;
+    for (const char* const variable : displayVariables) {
         const char* const value = std::getenv(variable);
-        return value != nullptr && *value != 0;
-    });
+        if (value != nullptr && *value != 0)
+            named.append(variable).append(1, '=').append(value).append(1, '\n');
+    }
+    return named;
 }
 
 bool HasWindowLibrary()

@@ -65,9 +65,9 @@ HMODULE AfxLoadLibrary(LPCTSTR moduleName)
 {
     if (BuiltInModule* const ours = BuiltInModule::Find(moduleName))
         return ours->Handle();
-    if (!NamesDisplay() && !HasWindowLibrary())
-        return nullptr;
     try {
+        if (NamedDisplay().empty() && !HasWindowLibrary())
+            return nullptr;
         const std::string path = std::string(ModuleFolder()) + '/' + NativeName(ToUtf8(moduleName));
         void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
         static constinit bool isTold = false;

@@ -1,5 +1,6 @@
 #include "Display.h"
 
+#include <DisplayNames.h>
 #include <QGuiApplication>
 #include <cerrno>
 #include <chrono>
@@ -18,7 +19,6 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* displayVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 constexpr std::chrono::seconds longestTrial{5};
 constexpr std::chrono::seconds refusalHolds{2};
 constexpr std::chrono::minutes silenceHolds{1};
@@ -33,18 +33,6 @@ Failure& LastFailure()
 {
     static auto& failure = *new Failure;
     return failure;
-}
-
-// What the environment says of the display; empty where it names none.
-std::string NamedDisplay()
-{
-    std::string named;
-    for (const char* const variable : displayVariables) {
-        const char* const value = std::getenv(variable);
-        if (value != nullptr && *value != 0)
-            named.append(variable).append(1, '=').append(value).append(1, '\n');
-    }
-    return named;
 }
 
 void EndTrialAtFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/)

@@ -19,7 +19,7 @@
 #include <vector>
 
 // Nobody is to send signals by the number of a process.
-extern "C" int kill(pid_t, int) noexcept
+extern "C" [[gnu::visibility("default")]] int kill(pid_t, int) noexcept
 {
     std::puts("kill");
     return 0;
