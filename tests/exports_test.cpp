@@ -80,12 +80,11 @@ TEST_F(Exports, AreFiveNamesAndNoOther)
     for (std::string line; std::getline(lines, line);)
         names.insert(line.substr(0, line.find(' ')));
     const char* const version = "@@STYLEATLAS_1";
-    EXPECT_EQ(names, (std::set<std::string>{std::string("EditStyleAtlas") + version,
-                                            std::string("GetStyleAtlas") + version,
-                                            std::string("ReloadStyleAtlas") + version,
-                                            std::string("StyleAtlasChangeUserInfo") + version,
-                                            std::string("StyleAtlasSetApplication") + version,
-                                            "STYLEATLAS_1"}));
+    EXPECT_EQ(names, (std::set<std::string>{
+                         std::string("EditStyleAtlas") + version, std::string("GetStyleAtlas") + version,
+                         std::string("ReloadStyleAtlas") + version,
+                         std::string("StyleAtlasChangeUserInfo") + version,
+                         std::string("StyleAtlasSetApplication") + version, "STYLEATLAS_1"}));
 }
 
 TEST_F(Exports, BringNoWindowsBeforeOneIsWantedAndCanBeUnloadedUntilThen)
@@ -170,7 +169,8 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
          edited + box + "own C.UTF-8\nwindow: 0\n" + edited},
         // A message comes from any thread, the editor from that of the windows.
         {{"own", "open", "ELSEWHERE", "EDIT"}, "named\nedit: -1\n"},
-        {{"open", "ELSEWHERE", "state", "edit", "own", "state"}, "named\nnone C\n" + edited + "own C.UTF-8\n"},
+        {{"open", "ELSEWHERE", "state", "edit", "own", "state"},
+         "named\nnone C\n" + edited + "own C.UTF-8\n"},
         {{"deaf", "open", "a", "edit"}, box + edited},
         {{"gui", "open", "a", "edit"}, "named\nedit: -1\n"},
         {{"core", "open", "a", "edit"}, "named\nedit: -1\n"},
@@ -192,16 +192,15 @@ TEST_F(Exports, OutliveTheDisplay)
         {"own open", box + edited + refused + refused},
     };
     for (const auto& [start, output] : hosts) {
-        const test::Outcome outcome =
-            test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
+        const test::Outcome outcome = test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
 trap 'kill $SERVER $(cat server); rm -f server' EXIT
 Xvfb -displayfd 3 -noreset 3>number >/dev/null 2>&1 & export SERVER=$!
 until [ -s number ]; do sleep .05; done
 export DISPLAY=:$(cat number) SOCKET=/tmp/.X11-unix/X$(cat number); rm number
 timeout 50 $0 $1 a edit '!kill $SERVER; while [ -S $SOCKET ]; do sleep .05; done' a edit \
   '!Xvfb $DISPLAY -noreset >/dev/null 2>&1 & echo $! >server; until [ -S $SOCKET ]; do sleep .05; done; sleep 2.1' a edit)",
-                       m_program, start},
-                      m_environment);
+                                                 m_program, start},
+                                                m_environment);
         EXPECT_EQ(outcome.Output, output);
         EXPECT_NE(outcome.Errors.find(cannotLoad), std::string::npos) << outcome.Errors;
         EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
