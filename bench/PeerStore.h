@@ -10,7 +10,7 @@
 namespace bench
 {
 
-constexpr std::size_t bareBufferSize = 4096; // as much as the library reads or writes at once
+constexpr std::size_t bareBufferSize = 4096; // as much as the library reads at once
 
 // One object a row, with its key and an array of record objects.
 void JsonSave(const std::filesystem::path& path, const PlainTable& table);

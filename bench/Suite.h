@@ -1,4 +1,5 @@
-// Measurements in pairs: what is ours against a peer, both timed in one run, shown as a table of ratios.
+// Measurements in pairs: what is ours against a peer, both measured in one run, shown as a table of ratios.
+// Time is the CPU time of the measuring thread, which other programs on the machine don't change.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -11,12 +12,16 @@
 namespace bench
 {
 
+// The unit of what Suite::Run measures, to be completed by what a row stands for.
+inline const std::string threadTime = "ns of the thread's CPU time ";
+
 // A line of the table. The two names are those of measurements.
 struct Comparison {
     std::string Name;
     std::string Ours;
     std::string Peer;
     double Goal = 0; // the largest ratio of ours to the peer's that is good enough; 0 where there is no goal
+    bool WaitsForDisk = false; // the time that passes is shown on a second line
 };
 
 // Runs the measurements in random order, each several times over, so that what slows the machine for a while
@@ -35,14 +40,22 @@ public:
     // Runs and removes what has been added since the last run.
     void Run();
 
-    // Prints the comparisons of all runs; unit says what the times stand for.
+    // Stands in for a measurement that the program makes by itself.
+    void Record(const std::string& name, double median);
+
+    // Prints the comparisons of all runs; unit says what the numbers are.
     void PrintTable(std::string_view title, std::string_view unit) const;
 
 private:
+    using Medians = std::map<std::string, double>;
+
     void PrintLine(const Comparison& comparison) const;
+    void PrintRatio(const std::string& name, const Comparison& comparison, const Medians& medians,
+                    double goal) const;
 
     std::map<std::string, double> m_rows;
-    std::map<std::string, double> m_medians; // nanoseconds
+    Medians m_medians; // of the thread's CPU time
+    Medians m_passed;  // of the time that passed
     std::vector<Comparison> m_comparisons;
 };
 

@@ -305,8 +305,11 @@ void MeasureSize(bench::Suite& suite, const bench::TempFolder& folder, int rows,
     AddReload(suite, "QDataStream, " + size + "reload", [&] { table = LoadPeer(path); });
     suite.Run();
     for (const char* const what : {"first picture", "OK"})
-        suite.Compare(
-            {.Name = size + what, .Ours = size + what, .Peer = "QTableWidget, " + size + what, .Goal = goal});
+        suite.Compare({.Name = size + what,
+                       .Ours = size + what,
+                       .Peer = "QTableWidget, " + size + what,
+                       .Goal = goal,
+                       .WaitsForDisk = std::string_view(what) == "OK"});
     suite.Compare({.Name = size + "reload",
                    .Ours = size + "reload",
                    .Peer = "QDataStream, " + size + "reload",
@@ -321,7 +324,7 @@ int Run(int argc, char** argv)
     bench::Suite suite(argc, argv, {"--benchmark_repetitions=9", "--benchmark_min_time=0.02"});
     for (std::size_t i = 0; i < std::size(tableSizes); ++i)
         MeasureSize(suite, folder, tableSizes[i], goals[i]);
-    suite.PrintTable("The editor, its file " + std::string(folder.Place()), "a time");
+    suite.PrintTable("The editor, its file " + std::string(folder.Place()), bench::threadTime + "a time");
     return EXIT_SUCCESS;
 }
 

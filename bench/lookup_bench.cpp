@@ -155,7 +155,7 @@ int Run(int argc, char** argv)
             throw std::runtime_error("the allocations of the library are not seen");
         allocations += RunSize(suite, rows);
     }
-    suite.PrintTable(title, "a call");
+    suite.PrintTable(title, bench::threadTime + "a call");
     std::printf("allocations in %zu calls: %zu\n", std::size(tableSizes) * 3 * countedCalls, allocations);
     return allocations == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }

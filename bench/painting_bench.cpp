@@ -214,8 +214,8 @@ int Run(int argc, char** argv)
     bench::Suite growth(argc, argv, options);
     AddGrowth(growth);
     growth.Run();
-    pictures.PrintTable("Painting a style", "a cell");
-    growth.PrintTable("Growth with the size of the symbol", "a pixel of its square");
+    pictures.PrintTable("Painting a style", bench::threadTime + "a cell");
+    growth.PrintTable("Growth with the size of the symbol", bench::threadTime + "a pixel of its square");
     return EXIT_SUCCESS;
 }
 

@@ -1,10 +1,17 @@
-// The time from the start of a process to the first answer: a host with the library against one without.
+// What a host that only asks for a style pays from its start to its end: CPU time, memory and libraries,
+// against the same process without the library.
 #include "Suite.h"
 #include "TempFolder.h"
 
+#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <set>
 #include <spawn.h>
 #include <stdexcept>
+#include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,36 +20,110 @@ namespace
 
 constexpr const char* withLibrary = "bench-start-with";
 constexpr const char* withoutLibrary = "bench-start-without";
+constexpr int rounds = 51;
 
-void RunProgram(const std::filesystem::path& program)
+struct Cost {
+    double CpuTime = 0;    // nanoseconds, of the user and of the system
+    double PeakMemory = 0; // kilobytes
+    double Libraries = 0;
+    double QtLibraries = 0;
+};
+
+double PeakMemory(const std::filesystem::path& process)
 {
-    std::string name = program;
-    char* const arguments[] = {name.data(), nullptr};
+    std::ifstream status(process / "status");
+    std::string name;
+    double value = 0;
+    while (status >> name && name != "VmHWM:") {
+    }
+    status >> value;
+    return value;
+}
+
+std::set<std::string> Libraries(const std::filesystem::path& process)
+{
+    std::ifstream maps(process / "maps");
+    std::set<std::string> names;
+    for (std::string line; std::getline(maps, line);) {
+        const std::string name = line.substr(line.rfind('/') + 1);
+        if (line.find('/') != std::string::npos && name.find(".so") != std::string::npos)
+            names.insert(name);
+    }
+    return names;
+}
+
+double Nanoseconds(const timeval& time)
+{
+    return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_usec) * 1e3;
+}
+
+// Looks at the program's process when it says that it has its answer, and lets it end.
+Cost RunProgram(std::string program)
+{
+    int ends[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+        throw std::runtime_error("no pair of sockets");
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, ends[1], STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+    char* const arguments[] = {program.data(), nullptr};
     pid_t process = 0;
+    const int failure = posix_spawn(&process, program.c_str(), &actions, nullptr, arguments, environ);
+    posix_spawn_file_actions_destroy(&actions);
+    close(ends[1]);
+
+    Cost cost;
+    char newLine = 0;
+    const bool hasAnswer = failure == 0 && read(ends[0], &newLine, 1) == 1;
+    if (hasAnswer) {
+        const std::filesystem::path folder = "/proc/" + std::to_string(process);
+        const std::set<std::string> libraries = Libraries(folder);
+        cost.Libraries = static_cast<double>(libraries.size());
+        cost.QtLibraries = static_cast<double>(std::ranges::count_if(
+            libraries, [](const std::string& name) { return name.starts_with("libQt"); }));
+        cost.PeakMemory = PeakMemory(folder);
+    }
+    close(ends[0]);
     int status = 0;
-    if (posix_spawn(&process, program.c_str(), nullptr, nullptr, arguments, environ) != 0 ||
-        waitpid(process, &status, 0) != process || !WIFEXITED(status) || WEXITSTATUS(status) != EXIT_SUCCESS)
-        throw std::runtime_error(program.native() + " failed");
+    rusage usage{};
+    if (!hasAnswer || wait4(process, &status, 0, &usage) != process || status != 0)
+        throw std::runtime_error(program + " failed");
+    cost.CpuTime = Nanoseconds(usage.ru_utime) + Nanoseconds(usage.ru_stime);
+    return cost;
+}
+
+double Median(std::vector<Cost>& costs, double Cost::*member)
+{
+    std::ranges::nth_element(costs, costs.begin() + rounds / 2, {}, member);
+    return costs[rounds / 2].*member;
 }
 
 int Run(int argc, char** argv)
 {
-    bench::Suite suite(argc, argv, {"--benchmark_repetitions=51", "--benchmark_min_time=0.001"});
+    bench::Suite suite(argc, argv);
     const bench::TempFolder folder;
     setenv("STYLEATLAS_PREFIX", folder.Path().c_str(), 1);
     unsetenv("MENSURA_CATALOGUE"); // the catalogue that is installed
     const std::filesystem::path programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    for (const char* const name : {withLibrary, withoutLibrary}) {
-        const std::filesystem::path program = programs / name;
-        RunProgram(program); // the first run writes the settings
-        suite.Add(name, 1, [program](benchmark::State& state) {
-            for ([[maybe_unused]] const auto iteration : state)
-                RunProgram(program);
-        });
+    RunProgram(programs / withLibrary); // the first run writes the settings
+    std::vector<Cost> with;
+    std::vector<Cost> without;
+    for (int i = 0; i < rounds; ++i) {
+        with.push_back(RunProgram(programs / withLibrary));
+        without.push_back(RunProgram(programs / withoutLibrary));
     }
-    suite.Compare({.Name = "start, first answer, end", .Ours = withLibrary, .Peer = withoutLibrary});
-    suite.Run();
-    suite.PrintTable("Whole process", "a process");
+    const std::pair<const char*, double Cost::*> members[] = {{"CPU time, ns", &Cost::CpuTime},
+                                                              {"peak memory, kB", &Cost::PeakMemory},
+                                                              {"libraries mapped", &Cost::Libraries}};
+    for (const auto& [name, member] : members) {
+        const std::string peer = std::string("process alone, ") + name;
+        suite.Record(name, Median(with, member));
+        suite.Record(peer, Median(without, member));
+        suite.Compare({.Name = name, .Ours = name, .Peer = peer});
+    }
+    suite.PrintTable("A process that asks for one style and ends", "units as told");
+    std::printf("libraries of Qt among them: %.0f\n", Median(with, &Cost::QtLibraries));
     return EXIT_SUCCESS;
 }
 

@@ -1,4 +1,6 @@
-/* A host that names itself, asks for one style and ends; 0 when it got one. */
+/* A host that names itself, asks for one style, says that it is done, waits for an answer, and ends; 0 when
+ * it got a style. */
+#include <stdio.h>
 #include <styleatlas.h>
 
 enum { activePower = 32, ofPhase1 = 1, analyser = 4, isOfPhase = 2 };
@@ -13,9 +15,12 @@ int main(void)
     int16_t lineStyle;
     int16_t lineWidth;
     uint8_t useSymbolColor;
+    int found;
     StyleAtlasSetApplication(u"Bench");
-    return GetStyleAtlas(0, activePower, 0, ofPhase1, analyser, isOfPhase, &symbolColor, &symbolShape,
-                         &symbolSize, &symbolFill, &lineColor, &lineStyle, &lineWidth, &useSymbolColor) == 1
-               ? 0
-               : 1;
+    found = GetStyleAtlas(0, activePower, 0, ofPhase1, analyser, isOfPhase, &symbolColor, &symbolShape,
+                          &symbolSize, &symbolFill, &lineColor, &lineStyle, &lineWidth, &useSymbolColor);
+    puts("");
+    fflush(stdout);
+    getchar();
+    return found == 1 ? 0 : 1;
 }

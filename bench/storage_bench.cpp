@@ -15,7 +15,8 @@ namespace
 constexpr double goalAgainstJson = 0.1;
 constexpr double goalAgainstLoop = 2;
 constexpr std::size_t catalogueSizes[] = {150, 1500, 15000}; // entries
-constexpr WORD tableSizes[] = {30, 300, 3000};               // rows
+constexpr WORD mostQuantities = 65535;
+constexpr WORD tableSizes[] = {30, 300, 3000}; // rows
 
 // Ten entries a quantity: three sub-quantities, of which two have indexes. Every third quantity is measured
 // by two devices.
@@ -38,13 +39,12 @@ std::vector<test::UnitEntry> RealisticEntries(std::size_t count)
     return entries;
 }
 
-void AddCatalogueSize(bench::Suite& suite, std::size_t count)
+void AddCatalogue(bench::Suite& suite, const std::string& size, const std::vector<test::UnitEntry>& entries)
 {
-    const std::vector<test::UnitEntry> entries = RealisticEntries(count);
     test::SetUnits(entries);
     const auto rows = static_cast<std::size_t>(k_StyleAtlas().BuildCatalogue());
-    const std::string name = "BuildCatalogue, " + std::to_string(count) + " entries";
-    const std::string peer = "allocations, " + std::to_string(count) + " entries";
+    const std::string name = "BuildCatalogue, " + size;
+    const std::string peer = "allocations, " + size;
     suite.Add(name, static_cast<double>(rows), [entries](benchmark::State& state) {
         test::SetUnits(entries);
         for ([[maybe_unused]] const auto iteration : state) {
@@ -133,7 +133,7 @@ struct Side {
 };
 
 void AddComparison(bench::Suite& suite, const std::shared_ptr<Stored>& stored, const Side& ours,
-                   const Side& json, const Side& loop)
+                   const Side& json, const Side& loop, bool waitsForDisk)
 {
     const std::string suffix = ", " + std::to_string(stored->Rows) + " rows";
     for (const Side& side : {ours, json, loop}) {
@@ -144,8 +144,12 @@ void AddComparison(bench::Suite& suite, const std::shared_ptr<Stored>& stored, c
         });
     }
     const std::string name = ours.Name + suffix;
-    suite.Compare({.Name = name, .Ours = name, .Peer = json.Name + suffix, .Goal = goalAgainstJson});
-    suite.Compare({.Name = name, .Ours = name, .Peer = loop.Name + suffix, .Goal = goalAgainstLoop});
+    for (const auto& [peer, goal] : {std::pair(json, goalAgainstJson), std::pair(loop, goalAgainstLoop)})
+        suite.Compare({.Name = name,
+                       .Ours = name,
+                       .Peer = peer.Name + suffix,
+                       .Goal = goal,
+                       .WaitsForDisk = waitsForDisk});
 }
 
 void AddTableSize(bench::Suite& suite, const std::shared_ptr<Stored>& stored)
@@ -158,11 +162,13 @@ void AddTableSize(bench::Suite& suite, const std::shared_ptr<Stored>& stored)
              atlas.Load(s.Layout.u16string().c_str());
          }},
         {"JSON load", [](Stored& s) { benchmark::DoNotOptimize(bench::JsonLoad(s.Json).data()); }},
-        {"loop load", [](Stored& s) { benchmark::DoNotOptimize(bench::BareLoad(s.Layout, s.Rows).data()); }});
+        {"loop load", [](Stored& s) { benchmark::DoNotOptimize(bench::BareLoad(s.Layout, s.Rows).data()); }},
+        false);
     AddComparison(
         suite, stored, {"Save", [](Stored& s) { s.Atlas.Save(s.Layout.u16string().c_str()); }},
         {"JSON save", [](Stored& s) { bench::JsonSave(s.Json, s.Table); }},
-        {"loop save", [](Stored& s) { bench::ReplaceFile(s.Loop, s.LayoutBytes, bench::bareBufferSize); }});
+        {"loop save", [](Stored& s) { bench::ReplaceFile(s.Loop, s.LayoutBytes, s.LayoutBytes.size()); }},
+        true);
 }
 
 int Run(int argc, char** argv)
@@ -170,12 +176,14 @@ int Run(int argc, char** argv)
     bench::Suite suite(argc, argv, {"--benchmark_repetitions=11", "--benchmark_min_time=0.05"});
     const bench::TempFolder folder;
     for (const std::size_t count : catalogueSizes)
-        AddCatalogueSize(suite, count);
+        AddCatalogue(suite, std::to_string(count) + " entries", RealisticEntries(count));
+    AddCatalogue(suite, "65535 quantities", test::SingleQuantities(mostQuantities));
     suite.Run();
     for (const WORD rows : tableSizes)
         AddTableSize(suite, MakeStored(folder, rows));
     suite.Run();
-    suite.PrintTable(std::string("Catalogue and layout file, files ") + folder.Place(), "a row");
+    suite.PrintTable(std::string("Catalogue and layout file, files ") + folder.Place(),
+                     bench::threadTime + "a row");
     return EXIT_SUCCESS;
 }
 

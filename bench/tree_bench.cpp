@@ -247,8 +247,8 @@ int Run(int argc, char** argv)
     dialog.DoModal();
     if (failure)
         std::rethrow_exception(failure);
-    painting.PrintTable("Painting the tree, 20 rows and 32 or 16 file columns", "a page");
-    filling.PrintTable("Filling the tree", "a row");
+    painting.PrintTable("Painting the tree, 20 rows and 32 or 16 file columns", bench::threadTime + "a page");
+    filling.PrintTable("Filling the tree", bench::threadTime + "a row");
     return EXIT_SUCCESS;
 }
 

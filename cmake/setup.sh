@@ -3,7 +3,7 @@
 build_packages=(g++ cmake ninja-build libsqlite3-dev qt6-base-dev gettext llvm)
 test_packages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev binutils xvfb xauth matchbox-window-manager xdotool
   dpkg-dev file pkgconf python3)
-check_packages=(clang clang-format clang-tidy libclang-rt-dev)
+check_packages=(clang clang-format clang-tidy libclang-rt-dev lintian)
 
 # Prints those packages of the named lists ("build", "test", "check") that are not there yet.
 missing_packages() {

@@ -37,8 +37,8 @@ k_UnitQuantities GetUnitQuantities()
 {
     k_UnitQuantities list;
     if (g_App.m_pfnGetQuantities != nullptr)
-        g_App.m_pfnGetQuantities(list.Devices, list.Quantities, list.SubQuantities, list.Indexes, list.Flags,
-                                 list.Count);
+        g_App.m_pfnGetQuantities(&list.Devices, &list.Quantities, &list.SubQuantities, &list.Indexes,
+                                 &list.Flags, &list.Count);
     return list;
 }
 

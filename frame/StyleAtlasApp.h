@@ -3,14 +3,16 @@
 
 #include <afxwin.h>
 
-// The unit library's entry points. Of an argument wider than its member of the QuantityKey only the member's
+// The unit library's entry points: the types that its own header declares, parameter by parameter, as a call
+// through any other is undefined. Of an argument wider than its member of the QuantityKey only the member's
 // width counts. Arrays and texts stay the unit library's.
 using k_PfnChangeUserInfo = void(WINAPI*)(const WCHAR* userRoot, const WCHAR* subKey, WORD options);
 using k_PfnGetSymbol = const WCHAR*(WINAPI*)(DWORD quantity, DWORD subQuantity, DWORD flags, DWORD device,
                                              DWORD index, int mode);
-using k_PfnGetName = FARPROC;
-using k_PfnGetQuantities = void(WINAPI*)(WORD*& devices, WORD*& quantities, int*& subQuantities,
-                                         WORD*& indexes, DWORD*& flags, int& count);
+using k_PfnGetName = const WCHAR*(WINAPI*)(DWORD quantity, DWORD subQuantity, DWORD flags, DWORD device,
+                                           DWORD index);
+using k_PfnGetQuantities = void(WINAPI*)(WORD** devices, WORD** quantities, int** subQuantities,
+                                         WORD** indexes, DWORD** flags, int* count);
 
 class AFX_EXT_CLASS CStyleAtlasApp : public CWinApp
 {

@@ -79,6 +79,8 @@ int main(int argc, char** argv)
         std::filesystem::create_directories(Folder(argv[1]) / name);
         return Folder(argv[1]) / name;
     };
+    test::WriteWhole(made("units") / "forms",
+                     "* ;0x10;*;*;*;U;Voltage\n4;16;2;12;0x3;U_12;\n-1;16;0;0;0;\u20AC;a\n");
     MakeLayouts(made("layout"));
     MakeValues(made("values"));
     MakeRegistry(made("registry"));

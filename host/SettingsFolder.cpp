@@ -58,7 +58,9 @@ std::filesystem::path SettingsFolder(std::string_view hostName)
 
 void CreateSettingsFolder(std::string_view hostName)
 {
-    const std::filesystem::path prefix = Prefix();
+    std::filesystem::path prefix = Prefix();
+    if (!prefix.has_filename())
+        prefix = prefix.parent_path(); // without the slash at its end
     if (prefix.has_parent_path())
         std::filesystem::create_directories(prefix.parent_path());
     mkdir(prefix.c_str(), S_IRWXU); // what is wrong comes out below

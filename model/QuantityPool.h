@@ -3,15 +3,49 @@
 
 #include "QuantityKey.h"
 
-#include <afxtempl.h>
+#include <utility>
 
-// An array of separately allocated keys, which it owns. Its order is the order of the rows to come.
-class k_QuantityPool : public CTypedPtrArray<CPtrArray, QuantityKey*>
+// A quantity of the unit library's list. It is in one pool at a time.
+struct k_PooledQuantity {
+    QuantityKey Key;
+    k_PooledQuantity* Next = nullptr; // in its pool
+};
+
+// Quantities in the order of the rows to come. A pool owns none of them, so that moving one costs the same
+// however many stay behind.
+class k_QuantityPool
 {
 public:
-    k_QuantityPool() = default;
-    ~k_QuantityPool() override;
+    bool HoldsOne() const { return m_first != nullptr && m_first == m_last; }
 
-    // Appends a new record.
-    void AddRecord(const QuantityKey& key);
+    // The pool must not be empty.
+    const QuantityKey& First() const { return m_first->Key; }
+
+    void Add(k_PooledQuantity& quantity)
+    {
+        quantity.Next = nullptr;
+        (m_first != nullptr ? m_last->Next : m_first) = &quantity;
+        m_last = &quantity;
+    }
+
+    // Calls visit(key) for each quantity.
+    template <class Visit> void ForEach(Visit visit) const
+    {
+        for (const k_PooledQuantity* each = m_first; each != nullptr; each = each->Next)
+            visit(each->Key);
+    }
+
+    // Moves every quantity to the end of the pool that poolOf(key), another than this, gives by reference.
+    template <class PoolOf> void MoveAll(PoolOf poolOf)
+    {
+        k_PooledQuantity* next = std::exchange(m_first, nullptr);
+        while (k_PooledQuantity* const each = next) {
+            next = each->Next;
+            poolOf(each->Key).Add(*each);
+        }
+    }
+
+private:
+    k_PooledQuantity* m_first = nullptr;
+    k_PooledQuantity* m_last = nullptr; // has no meaning while the pool is empty
 };

@@ -9,6 +9,11 @@
 // at once, so a place is had and given back in a few steps. A block of which no place is in use goes back to
 // the heap, but for the last one. Not for two threads at once, and never destroyed: a record may outlive all
 // that is.
+//
+// The standard library's std::pmr::unsynchronized_pool_resource was measured in its place, with 96,000 and
+// with two million records: 23 to 26 ns to take one and 16 to 21 ns to give it back, against 2 to 4 ns for
+// each here, but up to 26 ns to take one while the system hands out new pages. And it gives no memory back to
+// the heap before it is destroyed.
 class RecordMemory
 {
 public:

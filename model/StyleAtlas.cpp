@@ -3,6 +3,7 @@
 #include "OwnedElement.h"
 
 #include <algorithm>
+#include <memory>
 
 k_StyleAtlas::~k_StyleAtlas()
 {
@@ -21,16 +22,35 @@ k_StyleAtlas& k_StyleAtlas::Assign(const k_StyleAtlas& source)
     if (&source == this)
         return *this;
     Clear();
-    Version = source.Version;
-    ColumnCount = source.ColumnCount;
-    RegistryPath = source.RegistryPath;
-    FilePath = source.FilePath;
+    AssignHead(source);
     Rows.SetSize(source.Rows.GetSize());
     for (INT_PTR i = 0; i < source.Rows.GetSize(); ++i) {
         if (const k_QuantityDesc* const pSource = source.GetRow(i))
             Rows.SetAt(i, new k_QuantityDesc(*pSource));
     }
     return *this;
+}
+
+k_StyleAtlas& k_StyleAtlas::Assign(k_StyleAtlas&& source)
+{
+    if (&source == this)
+        return *this;
+    Clear();
+    AssignHead(source);
+    Rows.SetSize(source.Rows.GetSize());
+    for (INT_PTR i = 0; i < source.Rows.GetSize(); ++i)
+        Rows.SetAt(i, source.Rows.GetAt(i));
+    source.Rows.SetSize(0);
+    return *this;
+}
+
+// What is copied in any case: the counters and the paths.
+void k_StyleAtlas::AssignHead(const k_StyleAtlas& source)
+{
+    Version = source.Version;
+    ColumnCount = source.ColumnCount;
+    RegistryPath = source.RegistryPath;
+    FilePath = source.FilePath;
 }
 
 int k_StyleAtlas::GetBoundedColumnCount() const

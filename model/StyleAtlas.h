@@ -2,9 +2,8 @@
 #pragma once
 
 #include "QuantityList.h"
-#include "QuantityPool.h"
 
-#include <memory>
+class k_QuantityPool;
 
 // The table and what is done with it as a whole. The atlas owns its rows; the pointers that it hands out stay
 // its own and are good until the rows are replaced. A slot of Rows can be empty, and everything that walks
@@ -22,6 +21,9 @@ public:
 
     // Makes this atlas a deep copy of another.
     k_StyleAtlas& Assign(const k_StyleAtlas& source);
+
+    // The same, but takes the rows of the other, which is left without any, instead of copying them.
+    k_StyleAtlas& Assign(k_StyleAtlas&& source);
 
     // Appends a row with a record as constructed for each file column, and gives its index.
     INT_PTR AddRow(QuantityKey key, BYTE level);
@@ -48,11 +50,6 @@ public:
     // Replaces the rows by an outline of the quantities that the unit library reports now, all styles as
     // constructed. Gives the number of rows.
     INT_PTR BuildCatalogue();
-
-    // Moves the records of a Quantity, and of the SubQuantity and Device unless these are k_Any, out of the
-    // pool into a new one, in their order; null when there are none.
-    static std::unique_ptr<k_QuantityPool> TakeMatching(k_QuantityPool& pool, WORD quantity, WORD subQuantity,
-                                                        WORD device);
 
     // ---- Bulk rules: each gives distinct shapes and fills, or distinct colours, to the whole table
 
@@ -109,7 +106,8 @@ private:
     // The file columns that a rule walks or a new row gets: ColumnCount, but at most 32.
     int GetBoundedColumnCount() const;
 
-    void AddGroup(QuantityKey leader, k_QuantityPool& group);
+    void AssignHead(const k_StyleAtlas& source);
+    void AddGroup(k_QuantityPool& group);
     void AddSubQuantity(const k_QuantityPool& records);
     void ReadRows(CArchive& ar);
     void WriteRows(CArchive& ar);

@@ -1,8 +1,14 @@
+// The outline of the unit library's flat list. Each entry is dealt with once for each level of the outline,
+// however many groups there are.
+#include "QuantityPool.h"
 #include "StyleAtlas.h"
 #include "UnitLibrary.h"
 
+#include <algorithm>
 #include <array>
-#include <utility>
+#include <map>
+#include <new>
+#include <vector>
 
 namespace
 {
@@ -10,6 +16,11 @@ namespace
 constexpr BYTE groupLevel = 0;
 constexpr BYTE subQuantityLevel = 1;
 constexpr BYTE indexLevel = 2;
+
+constexpr std::size_t possibleSubQuantities = 256; // see KeyOf
+
+// In order of first appearance.
+using Pools = std::vector<k_QuantityPool>;
 
 // Of the sub-quantity and of the index only the lowest 8 bits count.
 QuantityKey KeyOf(const k_UnitQuantities& list, int i)
@@ -23,107 +34,101 @@ QuantityKey KeyOf(const k_UnitQuantities& list, int i)
     return key;
 }
 
-// The distinct sub-quantities of a pool, in order of first appearance.
-class SubQuantities
+std::vector<k_PooledQuantity> EntriesOf(const k_UnitQuantities& list)
 {
-public:
-    explicit SubQuantities(const k_QuantityPool& pool)
-    {
-        std::array<bool, possible> seen{};
-        for (INT_PTR i = 0; i < pool.GetSize(); ++i) {
-            const WORD value = pool.GetAt(i)->SubQuantity;
-            if (!std::exchange(seen[value], true))
-                m_values[m_count++] = value;
+    std::vector<k_PooledQuantity> entries;
+    entries.reserve(static_cast<std::size_t>(std::max(list.Count, 0)));
+    for (int i = 0; i < list.Count; ++i)
+        entries.push_back({.Key = KeyOf(list, i)});
+    return entries;
+}
+
+// A group is what its first entry, the leader, takes out of the entries that no leader before it has taken:
+// those of its Quantity and Device or, where it has no device, all of its Quantity. So an entry belongs to
+// the leader of its own Quantity and Device, and where there is none yet, to the leader without a device.
+Pools DivideIntoGroups(std::vector<k_PooledQuantity>& entries)
+{
+    const auto leaderOf = [](WORD quantity, WORD device) { return DWORD{quantity} << 16 | device; };
+    std::map<DWORD, std::size_t> places; // not a hash, which a hostile list could defeat
+    Pools groups;
+    for (k_PooledQuantity& entry : entries) {
+        const WORD quantity = entry.Key.Quantity;
+        const auto [own, isNew] =
+            places.try_emplace(leaderOf(quantity, static_cast<WORD>(entry.Key.Device)), groups.size());
+        if (isNew) {
+            const auto any = places.find(leaderOf(quantity, k_Any));
+            if (any != places.end() && any != own)
+                own->second = any->second;
+            else
+                groups.emplace_back();
         }
+        groups[own->second].Add(entry);
     }
+    return groups;
+}
 
-    std::size_t Count() const { return m_count; }
-    const WORD* begin() const { return m_values.data(); }
-    const WORD* end() const { return m_values.data() + m_count; }
-
-private:
-    static constexpr std::size_t possible = 256; // see KeyOf
-
-    std::array<WORD, possible> m_values;
-    std::size_t m_count = 0;
-};
+Pools DivideBySubQuantity(k_QuantityPool& group)
+{
+    std::array<WORD, possibleSubQuantities> numbers{}; // of the pool of each, from 1
+    Pools pools;
+    group.MoveAll([&](const QuantityKey& key) -> k_QuantityPool& {
+        WORD& number = numbers[key.SubQuantity];
+        if (number == 0) {
+            pools.emplace_back();
+            number = static_cast<WORD>(pools.size());
+        }
+        return pools[number - 1U];
+    });
+    return pools;
+}
 
 } // namespace
-
-std::unique_ptr<k_QuantityPool> k_StyleAtlas::TakeMatching(k_QuantityPool& pool, WORD quantity,
-                                                           WORD subQuantity, WORD device)
-{
-    auto taken = std::make_unique<k_QuantityPool>();
-    void** const records = pool.GetData();
-    INT_PTR kept = 0;
-    for (INT_PTR i = 0; i < pool.GetSize(); ++i) {
-        auto* const pRecord = static_cast<QuantityKey*>(records[i]);
-        const bool passes = pRecord->Quantity == quantity &&
-                            (subQuantity == k_Any || pRecord->SubQuantity == subQuantity) &&
-                            (device == k_Any || static_cast<WORD>(pRecord->Device) == device);
-        if (passes)
-            taken->Add(pRecord);
-        // In this order one of the pools holds the record at every moment.
-        records[i] = nullptr;
-        if (!passes)
-            records[kept++] = pRecord;
-    }
-    pool.SetSize(kept);
-    return taken->IsEmpty() ? nullptr : std::move(taken);
-}
 
 INT_PTR k_StyleAtlas::BuildCatalogue()
 {
     Clear();
-    const k_UnitQuantities list = GetUnitQuantities();
-    k_QuantityPool master;
-    for (int i = 0; i < list.Count; ++i)
-        master.AddRecord(KeyOf(list, i));
-    while (!master.IsEmpty()) {
-        const QuantityKey leader = *master.GetAt(0);
-        const auto group = TakeMatching(master, leader.Quantity, k_Any, static_cast<WORD>(leader.Device));
-        AddGroup(leader, *group);
+    try {
+        std::vector<k_PooledQuantity> entries = EntriesOf(GetUnitQuantities());
+        for (k_QuantityPool& group : DivideIntoGroups(entries))
+            AddGroup(group);
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
     }
     return Rows.GetSize();
 }
 
-// Adds the rows of one Quantity and Device: a single row, or a group row and its sub-quantities.
-void k_StyleAtlas::AddGroup(QuantityKey leader, k_QuantityPool& group)
+// Adds the rows of one group: a single row, or a group row and its sub-quantities.
+void k_StyleAtlas::AddGroup(k_QuantityPool& group)
 {
-    if (group.GetSize() == 1) {
-        AddRow(*group.GetAt(0), groupLevel);
+    if (group.HoldsOne()) {
+        AddRow(group.First(), groupLevel);
         return;
     }
     QuantityKey groupRow;
-    groupRow.Quantity = leader.Quantity;
+    groupRow.Quantity = group.First().Quantity;
     groupRow.SubQuantity = k_GroupSubQuantity;
-    groupRow.Device = leader.Device;
+    groupRow.Device = group.First().Device;
     AddRow(groupRow, groupLevel);
 
-    const SubQuantities subQuantities(group);
-    for (const WORD subQuantity : subQuantities) {
-        const auto records =
-            TakeMatching(group, leader.Quantity, subQuantity, static_cast<WORD>(leader.Device));
-        if (subQuantities.Count() > 1) {
-            AddSubQuantity(*records);
-            continue;
-        }
-        for (INT_PTR i = 0; i < records->GetSize(); ++i)
-            AddRow(*records->GetAt(i), subQuantityLevel);
+    const Pools subQuantities = DivideBySubQuantity(group);
+    if (subQuantities.size() == 1) {
+        subQuantities.front().ForEach([this](const QuantityKey& key) { AddRow(key, subQuantityLevel); });
+        return;
     }
+    for (const k_QuantityPool& records : subQuantities)
+        AddSubQuantity(records);
 }
 
 // Adds a head, and below it the records of one sub-quantity that the head doesn't stand for.
 void k_StyleAtlas::AddSubQuantity(const k_QuantityPool& records)
 {
-    QuantityKey head = *records.GetAt(0);
+    QuantityKey head = records.First();
     head.Index = 0;
     AddRow(head, subQuantityLevel);
-    for (INT_PTR i = 0; i < records.GetSize(); ++i) {
-        const QuantityKey& key = *records.GetAt(i);
+    records.ForEach([&](const QuantityKey& key) {
         if (key.Index != 0)
             AddRow(key, indexLevel);
         else if (key != head)
             AddRow(key, subQuantityLevel);
-    }
+    });
 }

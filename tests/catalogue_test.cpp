@@ -80,25 +80,16 @@ TEST(Catalogue, AnEntryWithoutDeviceGathersItsQuantityFromAllDevices)
 {
     EXPECT_EQ(Outline({{1, 10, 1, 0, 0}, {65535, 10, 1, 0, 0}, {2, 10, 2, 0, 0}}),
               "10.1.0.1.0 10.65535.0.-1.0 +10.1.0.-1.0 +10.2.0.2.0");
-}
-
-TEST(TakeMatching, MovesTheRecordsInTheirOrder)
-{
-    k_QuantityPool pool;
-    for (const QuantityKey& key :
-         {QuantityKey{1, 1, 0, 1, 0}, QuantityKey{2, 1, 0, 1, 0}, QuantityKey{1, 2, 0, 1, 0},
-          QuantityKey{1, 1, 1, 2, 0}, QuantityKey{1, 1, 2, 1, 0}})
-        pool.AddRecord(key);
-    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 3, k_Any, k_Any), nullptr);
-    EXPECT_EQ(pool.GetSize(), 5);
-    const auto taken = k_StyleAtlas::TakeMatching(pool, 1, 1, 1);
-    ASSERT_EQ(taken->GetSize(), 2);
-    EXPECT_EQ(taken->GetAt(0)->Index, 0);
-    EXPECT_EQ(taken->GetAt(1)->Index, 2);
-    ASSERT_EQ(pool.GetSize(), 3);
-    EXPECT_EQ(pool.GetAt(0)->Quantity, 2);
-    EXPECT_EQ(pool.GetAt(2)->Device, 2);
-    EXPECT_EQ(k_StyleAtlas::TakeMatching(pool, 1, k_Any, k_Any)->GetSize(), 2);
+    // It leaves the devices that came before it their later entries, and takes none of another quantity.
+    EXPECT_EQ(Outline({{1, 10, 1, 0, 0},
+                       {65535, 10, 1, 0, 0},
+                       {2, 11, 1, 0, 0},
+                       {2, 10, 2, 0, 0},
+                       {1, 10, 1, 1, 0},
+                       {65535, 10, 2, 1, 0},
+                       {2, 10, 1, 2, 0}}),
+              "10.65535.0.1.0 +10.1.0.1.0 +10.1.1.1.0 10.65535.0.-1.0 +10.1.0.-1.0 ++10.1.2.2.0 "
+              "+10.2.0.2.0 ++10.2.1.-1.0 11.1.0.2.0");
 }
 
 } // namespace

@@ -79,8 +79,31 @@ TEST_F(Exports, AreFiveNamesAndNoOther)
     std::istringstream lines(outcome.Output);
     for (std::string line; std::getline(lines, line);)
         names.insert(line.substr(0, line.find(' ')));
-    EXPECT_EQ(names, (std::set<std::string>{"EditStyleAtlas", "GetStyleAtlas", "ReloadStyleAtlas",
-                                            "StyleAtlasChangeUserInfo", "StyleAtlasSetApplication"}));
+    const char* const version = "@@STYLEATLAS_1";
+    EXPECT_EQ(names, (std::set<std::string>{
+                         std::string("EditStyleAtlas") + version, std::string("GetStyleAtlas") + version,
+                         std::string("ReloadStyleAtlas") + version,
+                         std::string("StyleAtlasChangeUserInfo") + version,
+                         std::string("StyleAtlasSetApplication") + version, "STYLEATLAS_1"}));
+}
+
+TEST_F(Exports, BringNoWindowsBeforeOneIsWantedAndCanBeUnloadedUntilThen)
+{
+    m_program = LOADING_HOST;
+    const std::string open = "open=" STYLEATLAS_SONAME;
+    const std::string mapped = "mapped: libstyleatlas. libstyleatlas-core\n";
+    Expect({open, "name", "get", "edit", "mapped", "close", "mapped", open, "get", "name", "get", "close",
+            "mapped"},
+           "get: 1\nedit: -1\n" + mapped + "mapped:\nget: 0\nget: 1\nmapped:\n");
+    m_environment.emplace_back("DISPLAY=:987"); // which only the libraries of windows can tell to be none
+    Expect({open, "name", "mapped", "edit", "close", "mapped"},
+           mapped + "edit: -1\nmapped: libQt6 libstyleatlas-core libstyleatlas-editor\n");
+}
+
+TEST_F(Exports, DoNothingOnceTheirObjectsHaveGone)
+{
+    m_program = LOADING_HOST;
+    Expect({"late", "open=" STYLEATLAS_SONAME, "name", "get"}, "get: 1\nlate: 0 -1\n");
 }
 
 TEST_F(Exports, AnswerFromTheTableOnceTheHostHasNamedItself)
@@ -146,7 +169,8 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
          edited + box + "own C.UTF-8\nwindow: 0\n" + edited},
         // A message comes from any thread, the editor from that of the windows.
         {{"own", "open", "ELSEWHERE", "EDIT"}, "named\nedit: -1\n"},
-        {{"open", "ELSEWHERE", "state", "edit", "own", "state"}, "named\nnone C\n" + edited + "own C.UTF-8\n"},
+        {{"open", "ELSEWHERE", "state", "edit", "own", "state"},
+         "named\nnone C\n" + edited + "own C.UTF-8\n"},
         {{"deaf", "open", "a", "edit"}, box + edited},
         {{"gui", "open", "a", "edit"}, "named\nedit: -1\n"},
         {{"core", "open", "a", "edit"}, "named\nedit: -1\n"},
@@ -168,8 +192,7 @@ TEST_F(Exports, OutliveTheDisplay)
         {"own open", box + edited + refused + refused},
     };
     for (const auto& [start, output] : hosts) {
-        const test::Outcome outcome =
-            test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
+        const test::Outcome outcome = test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
 export DISPLAY=:$(($$ % 50000 + 1000))
 serve='rm -f ready; Xvfb $DISPLAY -noreset -nolisten tcp -displayfd 3 3>ready >/dev/null 2>&1 &
 echo $! >server; until [ -s ready ]; do sleep .05; done'
@@ -177,8 +200,8 @@ trap 'kill $(cat server)' EXIT
 eval "$serve"
 timeout 50 $0 $1 a edit '!kill $(cat server); while [ -S /tmp/.X11-unix/X${DISPLAY#:} ]; do sleep .05; done' a edit \
   "!$serve; sleep 2.1" a edit)",
-                       m_program, start},
-                      m_environment);
+                                                 m_program, start},
+                                                m_environment);
         EXPECT_EQ(outcome.Output, output);
         EXPECT_NE(outcome.Errors.find(cannotLoad), std::string::npos) << outcome.Errors;
         EXPECT_EQ(outcome.Status, 0) << outcome.Errors;

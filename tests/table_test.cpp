@@ -86,6 +86,18 @@ TEST(Table, AssignMakesADeepCopyWithEmptySlots)
     copy.GetRowStyle(0, 2)->LineWidth = 9;
     EXPECT_EQ(source.GetRowStyle(0, 2)->LineWidth, 1);
 
+    k_StyleAtlas taker;
+    taker.AddRow({99, 0, 0, 0, 0}, 0);
+    const k_QuantityDesc* const pTaken = copy.GetRow(2);
+    EXPECT_EQ(&taker.Assign(std::move(copy)), &taker); // the rows themselves, where the other isn't needed
+    EXPECT_EQ(copy.Rows.GetSize(), 0);                 // NOLINT(bugprone-use-after-move)
+    ASSERT_EQ(taker.Rows.GetSize(), 3);
+    EXPECT_EQ(taker.GetRow(2), pTaken);
+    EXPECT_EQ(taker.GetRow(1), nullptr);
+    EXPECT_EQ(taker.Version, 7U);
+    EXPECT_EQ(taker.FilePath, _T("file"));
+
+    copy.Assign(taker);
     copy.Clear(); // keeps the rest
     EXPECT_EQ(copy.Rows.GetSize(), 0);
     EXPECT_EQ(copy.ColumnCount, 3U);

@@ -3,6 +3,8 @@
 
 #include <afx.h>
 
+#include <vector>
+
 struct stat;
 
 // A CFile that, opened with modeCreate, writes beside the file that its path names and puts the new file in
@@ -16,6 +18,10 @@ public:
     ~CMirrorFile() override; // aborts
 
     BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags) override;
+    // What is written goes to the system in large pieces: what it can't write is told by this, a later Write,
+    // Flush or Close.
+    void Write(const void* lpBuf, UINT nCount) override;
+    void Flush();
     void Close() override;
     void Abort() override;
 
@@ -23,7 +29,8 @@ private:
     bool OpenForCreation(const std::string& target);
     bool OpenMirror(const struct stat* pOld);
 
-    std::string m_strTarget;     // native path of the file to replace
-    std::string m_strFolder;     // of the target
-    std::string m_strMirrorName; // native path of the file beside it; empty when written directly
+    std::vector<BYTE> m_gathered; // written, but not handed to the system
+    std::string m_strTarget;      // native path of the file to replace
+    std::string m_strFolder;      // of the target
+    std::string m_strMirrorName;  // native path of the file beside it; empty when written directly
 };

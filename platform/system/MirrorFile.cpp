@@ -196,6 +196,7 @@ void CMirrorFile::Close()
 {
     if (m_hFile == hFileNull)
         return;
+    Flush();
     if (fsync(m_hFile) != 0 && errno != EINVAL && errno != EROFS) // devices have nothing to flush
         ThrowSystemError(errno);
     if (!m_strMirrorName.empty()) {
@@ -216,5 +217,6 @@ void CMirrorFile::Abort()
     if (m_hFile != hFileNull && !m_strMirrorName.empty())
         unlink(m_strMirrorName.c_str());
     m_strMirrorName.clear();
+    m_gathered.clear();
     CFile::Abort();
 }

@@ -5,8 +5,8 @@
 
 class QWidget;
 
-// Where an application object may be made for a program that has none: a dialog is opened by the thread of the
-// program's windows, a message comes from any.
+// Where an application object may be made for a program that has none: a dialog is opened by the thread of
+// the program's windows, a message comes from any.
 enum class MakingThread { Calling, Main };
 
 // Holds the application object as long as windows need it. The program's own is left as it is. Where there is
@@ -24,8 +24,8 @@ private:
     bool m_holds = false;
 };
 
-// Whether this thread can show windows now: there is an application object, of this thread, with a screen, and
-// its X server, if it has one, has not gone away.
+// Whether this thread can show windows now: there is an application object, of this thread, with a screen,
+// and its X server, if it has one, has not gone away.
 bool CanShowWindows();
 
 // The top-level widget that a dialog stands before: that of the owner, a window of the layer's or of the

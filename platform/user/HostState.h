@@ -18,7 +18,7 @@ private:
     std::string m_before;
 };
 
-// The program's handlers for errors of X, in whose place Qt puts its own: kept before an application object is
-// made, put back when it has ended.
+// The program's handlers for errors of X, in whose place Qt puts its own: kept before an application object
+// is made, put back when it has ended.
 void KeepXHandlers();
 void RestoreXHandlers();

@@ -14,6 +14,6 @@ template <class Function> Function XFunction(const char* name)
     return reinterpret_cast<Function>(QLibrary::resolve(QStringLiteral("xcb"), 1, name));
 }
 
-// Whether the server at the other end has gone away. Asks the machine alone, not the server. Qt ends a program
-// as soon as it handles an event after that.
+// Whether the server at the other end has gone away. Asks the machine alone, not the server. Qt ends a
+// program as soon as it handles an event after that.
 bool HasLostXServer();

@@ -1,9 +1,10 @@
-// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own", "gui" and
-// "core" make an application object, with widgets, with windows or without; "window" shows a window and runs
-// until it is closed; "open" and "close" do so with the library; "edit" opens the editor; "deaf" has the system
-// reap all children; "state" prints whose application object there is, the locale, and whether another handler
-// of errors has come to X; "!COMMAND" is for the shell; any other is a name for StyleAtlasSetApplication. What is
-// in capitals is done by another thread. Somebody reads out each message box and closes it, and each dialog.
+// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own", "gui"
+// and "core" make an application object, with widgets, with windows or without; "window" shows a window and
+// runs until it is closed; "open" and "close" do so with the library; "edit" opens the editor; "deaf" has the
+// system reap all children; "state" prints whose application object there is, the locale, and whether another
+// handler of errors has come to X; "!COMMAND" is for the shell; any other is a name for
+// StyleAtlasSetApplication. What is in capitals is done by another thread. Somebody reads out each message
+// box and closes it, and each dialog.
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -40,8 +41,8 @@ int HandleXError(void* /*display*/, void* /*error*/)
 
 bool HasXHandler()
 {
-    static const auto set = reinterpret_cast<XHandler (*)(XHandler)>(
-        dlsym(dlopen("libX11.so.6", RTLD_NOW), "XSetErrorHandler"));
+    static const auto set =
+        reinterpret_cast<XHandler (*)(XHandler)>(dlsym(dlopen("libX11.so.6", RTLD_NOW), "XSetErrorHandler"));
     return set(&HandleXError) == &HandleXError;
 }
 
@@ -77,7 +78,8 @@ void Call(std::string call)
 {
     std::ranges::transform(call, call.begin(), [](unsigned char letter) { return std::tolower(letter); });
     if (call == "edit") {
-        std::printf("edit: %d\n", reinterpret_cast<int (*)(std::uintptr_t)>(dlsym(library, "EditStyleAtlas"))(0));
+        std::printf("edit: %d\n",
+                    reinterpret_cast<int (*)(std::uintptr_t)>(dlsym(library, "EditStyleAtlas"))(0));
         return;
     }
     const std::u16string wide(call.begin(), call.end());
@@ -112,7 +114,7 @@ int main(int argc, char** argv)
         else if (call == "state")
             PrintState();
         else if (call.front() == '!')
-            [[maybe_unused]] const int status = std::system(call.c_str() + 1);
+            (void)!std::system(call.c_str() + 1);
         else if (std::isupper(call.front()) != 0)
             std::thread(Call, call).join();
         else

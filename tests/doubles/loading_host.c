@@ -5,7 +5,8 @@
  *   edit         opens the editor: its result
  *   close        unloads it
  *   mapped       which libraries of windows, and which of the style atlas, are in the process
- *   late         has every function called once more when the program ends, after the library's objects have gone */
+ *   late         has every function called once more when the program ends, after the library's objects have
+ * gone */
 #include <include/styleatlas.h>
 
 #include <dlfcn.h>
@@ -30,8 +31,8 @@ static void (*setApplication)(const char16_t*);
 static void (*reload)(void);
 static void (*changeUser)(const char16_t*, const char16_t*);
 static int (*edit)(uintptr_t);
-static int (*get)(int16_t, uint16_t, uint8_t, uint8_t, uint16_t, uint32_t, uint32_t*, int16_t*, int16_t*, int16_t*,
-                  uint32_t*, int16_t*, int16_t*, uint8_t*);
+static int (*get)(int16_t, uint16_t, uint8_t, uint8_t, uint16_t, uint32_t, uint32_t*, int16_t*, int16_t*,
+                  int16_t*, uint32_t*, int16_t*, int16_t*, uint8_t*);
 
 static void Open(const char* file)
 {
@@ -66,7 +67,8 @@ static void CallLate(void)
 
 static void ShowMapped(void)
 {
-    static const char* const names[] = {"libQt6", "libstyleatlas.", "libstyleatlas-core", "libstyleatlas-editor"};
+    static const char* const names[] = {"libQt6", "libstyleatlas.", "libstyleatlas-core",
+                                        "libstyleatlas-editor"};
     FILE* const maps = fopen("/proc/self/maps", "r");
     char line[4096];
     int found[4] = {0};

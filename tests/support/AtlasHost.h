@@ -24,9 +24,9 @@ inline int subQuantities[] = {0, 70000, -2};
 inline WORD indexes[] = {0, 300, 1};
 inline DWORD flags[] = {0, 0x80000001, 5};
 
-inline void WINAPI ReportUnits(WORD*& d, WORD*& q, int*& s, WORD*& i, DWORD*& f, int& count)
+inline void ReportUnits(WORD** d, WORD** q, int** s, WORD** i, DWORD** f, int* count)
 {
-    std::tie(d, q, s, i, f, count) = std::tuple(devices, quantities, subQuantities, indexes, flags, 3);
+    std::tie(*d, *q, *s, *i, *f, *count) = std::tuple(devices, quantities, subQuantities, indexes, flags, 3);
 }
 
 inline const WCHAR* WINAPI NameUnit(DWORD quantity, DWORD subQuantity, DWORD, DWORD, DWORD, int mode)

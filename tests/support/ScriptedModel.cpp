@@ -40,8 +40,8 @@ void SetUnits(std::vector<UnitEntry> entries)
 std::vector<UnitEntry> SingleQuantities(WORD count)
 {
     std::vector<UnitEntry> entries;
-    for (WORD i = 1; i <= count; ++i)
-        entries.push_back({.Quantity = i});
+    for (int i = 1; i <= count; ++i)
+        entries.push_back({.Quantity = static_cast<WORD>(i)});
     return entries;
 }
 
