@@ -193,12 +193,13 @@ TEST_F(Exports, OutliveTheDisplay)
     };
     for (const auto& [start, output] : hosts) {
         const test::Outcome outcome = test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
-trap 'kill $SERVER $(cat server); rm -f server' EXIT
-Xvfb -displayfd 3 -noreset 3>number >/dev/null 2>&1 & export SERVER=$!
-until [ -s number ]; do sleep .05; done
-export DISPLAY=:$(cat number) SOCKET=/tmp/.X11-unix/X$(cat number); rm number
-timeout 50 $0 $1 a edit '!kill $SERVER; while [ -S $SOCKET ]; do sleep .05; done' a edit \
-  '!Xvfb $DISPLAY -noreset >/dev/null 2>&1 & echo $! >server; until [ -S $SOCKET ]; do sleep .05; done; sleep 2.1' a edit)",
+export DISPLAY=:$(($$ % 50000 + 1000))
+serve='rm -f ready; Xvfb $DISPLAY -noreset -nolisten tcp -displayfd 3 3>ready >/dev/null 2>&1 &
+echo $! >server; until [ -s ready ]; do sleep .05; done'
+trap 'kill $(cat server)' EXIT
+eval "$serve"
+timeout 50 $0 $1 a edit '!kill $(cat server); while [ -S /tmp/.X11-unix/X${DISPLAY#:} ]; do sleep .05; done' a edit \
+  "!$serve; sleep 2.1" a edit)",
                                                  m_program, start},
                                                 m_environment);
         EXPECT_EQ(outcome.Output, output);

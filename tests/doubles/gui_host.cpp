@@ -113,8 +113,8 @@ int main(int argc, char** argv)
             std::signal(SIGCHLD, SIG_IGN);
         else if (call == "state")
             PrintState();
-        else if (call.front() == '!') [[maybe_unused]]
-            const int status = std::system(call.c_str() + 1);
+        else if (call.front() == '!')
+            (void)!std::system(call.c_str() + 1);
         else if (std::isupper(call.front()) != 0)
             std::thread(Call, call).join();
         else
