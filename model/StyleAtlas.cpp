@@ -3,6 +3,7 @@
 #include "OwnedElement.h"
 
 #include <algorithm>
+#include <new>
 
 k_StyleAtlas::~k_StyleAtlas()
 {
@@ -25,6 +26,11 @@ k_StyleAtlas& k_StyleAtlas::Assign(const k_StyleAtlas& source)
     ColumnCount = source.ColumnCount;
     RegistryPath = source.RegistryPath;
     FilePath = source.FilePath;
+    try {
+        UnreadFiles = source.UnreadFiles;
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
     Rows.SetSize(source.Rows.GetSize());
     for (INT_PTR i = 0; i < source.Rows.GetSize(); ++i) {
         if (const k_QuantityDesc* const pSource = source.GetRow(i))

@@ -1,28 +1,38 @@
 #include <windows.h>
 
+#include "CaseFolding.h"
+#include "Descriptors.h"
+#include "FailedLooks.h"
 #include "Paths.h"
 #include "SignalGuard.h"
 #include "Unicode.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <memory>
 #include <new>
 #include <optional>
 #include <sqlite3.h>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <vector>
 
 // The registry is the SQLite file registry.db in the prefix folder. Every open key has a connection of its
 // own, so no lock is held between calls; a write is one transaction that takes the lock at its start, so that
-// processes which write at once wait for each other. Keys and values are found by their folded names.
+// processes which write at once wait for each other. Keys and values are found by their folded names; those
+// of older versions, which folded A to Z alone, by the spelling that is stored beside them.
 
 struct HKEY__ {
     sqlite3* Database;
     sqlite3_int64 Id;
     REGSAM Access;
+    std::uint64_t Mark;
+    LONG Unread; // how the last query failed; ERROR_SUCCESS where it didn't
 };
 
 namespace
@@ -38,6 +48,13 @@ constexpr int largestValue = 16 << 20; // bytes; a file that holds or computes m
 constexpr std::size_t mostLevels = 512;
 constexpr std::size_t longestPath = 32767; // characters
 constexpr std::string_view usersName = "HKEY_USERS";
+constexpr const char* fileName = "/registry.db";
+constexpr const char* damagedName = "/registry.db.damaged";
+
+// The key at a path, of which ?1 is the folded form and ?2 the form that older versions stored; the second
+// goes through all keys, for one that an older version stored under another spelling.
+constexpr std::string_view findKey = "SELECT id FROM key WHERE folded IN (?1, ?2) ORDER BY folded = ?2 DESC";
+constexpr std::string_view searchKey = "SELECT id FROM key WHERE fold(path) = ?1 AND ?2 <> ''";
 
 constexpr const char* schema =
     "CREATE TABLE IF NOT EXISTS key("
@@ -58,8 +75,6 @@ LONG ErrorOf(int result)
     case SQLITE_ROW:
     case SQLITE_DONE:
         return ERROR_SUCCESS;
-    case SQLITE_CANTOPEN:
-        return ERROR_FILE_NOT_FOUND;
     case SQLITE_PERM:
     case SQLITE_READONLY:
         return ERROR_ACCESS_DENIED;
@@ -71,9 +86,10 @@ LONG ErrorOf(int result)
     case SQLITE_FULL:
         return ERROR_DISK_FULL;
     case SQLITE_NOTADB:
+        return ERROR_NOT_REGISTRY_FILE;
     case SQLITE_CORRUPT:
     case SQLITE_SCHEMA:
-    case SQLITE_ERROR: // no table of that name: the file is somebody else's
+    case SQLITE_ERROR: // no column of that name: the file is somebody else's
         return ERROR_BADDB;
     default:
         return ERROR_REGISTRY_IO_FAILED;
@@ -136,11 +152,27 @@ int Execute(sqlite3* database, const char* text)
     return sqlite3_exec(database, text, nullptr, nullptr, nullptr);
 }
 
-std::string Folded(std::string text)
+// As versions before this one folded.
+std::string FoldedOnlyAToZ(std::string text)
 {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
     return text;
+}
+
+// The SQL function fold(text).
+void Fold(sqlite3_context* context, int /*count*/, sqlite3_value** arguments)
+{
+    try {
+        const auto* const bytes = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
+        if (bytes == nullptr)
+            throw std::bad_alloc(); // neither column can be null
+        const std::string folded =
+            FoldCase({bytes, static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]))});
+        sqlite3_result_text64(context, folded.data(), folded.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    }
 }
 
 // The paths of a key and of all keys above it, from the root down; none for a path that is too long or too
@@ -168,19 +200,27 @@ int Wait()
     return lastBusy && std::chrono::steady_clock::now() - *lastBusy < heldFor ? waitWhileHeld : longestWait;
 }
 
-int OpenDatabase(int flags, Database& database)
+enum class Opening { existing, creating };
+
+// Nothing is opened where the file isn't there, which is told as ERROR_FILE_NOT_FOUND; what kept the system
+// from looking is told as itself.
+LONG OpenDatabase(Opening opening, Database& database)
 {
     const std::string prefix = PrefixFolder();
-    if (prefix.empty() || ((flags & SQLITE_OPEN_CREATE) != 0 && !MakeFolder(prefix)))
-        return SQLITE_CANTOPEN;
+    const bool creating = opening == Opening::creating;
+    if (prefix.empty() || (creating && !MakeFolder(prefix)))
+        return ERROR_REGISTRY_IO_FAILED;
+    const std::string file = prefix + fileName;
+    if (!creating && access(file.c_str(), F_OK) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? ERROR_FILE_NOT_FOUND : ERROR_REGISTRY_IO_FAILED;
     sqlite3* opened = nullptr;
-    const int result =
-        sqlite3_open_v2((prefix + "/registry.db").c_str(), &opened, flags | SQLITE_OPEN_READWRITE, nullptr);
+    const int result = sqlite3_open_v2(file.c_str(), &opened,
+                                       SQLITE_OPEN_READWRITE | (creating ? SQLITE_OPEN_CREATE : 0), nullptr);
     database.reset(opened);
     if (result != SQLITE_OK)
-        return result;
+        return ErrorOf(result);
     if (sqlite3_db_readonly(opened, "main") != 0)
-        return SQLITE_READONLY;
+        return ERROR_ACCESS_DENIED;
     sqlite3_busy_timeout(opened, Wait());
     // The file may come from anybody: nothing that it computes is run.
     for (const int feature :
@@ -189,16 +229,44 @@ int OpenDatabase(int flags, Database& database)
     sqlite3_limit(opened, SQLITE_LIMIT_LENGTH, largestValue);
     sqlite3_progress_handler(
         opened, progressStep, [](void*) { return 1; }, nullptr);
-    return SQLITE_OK;
+    return ErrorOf(sqlite3_create_function(opened, "fold", 1,
+                                           SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
+                                           Fold, nullptr, nullptr));
 }
 
+// A file that is no database goes out of the way, so that what is stored from now on is kept. The first one
+// that did stays.
+bool PutAside()
+{
+    const std::string prefix = PrefixFolder();
+    return renameat2(AT_FDCWD, (prefix + fileName).c_str(), AT_FDCWD, (prefix + damagedName).c_str(),
+                     RENAME_NOREPLACE) == 0;
+}
+
+// Whether the file has no keys at all, as an empty one; ERROR_SUCCESS, or what hinders from looking.
+LONG HasKeys(sqlite3* database, bool& has)
+{
+    Statement find(database, "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'key'");
+    const int result = find.Step();
+    has = result == SQLITE_ROW;
+    return result == SQLITE_ROW || result == SQLITE_DONE ? ERROR_SUCCESS : ErrorOf(result);
+}
+
+// SQLITE_ROW and the key's number, SQLITE_DONE where there is none, or what failed.
 int FindKey(sqlite3* database, const std::string& path, sqlite3_int64& id)
 {
-    const std::string folded = Folded(path);
-    Statement find(database, "SELECT id FROM key WHERE folded = ?1");
-    const int result = find.Bind(1, folded).Step();
-    if (result == SQLITE_ROW)
-        id = find.Number(0);
+    const std::string folded = FoldCase(path);
+    const std::string older = FoldedOnlyAToZ(path);
+    const bool foldsAlike = std::ranges::all_of(path, [](char c) { return (c & 0x80) == 0; });
+    int result = SQLITE_DONE;
+    for (const std::string_view text : {findKey, searchKey}) {
+        Statement find(database, text);
+        result = find.Bind(1, folded).Bind(2, older).Step();
+        if (result == SQLITE_ROW)
+            id = find.Number(0);
+        if (result != SQLITE_DONE || foldsAlike)
+            break;
+    }
     return result;
 }
 
@@ -208,10 +276,14 @@ int InsertKeys(sqlite3* database, const std::vector<std::string>& paths)
     for (const std::string& path : paths) {
         if (result != SQLITE_OK)
             return result;
-        const std::string folded = Folded(path);
-        Statement insert(database, "INSERT INTO key(folded, path) VALUES(?1, ?2) ON CONFLICT DO NOTHING");
-        result = insert.Bind(1, folded).Bind(2, path).Step();
-        result = result == SQLITE_DONE ? SQLITE_OK : result;
+        sqlite3_int64 id = 0;
+        result = FindKey(database, path, id);
+        if (result == SQLITE_DONE) {
+            const std::string folded = FoldCase(path);
+            Statement insert(database, "INSERT INTO key(folded, path) VALUES(?1, ?2)");
+            result = insert.Bind(1, folded).Bind(2, path).Step();
+        }
+        result = result == SQLITE_DONE || result == SQLITE_ROW ? SQLITE_OK : result;
     }
     return result;
 }
@@ -234,6 +306,7 @@ template <class Change> int Transact(sqlite3* database, Change change)
 template <class Body> LONG Guarded(Body body)
 {
     const SignalGuard guard;
+    const StandardDescriptors descriptors;
     try {
         const LONG result = body();
         if (result == ERROR_BUSY)
@@ -244,104 +317,163 @@ template <class Body> LONG Guarded(Body body)
     }
 }
 
+// The key that the null handle stands for: the last one that could not be opened or created, and whether
+// somebody has tried to read it since.
+struct UnopenedKey {
+    std::uint64_t Mark = 0;
+    bool IsRead = false;
+};
+UnopenedKey unopened;
+
+LONG OpenKey(LPCWSTR subKey, REGSAM access, HKEY* key)
+{
+    const std::vector<std::string> paths = KeyPaths(subKey);
+    if (paths.empty())
+        return ERROR_INVALID_PARAMETER;
+    Database database;
+    if (const LONG failure = OpenDatabase(Opening::existing, database))
+        return failure;
+    bool hasKeys = false;
+    if (const LONG failure = HasKeys(database.get(), hasKeys))
+        return failure;
+    sqlite3_int64 id = 0;
+    const int result = hasKeys ? FindKey(database.get(), paths.back(), id) : SQLITE_DONE;
+    if (result != SQLITE_ROW)
+        return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
+    *key = new HKEY__{database.get(), id, access, KeyMark(subKey), ERROR_SUCCESS};
+    static_cast<void>(database.release());
+    return ERROR_SUCCESS;
+}
+
+LONG CreateKey(LPCWSTR subKey)
+{
+    const std::vector<std::string> paths = KeyPaths(subKey);
+    if (paths.empty())
+        return ERROR_INVALID_PARAMETER;
+    const auto create = [&paths] {
+        Database database;
+        const LONG failure = OpenDatabase(Opening::creating, database);
+        return failure != ERROR_SUCCESS
+                   ? failure
+                   : ErrorOf(Transact(database.get(), [&] { return InsertKeys(database.get(), paths); }));
+    };
+    const LONG result = create();
+    return result == ERROR_NOT_REGISTRY_FILE && PutAside() ? create() : result;
+}
+
+LONG QueryValue(HKEY key, LPCWSTR name, DWORD* type, BYTE* data, DWORD* size)
+{
+    if ((key->Access & KEY_READ) != KEY_READ)
+        return ERROR_ACCESS_DENIED;
+    const std::string utf8 = ToUtf8(name);
+    const std::string folded = FoldCase(utf8);
+    const std::string older = FoldedOnlyAToZ(utf8);
+    Statement find(key->Database, "SELECT type, length(data), CASE WHEN length(data) <= ?3 THEN data END"
+                                  " FROM value WHERE key = ?1 AND (folded = ?2 OR fold(name) = ?2)"
+                                  " ORDER BY folded = ?4 DESC, folded = ?2 DESC");
+    const int result = find.Bind(1, key->Id).Bind(2, folded).Bind(3, *size).Bind(4, older).Step();
+    if (result != SQLITE_ROW)
+        return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
+    const sqlite3_int64 length = find.Number(1);
+    const bool fits = length <= static_cast<sqlite3_int64>(*size);
+    const void* const bytes = find.Data(2);
+    if (fits && find.DataSize(2) != length) // a text, whose length isn't its size
+        return ERROR_BADDB;
+    *type = static_cast<DWORD>(find.Number(0));
+    *size = static_cast<DWORD>(length);
+    if (!fits)
+        return ERROR_MORE_DATA;
+    if (length > 0)
+        std::memcpy(data, bytes, static_cast<std::size_t>(length));
+    return ERROR_SUCCESS;
+}
+
+LONG SetValue(HKEY key, LPCWSTR name, DWORD type, const BYTE* data, DWORD size)
+{
+    if ((key->Access & KEY_WRITE) != KEY_WRITE)
+        return ERROR_ACCESS_DENIED;
+    const std::string utf8 = ToUtf8(name);
+    const std::string folded = FoldCase(utf8);
+    const std::string older = FoldedOnlyAToZ(utf8);
+    return ErrorOf(Transact(key->Database, [&] {
+        Statement store(
+            key->Database,
+            "INSERT INTO value(key, folded, name, type, data) VALUES(?1, coalesce("
+            "(SELECT folded FROM value WHERE key = ?1 AND (folded = ?2 OR fold(name) = ?2)"
+            " ORDER BY folded = ?6 DESC, folded = ?2 DESC), ?2), ?3, ?4, ?5) ON CONFLICT(key, folded)"
+            " DO UPDATE SET type = excluded.type, data = excluded.data");
+        const int result = store.Bind(1, key->Id)
+                               .Bind(2, folded)
+                               .Bind(3, utf8)
+                               .Bind(4, type)
+                               .BindData(5, data, size)
+                               .Bind(6, older)
+                               .Step();
+        return result == SQLITE_DONE ? SQLITE_OK : result;
+    }));
+}
+
 } // namespace
 
 LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD /*options*/, REGSAM access, HKEY* key)
 {
-    return Guarded([&]() -> LONG {
-        if (root != HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        const std::vector<std::string> paths = KeyPaths(subKey);
-        if (paths.empty())
-            return ERROR_INVALID_PARAMETER;
-        Database database;
-        int result = OpenDatabase(0, database);
-        if (result != SQLITE_OK)
-            return ErrorOf(result);
-        sqlite3_int64 id = 0;
-        result = FindKey(database.get(), paths.back(), id);
-        if (result != SQLITE_ROW)
-            return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
-        *key = new HKEY__{database.get(), id, access};
-        static_cast<void>(database.release());
-        return ERROR_SUCCESS;
-    });
+    if (root != HKEY_USERS)
+        return ERROR_INVALID_HANDLE;
+    const LONG result = Guarded([&] { return OpenKey(subKey, access, key); });
+    const std::uint64_t mark = KeyMark(subKey);
+    unopened = {.Mark = result != ERROR_SUCCESS ? mark : 0};
+    result != ERROR_SUCCESS ? FailedLooks::Keep(mark, result) : FailedLooks::Opened(mark);
+    return result;
 }
 
 LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD /*reserved*/, LPWSTR /*keyClass*/, DWORD options,
                      REGSAM access, void* /*security*/, HKEY* key, DWORD* /*disposition*/)
 {
-    const LONG created = Guarded([&]() -> LONG {
-        if (root != HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        const std::vector<std::string> paths = KeyPaths(subKey);
-        if (paths.empty())
-            return ERROR_INVALID_PARAMETER;
-        Database database;
-        const int result = OpenDatabase(SQLITE_OPEN_CREATE, database);
-        if (result != SQLITE_OK)
-            return ErrorOf(result);
-        return ErrorOf(Transact(database.get(), [&] { return InsertKeys(database.get(), paths); }));
-    });
-    return created == ERROR_SUCCESS ? RegOpenKeyExW(root, subKey, options, access, key) : created;
+    if (root != HKEY_USERS)
+        return ERROR_INVALID_HANDLE;
+    const std::uint64_t mark = KeyMark(subKey);
+    if (const LONG failure = FailedLooks::OpeningOf(mark))
+        return failure;
+    const LONG created = Guarded([&] { return CreateKey(subKey); });
+    if (created == ERROR_SUCCESS)
+        return RegOpenKeyExW(root, subKey, options, access, key);
+    unopened = {.Mark = mark};
+    FailedLooks::Keep(mark, created == ERROR_NOT_REGISTRY_FILE ? ERROR_BADDB : created);
+    return created;
 }
 
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, BYTE* data, DWORD* size)
 {
-    return Guarded([&]() -> LONG {
-        if (key == nullptr || key == HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        if ((key->Access & KEY_READ) != KEY_READ)
-            return ERROR_ACCESS_DENIED;
-        const std::string folded = Folded(ToUtf8(name));
-        Statement find(key->Database, "SELECT type, length(data), CASE WHEN length(data) <= ?3 THEN data END"
-                                      " FROM value WHERE key = ?1 AND folded = ?2");
-        const int result = find.Bind(1, key->Id).Bind(2, folded).Bind(3, *size).Step();
-        if (result != SQLITE_ROW)
-            return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
-        const sqlite3_int64 length = find.Number(1);
-        const bool fits = length <= static_cast<sqlite3_int64>(*size);
-        const void* const bytes = find.Data(2);
-        if (fits && find.DataSize(2) != length) // a text, whose length isn't its size
-            return ERROR_BADDB;
-        *type = static_cast<DWORD>(find.Number(0));
-        *size = static_cast<DWORD>(length);
-        if (!fits)
-            return ERROR_MORE_DATA;
-        if (length > 0)
-            std::memcpy(data, bytes, static_cast<std::size_t>(length));
-        return ERROR_SUCCESS;
-    });
+    if (key == nullptr || key == HKEY_USERS) {
+        unopened.IsRead = true;
+        return ERROR_INVALID_HANDLE;
+    }
+    const LONG result = Guarded([&] { return QueryValue(key, name, type, data, size); });
+    key->Unread = IsAnswer(result) ? ERROR_SUCCESS : result;
+    FailedLooks::Keep(key->Mark, result);
+    return result;
 }
 
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, const BYTE* data, DWORD size)
 {
-    return Guarded([&]() -> LONG {
-        if (key == nullptr || key == HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        if ((key->Access & KEY_WRITE) != KEY_WRITE)
-            return ERROR_ACCESS_DENIED;
-        const std::string utf8 = ToUtf8(name);
-        const std::string folded = Folded(utf8);
-        return ErrorOf(Transact(key->Database, [&] {
-            Statement store(key->Database, "INSERT INTO value(key, folded, name, type, data)"
-                                           " VALUES(?1, ?2, ?3, ?4, ?5) ON CONFLICT(key, folded)"
-                                           " DO UPDATE SET type = excluded.type, data = excluded.data");
-            const int result = store.Bind(1, key->Id)
-                                   .Bind(2, folded)
-                                   .Bind(3, utf8)
-                                   .Bind(4, type)
-                                   .BindData(5, data, size)
-                                   .Step();
-            return result == SQLITE_DONE ? SQLITE_OK : result;
-        }));
-    });
+    const std::uint64_t value = ValueMark(name, type, {reinterpret_cast<const char*>(data), size});
+    if (key == nullptr || key == HKEY_USERS) {
+        if (unopened.IsRead)
+            FailedLooks::Refuse(unopened.Mark, value);
+        return ERROR_INVALID_HANDLE;
+    }
+    if (key->Unread != ERROR_SUCCESS)
+        return FailedLooks::Refuse(key->Mark, value);
+    if (const LONG failure = FailedLooks::RefusalOf(key->Mark, value))
+        return failure;
+    return Guarded([&] { return SetValue(key, name, type, data, size); });
 }
 
 LONG RegCloseKey(HKEY key)
 {
     if (key == nullptr || key == HKEY_USERS)
         return ERROR_INVALID_HANDLE;
+    const StandardDescriptors descriptors;
     sqlite3_close(key->Database);
     delete key;
     return ERROR_SUCCESS;
