@@ -100,13 +100,10 @@ LONG FailedLooks::OpeningOf(std::uint64_t key)
     return look != nullptr ? look->Opening : ERROR_SUCCESS;
 }
 
-LONG FailedLooks::Refuse(std::uint64_t key, std::uint64_t value)
+void FailedLooks::Refuse(std::uint64_t key, std::uint64_t value)
 {
-    FailedLook* const look = Find(key);
-    if (look == nullptr)
-        return ERROR_SUCCESS;
-    look->Refused = value;
-    return look->Result;
+    if (FailedLook* const look = Find(key))
+        look->Refused = value;
 }
 
 LONG FailedLooks::RefusalOf(std::uint64_t key, std::uint64_t value)

@@ -28,8 +28,8 @@ void Opened(std::uint64_t key);
 LONG OpeningOf(std::uint64_t key);
 
 // Refuses the value to this key until the key has been read: it was made up in place of one that could not
-// be read, and can come again through another handle. Gives the failure that stands behind it.
-LONG Refuse(std::uint64_t key, std::uint64_t value);
+// be read, and can come again through another handle.
+void Refuse(std::uint64_t key, std::uint64_t value);
 
 // The failure that stands behind an earlier refusal of this value; ERROR_SUCCESS for a value that wasn't
 // refused.
