@@ -263,7 +263,7 @@ TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
         sqlite3* database = nullptr;
         if (sqlite3_open((m_prefix.Path() / "registry.db").c_str(), &database) != SQLITE_OK)
             return 1;
-        for (int moment = 0; moment < 20; ++moment) {
+        for (int moment = 0; moment < 40; ++moment) {
             sqlite3_exec(database, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
             usleep(moment == 0 ? 2'600'000U : 40'000U + 30'000U * static_cast<unsigned>(moment % 4));
             sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr);
@@ -272,7 +272,7 @@ TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
         return 0;
     });
     usleep(100'000);
-    for (int i = 0; i < 30; ++i) {
+    for (int i = 0; i < 60; ++i) {
         SetApplication();
         m_atlas.Load({});
         ChangeUser();

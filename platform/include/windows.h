@@ -128,7 +128,7 @@ LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD reserved, LPWSTR keyClass,
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
 
 // Stores a value of size bytes; it is on disk when the call returns. Fails through a handle whose last query
-// gave no answer; and the same value, through any handle, until the key has been read.
+// gave no answer; and the same value through any handle that wasn't read, until that key has been read.
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size);
 
 LONG RegCloseKey(HKEY key);

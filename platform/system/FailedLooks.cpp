@@ -106,8 +106,8 @@ void FailedLooks::Refuse(std::uint64_t key, std::uint64_t value)
         look->Refused = value;
 }
 
-LONG FailedLooks::RefusalOf(std::uint64_t key, std::uint64_t value)
+LONG FailedLooks::RefusalOf(std::uint64_t value)
 {
-    const FailedLook* const look = Find(key);
-    return look != nullptr && look->Refused == value ? look->Result : ERROR_SUCCESS;
+    const auto* const look = std::ranges::find(looks, value, &FailedLook::Refused);
+    return look != looks.end() ? look->Result : ERROR_SUCCESS;
 }

@@ -27,12 +27,11 @@ void Opened(std::uint64_t key);
 // How the last opening of the key failed; ERROR_SUCCESS where it didn't.
 LONG OpeningOf(std::uint64_t key);
 
-// Refuses the value to this key until the key has been read: it was made up in place of one that could not
-// be read, and can come again through another handle.
+// Keeps the value as one that was made up since this key could not be read, until the key has been. It can
+// come again through another handle, and for another key.
 void Refuse(std::uint64_t key, std::uint64_t value);
 
-// The failure that stands behind an earlier refusal of this value; ERROR_SUCCESS for a value that wasn't
-// refused.
-LONG RefusalOf(std::uint64_t key, std::uint64_t value);
+// The failure on account of which this value was made up; ERROR_SUCCESS for any other value.
+LONG RefusalOf(std::uint64_t value);
 
 } // namespace FailedLooks

@@ -15,7 +15,8 @@ struct HKEY__ {
     sqlite3_int64 Id;
     REGSAM Access;
     std::uint64_t Mark;
-    LONG Unread; // how the last query failed; ERROR_SUCCESS where it didn't
+    bool IsRead; // the last query gave an answer
+    LONG Unread; // how it failed; ERROR_SUCCESS where it didn't, or there was none
 };
 
 namespace
@@ -50,7 +51,7 @@ LONG OpenKey(LPCWSTR subKey, REGSAM access, HKEY* key)
     sqlite3_int64 id = 0;
     if (const LONG failure = OpenStoredKey(subKey, database, id))
         return failure;
-    *key = new HKEY__{database.get(), id, access, KeyMark(subKey), ERROR_SUCCESS};
+    *key = new HKEY__{database.get(), id, access, KeyMark(subKey), false, ERROR_SUCCESS};
     static_cast<void>(database.release());
     return ERROR_SUCCESS;
 }
@@ -94,7 +95,8 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, 
         const bool isAllowed = (key->Access & KEY_READ) == KEY_READ;
         return isAllowed ? ReadStoredValue(key->Store, key->Id, name, type, data, size) : ERROR_ACCESS_DENIED;
     });
-    key->Unread = IsAnswer(result) ? ERROR_SUCCESS : result;
+    key->IsRead = IsAnswer(result);
+    key->Unread = key->IsRead ? ERROR_SUCCESS : result;
     FailedLooks::Keep(key->Mark, result);
     return result;
 }
@@ -111,7 +113,8 @@ LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, cons
         FailedLooks::Refuse(key->Mark, value);
         return key->Unread;
     }
-    if (const LONG failure = FailedLooks::RefusalOf(key->Mark, value))
+    // Who has read the key knows what is replaced.
+    if (const LONG failure = key->IsRead ? ERROR_SUCCESS : FailedLooks::RefusalOf(value))
         return failure;
     return Guarded([&]() -> LONG {
         const bool isAllowed = (key->Access & KEY_WRITE) == KEY_WRITE;
