@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 
 k_StyleAtlas::~k_StyleAtlas()
 {
@@ -44,13 +45,18 @@ k_StyleAtlas& k_StyleAtlas::Assign(k_StyleAtlas&& source)
     return *this;
 }
 
-// What is copied in any case: the counters and the paths.
+// What is copied in any case: the counters, the paths and the files that could not be read.
 void k_StyleAtlas::AssignHead(const k_StyleAtlas& source)
 {
     Version = source.Version;
     ColumnCount = source.ColumnCount;
     RegistryPath = source.RegistryPath;
     FilePath = source.FilePath;
+    try {
+        UnreadFiles = source.UnreadFiles;
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
 }
 
 int k_StyleAtlas::GetBoundedColumnCount() const

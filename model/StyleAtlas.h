@@ -3,6 +3,8 @@
 
 #include "QuantityList.h"
 
+#include <vector>
+
 class k_QuantityPool;
 
 // The table and what is done with it as a whole. The atlas owns its rows; the pointers that it hands out stay
@@ -73,13 +75,15 @@ public:
     // Builds the catalogue and lays the layout file over it: the file at the path, or, for an empty path, the
     // one that the registry names, which becomes FilePath. 0 when the table came from a file; 1 when there is
     // none, and the default styles stand, or when it is damaged, which a message tells, and the bare
-    // catalogue stands.
+    // catalogue stands. A file that could not be read is remembered for Save.
     int Load(CString path);
 
     // Writes the table to the path, or, for an empty path, to FilePath; the path becomes FilePath when the
-    // whole file is on disk. Always false. A file that cannot be opened ends silently, an exception out of
-    // the opening is told in a message; a failure while the bytes go out raises the file exception. The old
-    // file stands in each case.
+    // whole file is on disk. Always false. A name that leads nowhere, as in a folder that doesn't exist, ends
+    // silently; an exception out of the opening is told in a message; a failure while the bytes go out raises
+    // the file exception. The old file stands in each case. One that Load could not read is kept as
+    // NAME.damaged before it is written over (or with a number behind it, where there is such a file); if
+    // that fails, the message is shown and nothing is written.
     bool Save(CString path);
 
     // Makes the path FilePath and stores it in the registry; false for an empty path, which changes nothing.
@@ -99,8 +103,9 @@ public:
     DWORD Version = 1;
     DWORD ColumnCount = k_MaxFileColumns; // as the file has it; at most 32 file columns are built or shown
     k_QuantityList Rows;
-    CString RegistryPath; // subkey below HKEY_USERS
-    CString FilePath;     // of the layout file in use
+    CString RegistryPath;             // subkey below HKEY_USERS
+    CString FilePath;                 // of the layout file in use
+    std::vector<CString> UnreadFiles; // paths that Load could not read, and Save hasn't written over
 
 private:
     // The file columns that a rule walks or a new row gets: ColumnCount, but at most 32.
@@ -112,6 +117,9 @@ private:
     void ReadRows(CArchive& ar);
     void WriteRows(CArchive& ar);
     void ReadFilePath();
+    void RememberUnread(const CString& path);
+    void ForgetUnread(const CString& path);
+    void KeepUnread(const CString& path);
 };
 
 AFX_EXT_DATA extern k_StyleAtlas g_StyleAtlas; // the module's table, which answers the host

@@ -17,9 +17,13 @@ namespace
 // as records do follow.
 constexpr int placesBelieved = 64;
 
-// More rows than any unit library reports. A file that claims more is damaged, before it has taken the
-// memory.
-constexpr DWORD mostRows = 1U << 18;
+// A host's number of a file column has 16 bits with a sign, so no record beyond could be asked for. Bounds
+// what a file with holes, which takes no room on the disk, can take of the memory.
+constexpr int mostRecords = 1 << 15;
+
+// Rows that have come in place of others, beyond those of the catalogue: only equal rows of a catalogue make
+// such a file. Bounds the time that a file with holes can take.
+constexpr INT_PTR mostTwins = 1 << 20;
 
 // A record in the file, all at once: a table has a hundred thousand.
 #pragma pack(push, 1)
@@ -88,6 +92,8 @@ void WriteStyles(CArchive& ar, const k_LineDefList& styles)
 void ReadStyles(CArchive& ar, k_LineDefList& styles, int count)
 {
     styles.Cut(count); // refuses a count below 0
+    if (count > mostRecords)
+        AfxThrowArchiveException(CArchiveException::genericException, nullptr);
     styles.SetSize(std::max<INT_PTR>(styles.GetSize(), std::min(count, placesBelieved)));
     for (int i = 0; i < count; ++i) {
         k_LineDef* const pHeld = i < styles.GetSize() ? styles.GetAt(i) : nullptr;
@@ -135,8 +141,7 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
     ar >> Version >> ColumnCount >> stored;
     if (stored == 0)
         return;
-    if (stored > mostRows)
-        AfxThrowArchiveException(CArchiveException::genericException, nullptr);
+    INT_PTR twinsLeft = Rows.GetSize() + mostTwins;
     try {
         RowIndex index(*this);
         std::unique_ptr<k_QuantityDesc> row;
@@ -149,6 +154,8 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
             if (position == end) {
                 AddOwned(Rows, std::exchange(row, nullptr));
             } else {
+                if (twinsLeft-- == 0)
+                    AfxThrowArchiveException(CArchiveException::genericException, nullptr);
                 // The row that has to go is the next to be read into: a table over a catalogue takes no
                 // second set of records.
                 k_QuantityDesc* const pReplaced = GetRow(position);

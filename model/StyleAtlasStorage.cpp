@@ -5,6 +5,8 @@
 
 #include <afxpriv.h>
 #include <afxwin.h>
+#include <algorithm>
+#include <new>
 #include <shlobj.h>
 
 namespace
@@ -14,10 +16,7 @@ constexpr const TCHAR* valueName = _T("StyleAtlas");
 constexpr REGSAM settingsAccess = KEY_READ | KEY_WRITE;
 constexpr int pathBufferLength = 1024; // characters, with the terminator
 constexpr int archiveBufferSize = 4096;
-
-// A file beyond this is no layout file: the most rows that the reader takes stay below it, with 32 records
-// each.
-constexpr ULONGLONG largestFile = 192ULL << 20;
+constexpr int mostKept = 99; // files of one name that could not be read
 
 // A key of the registry with the value that names the layout file. Where it can't be opened the handle is
 // null: what is read then is not valid, and what is written is lost.
@@ -45,12 +44,13 @@ public:
     }
 
     // False, and nothing, unless the value is a text: with its terminator, or of size 0, which is the empty
-    // text.
+    // text. No memory is taken after the query, so that what was read is what is in use from then on.
     bool ReadPath(CString& path) const
     {
-        TCHAR buffer[pathBufferLength] = {};
+        CString text;
+        TCHAR* const buffer = text.GetBufferSetLength(pathBufferLength);
         DWORD type = 0;
-        DWORD size = sizeof buffer;
+        DWORD size = pathBufferLength * sizeof(TCHAR);
         if (RegQueryValueExW(m_key, valueName, nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) !=
             ERROR_SUCCESS)
             return false;
@@ -59,7 +59,8 @@ public:
             size == 0 || (size % sizeof(TCHAR) == 0 && buffer[size / sizeof(TCHAR) - 1] == 0);
         if (!isText || !isEnded)
             return false;
-        path = buffer;
+        text.ReleaseBuffer();
+        path = text;
         return true;
     }
 
@@ -125,6 +126,7 @@ int k_StyleAtlas::Load(CString path)
         ReadFilePath();
         path = FilePath;
     }
+    RememberUnread(path); // until it has been read
     CFile file;
     if (!OpenForReading(file, path)) {
         BuildCatalogue();
@@ -133,12 +135,11 @@ int k_StyleAtlas::Load(CString path)
     }
     try {
         BuildCatalogue();
-        if (file.GetLength() > largestFile)
-            AfxThrowArchiveException(CArchiveException::genericException, path);
         CArchive archive(&file, CArchive::load, archiveBufferSize);
         Serialize(archive);
         archive.Close();
         file.Close();
+        ForgetUnread(path);
         return 0;
     } catch (CException* e) {
         e->Delete();
@@ -163,12 +164,47 @@ void k_StyleAtlas::ReadFilePath()
     FilePath = path;
 }
 
+void k_StyleAtlas::RememberUnread(const CString& path)
+{
+    ForgetUnread(path);
+    try {
+        UnreadFiles.push_back(path);
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
+}
+
+void k_StyleAtlas::ForgetUnread(const CString& path)
+{
+    std::erase_if(UnreadFiles, [&path](const CString& unread) { return unread.CompareNoCase(path) == 0; });
+}
+
+// One that is not there, or no longer, leaves nothing to be kept.
+void k_StyleAtlas::KeepUnread(const CString& path)
+{
+    const auto isSame = [&path](const CString& unread) { return unread.CompareNoCase(path) == 0; };
+    if (std::ranges::none_of(UnreadFiles, isSame))
+        return;
+    for (int number = 1; number <= mostKept; ++number) {
+        CString copy;
+        copy.Format(number == 1 ? _T("%s.damaged") : _T("%s.damaged%d"), path.GetString(), number);
+        if (CopyFileW(path, copy, TRUE) != FALSE || GetLastError() == ERROR_FILE_NOT_FOUND) {
+            ForgetUnread(path);
+            return;
+        }
+        if (GetLastError() != ERROR_FILE_EXISTS)
+            break;
+    }
+    AfxThrowFileException(CFileException::accessDenied, 0, path);
+}
+
 bool k_StyleAtlas::Save(CString path)
 {
     if (path.IsEmpty())
         path = FilePath;
     CMirrorFile file;
     try {
+        KeepUnread(path);
         if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
             return false;
     } catch (CException* e) {

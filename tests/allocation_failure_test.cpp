@@ -1,5 +1,8 @@
-// Out of memory, at every allocation in turn: nothing crashes, nothing leaks, no file is lost, and the table
-// can be loaded again afterwards. Replaces operator new, so it is a program of its own.
+// Out of memory, at every allocation in turn, and a call into the system or the database that fails, at every
+// call in turn: nothing crashes, nothing leaks, no file and no setting is lost, and the table can be loaded
+// again afterwards. Replaces operator new and the system's functions for files, so it is a program of its
+// own.
+#include "support/ChildProcess.h"
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
 #include "support/ScriptedModel.h"
@@ -7,9 +10,17 @@
 
 #include <model/Host.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <new>
+#include <sqlite3.h>
+
+extern "C" {
+extern long systemCallsLeft;
+extern long databaseCallsLeft;
+extern int systemFailure;
+}
 
 namespace
 {
@@ -31,6 +42,20 @@ void* AllocateOrThrow(std::size_t size)
         throw std::bad_alloc();
     return memory;
 }
+
+// The database's own allocations count too, down to the smallest.
+sqlite3_mem_methods databaseMemory;
+const bool databaseIsCounted = [] {
+    sqlite3_config(SQLITE_CONFIG_GETMALLOC, &databaseMemory);
+    sqlite3_mem_methods counted = databaseMemory;
+    static constexpr auto fails = [] { return allocationsLeft >= 0 && allocationsLeft-- == 0; };
+    counted.xMalloc = [](int size) { return fails() ? nullptr : databaseMemory.xMalloc(size); };
+    counted.xRealloc = [](void* old, int size) {
+        return fails() ? nullptr : databaseMemory.xRealloc(old, size);
+    };
+    return (sqlite3_config(SQLITE_CONFIG_MALLOC, &counted) | sqlite3_config(SQLITE_CONFIG_LOOKASIDE, 0, 0)) ==
+           SQLITE_OK;
+}();
 
 } // namespace
 
@@ -81,70 +106,200 @@ protected:
         g_ApplicationName = _T("Bench");
         m_prefix.MakeFolder();
         m_atlas.ColumnCount = 2;
-        m_atlas.SetRegistryPath(_T("key"));
         m_atlas.BuildCatalogue();
         m_atlas.Save(layout);
-        m_atlas.SetFilePath(layout);
-        m_stored = test::ReadWhole(m_prefix.Native("Style.Atlas"));
+        for (const TCHAR* const key : {_T("S-1\\key"), _T("key")}) {
+            m_atlas.RegistryPath = key;
+            m_atlas.SetFilePath(layout);
+        }
+        m_stored = test::ReadWhole(m_file);
+        m_settings = Settings();
     }
     ~AllocationFailure() override { g_ApplicationName.Empty(); }
 
-    // Runs the operation again and again, each time with the next allocation failing, until none is left to
-    // fail. Nothing but the framework's exceptions comes out of it.
-    template <class Operation> void FailEach(Operation operation)
+    // All values of the registry, read past the layer, which keeps in mind what was read through it.
+    std::string Settings() const
     {
-        long failures = 0;
-        for (;; ++failures) {
-            allocationsLeft = failures;
+        std::string settings;
+        sqlite3* database = nullptr;
+        sqlite3_open((m_prefix.Path() / "registry.db").c_str(), &database);
+        const auto append = [](void* all, int, char** columns, char**) {
+            *static_cast<std::string*>(all) += std::string(columns[0]) + '\n';
+            return 0;
+        };
+        sqlite3_exec(database, "SELECT path || ' ' || hex(data) FROM value JOIN key ON key = id ORDER BY 1",
+                     append, &settings, nullptr);
+        sqlite3_close(database);
+        return settings;
+    }
+
+    // Runs the operation again and again, each time with the next allocation or call failing, until none is
+    // left to fail, and checks what must hold each time. Nothing but the framework's exceptions comes out of
+    // it.
+    template <class Operation, class Check> long FailEach(long& left, Operation operation, Check check)
+    {
+        for (long failures = 0;; ++failures) {
+            left = failures;
             try {
                 operation();
             } catch (CException* e) {
                 e->Delete();
             }
-            const bool ranOut = allocationsLeft < 0;
-            allocationsLeft = -1;
+            const bool ranOut = left < 0;
+            left = -1;
             if (!ranOut)
-                break;
-            ASSERT_EQ(test::ReadWhole(m_prefix.Native("Style.Atlas")), m_stored) << failures;
+                return failures;
+            check(failures);
+            if (HasFatalFailure() || Settings() != m_settings) {
+                ADD_FAILURE() << "after " << failures << '\n' << Settings();
+                return failures;
+            }
         }
-        EXPECT_GT(failures, 3);
-        EXPECT_EQ(m_atlas.Load({}), 0);
-        EXPECT_EQ(test::BytesOf(m_atlas), m_stored);
-        EXPECT_EQ(test::EntryCount(m_prefix.Native()), 1);
     }
 
+    template <class Operation> void FailEach(Operation operation)
+    {
+        const auto check = [this](long failures) {
+            ASSERT_EQ(test::ReadWhole(m_file), m_stored) << failures;
+        };
+        for (long* const left : {&allocationsLeft, &databaseCallsLeft})
+            EXPECT_GT(FailEach(*left, operation, check), left == &allocationsLeft ? 3 : -1);
+        for (systemFailure = EIO; systemFailure != 0; systemFailure = systemFailure == EIO ? EMFILE : 0)
+            FailEach(systemCallsLeft, operation, check);
+        m_atlas.RegistryPath = _T("key");
+        EXPECT_EQ(m_atlas.Load({}), 0);
+        EXPECT_EQ(test::BytesOf(m_atlas), m_stored);
+    }
+
+    // What a host's calls come to.
+    void SetApplication()
+    {
+        m_atlas.SetRegistryPath(_T("key"));
+        m_atlas.Load({});
+    }
+    void ChangeUser() { m_atlas.ChangeUserInfo(_T("S-1"), _T("key")); }
+
     test::TempPrefix m_prefix;
+    const std::filesystem::path m_file = m_prefix.Native("Style.Atlas");
     test::MessageRecorder m_messages;
     k_StyleAtlas m_atlas;
     std::string m_stored;
+    std::string m_settings;
 };
 
-TEST_F(AllocationFailure, WhileLoadingAndSaving)
+TEST_F(AllocationFailure, WhileLoadingSavingAndCopying)
 {
+    EXPECT_TRUE(databaseIsCounted);
     FailEach([this] { m_atlas.Load({}); });
+    FailEach([this] { SetApplication(); });
+    FailEach([this] { ChangeUser(); });
     FailEach([this] { m_atlas.Load(_T("C:\\none")); });
-    FailEach([this] { m_atlas.Save({}); });
+    FailEach([this] { m_atlas.Save(layout); });
+    k_StyleAtlas copy;
+    FailEach([&] { copy.Assign(m_atlas); });
+    EXPECT_EQ(test::BytesOf(copy), m_stored);
 }
 
 TEST_F(AllocationFailure, AnOpeningThatThrowsIsToldAndEndsTheSave)
 {
     const CString path = layout;
-    allocationsLeft = 0;
-    EXPECT_FALSE(m_atlas.Save(path));
-    allocationsLeft = -1;
+    for (long* const left : {&allocationsLeft, &systemCallsLeft}) {
+        *left = left == &allocationsLeft ? 0 : 2; // the folder is looked through twice before
+        systemFailure = EMFILE;
+        std::filesystem::remove(m_file);
+        EXPECT_FALSE(m_atlas.Save(path));
+        *left = -1;
+        EXPECT_FALSE(std::filesystem::exists(m_file));
+    }
     EXPECT_EQ(m_messages.Messages(),
-              std::vector(1, test::Message{u"Cannot save style atlas", u"Error", MB_ICONEXCLAMATION}));
+              std::vector(2, test::Message{u"Cannot save style atlas", u"Error", MB_ICONEXCLAMATION}));
 }
 
-TEST_F(AllocationFailure, WhileCopyingTheTableAndChangingTheUser)
+// A save over a file that has one name, over one that has two and is written in place, and over one that
+// could not be read: whatever call fails, the old file or the new one is there, and the old one has gone
+// nowhere.
+TEST_F(AllocationFailure, ASaveLeavesTheOldFileOrTheNewOneWhole)
 {
-    k_StyleAtlas copy;
-    FailEach([&] { copy.Assign(m_atlas); });
-    EXPECT_EQ(test::BytesOf(copy), m_stored);
-    FailEach([this] {
-        m_atlas.FilePath = layout;
-        m_atlas.ChangeUserInfo(_T("S-1"), _T("key"));
+    const std::string old = "damaged " + m_stored;
+    const auto inFolder = [this](std::string_view bytes) {
+        const std::filesystem::directory_iterator files(m_prefix.Native());
+        return std::any_of(begin(files), end(files),
+                           [bytes](const auto& file) { return test::ReadWhole(file) == bytes; });
+    };
+    for (const bool isLinked : {false, true}) {
+        for (const bool isUnread : {false, true}) {
+            for (systemFailure = EIO; systemFailure != 0; systemFailure = systemFailure == EIO ? ENOSPC : 0) {
+                const auto prepare = [&] {
+                    std::filesystem::remove_all(m_prefix.Native());
+                    m_prefix.MakeFolder();
+                    test::WriteWhole(m_file, old);
+                    if (isLinked)
+                        std::filesystem::create_hard_link(m_file, m_prefix.Native("other"));
+                    m_atlas.UnreadFiles = {isUnread ? CString(layout) : CString()};
+                };
+                prepare();
+                const long failures = FailEach(
+                    systemCallsLeft, [this] { m_atlas.Save(layout); },
+                    [&](long failure) {
+                        const std::string now = test::ReadWhole(m_file);
+                        ASSERT_TRUE(now == old || now == m_stored) << failure << ": " << now.size();
+                        ASSERT_TRUE(!isUnread || inFolder(old)) << failure;
+                        prepare();
+                    });
+                EXPECT_GT(failures, 6);
+                EXPECT_EQ(test::ReadWhole(m_file), m_stored);
+                EXPECT_EQ(test::ReadWhole(m_file.string() + '~'), old);
+                EXPECT_EQ(test::EntryCount(m_prefix.Native()), 2 + isLinked + isUnread);
+            }
+        }
+    }
+}
+
+// Another process holds the database: longer than a call waits, and then for moments, so that of the calls
+// that belong together one fails and the next does not.
+TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
+{
+    test::ChildProcess holder([this] {
+        sqlite3* database = nullptr;
+        if (sqlite3_open((m_prefix.Path() / "registry.db").c_str(), &database) != SQLITE_OK)
+            return 1;
+        for (int moment = 0; moment < 40; ++moment) {
+            sqlite3_exec(database, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+            usleep(moment == 0 ? 2'600'000U : 40'000U + 30'000U * static_cast<unsigned>(moment % 4));
+            sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr);
+            usleep(5000U * static_cast<unsigned>(moment % 5));
+        }
+        return 0;
     });
+    usleep(100'000);
+    for (int i = 0; i < 60; ++i) {
+        SetApplication();
+        m_atlas.Load({});
+        ChangeUser();
+        const std::string now = Settings(); // nothing where the database is held just then
+        ASSERT_TRUE(now.empty() || now == m_settings) << now;
+    }
+    EXPECT_EQ(holder.Wait(), 0);
+    EXPECT_EQ(Settings(), m_settings);
+    SetApplication();
+    EXPECT_EQ(m_atlas.FilePath, layout);
+}
+
+// A choice of the user is no value made up by a failed look: it is kept as soon as the database takes it.
+TEST_F(AllocationFailure, AChoiceAfterAFailedLookIsKept)
+{
+    databaseCallsLeft = 0;
+    m_atlas.Load({});
+    databaseCallsLeft = -1;
+    EXPECT_NE(m_atlas.FilePath, layout);
+    SetApplication();
+    EXPECT_EQ(m_atlas.FilePath, layout);
+    databaseCallsLeft = 0;
+    m_atlas.Load({});
+    databaseCallsLeft = -1;
+    m_atlas.SetFilePath(_T("C:\\mine"));
+    SetApplication();
+    EXPECT_EQ(m_atlas.FilePath, _T("C:\\mine"));
 }
 
 } // namespace

@@ -141,6 +141,18 @@ TEST(LayoutFile, HoldsMoreThan32RecordsOfARow)
     EXPECT_EQ(back.GetRowStyle(0, 32), nullptr);
 }
 
+TEST(LayoutFile, HoldsAsManyRowsAsATableHas)
+{
+    constexpr INT_PTR rows = 263'000;
+    k_StyleAtlas atlas;
+    atlas.ColumnCount = 0;
+    for (INT_PTR i = 0; i < rows; ++i)
+        atlas.AddRow({static_cast<WORD>(i), static_cast<WORD>(i >> 16), 0, 0, 0}, 0);
+    k_StyleAtlas back;
+    ReadInto(back, BytesOf(atlas));
+    EXPECT_EQ(back.Rows.GetSize(), rows);
+}
+
 TEST(LayoutFile, EmptySlotsAreToldAndLeftOutOfTheCount)
 {
     const test::MessageRecorder messages;
@@ -223,7 +235,10 @@ TEST(DamagedLayoutFile, ClaimsOfTwoBillionRowsOrRecordsAreRefusedAndTakeNoMemory
     const std::string most("\xFF\xFF\xFF\x7F", 4);
     for (const std::string& file :
          {WithBytes(MinimalFile(), 0x08, most), WithBytes(MinimalFile(), 0x0C, most),
-          WithBytes(MinimalFile(), 0x08, "\xFF\xFF\xFF\xFF")}) {
+          WithBytes(MinimalFile(), 0x08, "\xFF\xFF\xFF\xFF"),
+          // As many rows, or records, as a file with holes can have that takes no room on the disk.
+          WithBytes(MinimalFile(), 0x08, most) + std::string(20 << 20, '\0'),
+          WithBytes(MinimalFile(), 0x0C, most) + std::string(1 << 20, '\0')}) {
         k_StyleAtlas atlas;
         EXPECT_NE(CauseOfRefusal(atlas, file), 0);
     }

@@ -2,22 +2,28 @@
 #include <platform/system/Paths.h>
 #include <platform/system/Unicode.h>
 
+#include "support/ChildProcess.h"
 #include "support/TempPrefix.h"
 
 #include <array>
 #include <gtest/gtest.h>
+#include <pwd.h>
 
 namespace
 {
 
 TEST(PathsTest, ThePrefixIsNamedOrStandsInTheUsersDataFolder)
 {
-    constexpr std::array<const char*, 4> cases[] = {
+    const std::string ofUser = std::string(getpwuid(geteuid())->pw_dir) + "/.local/share/styleatlas";
+    const char* const known = ofUser.c_str();
+    const std::array<const char*, 4> cases[] = {
         {"/p//", "/d", "/h", "/p"},
         {"", "/d", "/h", "/d/styleatlas"},
         {nullptr, "/d//", "/h", "/d/styleatlas"},
         {nullptr, "d", "/h", "/h/.local/share/styleatlas"},
         {nullptr, nullptr, "/h", "/h/.local/share/styleatlas"},
+        {nullptr, nullptr, "h", known},
+        {nullptr, nullptr, nullptr, known},
     };
     for (const auto& [named, dataHome, userHome, expected] : cases) {
         const test::ScopedVariable prefix("STYLEATLAS_PREFIX", named);
@@ -25,6 +31,40 @@ TEST(PathsTest, ThePrefixIsNamedOrStandsInTheUsersDataFolder)
         const test::ScopedVariable home("HOME", userHome);
         EXPECT_EQ(PrefixFolder(), expected);
     }
+}
+
+// The environment is that of the user who started the host.
+TEST(PathsTest, AHostThatActsForAnotherUserTakesThatUsersFolder)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "needs two users";
+    const test::ScopedVariable prefix("STYLEATLAS_PREFIX", "/p");
+    const auto actForAnother = [] {
+        const std::string home = getpwuid(test::userWithoutRights)->pw_dir;
+        return seteuid(test::userWithoutRights) == 0 && PrefixFolder() == home + "/.local/share/styleatlas";
+    };
+    EXPECT_EQ(test::RunInChild([&] { return actForAnother() ? 0 : 1; }), 0);
+}
+
+TEST(PathsTest, TakesANameWithoutRegardToCaseWhereItIsNotThereAsWritten)
+{
+    const test::TempPrefix prefix;
+    for (const char* const folder : {"Both", "BOTH",
+                                     "\xC3\x84"
+                                     "a"})
+        prefix.MakeFolder(folder);
+    test::WriteWhole(prefix.Native("Both/File"), "");
+    constexpr std::pair<std::u16string_view, const char*> cases[] = {
+        {u"C:\\Both\\File", "Both/File"},
+        {u"\\Both\\FILE", "Both/File"},
+        {u"C:\\BOTH\\FILE", "BOTH/FILE"},
+        {u"C:\\both\\file", "BOTH/file"}, // the first by its bytes
+        {u"C:\\\u00E4A\\New", "\xC3\x84"
+                              "a/New"},
+        {u"C:\\None\\New", "None/New"},
+    };
+    for (const auto& [path, expected] : cases)
+        EXPECT_EQ(NativePath(path), prefix.Native(expected)) << "of " << ::testing::PrintToString(path);
 }
 
 TEST(PathsTest, FindsTheNativePath)

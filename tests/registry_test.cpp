@@ -3,6 +3,9 @@
 #include "support/RegistryKey.h"
 #include "support/TempPrefix.h"
 
+#include <afxpriv.h>
+
+#include <fcntl.h>
 #include <list>
 #include <random>
 #include <sqlite3.h>
@@ -30,6 +33,15 @@ protected:
         result = result == ERROR_SUCCESS ? result : key.Create(keyName);
         result = result == ERROR_SUCCESS ? key.Set(bytes) : result;
         return result != ERROR_SUCCESS || key.Get() == bytes ? result : ERROR_REGISTRY_IO_FAILED;
+    }
+
+    // Past the layer.
+    void Execute(const std::string& change) const
+    {
+        sqlite3* database = nullptr;
+        ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(database, change.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(database);
     }
 
     const test::TempPrefix prefix;
@@ -62,18 +74,28 @@ TEST_F(RegistryTest, EveryTypeAndSizeComesBackInAnotherProcess)
         EXPECT_EQ(key.Get(_T("text"), room), "error 234 6");
 }
 
-TEST_F(RegistryTest, FindsKeysAndNamesWithoutRegardToTheCaseOfAToZ)
+TEST_F(RegistryTest, FindsKeysAndNamesWithoutRegardToCase)
 {
     Key key;
     EXPECT_TRUE(key.Open(keyName) == ERROR_FILE_NOT_FOUND && !fs::exists(file)) << "opening creates nothing";
-    ASSERT_EQ(key.Create(_T("Software\\H\u00C4lvorn")), ERROR_SUCCESS);
-    EXPECT_EQ(key.Set("1"), ERROR_SUCCESS);
+    // \u00D7 is no letter; the others are Latin, Greek, Cyrillic and one without a small letter.
+    ASSERT_EQ(key.Create(_T("Software\\H\u00C4l\u0178\u0160\u00D7\u03A9\u0416\u0130")), ERROR_SUCCESS);
+    EXPECT_EQ(key.Set("1", _T("\u00C9t\u00E9")), ERROR_SUCCESS);
+    LPCTSTR const other = _T("\\SOFTWARE\\\\h\u00E4L\u00FF\u0161\u00D7\u03C9\u0436\u0130\\");
     Key same;
-    ASSERT_EQ(same.Open(_T("\\SOFTWARE\\\\h\u00C4LVORN\\")), ERROR_SUCCESS);
-    EXPECT_EQ(same.Get(_T("STYLEatlas")), "1");
+    ASSERT_EQ(same.Open(other), ERROR_SUCCESS);
+    EXPECT_EQ(same.Get(_T("\u00E9T\u00C9")), "1");
     EXPECT_EQ(Key().Open(_T("SOFTWARE")), ERROR_SUCCESS) << "the keys above are made too";
-    for (LPCTSTR const missing : {_T("Software\\H\u00E4lvorn"), _T("Soft"), _T("Software\\H\u00C4lvorn\\x")})
+    for (LPCTSTR const missing : {_T("Software\\H\u00C4l"), _T("Soft"), _T("Software\\H\u00C4lvorn\\x")})
         EXPECT_EQ(Key().Open(missing), ERROR_FILE_NOT_FOUND);
+
+    // What a version before this one stored: names folded from A to Z alone.
+    Execute("UPDATE key SET folded = replace(folded, '\u00E4', '\u00C4');"
+            "UPDATE value SET folded = '\u00C9t\u00E9'");
+    Key older;
+    ASSERT_EQ(older.Create(other), ERROR_SUCCESS);
+    EXPECT_EQ(older.Set("2", _T("\u00E9t\u00E9")), ERROR_SUCCESS);
+    EXPECT_EQ(same.Get(_T("\u00C9T\u00C9")), "2");
 }
 
 TEST_F(RegistryTest, WhatIsNotAllowedIsTold)
@@ -92,11 +114,17 @@ TEST_F(RegistryTest, WhatIsNotAllowedIsTold)
     EXPECT_EQ(Key().Create(deep.c_str()), ERROR_INVALID_PARAMETER);
 }
 
-TEST_F(RegistryTest, WhatIsNoRegistryIsToldAndLeftAsItIs)
+TEST_F(RegistryTest, WhatIsNoRegistryIsPutAsideOnce)
 {
     test::WriteWhole(file, "garbage");
+    EXPECT_EQ(Key().Open(keyName), ERROR_NOT_REGISTRY_FILE);
+    EXPECT_EQ(test::ReadWhole(file), "garbage") << "opening changes nothing";
+    EXPECT_EQ(UseAsHost(), ERROR_SUCCESS);
+    EXPECT_EQ(test::ReadWhole(file.string() + ".damaged"), "garbage");
+    test::WriteWhole(file, "garbage again");
     EXPECT_NE(UseAsHost(), ERROR_SUCCESS);
-    EXPECT_EQ(test::ReadWhole(file), "garbage");
+    EXPECT_EQ(test::ReadWhole(file), "garbage again");
+    EXPECT_EQ(test::ReadWhole(file.string() + ".damaged"), "garbage");
     EXPECT_TRUE(fs::remove(file) && mkfifo(file.c_str(), 0600) == 0);
     EXPECT_EQ(test::RunInChild([] { return UseAsHost() != ERROR_SUCCESS ? 0 : 1; }), 0);
     fs::remove(file);
@@ -110,13 +138,10 @@ TEST_F(RegistryTest, AComputedValueIsRefused)
     for (const char* const data : {"'\u00C4'", "hex(zeroblob(200000000))"}) {
         fs::remove(file);
         ASSERT_EQ(UseAsHost(), ERROR_SUCCESS);
-        sqlite3* database = nullptr;
-        ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
-        const std::string change =
-            "DROP TABLE value; CREATE TABLE value(key, type AS (1), folded AS ('styleatlas'), data AS ("s +
-            data + ")); INSERT INTO value SELECT id FROM key";
-        EXPECT_EQ(sqlite3_exec(database, change.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
-        sqlite3_close(database);
+        Execute(
+            "DROP TABLE value; CREATE TABLE value(key, type AS (1), folded AS ('styleatlas'), name AS (''),"
+            " data AS ("s +
+            data + ")); INSERT INTO value SELECT id FROM key");
         Key key;
         ASSERT_EQ(key.Open(keyName), ERROR_SUCCESS);
         EXPECT_TRUE(key.Get().starts_with("error 10"));
@@ -136,6 +161,32 @@ TEST_F(RegistryTest, ADamagedFileBringsNobodyDown)
         test::WriteWhole(file, damaged);
         static_cast<void>(UseAsHost());
     }
+}
+
+// A host may have closed its standard files: what it prints then is in no file of ours.
+TEST_F(RegistryTest, NoFileOfOursTakesTheNumberOfAStandardOne)
+{
+    EXPECT_EQ(test::RunInChild([] {
+                  const auto isFree = [](int number) { return fcntl(number, F_GETFD) < 0; };
+                  close(0), close(1), close(2);
+                  Key key;
+                  CMirrorFile saved;
+                  CFile read;
+                  if (key.Create(_T("key")) != 0 || key.Set("1") != 0 ||
+                      !saved.Open(_T("registry"), CFile::modeCreate | CFile::modeWrite) ||
+                      !read.Open(_T("/proc/self/stat"), CFile::modeRead))
+                      return 1;
+                  return isFree(0) && isFree(1) && isFree(2) ? 0 : 2;
+              }),
+              0);
+}
+
+TEST_F(RegistryTest, TheFolderThatIsMadeForItIsItsOwnersAlone)
+{
+    const test::ScopedVariable deep("STYLEATLAS_PREFIX", (prefix.Path() / "a/b").c_str());
+    EXPECT_EQ(UseAsHost(), ERROR_SUCCESS);
+    for (const char* const made : {"a", "a/b"})
+        EXPECT_EQ(fs::status(prefix.Path() / made).permissions(), fs::perms::owner_all);
 }
 
 TEST_F(RegistryTest, AFileThatMayNotBeWrittenOrGrowKeepsItsValues)

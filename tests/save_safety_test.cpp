@@ -72,6 +72,7 @@ protected:
     const test::TempPrefix prefix;
     const fs::path folder = prefix.MakeFolder("layouts");
     const fs::path file = folder / "file";
+    const fs::path previous = folder / "file~";
 };
 
 TEST_F(SaveTest, AKilledWriterLeavesOldOrNewContentsAndNothingToTheNext)
@@ -91,9 +92,10 @@ TEST_F(SaveTest, AKilledWriterLeavesOldOrNewContentsAndNothingToTheNext)
         usleep(random() % longestLife);
         writer.Kill();
         ASSERT_TRUE(IsWhole(test::ReadWhole(file))) << "in round " << round;
-        leftovers += test::EntryCount(folder) > 1 ? 1 : 0;
+        leftovers += test::EntryCount(folder) > 2 ? 1 : 0;
         ASSERT_EQ(Save(drivePath, Contents('A')), saved);
-        ASSERT_EQ(test::EntryCount(folder), 1) << "in round " << round;
+        ASSERT_TRUE(IsWhole(test::ReadWhole(previous))) << "in round " << round;
+        ASSERT_EQ(test::EntryCount(folder), 2) << "in round " << round;
     }
     EXPECT_GT(leftovers, 0) << "no writer was killed at its work";
 }
@@ -115,7 +117,40 @@ TEST_F(SaveTest, TwoWritersAtOnceShowWholeContentsAtAnyTime)
     EXPECT_EQ(first.Wait(), 0);
     EXPECT_EQ(second.Wait(), 0);
     ASSERT_EQ(Save(drivePath, Contents('d')), saved);
-    EXPECT_EQ(test::EntryCount(folder), 1);
+    EXPECT_TRUE(IsWhole(test::ReadWhole(previous)));
+    EXPECT_EQ(test::EntryCount(folder), 2);
+}
+
+TEST_F(SaveTest, TheFileBeforeItIsKeptAndNoOther)
+{
+    for (const std::string contents : {"first", "second", "third"}) {
+        const std::string before = test::ReadWhole(file);
+        EXPECT_EQ(Save(drivePath, contents), saved);
+        EXPECT_EQ(test::ReadWhole(file), contents);
+        EXPECT_EQ(test::ReadWhole(previous), before);
+        EXPECT_EQ(fs::hard_link_count(previous), 1U);
+    }
+    EXPECT_EQ(test::EntryCount(folder), 2);
+    // A writer that was killed between the two steps.
+    EXPECT_TRUE(fs::remove(previous));
+    fs::create_hard_link(file, previous);
+    EXPECT_EQ(Save(drivePath, "fourth"), saved);
+    EXPECT_EQ(test::ReadWhole(previous), "third");
+}
+
+TEST_F(SaveTest, AFileWithOtherNamesKeepsThem)
+{
+    fs::create_hard_link(file, folder / "other");
+    EXPECT_EQ(Save(drivePath, Contents('n')), saved);
+    EXPECT_EQ(test::ReadWhole(folder / "other"), Contents('n'));
+    EXPECT_EQ(test::ReadWhole(previous), "old");
+    EXPECT_EQ(Save(drivePath, "short"), saved);
+    EXPECT_EQ(test::ReadWhole(folder / "other"), "short");
+    const auto saveMore = [] {
+        return test::LimitFileSize(littleRoom) ? Save(drivePath, Contents('m')) : notTried;
+    };
+    EXPECT_EQ(test::RunInChild(saveMore), diskFull);
+    EXPECT_EQ(test::ReadWhole(file), "short");
 }
 
 TEST_F(SaveTest, AFullDiskIsToldAndKeepsTheOldFile)
@@ -169,7 +204,14 @@ TEST_F(SaveTest, LinksStayAndTheirTargetIsReplaced)
         EXPECT_TRUE(fs::is_symlink(links / name)) << name;
         EXPECT_EQ(test::ReadWhole(name == "dangling" ? folder / "missing" : file), name);
     }
-    EXPECT_EQ(test::EntryCount(folder), 2);
+    EXPECT_EQ(test::EntryCount(folder), 3);
+    if (geteuid() != 0)
+        GTEST_SKIP() << "the rest needs two users";
+    fs::permissions(links, fs::perms{01777});
+    EXPECT_EQ(lchown((links / "absolute").c_str(), test::userWithoutRights, 0), 0);
+    for (const TCHAR* const path : {_T("C:\\links\\absolute"), _T("C:\\links\\winding")})
+        EXPECT_EQ(Save(path, "x"), otherFailure) << "somebody else may have laid the link";
+    EXPECT_EQ(test::ReadWhole(file), "winding");
 }
 
 TEST_F(SaveTest, WhatCannotBeReplacedIsRefused)
@@ -178,13 +220,18 @@ TEST_F(SaveTest, WhatCannotBeReplacedIsRefused)
     fs::create_symlink("missing/file", folder / "astray");
     const auto before = test::EntryCount(folder);
     const std::u16string tooLong = std::u16string(drivePath).append(300, u'x');
-    for (const TCHAR* const path :
-         {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"), _T("C:\\layouts"),
-          _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x"), tooLong.c_str()})
+    for (const TCHAR* const path : {_T(""), _T("C:\\layouts\\loop"), _T("C:\\layouts\\astray"),
+                                    _T("C:\\missing\\file"), _T("C:\\layouts\\file\\x"), tooLong.c_str()})
         EXPECT_EQ(Save(path, "new"), refused) << ::testing::PrintToString(std::u16string(path));
+    EXPECT_EQ(Save(_T("C:\\layouts"), "new"), otherFailure) << "a folder";
+    EXPECT_EQ(test::RunInChild([] {
+                  const rlimit none{0, 0};
+                  return setrlimit(RLIMIT_NOFILE, &none) == 0 ? Save(drivePath, "new") : notTried;
+              }),
+              otherFailure);
     fs::permissions(file, fs::perms{0444});
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()) && test::GiveToOrdinaryUser(folder.c_str()));
-    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "new"), refused) << "a file that is read-only";
+    EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "new"), otherFailure) << "a file that is read-only";
     EXPECT_EQ(test::ReadWhole(file), "old");
     EXPECT_EQ(test::EntryCount(folder), before);
 }
@@ -212,7 +259,7 @@ TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
     fs::permissions(folder, fs::perms{0555});
     EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "first"), saved);
     EXPECT_EQ(test::ReadWhole(file), "first");
-    EXPECT_EQ(SaveAsOrdinaryUser(_T("C:\\layouts\\other"), "x"), refused);
+    EXPECT_EQ(SaveAsOrdinaryUser(_T("C:\\layouts\\other"), "x"), otherFailure);
     fs::permissions(folder, fs::perms{01777});
     if (geteuid() != 0)
         GTEST_SKIP() << "the rest needs two users";
@@ -221,11 +268,13 @@ TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
         EXPECT_EQ(chown(file.c_str(), owner, 0), 0);
         EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "another"), saved);
         EXPECT_EQ(test::ReadWhole(file), "another");
-        EXPECT_EQ(test::EntryCount(folder), 1);
+        EXPECT_EQ(test::EntryCount(folder), 2);
     };
     saveOver(0666, 0);
     saveOver(0640, test::userWithoutRights);
-    EXPECT_EQ(Mode(), 0600U) << "the group can't stay, and what it was allowed is no other group's";
+    EXPECT_EQ(Mode(), 0640U);
+    EXPECT_EQ(static_cast<unsigned>(fs::status(previous).permissions()), 0600U)
+        << "the group can't stay, and what it was allowed is no other group's";
 }
 
 } // namespace

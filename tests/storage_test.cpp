@@ -146,14 +146,31 @@ TEST_F(Storage, ADamagedFileIsToldAndLeavesTheBareCatalogue)
     EXPECT_TRUE(TableIsBare());
     EXPECT_EQ(m_atlas.GetRow(0)->Styles.GetSize(), 2);
     EXPECT_EQ(ValueOf(subKey), Value(defaultPath));
-    constexpr std::uintmax_t largest = 192ULL << 20; // no blocks of its own
-    std::filesystem::resize_file(m_prefix.Native(defaultFile), largest);
-    EXPECT_EQ(m_atlas.Load({}), 0) << "what follows the rows is not read";
-    std::filesystem::resize_file(m_prefix.Native(defaultFile), largest + 1);
-    EXPECT_EQ(m_atlas.Load({}), 1);
-    EXPECT_TRUE(TableIsBare());
     EXPECT_EQ(m_messages.Messages(),
-              std::vector(2, test::Message{u"Cannot load style atlas.", u"Error", MB_ICONEXCLAMATION}));
+              std::vector(1, test::Message{u"Cannot load style atlas.", u"Error", MB_ICONEXCLAMATION}));
+    std::filesystem::resize_file(m_prefix.Native(defaultFile), 1ULL << 40); // no blocks of its own
+    EXPECT_EQ(m_atlas.Load({}), 0) << "what follows the rows is not read";
+}
+
+// Each is kept before the first save over it, in the dialog's copy of the table too; a file that was read, or
+// was written meanwhile, is not.
+TEST_F(Storage, AFileThatCouldNotBeReadIsKeptBesideTheNewOne)
+{
+    const auto native = [this](const char* end) { return m_prefix.Native(defaultFile).string() + end; };
+    for (const char* const damaged : {"first", "second"}) {
+        test::WriteWhole(native(""), damaged);
+        m_atlas.Load({});
+        k_StyleAtlas edited;
+        edited.Assign(m_atlas);
+        for (int i = 0; i < 2; ++i)
+            edited.Save({});
+        m_atlas.Load({});
+        m_atlas.Save({});
+    }
+    EXPECT_EQ(test::ReadWhole(native(".damaged")), "first");
+    EXPECT_EQ(test::ReadWhole(native(".damaged2")), "second");
+    EXPECT_EQ(test::ReadWhole(native("~")), test::BytesOf(m_atlas));
+    EXPECT_EQ(test::EntryCount(m_prefix.Native(defaultFile).parent_path()), 4);
 }
 
 TEST_F(Storage, APathOfItsOwnLeavesRegistryAndFilePathAlone)
@@ -169,7 +186,8 @@ TEST_F(Storage, APathOfItsOwnLeavesRegistryAndFilePathAlone)
 
 TEST_F(Storage, WithoutARegistryTheDefaultPathServes)
 {
-    test::WriteWhole(m_prefix.Path() / "registry.db", "this is no registry");
+    for (const char* const file : {"registry.db", "registry.db.damaged"}) // nor room to put it aside
+        test::WriteWhole(m_prefix.Path() / file, "this is no registry");
     test::WriteWhole(m_prefix.Native(defaultFile), StyledFile());
     EXPECT_EQ(m_atlas.Load({}), 0);
     EXPECT_EQ(m_atlas.FilePath, defaultPath);

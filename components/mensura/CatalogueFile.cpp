@@ -87,8 +87,9 @@ std::optional<FileStamp> StampOf(const std::string& path)
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0)
         return std::nullopt;
-    return FileStamp{status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
-                     status.st_mtim.tv_nsec};
+    return FileStamp{status.st_dev,         status.st_ino,          status.st_size,
+                     status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_ctim.tv_sec,
+                     status.st_ctim.tv_nsec};
 }
 
 Catalogue ReadCatalogue(const std::string& path)

@@ -19,8 +19,10 @@ struct FileStamp {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
     std::int64_t size = 0;    // bytes
-    std::int64_t seconds = 0; // of the last change
+    std::int64_t seconds = 0; // of the last write, a time that anybody can set
     std::int64_t nanoseconds = 0;
+    std::int64_t changeSeconds = 0; // of the last change of any kind, which nobody can
+    std::int64_t changeNanoseconds = 0;
     bool operator==(const FileStamp&) const = default;
 };
 

@@ -32,6 +32,10 @@ public:
     // memory exception.
     TCHAR* GetBuffer() { return Own().data(); }
 
+    // The same with another length; places that are added hold 0. ReleaseBuffer cuts the text at its first 0.
+    TCHAR* GetBufferSetLength(int nLength);
+    void ReleaseBuffer();
+
     // Orders by code unit; 0 when equal. The second folds the letters A to Z.
     int Compare(LPCTSTR psz) const;
     int CompareNoCase(LPCTSTR psz) const;

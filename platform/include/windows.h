@@ -17,12 +17,14 @@ constexpr LONG ERROR_FILE_NOT_FOUND = 2;
 constexpr LONG ERROR_ACCESS_DENIED = 5;
 constexpr LONG ERROR_INVALID_HANDLE = 6;
 constexpr LONG ERROR_OUTOFMEMORY = 14;
+constexpr LONG ERROR_FILE_EXISTS = 80;
 constexpr LONG ERROR_INVALID_PARAMETER = 87;
 constexpr LONG ERROR_DISK_FULL = 112;
 constexpr LONG ERROR_BUSY = 170;
 constexpr LONG ERROR_MORE_DATA = 234;
 constexpr LONG ERROR_BADDB = 1009;
 constexpr LONG ERROR_REGISTRY_IO_FAILED = 1016;
+constexpr LONG ERROR_NOT_REGISTRY_FILE = 1017;
 constexpr HRESULT S_OK = 0;
 constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 
@@ -87,12 +89,24 @@ PLATFORM_API int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT typ
 // Gives the number of the message of this name, the same at every call, 0xC000 or above; 0 on failure.
 PLATFORM_API UINT RegisterWindowMessageW(LPCWSTR name);
 
+// ---- Files
+
+// Copies a file, with its permissions as far as may be, under a name that must be free: failIfExists is TRUE.
+// The copy is complete and on the disk once it has its name. FALSE where nothing was copied, and GetLastError
+// tells why: ERROR_FILE_NOT_FOUND, ERROR_FILE_EXISTS, or ERROR_ACCESS_DENIED for anything else.
+BOOL CopyFileW(LPCWSTR existing, LPCWSTR copy, BOOL failIfExists);
+
+// Of the last call that says so, on this thread.
+DWORD GetLastError();
+
 // ---- Registry
 //
-// Keys are found without regard to the case of A to Z and keep the spelling they were created with; empty
-// parts of a path are passed over. A path of more than 512 levels or 32767 characters gives
-// ERROR_INVALID_PARAMETER, and a value holds at most 16 MiB. Every function returns ERROR_SUCCESS or tells
-// what failed.
+// Keys and values are found without regard to the case of Latin, Greek, Cyrillic and Armenian letters and
+// keep the spelling they were created with; empty parts of a path are passed over. A path of more than 512
+// levels or 32767 characters gives ERROR_INVALID_PARAMETER, and a value holds at most 16 MiB. Every function
+// returns ERROR_SUCCESS or tells what failed: ERROR_FILE_NOT_FOUND is an answer, namely that there is no such
+// key or value; any other failure but ERROR_MORE_DATA means that nobody knows what is stored. Nothing is
+// written on the strength of that: see RegCreateKeyExW and RegSetValueExW.
 
 using REGSAM = DWORD;
 inline const HKEY HKEY_USERS = reinterpret_cast<HKEY>(static_cast<UINT_PTR>(0x80000003)); // NOLINT
@@ -105,7 +119,8 @@ constexpr DWORD REG_BINARY = 3;
 LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD options, REGSAM access, HKEY* key);
 
 // Opens the key, after creating it and all keys above it where they are missing. No class, options or
-// security attributes are kept.
+// security attributes are kept. Fails for a key whose last opening failed without an answer. A registry file
+// that is no database at all is put aside as registry.db.damaged, unless one was put aside before.
 LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD reserved, LPWSTR keyClass, DWORD options, REGSAM access,
                      void* security, HKEY* key, DWORD* disposition);
 
@@ -113,7 +128,8 @@ LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD reserved, LPWSTR keyClass,
 // buffer gives ERROR_MORE_DATA and leaves the buffer alone.
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
 
-// Stores a value of size bytes; it is on disk when the call returns.
+// Stores a value of size bytes; it is on disk when the call returns. Fails through a handle whose last query
+// gave no answer; and the same value through any handle that wasn't read, until that key has been read.
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size);
 
 LONG RegCloseKey(HKEY key);

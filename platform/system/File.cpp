@@ -1,5 +1,6 @@
 #include <afx.h>
 
+#include "Descriptors.h"
 #include "Memory.h"
 #include "Paths.h"
 #include "SignalGuard.h"
@@ -15,7 +16,7 @@
 namespace
 {
 
-constexpr int commonFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK; // no file that is opened may hold up the host
+constexpr int commonFlags = O_NOCTTY | O_NONBLOCK; // no file that is opened may hold up the host
 
 CFileException::Cause CauseOf(int error)
 {
@@ -65,7 +66,7 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 BOOL CFile::OpenNative(const std::string& path, int flags, UINT mode)
 {
     CFile::Abort();
-    const int file = open(path.c_str(), flags | commonFlags, mode);
+    const int file = OpenFile(path.c_str(), flags | commonFlags, mode);
     if (file < 0)
         return FALSE;
     struct stat status {
@@ -75,6 +76,7 @@ BOOL CFile::OpenNative(const std::string& path, int flags, UINT mode)
         fstat(file, &status) == 0 && (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
     if (!fit) {
         close(file);
+        errno = EINVAL;
         return FALSE;
     }
     m_hFile = file;

@@ -13,20 +13,21 @@ constexpr std::size_t pieceSize = 1 << 16;
 
 void CMirrorFile::Write(const void* lpBuf, UINT nCount)
 {
-    if (m_gathered.size() + nCount > pieceSize)
-        Flush();
-    if (nCount >= pieceSize)
-        return CFile::Write(lpBuf, nCount);
-    const auto* const bytes = static_cast<const BYTE*>(lpBuf);
+    if (m_strContents.size() + nCount > pieceSize)
+        HandOver();
     WithFrameworkMemory([&] {
-        m_gathered.reserve(pieceSize);
-        m_gathered.insert(m_gathered.end(), bytes, bytes + nCount);
+        if (m_strContents.empty())
+            m_strContents.reserve(pieceSize);
+        m_strContents.append(static_cast<const char*>(lpBuf), nCount);
     });
 }
 
-void CMirrorFile::Flush()
+// Nothing of a file that is overwritten goes out before all of it is known.
+void CMirrorFile::HandOver()
 {
-    if (!m_gathered.empty())
-        CFile::Write(m_gathered.data(), static_cast<UINT>(m_gathered.size()));
-    m_gathered.clear();
+    if (m_bOverwrites)
+        return;
+    if (!m_strContents.empty())
+        CFile::Write(m_strContents.data(), static_cast<UINT>(m_strContents.size()));
+    m_strContents.clear();
 }

@@ -1,5 +1,7 @@
 #include "Paths.h"
 
+#include "CaseFolding.h"
+#include "Descriptors.h"
 #include "Unicode.h"
 
 #include <shlobj.h>
@@ -7,8 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <filesystem>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
@@ -30,23 +35,26 @@ constexpr bool IsDriveLetter(char16_t c)
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
 }
 
+// Empty for a host that acts for another user than the one who started it: the environment is that user's.
 std::string Variable(const char* name)
 {
-    const char* const value = secure_getenv(name);
+    const char* const value = getuid() == geteuid() ? secure_getenv(name) : nullptr;
     return value ? value : "";
 }
 
+// Absolute, or empty.
 std::string HomeFolder()
 {
     std::string home = Variable("HOME");
-    if (!home.empty())
+    if (home.starts_with('/'))
         return home;
     std::array<char, userRecordSize> buffer;
     passwd record{};
     passwd* found = nullptr;
-    if (getpwuid_r(getuid(), &record, buffer.data(), buffer.size(), &found) == 0 && found && found->pw_dir)
-        home = found->pw_dir;
-    return home;
+    const bool isKnown =
+        getpwuid_r(geteuid(), &record, buffer.data(), buffer.size(), &found) == 0 && found && found->pw_dir;
+    home = isKnown ? found->pw_dir : "";
+    return home.starts_with('/') ? home : "";
 }
 
 std::string WithoutSlash(std::string path)
@@ -75,6 +83,35 @@ std::vector<std::u16string_view> PathNames(std::u16string_view path)
     return names;
 }
 
+bool Exists(const std::string& path)
+{
+    struct stat status {
+    };
+    return lstat(path.c_str(), &status) == 0;
+}
+
+// The entry of a folder that has this name but for the case of its letters, the first by its bytes where
+// there are several; the name itself where there is none.
+std::string NameInFolder(const std::string& folder, const std::string& name)
+{
+    if (Exists(folder + '/' + name))
+        return name;
+    const int file = OpenFile(folder.c_str(), O_RDONLY | O_DIRECTORY);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(file >= 0 ? fdopendir(file) : nullptr, closedir);
+    if (!entries) {
+        if (file >= 0)
+            close(file);
+        return name;
+    }
+    const std::string folded = FoldCase(name);
+    std::string found;
+    while (const dirent* const entry = readdir(entries.get())) {
+        if ((found.empty() || entry->d_name < found) && FoldCase(entry->d_name) == folded)
+            found = entry->d_name;
+    }
+    return found.empty() ? name : found;
+}
+
 std::string OnDrive(char16_t drive, std::u16string_view path)
 {
     std::string native = PrefixFolder();
@@ -82,8 +119,14 @@ std::string OnDrive(char16_t drive, std::u16string_view path)
         return native;
     native += driveFolder;
     native += static_cast<char>(drive | 0x20); // in small letters
-    for (const std::u16string_view name : PathNames(path))
-        native += '/' + ToUtf8(name);
+    std::string likeWritten = native;
+    const std::vector<std::u16string_view> names = PathNames(path);
+    for (const std::u16string_view name : names)
+        likeWritten += '/' + ToUtf8(name);
+    if (Exists(likeWritten))
+        return likeWritten;
+    for (const std::u16string_view name : names)
+        native += '/' + NameInFolder(native, ToUtf8(name));
     return native;
 }
 
@@ -130,9 +173,13 @@ std::u16string DrivePath(const std::string& nativePath)
 
 bool MakeFolder(const std::string& nativePath)
 {
-    std::error_code error;
-    std::filesystem::create_directories(nativePath, error);
-    return std::filesystem::is_directory(nativePath, error);
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = nativePath.find('/', end + 1);
+        mkdir(nativePath.substr(0, end).c_str(), S_IRWXU);
+    }
+    struct stat status {
+    };
+    return stat(nativePath.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 HRESULT SHGetFolderPathW(HWND /*owner*/, int folder, HANDLE /*token*/, DWORD /*flags*/, LPWSTR path)

@@ -37,7 +37,7 @@ bool CopyGroup(int file, const struct stat& old)
 
 } // namespace
 
-void CopyPermissions(int file, const std::string& oldPath, const struct stat& old)
+bool CopyPermissions(int file, const std::string& oldPath, const struct stat& old)
 {
     const bool hasOwner = CopyOwner(file, old);
     const bool hasGroup = hasOwner || CopyGroup(file, old);
@@ -46,4 +46,5 @@ void CopyPermissions(int file, const std::string& oldPath, const struct stat& ol
     if (!hasGroup || !hasList)
         mode &= ~static_cast<mode_t>(S_IRWXG) | ((mode & S_IRWXO) << 3);
     fchmod(file, mode);
+    return hasOwner && hasList;
 }

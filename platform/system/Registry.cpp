@@ -1,340 +1,124 @@
 #include <windows.h>
 
-#include "Paths.h"
+#include "Descriptors.h"
+#include "FailedLooks.h"
+#include "RegistryDatabase.h"
 #include "SignalGuard.h"
-#include "Unicode.h"
 
-#include <algorithm>
-#include <chrono>
-#include <cstring>
-#include <memory>
+#include <cstdint>
 #include <new>
-#include <optional>
-#include <sqlite3.h>
-#include <string>
-#include <string_view>
-#include <vector>
 
-// The registry is the SQLite file registry.db in the prefix folder. Every open key has a connection of its
-// own, so no lock is held between calls; a write is one transaction that takes the lock at its start, so that
-// processes which write at once wait for each other. Keys and values are found by their folded names.
+// Every open key has a connection of its own.
 
 struct HKEY__ {
-    sqlite3* Database;
+    sqlite3* Store;
     sqlite3_int64 Id;
     REGSAM Access;
+    std::uint64_t Mark;
+    bool IsRead; // the last query gave an answer
+    LONG Unread; // how it failed; ERROR_SUCCESS where it didn't, or there was none
 };
 
 namespace
 {
 
-// Milliseconds that other processes may hold the lock; and those once they have held it that long, so that a
-// host which goes on to the next call doesn't wait all over again.
-constexpr int longestWait = 2000;
-constexpr int waitWhileHeld = 50;
-constexpr std::chrono::seconds heldFor{5};
-constexpr int progressStep = 100'000;  // virtual machine steps; no statement here needs as many
-constexpr int largestValue = 16 << 20; // bytes; a file that holds or computes more is somebody else's
-constexpr std::size_t mostLevels = 512;
-constexpr std::size_t longestPath = 32767; // characters
-constexpr std::string_view usersName = "HKEY_USERS";
-
-constexpr const char* schema =
-    "CREATE TABLE IF NOT EXISTS key("
-    "id INTEGER PRIMARY KEY, folded TEXT NOT NULL UNIQUE, path TEXT NOT NULL);"
-    "CREATE TABLE IF NOT EXISTS value("
-    "key INTEGER NOT NULL REFERENCES key(id), folded TEXT NOT NULL, name TEXT NOT NULL,"
-    "type INTEGER NOT NULL, data BLOB NOT NULL, PRIMARY KEY(key, folded)) WITHOUT ROWID";
-
-struct CloseDatabase {
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
-};
-using Database = std::unique_ptr<sqlite3, CloseDatabase>;
-
-LONG ErrorOf(int result)
-{
-    switch (result & 0xFF) {
-    case SQLITE_OK:
-    case SQLITE_ROW:
-    case SQLITE_DONE:
-        return ERROR_SUCCESS;
-    case SQLITE_CANTOPEN:
-        return ERROR_FILE_NOT_FOUND;
-    case SQLITE_PERM:
-    case SQLITE_READONLY:
-        return ERROR_ACCESS_DENIED;
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return ERROR_BUSY;
-    case SQLITE_NOMEM:
-        return ERROR_OUTOFMEMORY;
-    case SQLITE_FULL:
-        return ERROR_DISK_FULL;
-    case SQLITE_NOTADB:
-    case SQLITE_CORRUPT:
-    case SQLITE_SCHEMA:
-    case SQLITE_ERROR: // no table of that name: the file is somebody else's
-        return ERROR_BADDB;
-    default:
-        return ERROR_REGISTRY_IO_FAILED;
-    }
-}
-
-// A prepared statement; parameters are bound in order, counted from 1.
-class Statement
-{
-public:
-    Statement(sqlite3* database, std::string_view text)
-    {
-        m_result =
-            sqlite3_prepare_v2(database, text.data(), static_cast<int>(text.size()), &m_statement, nullptr);
-    }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
-    ~Statement() { sqlite3_finalize(m_statement); }
-
-    Statement& Bind(int parameter, sqlite3_int64 number)
-    {
-        return Keep(sqlite3_bind_int64(m_statement, parameter, number));
-    }
-    Statement& Bind(int parameter, std::string_view text)
-    {
-        return Keep(sqlite3_bind_text64(m_statement, parameter, text.data(), text.size(), SQLITE_STATIC,
-                                        SQLITE_UTF8));
-    }
-    Statement& BindData(int parameter, const BYTE* data, DWORD size)
-    {
-        if (size == 0)
-            return Keep(sqlite3_bind_zeroblob(m_statement, parameter, 0));
-        return Keep(sqlite3_bind_blob64(m_statement, parameter, data, size, SQLITE_STATIC));
-    }
-
-    // SQLITE_ROW, SQLITE_DONE or what failed, here or while binding.
-    int Step() { return m_result == SQLITE_OK ? sqlite3_step(m_statement) : m_result; }
-
-    sqlite3_int64 Number(int column) const { return sqlite3_column_int64(m_statement, column); }
-    const void* Data(int column) const { return sqlite3_column_blob(m_statement, column); }
-    sqlite3_int64 DataSize(int column) const
-    {
-        return sqlite3_column_bytes(m_statement, column);
-    } // after Data
-
-private:
-    Statement& Keep(int result)
-    {
-        if (m_result == SQLITE_OK)
-            m_result = result;
-        return *this;
-    }
-
-    sqlite3_stmt* m_statement = nullptr;
-    int m_result = SQLITE_OK;
-};
-
-int Execute(sqlite3* database, const char* text)
-{
-    return sqlite3_exec(database, text, nullptr, nullptr, nullptr);
-}
-
-std::string Folded(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
-    return text;
-}
-
-// The paths of a key and of all keys above it, from the root down; none for a path that is too long or too
-// deep.
-std::vector<std::string> KeyPaths(std::u16string_view subKey)
-{
-    if (subKey.size() > longestPath)
-        return {};
-    std::vector<std::string> paths{std::string(usersName)};
-    while (!subKey.empty()) {
-        const std::size_t length = std::min(subKey.find(u'\\'), subKey.size());
-        if (length > 0)
-            paths.push_back(paths.back() + '\\' + ToUtf8(subKey.substr(0, length)));
-        if (paths.size() > mostLevels)
-            return {};
-        subKey.remove_prefix(std::min(length + 1, subKey.size()));
-    }
-    return paths;
-}
-
-thread_local std::optional<std::chrono::steady_clock::time_point> lastBusy;
-
-int Wait()
-{
-    return lastBusy && std::chrono::steady_clock::now() - *lastBusy < heldFor ? waitWhileHeld : longestWait;
-}
-
-int OpenDatabase(int flags, Database& database)
-{
-    const std::string prefix = PrefixFolder();
-    if (prefix.empty() || ((flags & SQLITE_OPEN_CREATE) != 0 && !MakeFolder(prefix)))
-        return SQLITE_CANTOPEN;
-    sqlite3* opened = nullptr;
-    const int result =
-        sqlite3_open_v2((prefix + "/registry.db").c_str(), &opened, flags | SQLITE_OPEN_READWRITE, nullptr);
-    database.reset(opened);
-    if (result != SQLITE_OK)
-        return result;
-    if (sqlite3_db_readonly(opened, "main") != 0)
-        return SQLITE_READONLY;
-    sqlite3_busy_timeout(opened, Wait());
-    // The file may come from anybody: nothing that it computes is run.
-    for (const int feature :
-         {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER})
-        sqlite3_db_config(opened, feature, 0, nullptr);
-    sqlite3_limit(opened, SQLITE_LIMIT_LENGTH, largestValue);
-    sqlite3_progress_handler(
-        opened, progressStep, [](void*) { return 1; }, nullptr);
-    return SQLITE_OK;
-}
-
-int FindKey(sqlite3* database, const std::string& path, sqlite3_int64& id)
-{
-    const std::string folded = Folded(path);
-    Statement find(database, "SELECT id FROM key WHERE folded = ?1");
-    const int result = find.Bind(1, folded).Step();
-    if (result == SQLITE_ROW)
-        id = find.Number(0);
-    return result;
-}
-
-int InsertKeys(sqlite3* database, const std::vector<std::string>& paths)
-{
-    int result = Execute(database, schema);
-    for (const std::string& path : paths) {
-        if (result != SQLITE_OK)
-            return result;
-        const std::string folded = Folded(path);
-        Statement insert(database, "INSERT INTO key(folded, path) VALUES(?1, ?2) ON CONFLICT DO NOTHING");
-        result = insert.Bind(1, folded).Bind(2, path).Step();
-        result = result == SQLITE_DONE ? SQLITE_OK : result;
-    }
-    return result;
-}
-
-// Runs a change as one transaction, which is undone as a whole when it fails.
-template <class Change> int Transact(sqlite3* database, Change change)
-{
-    int result = Execute(database, "BEGIN IMMEDIATE");
-    if (result != SQLITE_OK)
-        return result;
-    result = change();
-    if (result == SQLITE_OK)
-        result = Execute(database, "COMMIT");
-    if (result != SQLITE_OK)
-        Execute(database, "ROLLBACK");
-    return result;
-}
-
 // Runs the body of a registry function: no exception leaves it, and no signal reaches the host.
 template <class Body> LONG Guarded(Body body)
 {
     const SignalGuard guard;
+    const StandardDescriptors descriptors;
     try {
         const LONG result = body();
         if (result == ERROR_BUSY)
-            lastBusy = std::chrono::steady_clock::now();
+            HoldUpNoLonger();
         return result;
     } catch (const std::bad_alloc&) {
         return ERROR_OUTOFMEMORY;
     }
 }
 
+// The key that the null handle stands for: the last one that could not be opened or created, and whether
+// somebody has tried to read it since.
+struct UnopenedKey {
+    std::uint64_t Mark = 0;
+    bool IsRead = false;
+};
+UnopenedKey unopened;
+
+LONG OpenKey(LPCWSTR subKey, REGSAM access, HKEY* key)
+{
+    Database database;
+    sqlite3_int64 id = 0;
+    if (const LONG failure = OpenStoredKey(subKey, database, id))
+        return failure;
+    *key = new HKEY__{database.get(), id, access, KeyMark(subKey), false, ERROR_SUCCESS};
+    static_cast<void>(database.release());
+    return ERROR_SUCCESS;
+}
+
 } // namespace
 
 LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD /*options*/, REGSAM access, HKEY* key)
 {
-    return Guarded([&]() -> LONG {
-        if (root != HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        const std::vector<std::string> paths = KeyPaths(subKey);
-        if (paths.empty())
-            return ERROR_INVALID_PARAMETER;
-        Database database;
-        int result = OpenDatabase(0, database);
-        if (result != SQLITE_OK)
-            return ErrorOf(result);
-        sqlite3_int64 id = 0;
-        result = FindKey(database.get(), paths.back(), id);
-        if (result != SQLITE_ROW)
-            return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
-        *key = new HKEY__{database.get(), id, access};
-        static_cast<void>(database.release());
-        return ERROR_SUCCESS;
-    });
+    if (root != HKEY_USERS)
+        return ERROR_INVALID_HANDLE;
+    const LONG result = Guarded([&] { return OpenKey(subKey, access, key); });
+    const std::uint64_t mark = KeyMark(subKey);
+    unopened = {.Mark = result != ERROR_SUCCESS ? mark : 0};
+    result != ERROR_SUCCESS ? FailedLooks::Keep(mark, result) : FailedLooks::Opened(mark);
+    return result;
 }
 
 LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD /*reserved*/, LPWSTR /*keyClass*/, DWORD options,
                      REGSAM access, void* /*security*/, HKEY* key, DWORD* /*disposition*/)
 {
-    const LONG created = Guarded([&]() -> LONG {
-        if (root != HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        const std::vector<std::string> paths = KeyPaths(subKey);
-        if (paths.empty())
-            return ERROR_INVALID_PARAMETER;
-        Database database;
-        const int result = OpenDatabase(SQLITE_OPEN_CREATE, database);
-        if (result != SQLITE_OK)
-            return ErrorOf(result);
-        return ErrorOf(Transact(database.get(), [&] { return InsertKeys(database.get(), paths); }));
-    });
-    return created == ERROR_SUCCESS ? RegOpenKeyExW(root, subKey, options, access, key) : created;
+    if (root != HKEY_USERS)
+        return ERROR_INVALID_HANDLE;
+    const std::uint64_t mark = KeyMark(subKey);
+    if (const LONG failure = FailedLooks::OpeningOf(mark))
+        return failure;
+    const LONG created = Guarded([&] { return CreateStoredKey(subKey); });
+    if (created == ERROR_SUCCESS)
+        return RegOpenKeyExW(root, subKey, options, access, key);
+    unopened = {.Mark = mark};
+    FailedLooks::Keep(mark, created == ERROR_NOT_REGISTRY_FILE ? ERROR_BADDB : created);
+    return created;
 }
 
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, BYTE* data, DWORD* size)
 {
-    return Guarded([&]() -> LONG {
-        if (key == nullptr || key == HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        if ((key->Access & KEY_READ) != KEY_READ)
-            return ERROR_ACCESS_DENIED;
-        const std::string folded = Folded(ToUtf8(name));
-        Statement find(key->Database, "SELECT type, length(data), CASE WHEN length(data) <= ?3 THEN data END"
-                                      " FROM value WHERE key = ?1 AND folded = ?2");
-        const int result = find.Bind(1, key->Id).Bind(2, folded).Bind(3, *size).Step();
-        if (result != SQLITE_ROW)
-            return result == SQLITE_DONE ? ERROR_FILE_NOT_FOUND : ErrorOf(result);
-        const sqlite3_int64 length = find.Number(1);
-        const bool fits = length <= static_cast<sqlite3_int64>(*size);
-        const void* const bytes = find.Data(2);
-        if (fits && find.DataSize(2) != length) // a text, whose length isn't its size
-            return ERROR_BADDB;
-        *type = static_cast<DWORD>(find.Number(0));
-        *size = static_cast<DWORD>(length);
-        if (!fits)
-            return ERROR_MORE_DATA;
-        if (length > 0)
-            std::memcpy(data, bytes, static_cast<std::size_t>(length));
-        return ERROR_SUCCESS;
+    if (key == nullptr || key == HKEY_USERS) {
+        unopened.IsRead = true;
+        return ERROR_INVALID_HANDLE;
+    }
+    const LONG result = Guarded([&]() -> LONG {
+        const bool isAllowed = (key->Access & KEY_READ) == KEY_READ;
+        return isAllowed ? ReadStoredValue(key->Store, key->Id, name, type, data, size) : ERROR_ACCESS_DENIED;
     });
+    key->IsRead = IsAnswer(result);
+    key->Unread = key->IsRead ? ERROR_SUCCESS : result;
+    FailedLooks::Keep(key->Mark, result);
+    return result;
 }
 
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, const BYTE* data, DWORD size)
 {
+    const std::uint64_t value = ValueMark(name, type, {reinterpret_cast<const char*>(data), size});
+    if (key == nullptr || key == HKEY_USERS) {
+        if (unopened.IsRead)
+            FailedLooks::Refuse(unopened.Mark, value);
+        return ERROR_INVALID_HANDLE;
+    }
+    if (key->Unread != ERROR_SUCCESS) {
+        FailedLooks::Refuse(key->Mark, value);
+        return key->Unread;
+    }
+    // Who has read the key knows what is replaced.
+    if (const LONG failure = key->IsRead ? ERROR_SUCCESS : FailedLooks::RefusalOf(value))
+        return failure;
     return Guarded([&]() -> LONG {
-        if (key == nullptr || key == HKEY_USERS)
-            return ERROR_INVALID_HANDLE;
-        if ((key->Access & KEY_WRITE) != KEY_WRITE)
-            return ERROR_ACCESS_DENIED;
-        const std::string utf8 = ToUtf8(name);
-        const std::string folded = Folded(utf8);
-        return ErrorOf(Transact(key->Database, [&] {
-            Statement store(key->Database, "INSERT INTO value(key, folded, name, type, data)"
-                                           " VALUES(?1, ?2, ?3, ?4, ?5) ON CONFLICT(key, folded)"
-                                           " DO UPDATE SET type = excluded.type, data = excluded.data");
-            const int result = store.Bind(1, key->Id)
-                                   .Bind(2, folded)
-                                   .Bind(3, utf8)
-                                   .Bind(4, type)
-                                   .BindData(5, data, size)
-                                   .Step();
-            return result == SQLITE_DONE ? SQLITE_OK : result;
-        }));
+        const bool isAllowed = (key->Access & KEY_WRITE) == KEY_WRITE;
+        return isAllowed ? StoreValue(key->Store, key->Id, name, type, data, size) : ERROR_ACCESS_DENIED;
     });
 }
 
@@ -342,7 +126,8 @@ LONG RegCloseKey(HKEY key)
 {
     if (key == nullptr || key == HKEY_USERS)
         return ERROR_INVALID_HANDLE;
-    sqlite3_close(key->Database);
+    const StandardDescriptors descriptors;
+    sqlite3_close(key->Store);
     delete key;
     return ERROR_SUCCESS;
 }

@@ -98,6 +98,19 @@ CString::CString(LPCTSTR pch, int nLength)
 }
 
 // The contents, for writing: shared with nobody.
+TCHAR* CString::GetBufferSetLength(int nLength)
+{
+    std::u16string& own = Own();
+    WithFrameworkMemory([&own, nLength] { own.resize(static_cast<std::size_t>(nLength)); });
+    return own.data();
+}
+
+void CString::ReleaseBuffer()
+{
+    if (m_text)
+        m_text->resize(std::char_traits<TCHAR>::length(m_text->c_str()));
+}
+
 std::u16string& CString::Own()
 {
     if (!m_text || m_text.use_count() > 1)

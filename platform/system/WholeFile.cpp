@@ -1,5 +1,7 @@
 #include "WholeFile.h"
 
+#include "Descriptors.h"
+
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -16,9 +18,7 @@ class Descriptor
 {
 public:
     // Without O_NONBLOCK a pipe would hold up the caller until somebody writes into it.
-    explicit Descriptor(const char* path) : m_file(open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK))
-    {
-    }
+    explicit Descriptor(const char* path) : m_file(OpenFile(path, O_RDONLY | O_NOCTTY | O_NONBLOCK)) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor()

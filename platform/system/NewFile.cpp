@@ -1,0 +1,108 @@
+#include "NewFile.h"
+
+#include "Descriptors.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr std::string_view suffix = ".new-layout";
+constexpr std::size_t digitCount = 16;
+constexpr int mostTries = 100;
+
+bool IsNewName(std::string_view name)
+{
+    return name.size() == 1 + digitCount + suffix.size() && name.starts_with('.') && name.ends_with(suffix) &&
+           name.substr(1, digitCount).find_first_not_of("0123456789abcdef") == std::string_view::npos;
+}
+
+int OpenFolder(const std::string& folder)
+{
+    return OpenFile(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+}
+
+// Whether a file that was just made is still the one of its name: somebody may have taken it for a leftover
+// in the moment before it was locked. A file system without locks will do: no file is taken for a leftover
+// there.
+bool LockNewFile(int file)
+{
+    struct stat status {
+    };
+    const bool isTaken = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    return !isTaken && fstat(file, &status) == 0 && status.st_nlink > 0;
+}
+
+} // namespace
+
+std::string FolderOf(const std::string& path)
+{
+    return path.substr(0, path.rfind('/') + 1);
+}
+
+std::string NewPath(const std::string& folder)
+{
+    unsigned long long number = 0;
+    if (getrandom(&number, sizeof number, GRND_NONBLOCK) < 0)
+        number = static_cast<unsigned long long>(getpid());
+    std::array<char, digitCount + 2> digits;
+    std::snprintf(digits.data(), digits.size(), ".%016llx", number);
+    return folder + digits.data() + std::string(suffix);
+}
+
+int MakeNewFile(const std::string& folder, mode_t mode, std::string& path)
+{
+    for (int i = 0; i < mostTries; ++i) {
+        path = NewPath(folder);
+        const int file = OpenFile(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOCTTY, mode);
+        if (file < 0 && errno == EEXIST)
+            continue;
+        if (file < 0 || LockNewFile(file))
+            return file;
+        close(file);
+        unlink(path.c_str());
+    }
+    errno = EBUSY;
+    return -1;
+}
+
+void RemoveLeftovers(const std::string& folder)
+{
+    const int descriptor = OpenFolder(folder);
+    if (descriptor < 0)
+        return;
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(fdopendir(descriptor), closedir);
+    if (!entries) {
+        close(descriptor);
+        return;
+    }
+    while (const dirent* const entry = readdir(entries.get())) {
+        if (!IsNewName(entry->d_name))
+            continue;
+        const int file = OpenAt(descriptor, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+        if (file < 0)
+            continue;
+        if (flock(file, LOCK_SH | LOCK_NB) == 0) // all that a network file system gives to a reader
+            unlinkat(descriptor, entry->d_name, 0);
+        close(file);
+    }
+}
+
+void FlushFolder(const std::string& folder)
+{
+    const int file = OpenFolder(folder);
+    if (file < 0)
+        return;
+    fsync(file); // some file systems refuse this for a folder; the file itself is safe by then
+    close(file);
+}

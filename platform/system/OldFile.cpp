@@ -1,0 +1,188 @@
+#include "OldFile.h"
+
+#include "Descriptors.h"
+#include "NewFile.h"
+#include "Permissions.h"
+#include "SignalGuard.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/sendfile.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr std::size_t largestPiece = 1 << 20;
+constexpr int mostTries = 10;
+constexpr mode_t ownersOnly = 0600; // until the copy has the permissions of the file
+
+std::string PreviousOf(const std::string& path)
+{
+    return path + '~';
+}
+
+// Gives what failed, 0 for nothing.
+int CopyContents(int from, int to)
+{
+    const SignalGuard guard;
+    off_t position = 0;
+    ssize_t sent = 0;
+    do
+        sent = sendfile(to, from, &position, largestPiece);
+    while (sent > 0 || (sent < 0 && errno == EINTR));
+    return sent < 0 || fsync(to) != 0 ? errno : 0;
+}
+
+// A copy that is still on its way: it goes at the end of its life if it hasn't arrived.
+class Copy
+{
+public:
+    Copy(const std::string& path, const std::string& folder) : m_error(Make(path, folder)) {}
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    ~Copy()
+    {
+        if (m_file < 0)
+            return;
+        unlink(m_path.c_str());
+        close(m_file);
+    }
+    int Error() const { return m_error; } // 0 for none
+    const std::string& Path() const { return m_path; }
+
+private:
+    int Make(const std::string& path, const std::string& folder)
+    {
+        const int from = OpenFile(path.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK);
+        if (from < 0)
+            return errno;
+        struct stat status {
+        };
+        int error = fstat(from, &status) == 0 ? 0 : errno;
+        m_file = error == 0 ? MakeNewFile(folder, ownersOnly, m_path) : -1;
+        if (error == 0)
+            error = m_file >= 0 ? CopyContents(from, m_file) : errno;
+        if (error == 0)
+            CopyPermissions(m_file, path, status);
+        close(from);
+        return error;
+    }
+
+    std::string m_path;
+    int m_file = -1;
+    int m_error;
+};
+
+// Reads or writes all of a text at the beginning of a file.
+template <class Transfer> bool TransferAll(Transfer transfer, std::size_t size)
+{
+    std::size_t done = 0;
+    while (done < size) {
+        const ssize_t count = transfer(done, size - done);
+        if (count == 0)
+            errno = EIO;
+        if (count <= 0 && errno != EINTR)
+            return false;
+        done += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    }
+    return true;
+}
+
+bool WriteAll(int file, std::string_view text)
+{
+    return TransferAll(
+        [=](std::size_t at, std::size_t count) {
+            return pwrite(file, text.data() + at, count, static_cast<off_t>(at));
+        },
+        text.size());
+}
+
+bool ReadAll(int file, std::string& text)
+{
+    return TransferAll(
+        [&, file](std::size_t at, std::size_t count) {
+            return pread(file, text.data() + at, count, static_cast<off_t>(at));
+        },
+        text.size());
+}
+
+bool MakeRoom(int file, std::size_t size)
+{
+    return size == 0 || fallocate(file, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) == 0 ||
+           errno == EOPNOTSUPP || errno == ENOSYS || errno == EINTR;
+}
+
+} // namespace
+
+void KeepAsPrevious(const std::string& path, Keeping keeping)
+{
+    const std::string previous = PreviousOf(path);
+    for (int i = 0; keeping == Keeping::byLink && i < mostTries; ++i) {
+        const std::string name = NewPath(FolderOf(path));
+        if (link(path.c_str(), name.c_str()) != 0)
+            break;
+        const bool isKept = rename(name.c_str(), previous.c_str()) == 0;
+        const bool wasTaken = !isKept && errno == ENOENT; // for a leftover
+        unlink(name.c_str());                             // it stays where the previous file is this very one
+        if (!wasTaken)
+            return;
+    }
+    const Copy copy(path, FolderOf(path));
+    if (copy.Error() == 0)
+        rename(copy.Path().c_str(), previous.c_str());
+}
+
+bool HasOtherNames(const std::string& path, const struct stat& status)
+{
+    // A link that is about to become NAME~, in another process, is gone a moment later.
+    struct stat now = status;
+    for (int i = 0; i < mostTries; ++i) {
+        struct stat previous {
+        };
+        const bool isPrevious = lstat(PreviousOf(path).c_str(), &previous) == 0 &&
+                                previous.st_ino == now.st_ino && previous.st_dev == now.st_dev;
+        if (now.st_nlink <= (isPrevious ? 2U : 1U))
+            return false;
+        usleep(1000);
+        if (stat(path.c_str(), &now) != 0)
+            return false;
+    }
+    return true;
+}
+
+int Overwrite(int file, std::string_view contents)
+{
+    const SignalGuard guard;
+    struct stat old {
+    };
+    if (fstat(file, &old) != 0 || !MakeRoom(file, contents.size()))
+        return errno;
+    std::string before(std::min(contents.size(), static_cast<std::size_t>(old.st_size)), '\0');
+    const bool isKnown = ReadAll(file, before);
+    // What follows the new contents is cut off when these are safe: it could not be put back.
+    if (WriteAll(file, contents) && fsync(file) == 0 &&
+        ftruncate(file, static_cast<off_t>(contents.size())) == 0)
+        return fsync(file) == 0 ? 0 : errno;
+    const int error = errno;
+    if (isKnown && WriteAll(file, before) && ftruncate(file, old.st_size) == 0)
+        fsync(file);
+    return error;
+}
+
+int CopyUnder(const std::string& path, const std::string& copy)
+{
+    const Copy made(path, FolderOf(copy));
+    if (made.Error() != 0)
+        return made.Error();
+    if (renameat2(AT_FDCWD, made.Path().c_str(), AT_FDCWD, copy.c_str(), RENAME_NOREPLACE) == 0) {
+        FlushFolder(FolderOf(copy));
+        return 0;
+    }
+    // Where the file system can't do that at once, a link does; and no file is there that it would replace.
+    const bool isAble = errno != EINVAL && errno != ENOSYS;
+    return isAble || link(made.Path().c_str(), copy.c_str()) != 0 ? errno : 0;
+}
