@@ -29,7 +29,7 @@ template <class Handle> int ForEachLayout(std::span<const char* const> paths, Ha
     for (const char* const path : paths) {
         const std::string shownPath = Printable(path, std::string::npos);
         try {
-            const LayoutFile file{ReadWholeFile(path)};
+            const LayoutFile file{ReadWholeFile(path, LayoutFile::MostMebibytes)};
             status = std::max(status, handle(file, shownPath));
         } catch (const std::runtime_error& error) {
             Tell(shownPath + ": " + error.what());

@@ -23,7 +23,7 @@ LayoutFile ReadGoodLayout(const char* path)
 {
     std::string reason;
     try {
-        LayoutFile file{ReadWholeFile(path)};
+        LayoutFile file{ReadWholeFile(path, LayoutFile::MostMebibytes)};
         if (!file.Damage())
             return file;
         reason = DamageWords(*file.Damage());

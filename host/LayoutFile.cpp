@@ -13,7 +13,6 @@ namespace
 {
 
 constexpr std::size_t HeaderSize = 12;
-constexpr std::size_t RowCountAt = 8;
 constexpr std::size_t RowHeadSize = 17;
 constexpr std::size_t RecordSize = 21;
 
@@ -52,11 +51,7 @@ LayoutFile::LayoutFile(std::string bytes) : m_bytes{std::move(bytes)}
     m_version = numbers.Take<std::uint32_t>();
     m_columnCount = numbers.Take<std::uint32_t>();
     m_rowCount = numbers.Take<std::uint32_t>();
-    if (m_rowCount > MostRows)
-        m_damage = {RowCountAt, "the file claims " + std::to_string(m_rowCount) + " rows, of which " +
-                                    std::to_string(MostRows) + " are allowed"};
-    else
-        ReadRows();
+    ReadRows();
 }
 
 void LayoutFile::ReadRows()
@@ -71,8 +66,9 @@ void LayoutFile::ReadRows()
         }
         Numbers numbers{std::string_view{m_bytes}.substr(position)};
         const auto claimed = numbers.Take<std::int32_t>();
-        if (claimed < 0) {
-            m_damage = {position, name + " claims " + std::to_string(claimed) + " records"};
+        if (claimed < 0 || claimed > MostRecords) {
+            m_damage = {position, name + " claims " + std::to_string(claimed) + " records, of which 0 to " +
+                                      std::to_string(MostRecords) + " are allowed"};
             return;
         }
         LayoutRow& row = m_rows.emplace_back();

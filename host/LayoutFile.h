@@ -50,7 +50,8 @@ struct LayoutDamage {
 class LayoutFile
 {
 public:
-    static constexpr std::uint32_t MostRows = 1U << 18;
+    static constexpr std::int32_t MostRecords = 1 << 15;  // of a row
+    static constexpr std::size_t MostMebibytes = 1 << 10; // of a file
 
     explicit LayoutFile(std::string bytes);
 

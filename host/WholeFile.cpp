@@ -44,15 +44,15 @@ File OpenRegular(const std::string& path)
 
 } // namespace
 
-std::string ReadWholeFile(const std::string& path)
+std::string ReadWholeFile(const std::string& path, std::size_t mostMebibytes)
 {
     const File file = OpenRegular(path);
     std::string content;
     std::array<char, 65536> buffer;
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
         content.append(buffer.data(), count);
-        if (content.size() > MaxFileSize)
-            throw std::runtime_error{"larger than 64 MiB"};
+        if (content.size() > mostMebibytes << 20)
+            throw std::runtime_error{"larger than " + std::to_string(mostMebibytes) + " MiB"};
     }
     if (std::ferror(file.get()) != 0)
         ThrowSystemError();

@@ -81,12 +81,14 @@ TEST_F(LayoutTool, TellsWhereAFileIsDamaged)
         {109, 0, "", "good, 2 rows with 3 records"},
         {109, 8, "\1"sv, "good, 1 row with 3 records; 17 bytes that nobody reads at the end"},
         {11, 0, "", "damaged at byte 0: the file ends within its head"},
-        {12, 8, "\1\0\4"sv, "damaged at byte 8: the file claims 262145 rows, of which 262144 are allowed"},
         {28, 0, "", "damaged at byte 12: the file claims 2 rows, but ends within the head of row 0"},
         {109, 8, "\3"sv, "damaged at byte 109: the file claims 3 rows, but ends within the head of row 2"},
-        {109, 12, "\xFE\xFF\xFF\xFF"sv, "damaged at byte 12: row 0 claims -2 records"},
-        {109, 12, "\xFF\xFF\xFF\x7F"sv,
-         "damaged at byte 92: row 0 claims 2147483647 records, but the file ends within record 3"},
+        {109, 12, "\xFE\xFF\xFF\xFF"sv,
+         "damaged at byte 12: row 0 claims -2 records, of which 0 to 32768 are allowed"},
+        {109, 12, "\1\x80\0\0"sv,
+         "damaged at byte 12: row 0 claims 32769 records, of which 0 to 32768 are allowed"},
+        {109, 12, "\0\x80\0\0"sv,
+         "damaged at byte 92: row 0 claims 32768 records, but the file ends within record 3"},
     };
     for (const auto& [size, at, bytes, verdict] : cases) {
         const std::string path = File("case.layout", size, at, bytes);
