@@ -97,7 +97,7 @@ TEST_F(Exports, BringNoWindowsBeforeOneIsWantedAndCanBeUnloadedUntilThen)
            "get: 1\nedit: -1\n" + mapped + "mapped:\nget: 0\nget: 1\nmapped:\n");
     m_environment.emplace_back("DISPLAY=:987"); // which only the libraries of windows can tell to be none
     Expect({open, "name", "mapped", "edit", "close", "mapped"},
-           mapped + "edit: -1\nmapped: libQt6 libstyleatlas-core libstyleatlas-editor\n");
+           mapped + "edit: -1\nmapped: libQt6 libstyleatlas. libstyleatlas-core libstyleatlas-editor\n");
 }
 
 TEST_F(Exports, DoNothingOnceTheirObjectsHaveGone)
