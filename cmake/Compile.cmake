@@ -16,12 +16,8 @@ endif()
 
 # Errors in the presets alone (CMAKE_COMPILE_WARNING_AS_ERROR): another compiler may know more warnings.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow)
-# A function of a library can be inlined where it is called in the same library, and a library that is closed can be
-# unloaded: no symbol of it is held unique in the process.
+# A function that a library shows can be inlined where the same library calls it.
 add_compile_options(-fno-semantic-interposition)
-if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
-endif()
 # The order of the search is the loader's: the library path first, then beside the library.
 add_link_options(-Wl,--enable-new-dtags)
 
