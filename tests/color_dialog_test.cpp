@@ -1,15 +1,8 @@
 // The system's colour dialog, answered by a user.
 #include <ColorDialog.h>
-#include <QApplication>
-#include <QColorDialog>
-#include <QPushButton>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTimer>
+#include <QtWidgets>
 #include <afxwin.h>
-#include <functional>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace
 {

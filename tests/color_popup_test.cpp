@@ -1,18 +1,11 @@
 // The colour popup, driven by mouse and keys: where its cells are, which one answers, what the owner hears
 // for each way of closing, and what it looks like.
 #include "support/ColorListener.h"
-#include "support/Gui.h"
 
 #include <ColorDialog.h>
 #include <Desktop.h>
-#include <QApplication>
-#include <QFontMetrics>
-#include <WindowSide.h>
 #include <array>
 #include <controls/ColorPopup.h>
-#include <cstdlib>
-#include <gtest/gtest.h>
-#include <new>
 #include <sstream>
 
 namespace
@@ -42,11 +35,6 @@ std::string MoveTo(int cell)
     const COLORREF ofText = cell == CELL_MORE ? initial : CLR_DEFAULT;
     text << "change " << std::hex << (cell < 0 ? ofText : k_Palette[cell].Color);
     return cell == CELL_NONE ? "" : text.str();
-}
-
-std::string Row(int y, int left, int right)
-{
-    return test::RowOf(*popup, y, left, right);
 }
 
 void LeaveProgram()
@@ -85,6 +73,7 @@ protected:
         return {11 + cell % 8 * 18, m_gridTop + 11 + cell / 8 * 18};
     }
     void Hover(int cell) const { test::MoveMouse(*popup, PointIn(cell)); }
+    static std::string Row(int y, int left, int right) { return test::RowOf(*popup, y, left, right); }
 
     test::k_ColorListener m_owner{{200, 100, 260, 120}};
     QFontMetrics m_text{QApplication::font()};
@@ -205,14 +194,14 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
         return end(cells, [&] { test::PressKey(*popup, key); });
     };
     const auto click = [&](Cells cells, CPoint point) {
-        return end(cells, [&] { test::PressMouse(*popup, point), test::ReleaseMouse(*popup, point); });
+        return end(cells, [&] { test::Click(*popup, point); });
     };
     for (const CPoint inside : {CPoint(30, 60), CPoint(0, 0), CPoint(147, 0)})
         EXPECT_EQ(click({16}, inside), "change ff, ok ff"); // whatever is there, the hot cell decides
     for (const CPoint outside : {CPoint(148, 0), CPoint(0, -1), CPoint(0, 126 + 2 * m_high)})
         EXPECT_EQ(click({16}, outside), "change ff, cancel 123456");
-    EXPECT_EQ(press({16}, VK_RETURN), "change ff, ok ff");
-    EXPECT_EQ(press({16}, VK_SPACE), "change ff, ok ff");
+    for (const UINT key : {VK_RETURN, VK_SPACE})
+        EXPECT_EQ(press({16}, key), "change ff, ok ff");
     EXPECT_EQ(press({16}, VK_ESCAPE), "change ff, cancel 123456");
     EXPECT_EQ(end({16}, LeaveProgram), "change ff, cancel 123456");
     EXPECT_EQ(click({}, {5, 5}), "ok 123456");
@@ -282,7 +271,7 @@ TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
 {
     const auto textAt = [](CPoint point) {
         test::MoveMouse(*popup, point);
-        return WindowSide::Of(popup->m_hWnd)->Widget().toolTip().toStdString();
+        return test::WidgetOf(*popup).toolTip().toStdString();
     };
     Open(defaults, more);
     EXPECT_EQ(textAt({19, m_gridTop + 19}), "Schwarz"); // at its last pixel

@@ -2,12 +2,6 @@
 #include "support/AtlasDialog.h"
 #include "support/Picture.h"
 
-#include <QImage>
-#include <QWidget>
-#include <WindowSide.h>
-#include <algorithm>
-#include <gtest/gtest.h>
-
 namespace
 {
 
@@ -49,37 +43,29 @@ const Look looks[] = {
     {.Name = "symbols larger than the row", .Cell = 1, .Filled = 1, .SymbolSize = 25},
 };
 
-class ColumnTreeRow : public testing::Test
+class ColumnTreeRow : public test::ColumnTreeTest
 {
 protected:
-    k_ColumnTreeCtrl& Frame() { return m_dialog.m_ColumnTree; }
-    k_CustomTreeChildCtrl& Tree() { return Frame().m_Tree; }
-
     void RunInside(const std::function<void()>& body)
     {
         test::SetTable({0, 0, 0});
-        m_dialog.RunInside([&] {
+        ColumnTreeTest::RunInside([&] {
             LOGFONTW small{};
             small.lfHeight = -6; // for rows of 16 pixels
             CFont font;
             font.CreateFontIndirect(&small);
             Tree().SetFont(&font);
-            m_row = m_dialog.Row(1);
+            m_row = Row(1);
             SetUp(looks[plain]);
             body();
         });
-    }
-    void Click(CWnd& window, int x, int y)
-    {
-        test::PressMouse(window, {x, y});
-        test::ReleaseMouse(window, {x, y});
     }
     void SetUp(const Look& look)
     {
         Frame().m_columnWidths = {look.FirstWidth, 40, 14, 13, 30};
         Tree().m_firstColumnWidth = look.FirstWidth;
         for (short i = 0; i < 4; ++i) {
-            k_LineDef& style = *m_dialog.Style(1, i);
+            k_LineDef& style = *Style(1, i);
             style.SymbolShape = static_cast<short>(i + 1);
             style.SymbolSize = look.SymbolSize;
             style.SymbolColor = test::ink;
@@ -110,8 +96,8 @@ protected:
             const CRect cell(end + left, 17, end + past, 31);
             if (number == look.Filled)
                 dc.FillSolidRect(cell, marked);
-            m_dialog.Style(1, number - 1)->DrawLine(&dc, cell);
-            m_dialog.Style(1, number - 1)->DrawSymbol(&dc, cell);
+            Style(1, number - 1)->DrawLine(&dc, cell);
+            Style(1, number - 1)->DrawSymbol(&dc, cell);
         }
     }
     // On a context that is as opaque, and as wrongly coloured, as one can come.
@@ -127,7 +113,6 @@ protected:
         Frame().SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&draw));
     }
 
-    test::AtlasDialog m_dialog;
     HTREEITEM m_row = nullptr;
     const test::SystemColors m_parts{{{COLOR_WINDOW, test::windowColor}, {COLOR_BTNFACE, face}}};
     const test::SystemColors m_texts{{{COLOR_WINDOWTEXT, test::filling}, {COLOR_GRAYTEXT, grey}}};
@@ -140,7 +125,7 @@ TEST_F(ColumnTreeRow, IsPaintedStepByStep)
     RunInside([&] {
         for (const Look& look : looks) {
             SetUp(look);
-            Frame().m_cellItem = m_dialog.Row(look.Cell > 0 ? 1 : 0);
+            Frame().m_cellItem = Row(look.Cell > 0 ? 1 : 0);
             Frame().m_cellColumn = std::max(look.Cell, 1);
             Frame().m_selectedColumn = look.Column;
             Frame().EnableWindow(look.IsEnabled ? TRUE : FALSE);
@@ -158,10 +143,19 @@ TEST_F(ColumnTreeRow, ShowsWhatTheUserHasDone)
 {
     const std::pair<std::size_t, std::function<void()>> steps[] = {
         {plain, [&] { Tree().SetFocus(); }},
-        {rowSelected, [&] { Click(Tree(), 25, 24); }},
+        {rowSelected,
+         [&] {
+             test::Click(Tree(), {25, 24});
+         }},
         {selectedElsewhere, [&] { m_dialog.GetDlgItem(IDOK)->SetFocus(); }},
-        {cellSelected, [&] { Click(Tree(), 180, 24); }},
-        {columnSelected, [&] { Click(Frame().m_Header, 180, 5); }},
+        {cellSelected,
+         [&] {
+             test::Click(Tree(), {180, 24});
+         }},
+        {columnSelected,
+         [&] {
+             test::Click(Frame().m_Header, {180, 5});
+         }},
         {plain, [&] { Frame().ClearSelection(); }},
         {disabled, [&] { Frame().EnableWindow(FALSE); }},
     };
@@ -175,9 +169,9 @@ TEST_F(ColumnTreeRow, ShowsWhatTheUserHasDone)
             Compose(expected.Dc(), look);
             const QImage shown = WindowSide::Of(Tree().m_hWnd)->Client().grab().toImage();
             int differing = 0;
-            for (int i = 0; i < 16 * (width - 19); ++i) {
-                const CPoint at(19 + i / 16, 16 + i % 16);
-                differing += ((shown.pixel(at.x, at.y) ^ expected.PixelAt(at.x, at.y)) & 0xFFFFFF) != 0;
+            for (int x = 19; x < width; ++x) {
+                for (int y = 16; y < 32; ++y)
+                    differing += ((shown.pixel(x, y) ^ expected.PixelAt(x, y)) & 0xFFFFFF) != 0;
             }
             EXPECT_EQ(differing, 0) << look.Name;
         }

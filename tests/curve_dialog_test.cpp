@@ -2,14 +2,9 @@
 #include "support/Gui.h"
 #include "support/TempPrefix.h"
 
-#include <QApplication>
-#include <QTimer>
-#include <WindowSide.h>
 #include <controls/StyleEditing.h>
 #include <dialogs/CurveLayoutDlg.h>
 #include <dialogs/resource.h>
-#include <functional>
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -48,8 +43,7 @@ void Act(k_CurveLayoutDlg& dialog, int step)
 {
     CWnd& front = CWnd::GetCapture() != nullptr ? *CWnd::GetCapture() : dialog;
     if (CWnd* const control = dialog.GetDlgItem(step); control != nullptr && step > 0) {
-        test::PressMouse(*control, {5, 8});
-        test::ReleaseMouse(*control, {5, 8});
+        test::Click(*control, {5, 8});
     } else if (step == chooseNext) {
         for (const int id :
              {IDC_SYMBOL_SHAPE, IDC_SYMBOL_SIZE, IDC_SYMBOL_FILL, IDC_LINE_STYLE, IDC_LINE_WIDTH})

@@ -1,14 +1,10 @@
-// Modal dialogs out of the module's templates.
+// Modal dialogs and menus out of the module's templates, and what a user's choice becomes.
 #include "support/Gui.h"
 
 #include <Application.h>
-#include <QGuiApplication>
-#include <QTimer>
+#include <QMenu>
 #include <QWindow>
-#include <WindowSide.h>
-#include <afxwin.h>
 #include <dialogs/resource.h>
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -23,32 +19,21 @@ public:
         CDialog::OnInitDialog();
         return m_init(*this);
     }
-    using CDialog::OnCancel;
-
-    LRESULT CountOf(int id) { return GetDlgItem(id)->SendMessage(CB_GETCOUNT); }
-    RECT PlaceOf(int id)
+    CRect PlaceOf(int id)
     {
-        RECT place;
-        GetDlgItem(id)->GetWindowRect(&place);
+        CRect place = test::PlaceOf(*GetDlgItem(id));
         ScreenToClient(&place);
         return place;
     }
 
-    BOOL (*m_init)(k_Dialog&) = [](k_Dialog&) { return TRUE; };
+    std::function<BOOL(k_Dialog&)> m_init;
 };
 
 TEST(Dialogs, HaveTheControlsOfTheirTemplate)
 {
     k_Dialog dialog;
     dialog.m_init = [](k_Dialog& shown) {
-        CString caption;
-        shown.GetWindowText(caption);
-        EXPECT_EQ(caption, _T("Layout"));
-        shown.GetDlgItem(IDC_USE_SYMBOL_COLOR)->GetWindowText(caption);
-        EXPECT_EQ(caption, _T("Use symbol color"));
-        EXPECT_EQ(shown.CountOf(IDC_SYMBOL_SIZE), 16);
-        EXPECT_EQ(shown.CountOf(IDC_LINE_WIDTH), 10);
-        EXPECT_EQ(shown.CountOf(IDC_SYMBOL_FILL), 0);
+        EXPECT_EQ(shown.GetDlgItem(IDC_LINE_WIDTH)->SendMessage(CB_GETCOUNT), 10);
         // Twice as far across in dialog units is twice as far in pixels, and the proportions are the
         // template's.
         RECT client;
@@ -58,75 +43,101 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
         shown.EndDialog(7);
         return TRUE;
     };
-    EXPECT_EQ(dialog.DoModal(), 7);
-    EXPECT_EQ(dialog.m_hWnd, nullptr);
-    EXPECT_EQ(dialog.DoModal(), 7); // as often as one likes
-}
-
-TEST(Dialogs, OutliveWhatAHandlerThrows)
-{
-    class k_Clumsy : public k_Dialog
-    {
-    public:
-        void OnCancel() override
-        {
-            if (++m_tries == 1)
-                AfxThrowFileException(CFileException::diskFull, 0, nullptr);
-            k_Dialog::OnCancel();
-        }
-        int m_tries = 0;
-    };
-    k_Clumsy dialog;
-    dialog.m_init = [](k_Dialog& shown) {
-        for (const int delay : {0, 1})
-            QTimer::singleShot(delay, [&shown] { test::PressKey(shown, VK_ESCAPE); });
-        return TRUE;
-    };
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    EXPECT_EQ(dialog.m_tries, 2);
+    for (int i = 0; i < 2; ++i) { // as often as one likes
+        EXPECT_EQ(dialog.DoModal(), 7);
+        EXPECT_EQ(dialog.m_hWnd, nullptr);
+    }
     dialog.m_init = [](k_Dialog&) -> BOOL { AfxThrowMemoryException(); };
     EXPECT_EQ(dialog.DoModal(), -1);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
-}
-
-TEST(Dialogs, WithoutATemplateAreNotShown)
-{
-    k_Dialog dialog(4711);
-    EXPECT_EQ(dialog.DoModal(), -1);
-}
-
-// The id of the window that a dialog before this one stands before; its parent is the widget, if it has one.
-WId OwnerOfDialogBefore(WId id, const QWidget* widget)
-{
-    static WId owner;
-    static const QWidget* parent;
-    k_Dialog dialog(IDD_CURVE_LAYOUT, CWnd::FromHandle(reinterpret_cast<HWND>(id)));
-    dialog.m_init = [](k_Dialog& created) {
-        QTimer::singleShot(0, [&created] {
-            const QWidget& shown = WindowSide::Of(created.m_hWnd)->Widget();
-            const QWindow* const before = shown.windowHandle()->transientParent();
-            owner = before != nullptr ? before->winId() : 0;
-            parent = shown.parentWidget();
-            created.EndDialog(IDOK);
-        });
-        return TRUE;
-    };
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(parent, widget);
-    return owner;
+    EXPECT_EQ(k_Dialog(4711).DoModal(), -1) << "no template";
 }
 
 TEST(Dialogs, StandBeforeAWindowOfTheHost)
 {
+    // Of a dialog before that window: its parent, and the id of the window that it stands before.
+    const auto ownerOf = [](WId id) {
+        std::pair<const QWidget*, WId> owner;
+        k_Dialog dialog(IDD_CURVE_LAYOUT, CWnd::FromHandle(reinterpret_cast<HWND>(id)));
+        dialog.m_init = [&owner](k_Dialog& created) {
+            QTimer::singleShot(0, [&] {
+                const QWidget& shown = test::WidgetOf(created);
+                const QWindow* const before = shown.windowHandle()->transientParent();
+                owner = {shown.parentWidget(), before != nullptr ? before->winId() : 0};
+                created.EndDialog(IDOK);
+            });
+            return TRUE;
+        };
+        EXPECT_EQ(dialog.DoModal(), IDOK);
+        return owner;
+    };
     ASSERT_TRUE(CanShowWindows());
     QWidget host;
     QWidget inside(&host);
-    EXPECT_EQ(OwnerOfDialogBefore(inside.winId(), &host), host.winId());
+    EXPECT_EQ(ownerOf(inside.winId()), std::pair(static_cast<const QWidget*>(&host), host.winId()));
     QWindow foreign;
     const WId id = foreign.winId();
-    EXPECT_EQ(OwnerOfDialogBefore(id, nullptr), QGuiApplication::platformName() == "xcb" ? id : 0);
+    const WId known = QGuiApplication::platformName() == "xcb" ? id : 0;
+    EXPECT_EQ(ownerOf(id), (std::pair<const QWidget*, WId>(nullptr, known)));
     foreign.destroy();
     EXPECT_EQ(CWnd::FromHandle(reinterpret_cast<HWND>(id)), nullptr);
+}
+
+class k_Owner : public CWnd
+{
+public:
+    k_Owner() { CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP, 40, 30, 60, 50, nullptr, 0); }
+    bool m_isToldToExpand = false;
+
+protected:
+    afx_msg void OnExpandAll() { m_isToldToExpand = true; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(k_Owner, CWnd)
+ON_COMMAND(ID_EXPAND_ALL, ThisClass::OnExpandAll)
+END_MESSAGE_MAP()
+
+TEST(Menus, SendTheUsersChoiceToTheirOwner)
+{
+    k_Owner owner;
+    CMenu menu;
+    EXPECT_FALSE(menu.LoadMenu(IDD_CURVE_LAYOUT));
+    ASSERT_TRUE(menu.LoadMenu(IDR_STYLE_ATLAS_MENU));
+    CMenu& popup = *menu.GetSubMenu(0);
+    EXPECT_TRUE(popup.ModifyMenu(5, MF_BYPOSITION, ID_EXPAND_ALL, _T("E&xpand all")));
+    EXPECT_FALSE(popup.ModifyMenu(7, MF_BYPOSITION, 1, _T("")));
+    CString text;
+    popup.GetMenuString(7, text, MF_BYPOSITION);
+    EXPECT_EQ(text, _T(""));
+    const struct {
+        void (*Act)(QMenu& shown);
+        CPoint Point;
+        bool IsChosen;
+    } cases[] = {
+        {[](QMenu& shown) { QTest::keyClick(&shown, Qt::Key_X); }, {-1, -1}, true},
+        {[](QMenu& shown) { QTest::keyClick(&shown, Qt::Key_Escape); }, {200, 100}, false},
+        {[](QMenu& shown) {
+             const QPoint item = shown.actionGeometry(shown.actions().at(5)).center();
+             QTest::mouseClick(&shown, Qt::RightButton, {}, item);
+         },
+         {200, 100},
+         true},
+    };
+    for (const auto& c : cases) {
+        QTimer::singleShot(0, [&c] {
+            auto& shown = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+            EXPECT_EQ(shown.pos(), c.Point.x == -1 ? QPoint(40, 30) : QPoint(c.Point.x, c.Point.y));
+            c.Act(shown);
+        });
+        EXPECT_TRUE(popup.TrackPopupMenu(TPM_RIGHTBUTTON, c.Point.x, c.Point.y, &owner));
+        EXPECT_FALSE(owner.m_isToldToExpand) << "posted";
+        test::Settle();
+        EXPECT_EQ(std::exchange(owner.m_isToldToExpand, false), c.IsChosen);
+    }
+    QTimer::singleShot(0, [&owner] { owner.DestroyWindow(); });
+    EXPECT_TRUE(popup.TrackPopupMenu(0, 0, 0, &owner)) << "closes with it";
+    EXPECT_FALSE(popup.TrackPopupMenu(0, 0, 0, &owner));
 }
 
 } // namespace

@@ -2,16 +2,8 @@
 #include "support/Gui.h"
 #include "support/TempPrefix.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QSettings>
-#include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 #include <afxdlgs.h>
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -56,10 +48,8 @@ TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
     const std::u16string native = (prefix.Path() / "n.layout").u16string();
     const struct {
         BOOL Opens;
-        LPCTSTR File;
-        LPCTSTR Folder;
-        QString AtOpening;
-        QString Typed;
+        LPCTSTR File, Folder;
+        QString AtOpening, Typed;
         Qt::Key Answer;
         std::u16string Picked;
     } cases[] = {

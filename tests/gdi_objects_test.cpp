@@ -1,11 +1,10 @@
 // Handles and what becomes of them, memory contexts, and text.
 #include "support/Picture.h"
 
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <afxwin.h>
 #include <gtest/gtest.h>
-#include <memory>
+#include <list>
 #include <set>
 
 namespace
@@ -45,9 +44,9 @@ TEST(Objects, ComeBackFromTheContextAndGoWithTheirSelection)
 TEST(Objects, RunOut)
 {
     const int before = gdi::LiveObjects();
-    std::vector<std::unique_ptr<CBrush>> brushes;
+    std::list<CBrush> brushes;
     while (gdi::LiveObjects() < gdi::objectLimit)
-        brushes.push_back(std::make_unique<CBrush>(ink));
+        brushes.emplace_back(ink);
     CBrush none;
     EXPECT_FALSE(none.CreateSolidBrush(ink));
     EXPECT_THROW(CPen(PS_SOLID, 1, ink), CResourceException*);
@@ -115,28 +114,20 @@ TEST(TextWithoutFonts, HasNoSizeAndIsNotDrawn)
 class Text : public testing::Test
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        static int count = 1;
-        static char name[] = "gdi_test";
-        static char* names[] = {name, nullptr};
-        s_application = std::make_unique<QGuiApplication>(count, names);
-    }
-    static void TearDownTestSuite() { s_application.reset(); }
-
-    void SetUp() override
+    Text()
     {
         dc.SetTextColor(ink);
         dc.SetBkMode(TRANSPARENT);
     }
 
-    static std::unique_ptr<QGuiApplication> s_application;
+    const int m_offscreen = setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    int m_count = 1;
+    char m_name[5] = "test";
+    char* m_names[2] = {m_name, nullptr};
+    const QGuiApplication m_application{m_count, m_names};
     Picture picture{120, 60};
     CDC& dc = picture.Dc();
 };
-
-std::unique_ptr<QGuiApplication> Text::s_application;
 
 TEST_F(Text, IsMeasuredByLines)
 {

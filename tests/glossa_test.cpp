@@ -3,12 +3,9 @@
 
 #include "Glossa.h"
 
-#include <cstdint>
 #include <gtest/gtest.h>
 #include <map>
 #include <sys/stat.h>
-#include <utility>
-#include <vector>
 
 namespace
 {

@@ -2,11 +2,8 @@
 #include "support/Gui.h"
 #include "support/Picture.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
-#include <WindowSide.h>
+#include <QtWidgets>
 #include <dialogs/LayoutCombobox.h>
-#include <gtest/gtest.h>
 #include <model/LineDef.h>
 
 namespace
@@ -44,8 +41,8 @@ protected:
     }
     void Make(DWORD style)
     {
-        ASSERT_TRUE(m_parent.CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, 0, 0, 200,
-                                      100, nullptr, 0));
+        constexpr DWORD shown = WS_POPUP | WS_VISIBLE;
+        m_parent.CreateEx(0, AfxRegisterWndClass(0), _T(""), shown, 0, 0, 200, 100, nullptr, 0);
         ASSERT_TRUE(m_box.Create(style, CRect(10, 10, 110, 90), &m_parent, 5));
         test::Settle();
     }
@@ -74,8 +71,7 @@ TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
     const COLORREF light = ::GetSysColor(COLOR_3DLIGHT);
     const struct {
         int Mixed;
-        UINT Action;
-        UINT State;
+        UINT Action, State;
         COLORREF Background;
     } cases[] = {
         {0, ODA_DRAWENTIRE, ODS_SELECTED, gapColor},
@@ -127,7 +123,7 @@ TEST_F(LayoutCombobox, AMixedBoxStaysLightWhenTheUserHasChosen)
     EXPECT_EQ(fieldPixel(), ::GetSysColor(COLOR_3DLIGHT));
     test::PressKey(m_box, VK_SPACE);
     test::Settle();
-    QAbstractItemView& list = *dynamic_cast<QComboBox&>(WindowSide::Of(m_box.m_hWnd)->Widget()).view();
+    QAbstractItemView& list = *dynamic_cast<QComboBox&>(test::WidgetOf(m_box)).view();
     ASSERT_TRUE(list.isVisible());
     const QImage shown = list.viewport()->grab().toImage();
     const auto itemPixel = [&](int item) {

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 #include <model/StyleAtlasLookup.h>
 #include <sys/stat.h>
-#include <tuple>
 
 namespace
 {

@@ -4,13 +4,10 @@
 #include "mensura.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <thread>
-#include <utility>
-#include <vector>
 
 namespace
 {
@@ -18,12 +15,11 @@ namespace
 namespace fs = std::filesystem;
 
 struct Key {
-    std::uint16_t device;
-    std::uint16_t quantity;
+    std::uint16_t device, quantity;
     int subQuantity;
     std::uint16_t index;
     std::uint32_t flags;
-    auto operator<=>(const Key&) const = default;
+    bool operator==(const Key&) const = default;
 };
 
 constexpr int Whole = MENSURA_WHOLE_QUANTITY;
@@ -37,7 +33,7 @@ protected:
     // The list, and what was told on standard error meanwhile.
     std::vector<Key> List()
     {
-        std::array<std::uint16_t*, 3> words = {};
+        std::uint16_t* words[3] = {};
         int* subQuantities = nullptr;
         std::uint32_t* flags = nullptr;
         int count = -1;

@@ -11,10 +11,6 @@
 #include <QApplication>
 
 #include <cmath>
-#include <cstdlib>
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 namespace atlashost

@@ -1,5 +1,4 @@
 // The dialogs and the menu as the module carries them, and what their readers make of damaged ones.
-#include "support/ResourceText.h"
 #include "support/TempPrefix.h"
 
 #include <dialogs/resource.h>
@@ -9,17 +8,70 @@
 #include <platform/user/MenuTemplate.h>
 #include <platform/user/ResourceFile.h>
 
-#include <utility>
-#include <vector>
-
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace
 {
 
-using test::DialogText;
-using test::MenuText;
 using Bytes = std::vector<std::byte>;
+
+constexpr std::string_view kinds = "cps"; // of MenuItemKind
+
+std::string Of(const ResourceName& name)
+{
+    return name.Number ? '#' + std::to_string(name.Number) : '\'' + ToUtf8(name.Text) + '\'';
+}
+
+std::ostream& operator<<(std::ostream& out, const DialogRect& r)
+{
+    return out << r.X << ',' << r.Y << ',' << r.Width << ',' << r.Height;
+}
+
+// One line for each item, indented by its level.
+void Write(std::ostream& out, const std::vector<MenuTemplateItem>& items, const std::string& indent = "")
+{
+    for (const MenuTemplateItem& item : items) {
+        out << indent << kinds[static_cast<std::size_t>(item.Kind)] << item.Id << ' ' << item.Flags << ' '
+            << ToUtf8(item.Text) << '\n';
+        Write(out, item.Items, indent + ' ');
+    }
+}
+
+// The window: help id, style, extended style, caption, rectangle, menu, class. Its font. A line for each
+// control: id, class, style, title, rectangle, creation data. Styles are hexadecimal; a name that is a number
+// is #number. A damaged dialog or menu gives an empty text.
+std::string DialogText(std::span<const std::byte> bytes)
+{
+    const auto dialog = ReadDialogTemplate(bytes);
+    if (!dialog)
+        return {};
+    std::ostringstream out;
+    out << dialog->HelpId << ' ' << std::hex << dialog->Style << ' ' << dialog->ExStyle << std::dec << " '"
+        << ToUtf8(dialog->Caption) << "' " << dialog->Rect << "; menu " << Of(dialog->Menu) << ", class "
+        << Of(dialog->Class) << '\n';
+    if (const auto& font = dialog->Font)
+        out << "font " << font->PointSize << ' ' << font->Weight << ' ' << font->Italic << ' '
+            << ToUtf8(font->Face) << '\n';
+    for (const DialogItem& item : dialog->Items) {
+        out << item.Id << ' ' << ToUtf8(item.Class) << ' ' << std::hex << item.Style << std::dec << ' '
+            << Of(item.Title) << ' ' << item.Rect;
+        for (const std::byte byte : item.Creation)
+            out << " +" << std::to_integer<int>(byte);
+        out << (item.ExStyle || item.HelpId ? " extended\n" : "\n");
+    }
+    return out.str();
+}
+
+// A line for each item, indented by its level: command (c), popup (p) or separator (s) with its id, flags,
+// text.
+std::string MenuText(std::span<const std::byte> bytes)
+{
+    std::ostringstream out;
+    if (const auto items = ReadMenuTemplate(bytes))
+        Write(out, *items);
+    return out.str();
+}
 
 // Styles: 50010001 default button, 50010000 button, 50020000 text, 5002800c one line of text shortened in the
 // middle; 4... is hidden.
@@ -41,16 +93,6 @@ bool IsReadable(ResourceType type, std::span<const std::byte> bytes)
            : type == ResourceType::Dialog ? ReadDialogTemplate(bytes).has_value()
                                           : ReadDialogInit(bytes).has_value();
 }
-
-struct Key {
-    ResourceType Type;
-    std::uint16_t Id;
-};
-
-constexpr Key ownResources[] = {{ResourceType::Dialog, IDD_STYLE_ATLAS},
-                                {ResourceType::Dialog, IDD_CURVE_LAYOUT},
-                                {ResourceType::Menu, IDR_STYLE_ATLAS_MENU},
-                                {ResourceType::DialogInit, IDD_CURVE_LAYOUT}};
 
 Bytes OlderFile()
 {
@@ -106,17 +148,20 @@ TEST(ResourcesTest, OlderDialogsNamedResourcesAndNestedMenusAreRead)
 // Copies of just the bytes given, so that the sanitizers see every step past them.
 TEST(ResourcesTest, NoShortOrDamagedResourceIsReadPastItsEnd)
 {
-    for (const Key& key : ownResources) {
-        const auto whole = FindResource(key.Type, key.Id);
-        ASSERT_TRUE(IsReadable(key.Type, whole));
+    for (const auto& [type, id] : {std::pair(ResourceType::Dialog, IDD_STYLE_ATLAS),
+                                   {ResourceType::Dialog, IDD_CURVE_LAYOUT},
+                                   {ResourceType::Menu, IDR_STYLE_ATLAS_MENU},
+                                   {ResourceType::DialogInit, IDD_CURVE_LAYOUT}}) {
+        const auto whole = FindResource(type, id);
+        ASSERT_TRUE(IsReadable(type, whole));
         for (std::size_t size = 0; size < whole.size(); ++size)
-            EXPECT_FALSE(IsReadable(key.Type, Bytes(whole.begin(), whole.begin() + size))) << size;
+            EXPECT_FALSE(IsReadable(type, Bytes(whole.begin(), whole.begin() + size))) << size;
         Bytes damaged(whole.begin(), whole.end());
         for (std::byte& byte : damaged) {
             const std::byte sound = byte;
             for (int value = 0; value < 256; value += 15) {
                 byte = static_cast<std::byte>(value);
-                IsReadable(key.Type, damaged);
+                IsReadable(type, damaged);
             }
             byte = sound;
         }

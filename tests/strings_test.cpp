@@ -3,9 +3,7 @@
 #include <afxstr.h>
 
 #include <climits>
-#include <cstdint>
 #include <platform/system/Unicode.h>
-#include <tuple>
 
 #include <gtest/gtest.h>
 

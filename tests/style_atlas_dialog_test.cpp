@@ -1,11 +1,9 @@
 // The editor of the whole atlas, from a host's call to the file: what its user does, and what is in the
 // table, the registry and the folders after it.
 #include "support/AtlasHost.h"
-#include "support/AtlasUser.h"
 
 #include <QScreen>
 #include <dialogs/resource.h>
-#include <gtest/gtest.h>
 #include <malloc.h>
 
 namespace

@@ -1,8 +1,19 @@
-// The table: which row answers for a quantity, deep copies, and rows with odd numbers of file columns.
+// The table: which row answers for a quantity, what the rows are called, deep copies, and rows with odd
+// numbers of file columns.
 #include "support/ScriptedModel.h"
 
 #include <gtest/gtest.h>
+#include <model/Language.h>
 #include <random>
+
+// The language of this program, in place of the library's: it has no name for device 3, and for 2 the key.
+CString k_GlossaW::GetUnStrippedText(CString strText, CString /*strSection*/, bool /*bUseUserLanguage*/)
+{
+    return strText == _T("Device_1")   ? _T("Bench")
+           : strText == _T("Device_2") ? _T("DEVICE_2")
+           : strText == _T("Device_3") ? strText
+                                       : _T("Nowhere");
+}
 
 namespace
 {
@@ -19,16 +30,13 @@ int FitOf(const QuantityKey& row, const QuantityKey& key)
 // What FindRow promises: of the rows that fit best the first.
 INT_PTR BestRow(const k_StyleAtlas& atlas, const QuantityKey& key)
 {
-    INT_PTR best = -1;
-    int bestFit = 0;
+    std::pair<int, INT_PTR> best{0, -1};
     for (INT_PTR i = 0; i < atlas.Rows.GetSize(); ++i) {
         QuantityKey row;
-        if (atlas.GetRow(i) != nullptr && atlas.GetRow(i)->GetKey(row) && FitOf(row, key) > bestFit) {
-            best = i;
-            bestFit = FitOf(row, key);
-        }
+        if (atlas.GetRow(i) != nullptr && atlas.GetRow(i)->GetKey(row) && FitOf(row, key) > best.first)
+            best = {FitOf(row, key), i};
     }
-    return best;
+    return best.second;
 }
 
 void PutNull(k_StyleAtlas& atlas, INT_PTR row)
@@ -64,25 +72,27 @@ TEST(FindRow, KeepsItsPromiseOnAnyTable)
 
 TEST(Table, AssignMakesADeepCopyWithEmptySlots)
 {
+    const auto about = [](k_StyleAtlas& atlas) {
+        return std::tie(atlas.Version, atlas.ColumnCount, atlas.RegistryPath, atlas.FilePath);
+    };
     k_StyleAtlas source;
-    source.ColumnCount = 3;
-    source.Version = 7;
-    source.RegistryPath = _T("key");
-    source.FilePath = _T("file");
+    about(source) = std::tuple(7, 3, _T("key"), _T("file"));
     for (WORD quantity = 1; quantity <= 3; ++quantity)
         source.AddRow({quantity, 0, 0, 0, 0}, static_cast<BYTE>(quantity));
     PutNull(source, 1);
+    k_QuantityDesc& row = *source.GetRow(2);
+    row.ReservedFlag = true;
+    row.ColumnCount = 9;
+    row.Styles.SameLineColor = false;
 
     k_StyleAtlas copy;
     copy.AddRow({99, 0, 0, 0, 0}, 0);
     EXPECT_EQ(&copy.Assign(source), &copy);
     ASSERT_EQ(copy.Rows.GetSize(), 3);
     EXPECT_EQ(copy.GetRow(1), nullptr);
-    EXPECT_EQ(copy.GetRow(2)->Level, 3);
-    EXPECT_EQ(copy.Version, 7U);
-    EXPECT_EQ(copy.ColumnCount, 3U);
-    EXPECT_EQ(copy.RegistryPath, _T("key"));
-    EXPECT_EQ(copy.FilePath, _T("file"));
+    const k_QuantityDesc& copied = *copy.GetRow(2);
+    EXPECT_EQ(std::tuple(copied.Level, copied.ReservedFlag, copied.ColumnCount), std::tuple(3, true, 9));
+    EXPECT_TRUE(copied.Styles.SameLineStyle && !copied.Styles.SameLineColor);
     copy.GetRowStyle(0, 2)->LineWidth = 9;
     EXPECT_EQ(source.GetRowStyle(0, 2)->LineWidth, 1);
 
@@ -100,11 +110,9 @@ TEST(Table, AssignMakesADeepCopyWithEmptySlots)
     copy.Assign(taker);
     copy.Clear(); // keeps the rest
     EXPECT_EQ(copy.Rows.GetSize(), 0);
-    EXPECT_EQ(copy.ColumnCount, 3U);
-    EXPECT_EQ(copy.FilePath, _T("file"));
+    EXPECT_TRUE(about(copy) == about(source));
     copy.Assign({});
-    EXPECT_EQ(copy.ColumnCount, 32U);
-    EXPECT_TRUE(copy.FilePath.IsEmpty());
+    EXPECT_TRUE(copy.ColumnCount == 32 && copy.FilePath.IsEmpty());
 }
 
 TEST(Table, ARowGetsARecordForEachFileColumnButNeverMoreThan32)
@@ -130,10 +138,31 @@ TEST(Table, RowsAndColumnsOutsideTheTable)
     EXPECT_EQ(atlas.GetRow(2), nullptr);
     EXPECT_EQ(atlas.GetRowStyle(2, 0), nullptr);
     EXPECT_EQ(atlas.GetRowStyle(1, 0), nullptr);
-    EXPECT_EQ(atlas.GetRowStyle(0, 32), nullptr);
-    EXPECT_NE(atlas.GetRowStyle(0, 31), nullptr);
     EXPECT_THROW(atlas.GetRowStyle(-1, 0), CInvalidArgException*);
-    EXPECT_THROW(atlas.GetRowStyle(0, -1), CInvalidArgException*);
+}
+
+TEST(Labels, NameTheDeviceWhereTheLanguageHasANameForIt)
+{
+    // Device, level, label, label in the outline, tooltip.
+    const std::tuple<short, BYTE, LPCTSTR, LPCTSTR, LPCTSTR> cases[] = {
+        {1, 0, _T("7.65535.9.1.5.0 - Bench"), _T("7.65535.9.1.5.0 - Bench"), _T("Bench")},
+        {1, 1, _T("7.65535.9.1.5.0 - Bench"), _T("7.65535.9.1.5.0"), _T("Bench")},
+        {2, 0, _T("7.65535.9.2.5.0"), _T("7.65535.9.2.5.0"), _T("")},
+        {3, 0, _T("7.65535.9.3.5.0"), _T("7.65535.9.3.5.0"), _T("")},
+        {0, 0, _T("7.65535.9.0.5.0"), _T("7.65535.9.0.5.0"), _T("")},
+        {-1, 0, _T("7.65535.9.-1.5.0"), _T("7.65535.9.-1.5.0 - Nowhere"), _T("")},
+        {-1, 2, _T("7.65535.9.-1.5.0"), _T("7.65535.9.-1.5.0"), _T("")},
+    };
+    k_StyleAtlas atlas;
+    for (const auto& [device, level, label, rowLabel, tooltip] : cases) {
+        const INT_PTR row = atlas.AddRow({7, 65535, 5, device, 9}, level);
+        EXPECT_EQ(atlas.GetRow(row)->GetLabel(), label);
+        EXPECT_EQ(atlas.GetRowLabel(row), rowLabel);
+        EXPECT_EQ(atlas.GetRow(row)->GetTooltipLabel(), tooltip);
+    }
+    EXPECT_EQ(atlas.GetRowLabel(atlas.Rows.Add(nullptr)), _T("?"));
+    EXPECT_EQ(atlas.GetRowLabel(atlas.Rows.GetSize()), _T(""));
+    EXPECT_THROW(atlas.GetRowLabel(-1), CInvalidArgException*);
 }
 
 } // namespace

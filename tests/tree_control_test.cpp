@@ -3,8 +3,6 @@
 #include "support/Picture.h"
 
 #include <afxcmn.h>
-#include <functional>
-#include <gtest/gtest.h>
 
 namespace
 {

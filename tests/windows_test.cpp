@@ -1,28 +1,20 @@
-// Windows and messages: what real events become, who sees them in which order, and how a window ends.
-#include "support/Gui.h"
+// Windows and messages: what real events become, who sees them in which order, how a window ends, and how it
+// paints itself.
 #include "support/Witness.h"
 
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QCursor>
-#include <QDeadlineTimer>
-#include <QHelpEvent>
-#include <QToolTip>
-#include <WindowSide.h>
-#include <functional>
-#include <gtest/gtest.h>
-#include <new>
+#include <QtWidgets>
 
 namespace
 {
 
 using test::Heard;
 using test::k_Witness;
+using test::PixelOf;
+using test::WidgetOf;
 
-QWidget& WidgetOf(const CWnd& window)
-{
-    return WindowSide::Of(window.m_hWnd)->Widget();
-}
+constexpr COLORREF red = RGB(255, 0, 0);
+constexpr COLORREF green = RGB(0, 255, 0);
+constexpr COLORREF blue = RGB(0, 0, 255);
 
 TEST(Windows, AreCreatedAndDestroyedFromTheInsideOut)
 {
@@ -32,23 +24,19 @@ TEST(Windows, AreCreatedAndDestroyedFromTheInsideOut)
     ASSERT_TRUE(parent.CreatePopup() && child.CreateChild(parent, 3));
     EXPECT_EQ(child.GetDlgCtrlID(), 3);
     EXPECT_EQ(child.GetParent(), &parent);
-    EXPECT_EQ(CWnd::FromHandle(child.m_hWnd), &child);
     test::Settle();
     EXPECT_EQ(Heard(), "parent create 60, parent size 60,50, child create 20, child size 20,20");
 
     const HWND handle = child.m_hWnd;
     EXPECT_TRUE(parent.DestroyWindow());
-    EXPECT_EQ(parent.m_hWnd, nullptr);
-    EXPECT_EQ(child.m_hWnd, nullptr);
-    EXPECT_FALSE(IsWindow(handle));
+    EXPECT_TRUE(parent.m_hWnd == nullptr && child.m_hWnd == nullptr);
+    EXPECT_TRUE(!IsWindow(handle) && CWnd::FromHandle(handle) == nullptr);
     EXPECT_EQ(SendMessageW(handle, WM_PAINT, 0, 0), 0);
-    EXPECT_EQ(CWnd::FromHandle(handle), nullptr);
     test::Settle();
     EXPECT_EQ(Heard(), "parent destroy, child destroy, child ncdestroy, parent ncdestroy");
 
     parent.m_createResult = -1;
     EXPECT_FALSE(parent.CreatePopup());
-    EXPECT_EQ(parent.m_hWnd, nullptr);
     EXPECT_EQ(Heard(), "parent create 60, parent destroy, parent ncdestroy");
     EXPECT_FALSE(child.CreateChild(parent, 1)); // nothing to be in
 }
@@ -115,10 +103,8 @@ TEST(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
     Heard();
     QCursor::setPos(300, 200);
     std::string moved;
-    while (moved.empty() && !end.hasExpired()) {
+    for (; moved.empty() && !end.hasExpired(); moved = Heard())
         test::Settle();
-        moved = Heard();
-    }
     EXPECT_EQ(moved, "window move 260,170");
 }
 
@@ -174,11 +160,12 @@ TEST(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
         for (const auto state : {Qt::ApplicationInactive, Qt::ApplicationActive})
             Q_EMIT qApp->applicationStateChanged(state);
     };
-    const std::pair<UINT, std::function<void(k_Thrower&)>> ways[] = {{WM_LBUTTONDOWN, press},
-                                                                     {WM_ACTIVATEAPP, leave},
-                                                                     {WM_PAINT, look},
-                                                                     {WM_DESTROY, destroy},
-                                                                     {WM_NCDESTROY, destroy}};
+    using Way = std::pair<UINT, std::function<void(k_Thrower&)>>;
+    const Way ways[] = {{WM_LBUTTONDOWN, press},
+                        {WM_ACTIVATEAPP, leave},
+                        {WM_PAINT, look},
+                        {WM_DESTROY, destroy},
+                        {WM_NCDESTROY, destroy}};
     for (const auto& [message, act] : ways) {
         k_Thrower window(message);
         window.Open();
@@ -218,6 +205,49 @@ TEST(Windows, AreAskedForMenusAndForTheTextOfTheirToolTip)
     EXPECT_EQ(Heard(), "parent text for 0 at 43,34");
     parent.m_tipLength = 5;
     EXPECT_NE(rest().indexOf("&lt;b"), -1); // no markup
+}
+
+TEST(WindowPainting, IsOnTheBackgroundAndAtAnyTime)
+{
+    k_Witness window("window");
+    window.m_fill = red;
+    window.Open();
+    EXPECT_EQ(PixelOf(window, {5, 5}), red);
+    EXPECT_EQ(PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
+    CClientDC(&window).FillSolidRect(12, 12, 10, 10, blue);
+    test::Settle();
+    EXPECT_EQ(PixelOf(window, {15, 15}), blue); // stays, as nothing was invalid
+    window.m_fill = green;
+    const RECT part{0, 0, 5, 5};
+    window.RedrawWindow(&part);
+    EXPECT_EQ(PixelOf(window, {2, 2}), green);
+    EXPECT_EQ(PixelOf(window, {7, 7}), red); // outside of what was invalid
+    window.InvalidateRect(nullptr);
+    test::Settle();
+    EXPECT_EQ(PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
+    test::ChangeSettings([&] { EXPECT_EQ(PixelOf(window, {15, 15}), RGB(255, 0, 255)); });
+    EXPECT_EQ(PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST(WindowPainting, WaitsWhileTheWindowIsLocked)
+{
+    k_Witness window("window");
+    k_Witness other("other");
+    window.Open();
+    other.Open();
+    EXPECT_TRUE(LockWindowUpdate(window.m_hWnd));
+    EXPECT_FALSE(LockWindowUpdate(other.m_hWnd));
+    window.m_paints = 0;
+    window.RedrawWindow();
+    test::Settle();
+    EXPECT_EQ(window.m_paints, 0);
+    LockWindowUpdate(nullptr);
+    test::Settle();
+    EXPECT_EQ(window.m_paints, 1);
+    LockWindowUpdate(window.m_hWnd);
+    window.DestroyWindow();
+    EXPECT_TRUE(LockWindowUpdate(other.m_hWnd));
+    LockWindowUpdate(nullptr);
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "AtlasDialog.h"
 
-#include <QTimer>
 #include <controls/StyleEditing.h>
-#include <model/QuantityDesc.h>
+#include <numeric>
 
 k_StyleAtlas g_StyleAtlas;
 
@@ -18,53 +17,50 @@ INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuant
 namespace test
 {
 
-void AtlasDialog::RunInside(const std::function<void()>& body)
-{
-    QTimer::singleShot(0, [this, &body] {
-        Settle();
-        body();
-        EndDialog(IDCANCEL);
-    });
-    DoModal();
-}
-
 BOOL AtlasDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
-    Notifications.push_back({header.hwndFrom, header.idFrom, static_cast<int>(header.code)});
+    Notifications.push_back(*reinterpret_cast<const NMHDR*>(lParam));
     return k_StyleAtlasDialog::OnNotify(wParam, lParam, pResult);
 }
 
-HTREEITEM AtlasDialog::Row(int number) const
-{
-    HTREEITEM row = m_ColumnTree.m_Tree.GetNextItem(nullptr, TVGN_ROOT);
-    for (; row != nullptr && number > 0; --number)
-        row = m_ColumnTree.m_Tree.GetNextItem(row, TVGN_NEXTVISIBLE);
-    return row;
-}
-
-CPoint AtlasDialog::LabelAt(HTREEITEM row, int x) const
-{
-    CRect label;
-    m_ColumnTree.m_Tree.GetItemRect(row, &label, TRUE);
-    return {label.left + x, (label.top + label.bottom) / 2};
-}
-
-CPoint AtlasDialog::CellAt(HTREEITEM row, int column) const
-{
-    int x = m_ColumnTree.m_columnWidths.at(column) / 2;
-    for (int i = 0; i < column; ++i)
-        x += m_ColumnTree.m_columnWidths.at(i);
-    return {x, LabelAt(row).y};
-}
-
-void SetTable(std::initializer_list<BYTE> levels, DWORD columns)
+void SetTable(const std::vector<BYTE>& levels, DWORD columns)
 {
     g_StyleAtlas.Clear();
     g_StyleAtlas.ColumnCount = columns;
     WORD quantity = 0;
     for (const BYTE level : levels)
         g_StyleAtlas.AddRow({++quantity, 0, 0, -1, 0}, level);
+}
+
+void ColumnTreeTest::RunInside(const std::function<void()>& body)
+{
+    QTimer::singleShot(0, [this, &body] {
+        Settle();
+        body();
+        m_dialog.EndDialog(IDCANCEL);
+    });
+    m_dialog.DoModal();
+}
+
+HTREEITEM ColumnTreeTest::Row(int number)
+{
+    HTREEITEM row = Tree().GetNextItem(nullptr, TVGN_ROOT);
+    for (; row != nullptr && number > 0; --number)
+        row = Tree().GetNextItem(row, TVGN_NEXTVISIBLE);
+    return row;
+}
+
+CPoint ColumnTreeTest::Label(int row)
+{
+    CRect label;
+    Tree().GetItemRect(Row(row), &label, TRUE);
+    return {label.left + 3, (label.top + label.bottom) / 2};
+}
+
+CPoint ColumnTreeTest::Cell(int row, int column)
+{
+    const int* const widths = Frame().m_columnWidths.data();
+    return {std::accumulate(widths, widths + column, widths[column] / 2), Label(row).y};
 }
 
 } // namespace test

@@ -1,13 +1,10 @@
-// The style atlas dialog, open on a small table, with an editor of styles that only writes down what it is
-// given.
+// The column tree in its dialog, with an editor of styles that only writes down what it is given.
 #pragma once
 
 #include "Gui.h"
 
 #include <dialogs/StyleAtlasDialog.h>
-#include <functional>
 #include <model/QuantityDesc.h>
-#include <vector>
 
 namespace test
 {
@@ -25,26 +22,29 @@ inline std::vector<EditRequest> editRequests;
 class AtlasDialog : public k_StyleAtlasDialog
 {
 public:
-    struct Notification {
-        HWND From;
-        UINT_PTR Id;
-        int Code;
-    };
-    std::vector<Notification> Notifications;
-
-    // Runs a function while the dialog is open, and closes it.
-    void RunInside(const std::function<void()>& body);
-
-    HTREEITEM Row(int number) const;                // of those that the tree shows, from the top
-    CPoint LabelAt(HTREEITEM row, int x = 3) const; // a point of the row's label, in the tree
-    CPoint CellAt(HTREEITEM row, int column) const; // the middle of a cell, in the tree
-    k_LineDef* Style(int row, int column) { return m_Atlas.GetRow(row)->GetColumnStyle(column); }
+    std::vector<NMHDR> Notifications;
 
 protected:
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
 // Rows of these levels in the module's table, the quantity of each its number from 1.
-void SetTable(std::initializer_list<BYTE> levels, DWORD columns = 4);
+void SetTable(const std::vector<BYTE>& levels, DWORD columns = 4);
+
+class ColumnTreeTest : public testing::Test
+{
+protected:
+    // Runs a function while the dialog is open, and closes it.
+    void RunInside(const std::function<void()>& body);
+
+    k_ColumnTreeCtrl& Frame() { return m_dialog.m_ColumnTree; }
+    k_CustomTreeChildCtrl& Tree() { return Frame().m_Tree; }
+    HTREEITEM Row(int number);        // of those that the tree shows, from the top
+    CPoint Label(int row);            // a point in it, in the tree
+    CPoint Cell(int row, int column); // its middle, in the tree
+    k_LineDef* Style(int row, int column) { return m_dialog.m_Atlas.GetRow(row)->GetColumnStyle(column); }
+
+    AtlasDialog m_dialog;
+};
 
 } // namespace test

@@ -1,9 +1,6 @@
 #include "ColorListener.h"
 
-#include "Gui.h"
-
 #include <sstream>
-#include <utility>
 
 UINT g_msgSelChange = RegisterWindowMessageW(_T("ColorPopupSelChange"));
 UINT g_msgDropdown = RegisterWindowMessageW(_T("ColorPopupDropdown"));
@@ -51,13 +48,6 @@ LRESULT k_ColorListener::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             m_reaction(message);
     }
     return CWnd::WindowProc(message, wParam, lParam);
-}
-
-CRect PlaceOf(const CWnd& window)
-{
-    CRect place;
-    window.GetWindowRect(&place);
-    return place;
 }
 
 std::string RowOf(CWnd& window, int y, int left, int right)

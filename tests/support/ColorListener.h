@@ -1,10 +1,9 @@
 // The owner of a colour control hears what the control tells; the user sees what it looks like.
 #pragma once
 
-#include <afxwin.h>
+#include "Gui.h"
+
 #include <controls/ColorMessages.h>
-#include <functional>
-#include <string>
 
 namespace test
 {
@@ -32,8 +31,6 @@ private:
 
     DECLARE_MESSAGE_MAP()
 };
-
-CRect PlaceOf(const CWnd& window); // on the screen
 
 // The pixels of a row by the colours of the system: face, shadow, highlight, light, dark, and c for others.
 std::string RowOf(CWnd& window, int y, int left, int right);

@@ -1,14 +1,10 @@
 #include "Gui.h"
 
 #include <Application.h>
-#include <QApplication>
 #include <QContextMenuEvent>
-#include <QImage>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QWheelEvent>
-#include <WindowSide.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <memory>
 
 namespace
@@ -34,11 +30,6 @@ class Desktop : public testing::Environment
     return true;
 }();
 
-QWidget& WidgetOf(const CWnd& window)
-{
-    return WindowSide::Of(window.m_hWnd)->Widget();
-}
-
 QWidget& ClientOf(const CWnd& window)
 {
     return WindowSide::Of(window.m_hWnd)->Client();
@@ -55,26 +46,12 @@ void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseBut
 
 int QtKeyOf(UINT virtualKey)
 {
-    switch (virtualKey) {
-    case VK_LEFT:
-        return Qt::Key_Left;
-    case VK_UP:
-        return Qt::Key_Up;
-    case VK_RIGHT:
-        return Qt::Key_Right;
-    case VK_DOWN:
-        return Qt::Key_Down;
-    case VK_ESCAPE:
-        return Qt::Key_Escape;
-    case VK_RETURN:
-        return Qt::Key_Return;
-    case VK_ADD:
-        return Qt::Key_Plus;
-    case VK_SUBTRACT:
-        return Qt::Key_Minus;
-    default:
-        return static_cast<int>(virtualKey);
-    }
+    static const std::map<UINT, int> others = {{VK_LEFT, Qt::Key_Left},     {VK_UP, Qt::Key_Up},
+                                               {VK_RIGHT, Qt::Key_Right},   {VK_DOWN, Qt::Key_Down},
+                                               {VK_ESCAPE, Qt::Key_Escape}, {VK_RETURN, Qt::Key_Return},
+                                               {VK_ADD, Qt::Key_Plus},      {VK_SUBTRACT, Qt::Key_Minus}};
+    const auto found = others.find(virtualKey);
+    return found != others.end() ? found->second : static_cast<int>(virtualKey);
 }
 
 } // namespace
@@ -88,6 +65,11 @@ void Settle()
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     }
+}
+
+QWidget& WidgetOf(const CWnd& window)
+{
+    return WindowSide::Of(window.m_hWnd)->Widget();
 }
 
 void MoveMouse(CWnd& window, CPoint point)
@@ -110,10 +92,15 @@ void ReleaseMouse(CWnd& window, CPoint point)
     SendMouse(window, point, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
 }
 
-void ClickTwice(CWnd& window, CPoint point)
+void Click(CWnd& window, CPoint point)
 {
     PressMouse(window, point);
     ReleaseMouse(window, point);
+}
+
+void ClickTwice(CWnd& window, CPoint point)
+{
+    Click(window, point);
     SendMouse(window, point, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton);
     ReleaseMouse(window, point);
 }
@@ -157,17 +144,17 @@ void ChangeSettings(const std::function<void()>& meanwhile)
     Settle();
 }
 
-bool IsShown(const CWnd& window)
-{
-    return WidgetOf(window).isVisible();
-}
-
 COLORREF PixelOf(CWnd& window, CPoint point)
 {
-    const QImage shown = ClientOf(window).grab().toImage();
-    const QColor color = shown.pixelColor(point.x, point.y);
-    return RGB(static_cast<BYTE>(color.red()), static_cast<BYTE>(color.green()),
-               static_cast<BYTE>(color.blue()));
+    const QRgb color = ClientOf(window).grab().toImage().pixel(point.x, point.y);
+    return RGB(BYTE(qRed(color)), BYTE(qGreen(color)), BYTE(qBlue(color)));
+}
+
+CRect PlaceOf(const CWnd& window)
+{
+    CRect place;
+    window.GetWindowRect(&place);
+    return place;
 }
 
 } // namespace test

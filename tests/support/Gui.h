@@ -1,8 +1,13 @@
 // The user of a test: mouse, keyboard and eyes, on the platform without a screen.
 #pragma once
 
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <WindowSide.h>
 #include <afxwin.h>
 #include <functional>
+#include <gtest/gtest.h>
 
 namespace test
 {
@@ -10,11 +15,14 @@ namespace test
 // Lets everything happen that waits to happen.
 void Settle();
 
+QWidget& WidgetOf(const CWnd& window);
+
 // Points are in the window's client coordinates; a button is the left one.
 void MoveMouse(CWnd& window, CPoint point);
 void PressMouse(CWnd& window, CPoint point);
 void DragMouse(CWnd& window, CPoint point); // moves it with the button held
 void ReleaseMouse(CWnd& window, CPoint point);
+void Click(CWnd& window, CPoint point);
 void ClickTwice(CWnd& window, CPoint point);
 void ClickRight(CWnd& window, CPoint point);
 void PressKey(CWnd& window, UINT virtualKey);
@@ -23,9 +31,9 @@ void TurnWheel(CWnd& window, int delta); // 120 is one notch upward
 // Magenta for all windows and buttons of the desktop, and back.
 void ChangeSettings(const std::function<void()>& meanwhile = [] {});
 
-bool IsShown(const CWnd& window);
-
 // What the window shows at a point.
 COLORREF PixelOf(CWnd& window, CPoint point);
+
+CRect PlaceOf(const CWnd& window); // on the screen
 
 } // namespace test

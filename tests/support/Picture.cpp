@@ -6,15 +6,6 @@
 namespace test
 {
 
-namespace
-{
-
-constexpr std::pair<COLORREF, char> kinds[] = {
-    {paper, '.'}, {ink, '#'}, {filling, 'o'}, {gapColor, '-'}, {windowColor, ' '},
-};
-
-} // namespace
-
 Picture::Picture(int width, int height, const RECT& clip)
     : m_width(width), m_height(height), m_pixels(IndexOf(0, height), gdi::ToPixel(paper))
 {
@@ -23,6 +14,8 @@ Picture::Picture(int width, int height, const RECT& clip)
 
 char Picture::At(int x, int y) const
 {
+    constexpr std::pair<COLORREF, char> kinds[] = {
+        {paper, '.'}, {ink, '#'}, {filling, 'o'}, {gapColor, '-'}, {windowColor, ' '}};
     for (const auto& [color, character] : kinds) {
         if (PixelAt(x, y) == gdi::ToPixel(color))
             return character;
@@ -43,8 +36,7 @@ std::string Picture::Text() const
 
 int Picture::Count(char kind) const
 {
-    const std::string text = Text();
-    return static_cast<int>(std::ranges::count(text, kind));
+    return static_cast<int>(std::ranges::count(Text(), kind));
 }
 
 CRect Picture::Painted() const
@@ -58,16 +50,6 @@ CRect Picture::Painted() const
         }
     }
     return all.right > 0 ? all : CRect();
-}
-
-void Picture::CutTo(const RECT& rect)
-{
-    for (int y = 0; y < m_height; ++y) {
-        for (int x = 0; x < m_width; ++x) {
-            if (::PtInRect(&rect, {x, y}) == FALSE)
-                m_pixels[IndexOf(x, y)] = gdi::ToPixel(paper);
-        }
-    }
 }
 
 void SystemColors::Swap()

@@ -35,9 +35,6 @@ public:
     // The smallest rectangle that holds all pixels of other colours than the paper's.
     CRect Painted() const;
 
-    // Gives the paper back to what is outside a rectangle.
-    void CutTo(const RECT& rect);
-
     friend bool operator==(const Picture& first, const Picture& second)
     {
         return first.m_pixels == second.m_pixels;

@@ -1,10 +1,5 @@
 #include "Witness.h"
 
-#include "Gui.h"
-
-#include <gtest/gtest.h>
-#include <utility>
-
 namespace test
 {
 

@@ -1,9 +1,9 @@
 // A window that notes what it is sent.
 #pragma once
 
-#include <afxwin.h>
+#include "Gui.h"
+
 #include <commctrl.h>
-#include <string>
 
 namespace test
 {
