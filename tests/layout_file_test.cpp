@@ -129,28 +129,20 @@ TEST(LayoutFile, IsLaidOverTheCatalogueByEqualKeys)
     EXPECT_EQ(atlas.GetRowStyle(5, 0)->LineWidth, 14);
 }
 
-TEST(LayoutFile, HoldsMoreThan32RecordsOfARow)
-{
-    k_StyleAtlas atlas;
-    atlas.AddRow({5, 0, 0, 0, 0}, 0);
-    for (int i = 0; i < 168; ++i)
-        atlas.GetRow(0)->Styles.Add(new k_LineDef);
-    k_StyleAtlas back;
-    ReadInto(back, BytesOf(atlas));
-    EXPECT_EQ(back.GetRow(0)->Styles.GetSize(), 200);
-    EXPECT_EQ(back.GetRowStyle(0, 32), nullptr);
-}
-
-TEST(LayoutFile, HoldsAsManyRowsAsATableHas)
+TEST(LayoutFile, HoldsAllRowsOfATableAndAllRecordsOfARow)
 {
     constexpr INT_PTR rows = 263'000;
     k_StyleAtlas atlas;
     atlas.ColumnCount = 0;
     for (INT_PTR i = 0; i < rows; ++i)
         atlas.AddRow({static_cast<WORD>(i), static_cast<WORD>(i >> 16), 0, 0, 0}, 0);
+    for (int i = 0; i < 200; ++i)
+        atlas.GetRow(0)->Styles.Add(new k_LineDef);
     k_StyleAtlas back;
     ReadInto(back, BytesOf(atlas));
     EXPECT_EQ(back.Rows.GetSize(), rows);
+    EXPECT_EQ(back.GetRow(0)->Styles.GetSize(), 200);
+    EXPECT_EQ(back.GetRowStyle(0, 32), nullptr);
 }
 
 TEST(LayoutFile, EmptySlotsAreToldAndLeftOutOfTheCount)
@@ -206,27 +198,6 @@ TEST(DamagedLayoutFile, EveryTruncationEndsWithEndOfFileAndKeepsTheRowsBefore)
                   CArchiveException::endOfFile);
         ASSERT_EQ(atlas.Rows.GetSize(), std::max(length - header, 0) / rowSize) << length;
         ASSERT_EQ(atlas.ColumnCount, length < 8 ? 32U : 2U) << "nothing of a value that ends early";
-    }
-}
-
-TEST(DamagedLayoutFile, EveryFlippedBitIsReadAsItStandsOrEndsInAnException)
-{
-    const std::string file = RichFile();
-    for (std::size_t bit = 0; bit < file.size() * 8; ++bit) {
-        std::string damaged = file;
-        damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << (bit % 8)));
-        k_StyleAtlas atlas;
-        atlas.BuildCatalogue();
-        try {
-            ReadInto(atlas, damaged);
-        } catch (CException* e) {
-            e->Delete();
-        }
-        ASSERT_LE(atlas.Rows.GetSize(), 6);
-        const std::string written = BytesOf(atlas); // whatever was read can be written, and read again
-        k_StyleAtlas back;
-        ReadInto(back, written);
-        ASSERT_EQ(BytesOf(back), written) << bit;
     }
 }
 

@@ -7,7 +7,6 @@
 
 #include <fcntl.h>
 #include <list>
-#include <random>
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <tuple>
@@ -148,19 +147,12 @@ TEST_F(RegistryTest, AComputedValueIsRefused)
     }
 }
 
-TEST_F(RegistryTest, ADamagedFileBringsNobodyDown)
+TEST_F(RegistryTest, AFileThatEndsEarlyBringsNobodyDown)
 {
     ASSERT_EQ(UseAsHost(std::string(bufferSize, 'v')), ERROR_SUCCESS);
     const std::string whole = test::ReadWhole(file);
     test::WriteWhole(file, whole.substr(0, whole.size() / 2));
     EXPECT_NE(UseAsHost(), ERROR_SUCCESS);
-    std::minstd_rand random(1);
-    for (int round = 0; round < 150; ++round) {
-        std::string damaged = whole.substr(0, round % 3 == 0 ? random() % whole.size() : std::string::npos);
-        damaged.replace(random() % damaged.size(), 8, 8, static_cast<char>(random()));
-        test::WriteWhole(file, damaged);
-        static_cast<void>(UseAsHost());
-    }
 }
 
 // A host may have closed its standard files: what it prints then is in no file of ours.
