@@ -42,8 +42,11 @@ HMODULE LoadLibraryW(LPCWSTR fileName)
     try {
         const std::string name = NativeName(ToUtf8(fileName));
         void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
-        if (module == nullptr)
-            module = dlopen((std::string(ModuleFolder()) + '/' + name).c_str(), RTLD_NOW | RTLD_LOCAL);
+        // The run path of this library says the same, but not where a tool stands between it and the loader.
+        for (const char* const folder : {"/", "/../"}) {
+            if (module == nullptr)
+                module = dlopen((ModuleFolder() + (folder + name)).c_str(), RTLD_NOW | RTLD_LOCAL);
+        }
         return static_cast<HMODULE>(module);
     } catch (const std::bad_alloc&) {
         return nullptr;
