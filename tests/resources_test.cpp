@@ -1,77 +1,21 @@
 // The dialogs and the menu as the module carries them, and what their readers make of damaged ones.
+#include "support/ResourceText.h"
 #include "support/TempPrefix.h"
 
 #include <dialogs/resource.h>
-#include <platform/system/Unicode.h>
 #include <platform/user/DialogInit.h>
 #include <platform/user/DialogTemplate.h>
 #include <platform/user/MenuTemplate.h>
 #include <platform/user/ResourceFile.h>
 
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace
 {
 
 using Bytes = std::vector<std::byte>;
-
-constexpr std::string_view kinds = "cps"; // of MenuItemKind
-
-std::string Of(const ResourceName& name)
-{
-    return name.Number ? '#' + std::to_string(name.Number) : '\'' + ToUtf8(name.Text) + '\'';
-}
-
-std::ostream& operator<<(std::ostream& out, const DialogRect& r)
-{
-    return out << r.X << ',' << r.Y << ',' << r.Width << ',' << r.Height;
-}
-
-// One line for each item, indented by its level.
-void Write(std::ostream& out, const std::vector<MenuTemplateItem>& items, const std::string& indent = "")
-{
-    for (const MenuTemplateItem& item : items) {
-        out << indent << kinds[static_cast<std::size_t>(item.Kind)] << item.Id << ' ' << item.Flags << ' '
-            << ToUtf8(item.Text) << '\n';
-        Write(out, item.Items, indent + ' ');
-    }
-}
-
-// The window: help id, style, extended style, caption, rectangle, menu, class. Its font. A line for each
-// control: id, class, style, title, rectangle, creation data. Styles are hexadecimal; a name that is a number
-// is #number. A damaged dialog or menu gives an empty text.
-std::string DialogText(std::span<const std::byte> bytes)
-{
-    const auto dialog = ReadDialogTemplate(bytes);
-    if (!dialog)
-        return {};
-    std::ostringstream out;
-    out << dialog->HelpId << ' ' << std::hex << dialog->Style << ' ' << dialog->ExStyle << std::dec << " '"
-        << ToUtf8(dialog->Caption) << "' " << dialog->Rect << "; menu " << Of(dialog->Menu) << ", class "
-        << Of(dialog->Class) << '\n';
-    if (const auto& font = dialog->Font)
-        out << "font " << font->PointSize << ' ' << font->Weight << ' ' << font->Italic << ' '
-            << ToUtf8(font->Face) << '\n';
-    for (const DialogItem& item : dialog->Items) {
-        out << item.Id << ' ' << ToUtf8(item.Class) << ' ' << std::hex << item.Style << std::dec << ' '
-            << Of(item.Title) << ' ' << item.Rect;
-        for (const std::byte byte : item.Creation)
-            out << " +" << std::to_integer<int>(byte);
-        out << (item.ExStyle || item.HelpId ? " extended\n" : "\n");
-    }
-    return out.str();
-}
-
-// A line for each item, indented by its level: command (c), popup (p) or separator (s) with its id, flags,
-// text.
-std::string MenuText(std::span<const std::byte> bytes)
-{
-    std::ostringstream out;
-    if (const auto items = ReadMenuTemplate(bytes))
-        Write(out, *items);
-    return out.str();
-}
+using test::DialogText;
+using test::MenuText;
 
 // Styles: 50010001 default button, 50010000 button, 50020000 text, 5002800c one line of text shortened in the
 // middle; 4... is hidden.

@@ -1,0 +1,70 @@
+#include "ResourceText.h"
+
+#include <platform/system/Unicode.h>
+#include <platform/user/DialogTemplate.h>
+#include <platform/user/MenuTemplate.h>
+
+#include <sstream>
+#include <string_view>
+
+namespace
+{
+
+constexpr std::string_view kinds = "cps"; // of MenuItemKind
+
+std::string Of(const ResourceName& name)
+{
+    return name.Number ? '#' + std::to_string(name.Number) : '\'' + ToUtf8(name.Text) + '\'';
+}
+
+std::ostream& operator<<(std::ostream& out, const DialogRect& r)
+{
+    return out << r.X << ',' << r.Y << ',' << r.Width << ',' << r.Height;
+}
+
+// One line for each item, indented by its level.
+void Write(std::ostream& out, const std::vector<MenuTemplateItem>& items, const std::string& indent = "")
+{
+    for (const MenuTemplateItem& item : items) {
+        out << indent << kinds[static_cast<std::size_t>(item.Kind)] << item.Id << ' ' << item.Flags << ' '
+            << ToUtf8(item.Text) << '\n';
+        Write(out, item.Items, indent + ' ');
+    }
+}
+
+} // namespace
+
+namespace test
+{
+
+std::string DialogText(std::span<const std::byte> bytes)
+{
+    const auto dialog = ReadDialogTemplate(bytes);
+    if (!dialog)
+        return {};
+    std::ostringstream out;
+    out << dialog->HelpId << ' ' << std::hex << dialog->Style << ' ' << dialog->ExStyle << std::dec << " '"
+        << ToUtf8(dialog->Caption) << "' " << dialog->Rect << "; menu " << Of(dialog->Menu) << ", class "
+        << Of(dialog->Class) << '\n';
+    if (const auto& font = dialog->Font)
+        out << "font " << font->PointSize << ' ' << font->Weight << ' ' << font->Italic << ' '
+            << ToUtf8(font->Face) << '\n';
+    for (const DialogItem& item : dialog->Items) {
+        out << item.Id << ' ' << ToUtf8(item.Class) << ' ' << std::hex << item.Style << std::dec << ' '
+            << Of(item.Title) << ' ' << item.Rect;
+        for (const std::byte byte : item.Creation)
+            out << " +" << std::to_integer<int>(byte);
+        out << (item.ExStyle || item.HelpId ? " extended\n" : "\n");
+    }
+    return out.str();
+}
+
+std::string MenuText(std::span<const std::byte> bytes)
+{
+    std::ostringstream out;
+    if (const auto items = ReadMenuTemplate(bytes))
+        Write(out, *items);
+    return out.str();
+}
+
+} // namespace test
