@@ -3,6 +3,7 @@
 #include "support/TempPrefix.h"
 
 #include <dialogs/resource.h>
+#include <platform/system/Unicode.h>
 #include <platform/user/DialogInit.h>
 #include <platform/user/DialogTemplate.h>
 #include <platform/user/MenuTemplate.h>
