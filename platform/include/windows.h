@@ -59,7 +59,8 @@ PLATFORM_API int _wtoi(LPCWSTR text); // NOLINT(bugprone-reserved-identifier)
 // ---- Run-time modules
 
 // Loads "name.dll", which is a module of the layer's own or else libname.so: by the loader's own search, then
-// beside this library. Null when there is none. A module stays loaded until it has been freed as often.
+// beside this library or beside the folder that it stands in. Null when there is none. A module stays loaded
+// until it has been freed as often.
 PLATFORM_API HMODULE LoadLibraryW(LPCWSTR fileName);
 PLATFORM_API BOOL FreeLibrary(HMODULE module);
 
