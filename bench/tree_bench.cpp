@@ -7,7 +7,6 @@
 #include <QScrollBar>
 #include <QTimer>
 #include <WindowSide.h>
-#include <controls/ColorMessages.h>
 #include <cstdlib>
 #include <dialogs/StyleAtlasDialog.h>
 #include <exception>
@@ -15,15 +14,6 @@
 #include <memory>
 #include <model/QuantityDesc.h>
 #include <stdexcept>
-
-k_StyleAtlas g_StyleAtlas;
-
-// The messages of the colour button, which nobody sends here.
-UINT g_msgSelChange = 0;
-UINT g_msgDropdown = 0;
-UINT g_msgCloseUp = 0;
-UINT g_msgSelEndOK = 0;
-UINT g_msgSelEndChange = 0;
 
 namespace
 {

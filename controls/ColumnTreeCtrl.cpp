@@ -1,9 +1,6 @@
 #include "ColumnTreeCtrl.h"
 
-#include "StyleEditing.h"
 #include "StyleSelection.h"
-
-#include <model/QuantityDesc.h>
 
 namespace
 {
@@ -153,6 +150,12 @@ HTREEITEM k_ColumnTreeCtrl::HitTest(CTVHITTESTINFO* pInfo) const
     pInfo->hItem = nullptr;
     pInfo->flags = TVHT_NOWHERE;
     return nullptr;
+}
+
+INT_PTR k_ColumnTreeCtrl::EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity)
+{
+    constexpr INT_PTR notShown = -1;
+    return m_styleEditor != nullptr ? m_styleEditor(pParent, pStyles, pQuantity) : notShown;
 }
 
 void k_ColumnTreeCtrl::EditColumn(const NMHEADERW& notification)

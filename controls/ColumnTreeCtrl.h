@@ -2,13 +2,13 @@
 #pragma once
 
 #include "CustomTreeChildCtrl.h"
+#include "StyleEditor.h"
 
 #include <array>
+#include <model/QuantityDesc.h>
 
-class k_LineDef;
-
-// Column 0, the tree's own one, and 32 file columns.
-constexpr int k_MaxTreeColumns = 33;
+// Column 0, the tree's own one, and the file columns.
+constexpr int k_MaxTreeColumns = 1 + k_MaxFileColumns;
 
 struct CTVHITTESTINFO {
     POINT pt; // y in the frame's coordinates, x in the tree's
@@ -54,8 +54,12 @@ public:
     // No cell and no column is selected any more.
     void ClearSelection();
 
-    // Lets the user edit a file column of all rows.
+    // Sets what a double click opens; until then it opens nothing.
+    void SetStyleEditor(k_StyleEditor editor) { m_styleEditor = editor; }
+
+    // Lets the user edit a file column of all rows; or a list of records, as k_StyleEditor says.
     void EditColumn(const NMHEADERW& notification);
+    INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);
 
     int m_cellColumn = -1; // of the selected cell, -1 for none
     HTREEITEM m_cellItem = nullptr;
@@ -95,6 +99,8 @@ private:
     bool HasVerticalBar();
     int GetScrolledWidth(); // pixels, of all that can be scrolled
     int GetLineStep() const;
+
+    k_StyleEditor m_styleEditor = nullptr;
 
     DECLARE_MESSAGE_MAP()
 };

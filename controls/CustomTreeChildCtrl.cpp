@@ -3,8 +3,6 @@
 #include "ColumnTreeCtrl.h"
 #include "WindowUpdateLock.h"
 
-#include <model/QuantityDesc.h>
-
 BEGIN_MESSAGE_MAP(k_CustomTreeChildCtrl, CTreeCtrl)
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()

@@ -1,9 +1,6 @@
 // The tree under the mouse: what a click selects, and what a double click opens for editing.
 #include "ColumnTreeCtrl.h"
-#include "StyleEditing.h"
 #include "StyleSelection.h"
-
-#include <model/QuantityDesc.h>
 
 void k_CustomTreeChildCtrl::SelectRow(HTREEITEM hItem)
 {
@@ -75,7 +72,7 @@ void k_CustomTreeChildCtrl::EditRow(CPoint point)
     if (IsFoldedGroup(row))
         EditBelow(row, pQuantity);
     else
-        RepaintAfter(EditStyles(GetFrame(), pQuantity->GetStyles(), pQuantity));
+        RepaintAfter(GetFrame()->EditStyles(GetFrame(), pQuantity->GetStyles(), pQuantity));
 }
 
 // A folded row stands for the two levels below it too.
@@ -94,7 +91,7 @@ void k_CustomTreeChildCtrl::EditBelow(HTREEITEM hItem, k_QuantityDesc* pQuantity
              grandchild = GetNextItem(grandchild, TVGN_NEXT))
             append(grandchild);
     }
-    RepaintAfter(EditStyles(GetFrame(), &styles, pQuantity));
+    RepaintAfter(GetFrame()->EditStyles(GetFrame(), &styles, pQuantity));
 }
 
 void k_CustomTreeChildCtrl::EditCell(CPoint point)
@@ -116,7 +113,7 @@ void k_CustomTreeChildCtrl::EditCell(CPoint point)
              child = GetNextItem(child, TVGN_NEXT))
             styles.Add(frame->GetCellStyle(child, column));
     }
-    RepaintAfter(EditStyles(GetFrame(), &styles, frame->GetRowData(row)));
+    RepaintAfter(GetFrame()->EditStyles(GetFrame(), &styles, frame->GetRowData(row)));
     SetFocus();
 }
 

@@ -3,7 +3,6 @@
 #include "resource.h"
 
 #include <controls/ColorMessages.h>
-#include <controls/StyleEditing.h>
 
 namespace
 {

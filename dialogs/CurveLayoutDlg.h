@@ -69,3 +69,8 @@ private:
 
     DECLARE_MESSAGE_MAP()
 };
+
+// Runs the dialog on the records of a list, as k_StyleEditor says. After IDOK the choices stand in the
+// records; nulls are passed over. The title names the quantity, if there is one. The parent is the active
+// window of the program if none is given.
+INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);

@@ -1,5 +1,6 @@
 #include "StyleAtlasDialog.h"
 
+#include "CurveLayoutDlg.h"
 #include "TranslateChild.h"
 #include "resource.h"
 
@@ -28,6 +29,7 @@ k_StyleAtlasDialog::k_StyleAtlasDialog(CWnd* pParent) : CDialog(IDD_STYLE_ATLAS,
     m_TreeFont.CreateFontIndirect(&metrics.lfMessageFont);
     m_HeaderFont.CreateFontIndirect(&metrics.lfMessageFont);
     m_Atlas.SetRegistryPath(g_RegistryPath);
+    m_ColumnTree.SetStyleEditor(EditStyles);
 }
 
 k_StyleAtlasDialog::~k_StyleAtlasDialog() = default;

@@ -1,19 +1,17 @@
 // Writes pictures of the editor: the dialog of the whole style atlas, and the curve style dialog on the style
 // of one curve, and on the styles of a row, which differ.
 //   editor ATLAS.png ONE.png MANY.png
-#include <frame/ModuleObjects.h>
+#include <frame/StyleAtlasApp.h>
 
 #include <QApplication>
 #include <QPainter>
 #include <QTimer>
 #include <QWidget>
-#include <controls/StyleEditing.h>
 #include <controls/StyleSelection.h>
 #include <cstdio>
 #include <cstdlib>
 #include <dialogs/StyleAtlasDialog.h>
 #include <functional>
-#include <model/StyleAtlasLookup.h>
 
 namespace
 {

@@ -1,11 +1,12 @@
 // The functions that a host calls. Each switches to the module's state and binds the unit library before it
 // does its own work, and lets no exception through to a host that could not catch it. Once the module's
 // objects are gone, which a host that is ending can outlive, a call does nothing.
-#include "ModuleObjects.h"
+#include "StyleAtlasApp.h"
 
 #include <dialogs/EditorModule.h>
 #include <include/styleatlas.h>
-#include <model/StyleAtlasLookup.h>
+#include <model/Host.h>
+#include <model/StyleAtlas.h>
 
 namespace
 {

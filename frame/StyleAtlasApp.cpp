@@ -1,12 +1,11 @@
 #include "StyleAtlasApp.h"
 
-#include "ModuleObjects.h"
-
 #include <Glossa.h>
-#include <model/UnitLibrary.h>
 
 BEGIN_MESSAGE_MAP(CStyleAtlasApp, CWinApp)
 END_MESSAGE_MAP()
+
+CStyleAtlasApp g_App;
 
 CStyleAtlasApp::~CStyleAtlasApp() = default;
 
@@ -15,37 +14,4 @@ BOOL CStyleAtlasApp::InitInstance()
     CWinApp::InitInstance();
     InitMFCGlossaExtDLL();
     return TRUE;
-}
-
-void CStyleAtlasApp::LoadUnitLibrary()
-{
-    m_hUnitLibrary = LoadLibraryW(_T("mensura.dll"));
-    if (m_hUnitLibrary == nullptr) {
-        MessageBoxW(nullptr, _T("Cannot load Mensura.dll"), _T("StyleAtlas"), MB_ICONEXCLAMATION);
-        return;
-    }
-    const auto find = [this]<class Entry>(Entry& entry, const char* name) {
-        entry = reinterpret_cast<Entry>(GetProcAddress(m_hUnitLibrary, name));
-    };
-    find(m_pfnChangeUserInfo, "@MensuraChangeUserInfoW$qqspbt1us");
-    find(m_pfnGetQuantities, "@MensuraGetQuantitiesW$qqsrpust1rpit1rpulri");
-    find(m_pfnGetSymbol, "MensuraGetSymbolW");
-    find(m_pfnGetName, "MensuraGetNameW");
-}
-
-k_UnitQuantities GetUnitQuantities()
-{
-    k_UnitQuantities list;
-    if (g_App.m_pfnGetQuantities != nullptr)
-        g_App.m_pfnGetQuantities(&list.Devices, &list.Quantities, &list.SubQuantities, &list.Indexes,
-                                 &list.Flags, &list.Count);
-    return list;
-}
-
-CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
-                      k_UnitSymbolMode mode)
-{
-    if (g_App.m_pfnGetSymbol == nullptr)
-        return {};
-    return g_App.m_pfnGetSymbol(quantity, subQuantity, flags, device, index, mode);
 }

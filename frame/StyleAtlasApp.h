@@ -17,7 +17,7 @@ using k_PfnGetQuantities = void(WINAPI*)(WORD** devices, WORD** quantities, int*
 class AFX_EXT_CLASS CStyleAtlasApp : public CWinApp
 {
 public:
-    CStyleAtlasApp() = default;
+    CStyleAtlasApp();
     ~CStyleAtlasApp() override;
 
     // Loads the unit library and finds its entry points, unless that has been done. An entry point that it
@@ -43,3 +43,5 @@ private:
 
     DECLARE_MESSAGE_MAP()
 };
+
+AFX_EXT_DATA extern CStyleAtlasApp g_App;

@@ -1,6 +1,6 @@
 #include "LineDef.h"
 
-#include "RecordMemory.h"
+#include "LineDefPool.h"
 
 namespace
 {
@@ -20,7 +20,7 @@ constexpr bool IsPooled(std::size_t size)
     return size == sizeof(k_LineDef) && !isChecked;
 }
 
-constinit RecordMemory memory;
+constinit k_LineDefPool memory;
 
 } // namespace
 
@@ -28,7 +28,7 @@ k_LineDef::~k_LineDef() = default;
 
 void* k_LineDef::operator new(std::size_t size)
 {
-    static_assert(sizeof(k_LineDef) <= RecordMemory::placeSize);
+    static_assert(sizeof(k_LineDef) <= k_LineDefPool::placeSize);
     return IsPooled(size) ? memory.Take() : CObject::operator new(size);
 }
 

@@ -2,6 +2,32 @@
 
 #include <algorithm>
 
+namespace
+{
+
+// A property of a record, and the flag of the list that says whether all records agree on it.
+struct k_Property {
+    bool k_LineDefList::*Flag;
+    bool (*AreEqual)(const k_LineDef& first, const k_LineDef& second);
+};
+
+template <auto Member> bool AreEqual(const k_LineDef& first, const k_LineDef& second)
+{
+    return first.*Member == second.*Member;
+}
+
+constexpr k_Property properties[] = {
+    {&k_LineDefList::SameLineStyle, AreEqual<&k_LineDef::LineStyle>},
+    {&k_LineDefList::SameLineWidth, AreEqual<&k_LineDef::LineWidth>},
+    {&k_LineDefList::SameLineColor, AreEqual<&k_LineDef::LineColor>},
+    {&k_LineDefList::SameSymbolShape, AreEqual<&k_LineDef::SymbolShape>},
+    {&k_LineDefList::SameSymbolFill, AreEqual<&k_LineDef::SymbolFill>},
+    {&k_LineDefList::SameSymbolSize, AreEqual<&k_LineDef::SymbolSize>},
+    {&k_LineDefList::SameSymbolColor, AreEqual<&k_LineDef::SymbolColor>},
+};
+
+} // namespace
+
 k_LineDefList::~k_LineDefList()
 {
     Clear();
@@ -23,19 +49,14 @@ void k_LineDefList::Cut(INT_PTR count)
 
 void k_LineDefList::SetFlags()
 {
-    SameLineStyle = SameLineWidth = SameLineColor = true;
-    SameSymbolShape = SameSymbolFill = SameSymbolSize = SameSymbolColor = true;
+    for (const k_Property& property : properties)
+        this->*property.Flag = true;
 }
 
 void k_LineDefList::CopyFlags(const k_LineDefList& source)
 {
-    SameLineStyle = source.SameLineStyle;
-    SameLineWidth = source.SameLineWidth;
-    SameLineColor = source.SameLineColor;
-    SameSymbolShape = source.SameSymbolShape;
-    SameSymbolFill = source.SameSymbolFill;
-    SameSymbolSize = source.SameSymbolSize;
-    SameSymbolColor = source.SameSymbolColor;
+    for (const k_Property& property : properties)
+        this->*property.Flag = source.*property.Flag;
 }
 
 void k_LineDefList::Assign(const k_LineDefList& source)
@@ -71,12 +92,7 @@ void k_LineDefList::UpdateUniformity()
         const k_LineDef* const pSecond = GetAt(i);
         if (pFirst == nullptr || pSecond == nullptr)
             continue;
-        SameLineStyle = SameLineStyle && pFirst->LineStyle == pSecond->LineStyle;
-        SameLineWidth = SameLineWidth && pFirst->LineWidth == pSecond->LineWidth;
-        SameLineColor = SameLineColor && pFirst->LineColor == pSecond->LineColor;
-        SameSymbolShape = SameSymbolShape && pFirst->SymbolShape == pSecond->SymbolShape;
-        SameSymbolFill = SameSymbolFill && pFirst->SymbolFill == pSecond->SymbolFill;
-        SameSymbolSize = SameSymbolSize && pFirst->SymbolSize == pSecond->SymbolSize;
-        SameSymbolColor = SameSymbolColor && pFirst->SymbolColor == pSecond->SymbolColor;
+        for (const k_Property& property : properties)
+            this->*property.Flag = this->*property.Flag && property.AreEqual(*pFirst, *pSecond);
     }
 }

@@ -3,8 +3,8 @@
 
 #include "QuantityDesc.h"
 
-// Holds the rows for the atlas that owns them, and deletes none.
-class AFX_EXT_CLASS k_QuantityList : public CPtrArray
+// The atlas owns the rows; the list deletes none.
+class AFX_EXT_CLASS k_QuantityList : public CTypedPtrArray<CPtrArray, k_QuantityDesc*>
 {
 public:
     k_QuantityList() = default;

@@ -2,7 +2,7 @@
 // device.
 #include "Language.h"
 #include "StyleAtlas.h"
-#include "UnitLibrary.h"
+#include "UnitCalls.h"
 
 namespace
 {
@@ -52,7 +52,7 @@ CString k_StyleAtlas::GetRowLabel(INT_PTR row) const
 {
     if (row >= Rows.GetSize())
         return {};
-    const auto* const pRow = static_cast<const k_QuantityDesc*>(Rows.GetAt(row));
+    const k_QuantityDesc* const pRow = Rows.GetAt(row);
     if (pRow == nullptr)
         return emptyRow;
     CString label = SymbolOf(*pRow);

@@ -59,11 +59,6 @@ void k_StyleAtlas::AssignHead(const k_StyleAtlas& source)
     }
 }
 
-int k_StyleAtlas::GetBoundedColumnCount() const
-{
-    return static_cast<int>(std::min<DWORD>(ColumnCount, k_MaxFileColumns));
-}
-
 INT_PTR k_StyleAtlas::AddRow(QuantityKey key, BYTE level)
 {
     auto row = std::make_unique<k_QuantityDesc>(key);
@@ -77,5 +72,5 @@ INT_PTR k_StyleAtlas::AddRow(QuantityKey key, BYTE level)
 
 k_QuantityDesc* k_StyleAtlas::GetRow(INT_PTR row) const
 {
-    return row < 0 || row >= Rows.GetSize() ? nullptr : static_cast<k_QuantityDesc*>(Rows.GetAt(row));
+    return row < 0 || row >= Rows.GetSize() ? nullptr : Rows.GetAt(row);
 }

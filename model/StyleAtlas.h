@@ -1,8 +1,9 @@
 // The style atlas: for every measured quantity and every file column, how its curve is drawn.
 #pragma once
 
-#include "QuantityList.h"
+#include "RowLookup.h"
 
+#include <algorithm>
 #include <vector>
 
 class k_QuantityPool;
@@ -30,17 +31,27 @@ public:
     // Appends a row with a record as constructed for each file column, and gives its index.
     INT_PTR AddRow(QuantityKey key, BYTE level);
 
-    // The index of the row that fits best: the first that is equal; else the first with equal Quantity,
-    // SubQuantity and Device; else the first with equal Quantity and SubQuantity; else the first with equal
-    // Quantity; else -1.
-    INT_PTR FindRow(QuantityKey key) const;
+    // The index of the row that fits a key best, -1 if none has its Quantity: see FindBestRow.
+    FORCEINLINE INT_PTR FindRow(QuantityKey key) const { return FindBestRow(Rows, key); }
 
     // Null for an index outside the table.
     k_QuantityDesc* GetRow(INT_PTR row) const;
 
     // Null for a row or a file column that is not there. A negative number raises the invalid argument
     // exception.
-    k_LineDef* GetRowStyle(INT_PTR row, int column) const;
+    k_LineDef* GetRowStyle(INT_PTR row, int column) const
+    {
+        if (row >= Rows.GetSize())
+            return nullptr;
+        k_QuantityDesc* const pRow = Rows.GetAt(row);
+        return pRow != nullptr ? pRow->GetColumnStyle(column) : nullptr;
+    }
+
+    // The file columns that are built, shown, and walked by a rule: ColumnCount, but no more than 32.
+    int GetBoundedColumnCount() const
+    {
+        return static_cast<int>(std::min<DWORD>(ColumnCount, k_MaxFileColumns));
+    }
 
     // The text of a row in the outline: the symbol of its quantity and, at level 0, " - " and the name of the
     // device if it has one; "?" for an empty slot. Empty for an index past the table; a negative one raises
@@ -108,9 +119,6 @@ public:
     std::vector<CString> UnreadFiles; // paths that Load could not read, and Save hasn't written over
 
 private:
-    // The file columns that a rule walks or a new row gets: ColumnCount, but at most 32.
-    int GetBoundedColumnCount() const;
-
     void AssignHead(const k_StyleAtlas& source);
     void AddGroup(k_QuantityPool& group);
     void AddSubQuantity(const k_QuantityPool& records);

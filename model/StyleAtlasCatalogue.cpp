@@ -2,7 +2,7 @@
 // however many groups there are.
 #include "QuantityPool.h"
 #include "StyleAtlas.h"
-#include "UnitLibrary.h"
+#include "UnitCalls.h"
 
 #include <algorithm>
 #include <array>

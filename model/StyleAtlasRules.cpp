@@ -1,6 +1,6 @@
 #include "Host.h"
 #include "Palette.h"
-#include "StyleAtlasLookup.h"
+#include "StyleAtlas.h"
 #include "StyleNames.h"
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 #include "support/Gui.h"
 #include "support/TempPrefix.h"
 
-#include <controls/StyleEditing.h>
 #include <dialogs/CurveLayoutDlg.h>
 #include <dialogs/resource.h>
 

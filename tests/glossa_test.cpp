@@ -199,7 +199,7 @@ TEST_F(Glossa, HostileLanguageListStaysInBounds)
     for (int i = 0; i < 20000; ++i)
         list += "zz_" + std::to_string(i) + ":";
     for (const std::string& value :
-         {list + "de", std::string(100000, 'd'), std::string(100000, ':') + "de"}) {
+         {list + "de", std::string(100000, 'd'), std::string(100000, ':').append("de")}) {
         UseLanguage(value.c_str());
         ExpectTold("", _T("Device_5"), u"thermal chamber");
     }

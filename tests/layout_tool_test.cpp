@@ -4,7 +4,7 @@
 #include "support/TempPrefix.h"
 
 #include <gtest/gtest.h>
-#include <model/StyleAtlasLookup.h>
+#include <model/StyleAtlas.h>
 #include <sys/stat.h>
 
 namespace

@@ -1,7 +1,7 @@
 // Records, rows and lists: values as constructed, deep copies, who deletes what, and the edges of the file
 // columns.
+#include <model/LineDefPool.h>
 #include <model/QuantityDesc.h>
-#include <model/RecordMemory.h>
 
 #include <algorithm>
 #include <cstring>
@@ -39,7 +39,7 @@ const auto asConstructed = std::tuple(0, 0U, 0U, 0, 10, 1, PS_SOLID, 1, false);
 // Some blocks full, in an order of coming and going that leaves gaps in each.
 TEST(Record, HasItsPlaceToItself)
 {
-    static RecordMemory memory; // it keeps a block
+    static k_LineDefPool memory; // it keeps a block
     std::vector<unsigned char*> places;
     const auto take = [&places](int count) {
         for (int i = 0; i < count; ++i)
@@ -54,10 +54,10 @@ TEST(Record, HasItsPlaceToItself)
     giveBackEach(3);
     take(3000);
     for (std::size_t i = 0; i < places.size(); ++i)
-        std::memset(places[i], static_cast<int>(i % 251), RecordMemory::placeSize);
+        std::memset(places[i], static_cast<int>(i % 251), k_LineDefPool::placeSize);
     for (std::size_t i = 0; i < places.size(); ++i)
-        ASSERT_EQ(std::count(places[i], places[i] + RecordMemory::placeSize, i % 251),
-                  RecordMemory::placeSize);
+        ASSERT_EQ(std::count(places[i], places[i] + k_LineDefPool::placeSize, i % 251),
+                  k_LineDefPool::placeSize);
     giveBackEach(1);
     const void* const first = memory.Take();
     take(5000);

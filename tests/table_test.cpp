@@ -2,21 +2,16 @@
 // numbers of file columns.
 #include "support/ScriptedModel.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
-#include <model/Language.h>
 #include <random>
-
-// The language of this program, in place of the library's: it has no name for device 3, and for 2 the key.
-CString k_GlossaW::GetUnStrippedText(CString strText, CString /*strSection*/, bool /*bUseUserLanguage*/)
-{
-    return strText == _T("Device_1")   ? _T("Bench")
-           : strText == _T("Device_2") ? _T("DEVICE_2")
-           : strText == _T("Device_3") ? strText
-                                       : _T("Nowhere");
-}
 
 namespace
 {
+
+// The catalogue of devices.po, which is read once, at the first text of the program.
+const bool isLanguageSet = setenv("GLOSSA_LOCALEDIR", TEST_LOCALE, 1) == 0 &&
+                           setenv("LC_ALL", "de", 1) == 0 && setenv("LANGUAGE", "de", 1) == 0;
 
 int FitOf(const QuantityKey& row, const QuantityKey& key)
 {
@@ -143,6 +138,7 @@ TEST(Table, RowsAndColumnsOutsideTheTable)
 
 TEST(Labels, NameTheDeviceWhereTheLanguageHasANameForIt)
 {
+    ASSERT_TRUE(isLanguageSet);
     // Device, level, label, label in the outline, tooltip.
     const std::tuple<short, BYTE, LPCTSTR, LPCTSTR, LPCTSTR> cases[] = {
         {1, 0, _T("7.65535.9.1.5.0 - Bench"), _T("7.65535.9.1.5.0 - Bench"), _T("Bench")},

@@ -1,21 +1,20 @@
 #include "AtlasDialog.h"
 
-#include <controls/StyleEditing.h>
 #include <numeric>
-
-k_StyleAtlas g_StyleAtlas;
-
-INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity)
-{
-    test::EditRequest request{pParent, pStyles, {}, pQuantity};
-    for (INT_PTR i = 0; i < pStyles->GetSize(); ++i)
-        request.Styles.push_back(pStyles->GetAt(i));
-    test::editRequests.push_back(std::move(request));
-    return IDOK;
-}
 
 namespace test
 {
+
+AtlasDialog::AtlasDialog()
+{
+    m_ColumnTree.SetStyleEditor([](CWnd* parent, k_LineDefList* styles, k_QuantityDesc* quantity) -> INT_PTR {
+        EditRequest request{parent, styles, {}, quantity};
+        for (INT_PTR i = 0; i < styles->GetSize(); ++i)
+            request.Styles.push_back(styles->GetAt(i));
+        editRequests.push_back(std::move(request));
+        return IDOK;
+    });
+}
 
 BOOL AtlasDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {

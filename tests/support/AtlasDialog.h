@@ -18,10 +18,12 @@ struct EditRequest {
 };
 inline std::vector<EditRequest> editRequests;
 
-// Notes what the column tree notifies of.
+// Keeps the notifications of the column tree, and the requests to its editor of styles.
 class AtlasDialog : public k_StyleAtlasDialog
 {
 public:
+    AtlasDialog();
+
     std::vector<NMHDR> Notifications;
 
 protected:

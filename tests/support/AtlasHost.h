@@ -10,9 +10,8 @@
 #include <QtWidgets>
 #include <dialogs/CurveLayoutDlg.h>
 #include <dialogs/StyleAtlasDialog.h>
-#include <frame/ModuleObjects.h>
+#include <frame/StyleAtlasApp.h>
 #include <include/styleatlas.h>
-#include <model/StyleAtlasLookup.h>
 #include <platform/system/MessageDoor.h>
 
 namespace test

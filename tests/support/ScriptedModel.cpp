@@ -1,12 +1,6 @@
 #include "ScriptedModel.h"
 
-#include <model/Host.h>
-#include <model/Language.h>
-#include <model/UnitLibrary.h>
-
-k_GlossaW g_Language;
-CString g_ApplicationName;
-CString g_RegistryPath;
+#include <model/UnitCalls.h>
 
 namespace
 {
@@ -19,6 +13,23 @@ struct Arrays {
     std::vector<DWORD> Flags;
 };
 Arrays scripted;
+
+k_UnitQuantities Report()
+{
+    return {scripted.Devices.data(),       scripted.Quantities.data(),
+            scripted.SubQuantities.data(), scripted.Indexes.data(),
+            scripted.Flags.data(),         static_cast<int>(scripted.Quantities.size())};
+}
+
+CString Name(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index, k_UnitSymbolMode mode)
+{
+    CString text;
+    text.Format(_T("%u.%u.%u.%d.%u.%d"), quantity, subQuantity, flags, static_cast<short>(device), index,
+                mode);
+    return text;
+}
+
+const bool isSet = (SetUnitCalls({Report, Name}), true);
 
 } // namespace
 
@@ -46,19 +57,3 @@ std::vector<UnitEntry> SingleQuantities(WORD count)
 }
 
 } // namespace test
-
-k_UnitQuantities GetUnitQuantities()
-{
-    return {scripted.Devices.data(),       scripted.Quantities.data(),
-            scripted.SubQuantities.data(), scripted.Indexes.data(),
-            scripted.Flags.data(),         static_cast<int>(scripted.Quantities.size())};
-}
-
-CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
-                      k_UnitSymbolMode mode)
-{
-    CString text;
-    text.Format(_T("%u.%u.%u.%d.%u.%d"), quantity, subQuantity, flags, static_cast<short>(device), index,
-                mode);
-    return text;
-}

@@ -1,9 +1,9 @@
-// The outside of the model in a test: a unit library that reports what the test says, and whose text for a
-// quantity is the numbers that it was asked with, in their order, and a point between two. The module's
-// objects that the model reaches are defined here too.
+// The unit library of a test: it reports the quantities that the test sets, and its text for a quantity is
+// the numbers that it was asked with, in their order, with a point between two. It is set when the program
+// starts.
 #pragma once
 
-#include <model/StyleAtlasLookup.h>
+#include <model/StyleAtlas.h>
 
 #include <vector>
 

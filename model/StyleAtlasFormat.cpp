@@ -1,5 +1,5 @@
-// The layout file: the writer and the reader of the atlas, of its rows and of their records, side by side.
-// The format is told in docs/layout-format.md.
+// The bytes of the layout file: writer and reader of the atlas, of its rows and of their records, side by
+// side. docs/layout-format.md describes the format.
 #include "OwnedElement.h"
 #include "StyleAtlas.h"
 
@@ -13,21 +13,20 @@
 namespace
 {
 
-// Places that a row gets at once, whatever number of records its file claims: the list grows beyond them only
-// as records do follow.
-constexpr int placesBelieved = 64;
+// Cap on preallocation from an untrusted count: beyond it a list grows as its records are read.
+constexpr int preallocatedPlaces = 64;
 
-// A host's number of a file column has 16 bits with a sign, so no record beyond could be asked for. Bounds
-// what a file with holes, which takes no room on the disk, can take of the memory.
-constexpr int mostRecords = 1 << 15;
+// Records of one row: a host's file column is a signed 16-bit number, so it can't ask for a later one. Bounds
+// the memory for a sparse file, which can be large without taking room on the disk.
+constexpr int maxRecords = 1 << 15;
 
-// Rows that have come in place of others, beyond those of the catalogue: only equal rows of a catalogue make
-// such a file. Bounds the time that a file with holes can take.
-constexpr INT_PTR mostTwins = 1 << 20;
+// Stored rows that replace another, beyond one for each row of the catalogue. Bounds the time for a sparse
+// file.
+constexpr INT_PTR maxReplacements = 1 << 20;
 
-// A record in the file, all at once: a table has a hundred thousand.
+// A record in the file, read and written in one piece, as a table has a hundred thousand of them.
 #pragma pack(push, 1)
-struct StoredStyle {
+struct k_StoredStyle {
     WORD Reserved;
     COLORREF LineColor;
     COLORREF SymbolColor;
@@ -39,10 +38,10 @@ struct StoredStyle {
     BYTE UseSymbolColor;
 };
 #pragma pack(pop)
-static_assert(sizeof(StoredStyle) == 21);
+static_assert(sizeof(k_StoredStyle) == 21);
 
-// Any order will do, but for a hash, which a hostile file could defeat.
-struct KeyOrder {
+// Any order will do. Not a hash: a hostile file could make its keys collide.
+struct k_KeyOrder {
     bool operator()(const QuantityKey& first, const QuantityKey& second) const
     {
         const auto members = [](const QuantityKey& key) {
@@ -52,12 +51,11 @@ struct KeyOrder {
     }
 };
 
-// Where each key stands first in the table. It finds what a walk from the first row would find, without the
-// walk.
-class RowIndex
+// The position of the first row of each key: what a walk from the first row would find.
+class k_RowIndex
 {
 public:
-    explicit RowIndex(const k_StyleAtlas& atlas)
+    explicit k_RowIndex(const k_StyleAtlas& atlas)
     {
         const INT_PTR size = atlas.Rows.GetSize();
         for (INT_PTR i = 0; i < size; ++i) {
@@ -75,7 +73,7 @@ public:
     }
 
 private:
-    std::map<QuantityKey, INT_PTR, KeyOrder> m_positions;
+    std::map<QuantityKey, INT_PTR, k_KeyOrder> m_positions;
 };
 
 void WriteStyles(CArchive& ar, const k_LineDefList& styles)
@@ -84,17 +82,17 @@ void WriteStyles(CArchive& ar, const k_LineDefList& styles)
         if (k_LineDef* const pStyle = styles.GetAt(i))
             pStyle->Serialize(ar);
         else
-            k_LineDef().Serialize(ar); // an empty place
+            k_LineDef().Serialize(ar);
     }
 }
 
-// The records that the list holds are read into, not made again.
+// Reads into the records that the list holds, and makes those that it lacks.
 void ReadStyles(CArchive& ar, k_LineDefList& styles, int count)
 {
     styles.Cut(count); // refuses a count below 0
-    if (count > mostRecords)
+    if (count > maxRecords)
         AfxThrowArchiveException(CArchiveException::genericException, nullptr);
-    styles.SetSize(std::max<INT_PTR>(styles.GetSize(), std::min(count, placesBelieved)));
+    styles.SetSize(std::max<INT_PTR>(styles.GetSize(), std::min(count, preallocatedPlaces)));
     for (int i = 0; i < count; ++i) {
         k_LineDef* const pHeld = i < styles.GetSize() ? styles.GetAt(i) : nullptr;
         if (pHeld != nullptr) {
@@ -141,9 +139,9 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
     ar >> Version >> ColumnCount >> stored;
     if (stored == 0)
         return;
-    INT_PTR twinsLeft = Rows.GetSize() + mostTwins;
+    INT_PTR replacementsLeft = Rows.GetSize() + maxReplacements;
     try {
-        RowIndex index(*this);
+        k_RowIndex index(*this);
         std::unique_ptr<k_QuantityDesc> row;
         for (DWORD i = 0; i < stored; ++i) {
             if (!row)
@@ -154,10 +152,10 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
             if (position == end) {
                 AddOwned(Rows, std::exchange(row, nullptr));
             } else {
-                if (twinsLeft-- == 0)
+                if (replacementsLeft-- == 0)
                     AfxThrowArchiveException(CArchiveException::genericException, nullptr);
-                // The row that has to go is the next to be read into: a table over a catalogue takes no
-                // second set of records.
+                // The replaced row is read into next, so that a table over a catalogue needs no second
+                // set of records.
                 k_QuantityDesc* const pReplaced = GetRow(position);
                 Rows.SetAt(position, row.release());
                 row.reset(pReplaced);
@@ -183,7 +181,7 @@ void k_QuantityDesc::Serialize(CArchive& ar)
 
 void k_LineDef::Serialize(CArchive& ar)
 {
-    StoredStyle stored{};
+    k_StoredStyle stored{};
     if (ar.IsStoring()) {
         stored = {Reserved,   LineColor, SymbolColor, SymbolShape,   SymbolSize,
                   SymbolFill, LineStyle, LineWidth,   UseSymbolColor};

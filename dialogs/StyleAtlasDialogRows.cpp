@@ -1,7 +1,6 @@
 // The columns and the rows of the style atlas dialog.
 #include "StyleAtlasDialog.h"
 
-#include <algorithm>
 #include <controls/WindowUpdateLock.h>
 #include <model/Language.h>
 
@@ -17,7 +16,7 @@ constexpr int headingFormat = 0;
 void k_StyleAtlasDialog::InsertColumns()
 {
     m_ColumnTree.InsertColumn(0, _T(" "), headingFormat, treeColumnWidth);
-    const int count = static_cast<int>(std::min<DWORD>(m_Atlas.ColumnCount, k_MaxFileColumns));
+    const int count = m_Atlas.GetBoundedColumnCount();
     for (int column = 1; column <= count; ++column) {
         CString heading;
         heading.Format(_T("%s %d"), g_Language.GetUnStrippedText(_T("file"), k_LanguageSection, true),

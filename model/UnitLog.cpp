@@ -1,6 +1,6 @@
 // The unit log: what the unit library reports, written to a file for the service.
-#include <model/StyleAtlas.h>
-#include <model/UnitLibrary.h>
+#include "StyleAtlas.h"
+#include "UnitCalls.h"
 
 namespace
 {

@@ -1,14 +1,17 @@
-// The lookup of a style, which a host asks for each curve that it draws. It stands in a header so that it
-// becomes part of the export: a call of its own would cost as much as a short search.
+// The search for the row of a quantity. It is inline in the export, which a host calls for each curve that it
+// draws: a call of its own would cost as much as a short search.
 #pragma once
 
-#include "StyleAtlas.h"
+#include "QuantityList.h"
 
+// The index of the first row that is equal; else of the first with equal Quantity, SubQuantity and Device;
+// else with equal Quantity and SubQuantity; else with equal Quantity; else -1. Empty slots are passed over.
+//
 // One forward pass: each stage's test contains the one before it, so it goes on where that one stopped.
-FORCEINLINE INT_PTR k_StyleAtlas::FindRow(QuantityKey key) const
+FORCEINLINE INT_PTR FindBestRow(const k_QuantityList& list, QuantityKey key)
 {
-    const INT_PTR n = Rows.GetSize();
-    void* const* const rows = Rows.GetData();
+    const INT_PTR n = list.GetSize();
+    void* const* const rows = list.GetData();
     const auto scan = [rows, n](INT_PTR from, auto passes) -> INT_PTR {
         for (INT_PTR i = from; i < n; ++i) {
             const k_QuantityDesc* const pRow = static_cast<const k_QuantityDesc*>(rows[i]);
@@ -43,12 +46,4 @@ FORCEINLINE INT_PTR k_StyleAtlas::FindRow(QuantityKey key) const
     best = found;
     found = scan(best, isEqual);
     return found < 0 ? best : found;
-}
-
-inline k_LineDef* k_StyleAtlas::GetRowStyle(INT_PTR row, int column) const
-{
-    if (row >= Rows.GetSize())
-        return nullptr;
-    auto* const pRow = static_cast<k_QuantityDesc*>(Rows.GetAt(row));
-    return pRow != nullptr ? pRow->GetColumnStyle(column) : nullptr;
 }

@@ -1,8 +1,8 @@
-#include "RecordMemory.h"
+#include "LineDefPool.h"
 
 #include <afxobj.h>
 
-void RecordMemory::AddBlock()
+void k_LineDefPool::AddBlock()
 {
     static_assert(sizeof(Block) <= headSize && (blockSize - headSize) % placeSize == 0);
     void* const memory = ::operator new (blockSize, std::align_val_t{blockSize}, std::nothrow);
@@ -12,7 +12,7 @@ void RecordMemory::AddBlock()
 }
 
 // Where it is the last block with room it stays, and its places are taken in their order again.
-void RecordMemory::Release(Block& block)
+void k_LineDefPool::Release(Block& block)
 {
     Unlink(block);
     if (m_withRoom != nullptr)
@@ -21,7 +21,7 @@ void RecordMemory::Release(Block& block)
         Link(*new (&block) Block);
 }
 
-void RecordMemory::Link(Block& block)
+void k_LineDefPool::Link(Block& block)
 {
     block.Previous = nullptr;
     block.Next = m_withRoom;
@@ -30,7 +30,7 @@ void RecordMemory::Link(Block& block)
     m_withRoom = &block;
 }
 
-void RecordMemory::Unlink(Block& block)
+void k_LineDefPool::Unlink(Block& block)
 {
     (block.Previous != nullptr ? block.Previous->Next : m_withRoom) = block.Next;
     if (block.Next != nullptr)
