@@ -1,12 +1,12 @@
 // styleatlas.hpp: the interface of the style atlas library in the types of C++17. It wraps styleatlas.h,
-// whose contract holds here too, and adds nothing to what a host links.
+// whose contract applies here too, and adds nothing to link.
 //
 //     styleatlas::SetApplication(u"AirLab");
 //     if (const auto style = styleatlas::StyleOf(column, {quantity, subQuantity, index, device, flags}))
 //         Draw(curve, *style);
 //
-// Views of strings need no zero at their end: they are copied, and std::bad_alloc is what this can throw. A
-// text ends at the first zero in it. Nothing else here throws.
+// String views need no terminating zero: they are copied, which can throw std::bad_alloc. A text ends at its
+// first zero. Nothing else here throws.
 #ifndef STYLEATLAS_HPP
 #define STYLEATLAS_HPP
 
@@ -23,7 +23,7 @@ namespace styleatlas
 constexpr int FileColumns = STYLEATLAS_FILE_COLUMNS;
 constexpr std::uint16_t NoDevice = STYLEATLAS_NO_DEVICE;
 
-// A layout file can bring any other number in the place of these three; draw no symbol and no line for it.
+// A layout file can hold any other number for these three; draw no symbol or line for it.
 enum class SymbolShape : std::int16_t {
     None = STYLEATLAS_SHAPE_NONE,
     Cross = STYLEATLAS_SHAPE_CROSS,
@@ -57,7 +57,7 @@ enum class EditResult {
 };
 
 struct Color {
-    std::uint32_t value = 0; // as the table holds it; the highest byte means nothing
+    std::uint32_t value = 0; // as stored; the highest byte has no meaning
 
     constexpr std::uint8_t Red() const noexcept { return STYLEATLAS_RED(value); }
     constexpr std::uint8_t Green() const noexcept { return STYLEATLAS_GREEN(value); }
@@ -76,9 +76,9 @@ struct Key {
 struct Style {
     Color symbolColor;
     SymbolShape symbolShape = SymbolShape::None;
-    std::int16_t symbolSize = 0; // device units of the drawing, as is lineWidth; a file can bring any number
+    std::int16_t symbolSize = 0; // device units of the drawing, as is lineWidth; a file can hold any number
     SymbolFill symbolFill = SymbolFill::Filled;
-    Color lineColor; // as it is stored; DrawnLineColor tells the one to draw with
+    Color lineColor; // as stored; draw with DrawnLineColor
     LineStyle lineStyle = LineStyle::Solid;
     std::int16_t lineWidth = 0;
     bool useSymbolColor = false; // the user wants the line in the symbol's colour
@@ -86,14 +86,14 @@ struct Style {
     constexpr Color DrawnLineColor() const noexcept { return useSymbolColor ? symbolColor : lineColor; }
 };
 
-// Names the host, and loads the table; once, before all else.
+// Sets the name of the host and loads the table; called once, before all else.
 inline void SetApplication(std::u16string_view name)
 {
     StyleAtlasSetApplication(std::u16string{name}.c_str());
 }
 
-// The style of a curve; nothing where the table has none for the quantity or the file column. A column of any
-// number may be asked for.
+// The style of a curve, or nothing if the table has none for the quantity or the file column. fileColumn may
+// be any number.
 [[nodiscard]] inline std::optional<Style> StyleOf(int fileColumn, const Key& key) noexcept
 {
     if (fileColumn < 0 || fileColumn >= FileColumns)
@@ -127,7 +127,7 @@ inline void Reload() noexcept
     ReloadStyleAtlas();
 }
 
-// Moves to another user's settings, and loads that user's table. Every style is stale.
+// Switches to another user's settings and loads that user's table. Every style is stale.
 inline void ChangeUser(std::u16string_view userRoot, std::u16string_view subKey)
 {
     StyleAtlasChangeUserInfo(std::u16string{userRoot}.c_str(), std::u16string{subKey}.c_str());
