@@ -1,4 +1,4 @@
-# What every target of the project is compiled with.
+# Compiler and linker options of all targets.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -14,19 +14,18 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE RelWithDebInfo)
 endif()
 
-# Errors in the presets alone (CMAKE_COMPILE_WARNING_AS_ERROR): another compiler may know more warnings.
+# Warnings are errors in the presets only (CMAKE_COMPILE_WARNING_AS_ERROR): another compiler may have more of them.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow)
-# A function that a library shows can be inlined where the same library calls it.
+# A library may inline its own exported functions.
 add_compile_options(-fno-semantic-interposition)
-# The order of the search is the loader's: the library path first, then beside the library.
+# RUNPATH instead of RPATH: libraries are searched in LD_LIBRARY_PATH first, then beside the library.
 add_link_options(-Wl,--enable-new-dtags)
 
 if(STYLEATLAS_SANITIZE)
   add_compile_options(-fsanitize=${STYLEATLAS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${STYLEATLAS_SANITIZE})
 elseif(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$")
-  # What is given to users is hardened. The checks of the C library's calls need optimised code, and sanitizers have
-  # their own.
+  # Builds for users are hardened. FORTIFY_SOURCE needs optimised code; sanitizers have checks of their own.
   add_compile_options(-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
   add_link_options(-Wl,-z,relro,-z,now)
   include(CheckPIESupported)

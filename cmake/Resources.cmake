@@ -1,10 +1,9 @@
-# Resource scripts: compiled by LLVM's resource compiler, and embedded as bytes of the module.
+# Resource scripts: compiled by LLVM's resource compiler and embedded in a module as bytes.
 find_program(LLVM_RC llvm-rc REQUIRED)
 set(STYLEATLAS_EMBED_SCRIPT ${CMAKE_CURRENT_LIST_DIR}/EmbedResources.cmake)
 
-# Makes <output>, a compiled resource file in the current binary folder, from a script. The C++ compiler stands in for
-# the preprocessor that the resource compiler would look for. File names are relative there, as that compiler takes a
-# leading slash for an option.
+# Compiles <script> to the resource file <output> in the current binary folder. The C++ compiler preprocesses it, so
+# that llvm-rc needs no clang. File names are relative to that folder, as llvm-rc takes a leading slash for an option.
 function(styleatlas_compile_resources script output)
   cmake_path(ABSOLUTE_PATH script)
   add_custom_command(
@@ -20,8 +19,8 @@ function(styleatlas_compile_resources script output)
     VERBATIM)
 endfunction()
 
-# Makes the object library <target>, which defines ModuleResources (platform/user/ResourceFile.h) as the compiled
-# script, for the module that takes its objects.
+# Makes the object library <target> for a module to link. It defines ModuleResources (platform/user/ResourceFile.h) with
+# the bytes of the compiled <script>.
 function(styleatlas_embed_resources target script)
   set(compiled ${target}.res)
   set(source ${CMAKE_CURRENT_BINARY_DIR}/${target}.cpp)

@@ -1,11 +1,11 @@
-# Shared by ./run, ./test and .ci/run: what the project needs on a Debian machine, and how it is built.
+# Shared by ./run, ./test and .ci/run: the Debian packages that the project needs, and how it is built.
 
 build_packages=(g++ cmake ninja-build libsqlite3-dev qt6-base-dev gettext llvm)
 test_packages=(libgtest-dev libbenchmark-dev nlohmann-json3-dev binutils xvfb xauth matchbox-window-manager xdotool
   dpkg-dev file pkgconf python3)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev lintian)
 
-# Prints those packages of the named lists ("build", "test", "check") that are not there yet.
+# Prints the packages of the named lists ("build", "test", "check") that are not installed.
 missing_packages() {
     local list package
     for list in "$@"; do
@@ -16,7 +16,7 @@ missing_packages() {
     done
 }
 
-# Installs them.
+# Installs the missing packages of the named lists.
 install_missing() {
     local -a missing
     mapfile -t missing < <(missing_packages "$@")
@@ -33,8 +33,8 @@ install_missing() {
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-# Configures and builds a preset of CMakePresets.json; further arguments go to the configuration. Quiet where all
-# goes well.
+# Configures and builds a preset of CMakePresets.json; further arguments go to the configuration. Prints the log only
+# after a failure.
 build() {
     local preset=$1 log
     shift

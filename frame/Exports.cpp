@@ -1,6 +1,6 @@
-// The functions that a host calls. Each switches to the module's state and binds the unit library before it
-// does its own work, and lets no exception through to a host that could not catch it. Once the module's
-// objects are gone, which a host that is ending can outlive, a call does nothing.
+// The functions that a host calls. Each switches to the module's state, binds the unit library, does its own
+// work, and lets no exception through to the host. A host that is ending can outlive the module's objects; a
+// call then does nothing.
 #include "StyleAtlasApp.h"
 
 #include <dialogs/EditorModule.h>
@@ -32,8 +32,8 @@ const TCHAR* SubKeyOf(const TCHAR* hostName)
     return otherHostSubKey;
 }
 
-// Runs the body of an export between the module's state and the host; gives the failure where an exception
-// comes out of it, of whatever kind: the unit library's can be any.
+// Runs the body of an export in the module's state. Returns the failure if there is an exception, which can
+// be of any type, as the unit library may raise its own.
 template <class Result, class Body> Result RunExport(Result failure, Body body)
 {
     if (AfxGetStaticModuleState()->m_bEnding) [[unlikely]]
@@ -44,7 +44,7 @@ template <class Result, class Body> Result RunExport(Result failure, Body body)
         return body();
     } catch (CException* e) {
         e->Delete();
-    } catch (...) { // nobody is left who could be told more than the table does
+    } catch (...) { // nothing useful can be reported to the host
     }
     return failure;
 }

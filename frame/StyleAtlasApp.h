@@ -3,9 +3,9 @@
 
 #include <afxwin.h>
 
-// The unit library's entry points: the types that its own header declares, parameter by parameter, as a call
-// through any other is undefined. Of an argument wider than its member of the QuantityKey only the member's
-// width counts. Arrays and texts stay the unit library's.
+// The unit library's entry points, with the parameter types that its own header declares: calls through any
+// other type are undefined. If an argument is wider than its member of QuantityKey, only the member's width
+// counts. Arrays and texts stay the unit library's.
 using k_PfnChangeUserInfo = void(WINAPI*)(const WCHAR* userRoot, const WCHAR* subKey, WORD options);
 using k_PfnGetSymbol = const WCHAR*(WINAPI*)(DWORD quantity, DWORD subQuantity, DWORD flags, DWORD device,
                                              DWORD index, int mode);
@@ -20,9 +20,8 @@ public:
     CStyleAtlasApp();
     ~CStyleAtlasApp() override;
 
-    // Loads the unit library and finds its entry points, unless that has been done. An entry point that it
-    // lacks stays null. A library that can't be loaded is told in a message, and tried again at the next
-    // call.
+    // Loads the unit library and finds its entry points, unless that has been done. A missing entry point
+    // stays null. A library that can't be loaded is reported in a message, and tried again at the next call.
     void BindUnitLibrary()
     {
         if (m_hUnitLibrary == nullptr)

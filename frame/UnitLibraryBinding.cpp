@@ -1,5 +1,4 @@
-// The binding of the unit library: its entry points, held by the application object, behind the model's
-// calls.
+// Binds the unit library: the application object holds its entry points, and the model's calls go to them.
 #include "StyleAtlasApp.h"
 
 #include <model/UnitCalls.h>
@@ -7,7 +6,7 @@
 namespace
 {
 
-k_UnitQuantities ReportQuantities()
+k_UnitQuantities GetQuantities()
 {
     k_UnitQuantities list;
     if (g_App.m_pfnGetQuantities != nullptr)
@@ -16,8 +15,8 @@ k_UnitQuantities ReportQuantities()
     return list;
 }
 
-CString NameQuantity(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
-                     k_UnitSymbolMode mode)
+CString GetSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
+                  k_UnitSymbolMode mode)
 {
     if (g_App.m_pfnGetSymbol == nullptr)
         return {};
@@ -28,7 +27,7 @@ CString NameQuantity(WORD quantity, WORD subQuantity, DWORD flags, WORD device, 
 
 CStyleAtlasApp::CStyleAtlasApp()
 {
-    SetUnitCalls({ReportQuantities, NameQuantity});
+    SetUnitCalls({GetQuantities, GetSymbol});
 }
 
 void CStyleAtlasApp::LoadUnitLibrary()
