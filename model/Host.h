@@ -1,7 +1,7 @@
-// What the host said of itself.
+// The host, as it named itself.
 #pragma once
 
 #include <afxstr.h>
 
-AFX_EXT_DATA extern CString g_ApplicationName; // letter for letter
-AFX_EXT_DATA extern CString g_RegistryPath;    // the registry subkey that this name chose
+AFX_EXT_DATA extern CString g_ApplicationName; // exactly as the host passed it
+AFX_EXT_DATA extern CString g_RegistryPath;    // the registry subkey selected by the name

@@ -1,4 +1,4 @@
-// The module's language object, which every text that is shown passes through.
+// The module's language object, which translates every text that is shown.
 #pragma once
 
 #include <Glossa.h>

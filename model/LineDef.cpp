@@ -13,14 +13,14 @@ constexpr bool isChecked = true;
 constexpr bool isChecked = false;
 #endif
 
-// A record comes from the common memory, but for what is derived from it, and where each record's life is
-// checked for itself.
+// Records come from the pool, except those of derived classes, and except under the address sanitizer, which
+// checks the lifetime of each block of the heap.
 constexpr bool IsPooled(std::size_t size)
 {
     return size == sizeof(k_LineDef) && !isChecked;
 }
 
-constinit k_LineDefPool memory;
+constinit k_LineDefPool pool;
 
 } // namespace
 
@@ -28,14 +28,14 @@ k_LineDef::~k_LineDef() = default;
 
 void* k_LineDef::operator new(std::size_t size)
 {
-    static_assert(sizeof(k_LineDef) <= k_LineDefPool::placeSize);
-    return IsPooled(size) ? memory.Take() : CObject::operator new(size);
+    static_assert(sizeof(k_LineDef) <= k_LineDefPool::slotSize);
+    return IsPooled(size) ? pool.Take() : CObject::operator new(size);
 }
 
 void k_LineDef::operator delete(void* record, std::size_t size) noexcept
 {
     if (IsPooled(size))
-        memory.Return(record);
+        pool.Return(record);
     else
         CObject::operator delete(record);
 }

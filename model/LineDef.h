@@ -5,7 +5,7 @@
 
 class CDC;
 
-// A symbol and a line. The record checks nothing: any value that a layout file holds stands in it.
+// A symbol and a line. Values are not checked: the record holds any value of a layout file.
 class AFX_EXT_CLASS k_LineDef : public CObject
 {
 public:
@@ -29,16 +29,17 @@ public:
     static void* operator new(std::size_t size);
     static void operator delete(void* record, std::size_t size) noexcept;
 
-    // The 21 bytes of the record in the layout file.
+    // Reads or writes the 21 bytes of the record in the layout file.
     void Serialize(CArchive& ar) override;
 
-    // The sample of the line through the middle of a rectangle, and the symbol at its centre, which may reach
-    // beyond it; in this order they give the whole picture. The context leaves as it came, but for its
-    // current position. Raise the resource exception when a pen can't be made. The result is always 0.
+    // Draw a sample of the line through the middle of the rectangle, and the symbol at its centre; the symbol
+    // may reach beyond the rectangle. For the whole picture, draw the line first. They restore the state of
+    // the context except its current position, and raise the resource exception if a pen can't be made. The
+    // result is always 0.
     int DrawLine(CDC* dc, RECT rect) const;
     int DrawSymbol(CDC* dc, RECT rect) const;
 
-    WORD Reserved = 0; // travels with every copy and through the file
+    WORD Reserved = 0; // unused, but copied and stored
     COLORREF LineColor = 0;
     COLORREF SymbolColor = 0;    // outline, fill and dot
     short SymbolShape = 0;       // number of k_SymbolShapes
@@ -46,5 +47,5 @@ public:
     short SymbolFill = 1;        // number of k_SymbolFills
     short LineStyle = 0;         // number of k_LineStyles
     short LineWidth = 1;         // device units
-    bool UseSymbolColor = false; // a choice of the user's; the line is drawn in LineColor all the same
+    bool UseSymbolColor = false; // the user's choice; DrawLine uses LineColor regardless
 };

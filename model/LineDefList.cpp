@@ -5,7 +5,7 @@
 namespace
 {
 
-// A property of a record, and the flag of the list that says whether all records agree on it.
+// A property of a record, and the flag that is set while all records of a list agree on it.
 struct k_Property {
     bool k_LineDefList::*Flag;
     bool (*AreEqual)(const k_LineDef& first, const k_LineDef& second);

@@ -4,14 +4,15 @@
 
 void k_LineDefPool::AddBlock()
 {
-    static_assert(sizeof(Block) <= headSize && (blockSize - headSize) % placeSize == 0);
+    static_assert(sizeof(Block) <= headSize && (blockSize - headSize) % slotSize == 0);
     void* const memory = ::operator new (blockSize, std::align_val_t{blockSize}, std::nothrow);
     if (memory == nullptr)
         AfxThrowMemoryException();
     Link(*new (memory) Block);
 }
 
-// Where it is the last block with room it stays, and its places are taken in their order again.
+// Frees a block without used slots; the last block with room is kept and starts anew, so that its slots are
+// taken in order of address.
 void k_LineDefPool::Release(Block& block)
 {
     Unlink(block);

@@ -1,6 +1,5 @@
-// The module's objects with static storage, in one source: they are constructed in this order and destroyed
-// in the reverse order. The colour messages come before them, the application object after them, as their
-// objects are linked before and after this one.
+// The module's static objects, in one source so that they are constructed in this order and destroyed in the
+// reverse order. Link order puts the colour messages before them and the application object after them.
 #include "Host.h"
 #include "Language.h"
 #include "StyleAtlas.h"

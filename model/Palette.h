@@ -1,4 +1,4 @@
-// The named colours: the bulk rules take them in order, and the colour popup shows them as a grid.
+// The named colours: the bulk rules use them in this order, and the colour popup shows them as a grid.
 #pragma once
 
 #include <iterator>
@@ -53,8 +53,8 @@ inline constexpr k_NamedColor k_Palette[] = {
 };
 constexpr int k_PaletteSize = std::size(k_Palette);
 
-// The colours that the bulk rules give out: those of the palette, but black in the place of white, which
-// would not show. Past the end they go on from entry 1, round and round, so that no two neighbours are black.
+// The colours that the bulk rules assign: those of the palette, with black instead of white, which would be
+// invisible. Past the end they repeat from entry 1 on, so that no two neighbours are black.
 constexpr COLORREF GetRuleColor(INT_PTR entry)
 {
     constexpr COLORREF black = 0;

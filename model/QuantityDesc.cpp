@@ -22,11 +22,11 @@ bool k_QuantityDesc::GetKey(QuantityKey& key) const
     return true;
 }
 
-k_LineDef* k_QuantityDesc::GetEmptyPlace()
+k_LineDef* k_QuantityDesc::GetScratchRecord()
 {
-    static k_LineDef emptyPlace;
-    emptyPlace = k_LineDef();
-    return &emptyPlace;
+    static k_LineDef scratch;
+    scratch = k_LineDef();
+    return &scratch;
 }
 
 bool k_QuantityDesc::SetColumnStyle(int column, k_LineDef* pStyle)

@@ -3,10 +3,10 @@
 
 #include <windows.h>
 
-// SubQuantity of the row that stands for a whole group of a Quantity.
+// SubQuantity of a row that represents a whole group of a Quantity.
 constexpr WORD k_GroupSubQuantity = 65535;
 
-// As the SubQuantity or the Device of a search: any.
+// As SubQuantity or Device in a search: any value matches.
 constexpr WORD k_Any = 65535;
 
 struct QuantityKey {

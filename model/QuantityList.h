@@ -3,7 +3,7 @@
 
 #include "QuantityDesc.h"
 
-// The atlas owns the rows; the list deletes none.
+// The atlas owns the rows; the list never deletes them.
 class AFX_EXT_CLASS k_QuantityList : public CTypedPtrArray<CPtrArray, k_QuantityDesc*>
 {
 public:

@@ -1,18 +1,18 @@
-// The quantities that a catalogue build has still to place.
+// The quantities that the catalogue still has to place.
 #pragma once
 
 #include "QuantityKey.h"
 
 #include <utility>
 
-// A quantity of the unit library's list. It is in one pool at a time.
+// A quantity of the unit library's list, in one pool at a time.
 struct k_PooledQuantity {
     QuantityKey Key;
     k_PooledQuantity* Next = nullptr; // in its pool
 };
 
-// Quantities in the order of the rows to come. A pool owns none of them, so that moving one costs the same
-// however many stay behind.
+// A linked list of quantities in the order of the rows to come. It owns none of them; moving one takes
+// constant time.
 class k_QuantityPool
 {
 public:
@@ -35,7 +35,7 @@ public:
             visit(each->Key);
     }
 
-    // Moves every quantity to the end of the pool that poolOf(key), another than this, gives by reference.
+    // Moves every quantity to the end of the pool that poolOf(key) returns, which must not be this one.
     template <class PoolOf> void MoveAll(PoolOf poolOf)
     {
         k_PooledQuantity* next = std::exchange(m_first, nullptr);
@@ -47,5 +47,5 @@ public:
 
 private:
     k_PooledQuantity* m_first = nullptr;
-    k_PooledQuantity* m_last = nullptr; // has no meaning while the pool is empty
+    k_PooledQuantity* m_last = nullptr; // meaningless while the pool is empty
 };

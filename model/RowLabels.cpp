@@ -1,5 +1,4 @@
-// The texts that name a row: what the unit library calls its quantity, and what the language calls its
-// device.
+// The texts that name a row: the unit library's symbol of its quantity and the translated name of its device.
 #include "Language.h"
 #include "StyleAtlas.h"
 #include "UnitCalls.h"
@@ -10,7 +9,7 @@ namespace
 constexpr const TCHAR* emptyRow = _T("?");
 constexpr const TCHAR* deviceSeparator = _T(" - ");
 
-// A language that has no name for a device gives its key back.
+// A language without a name for the device returns the key.
 void AppendDevice(CString& text, LPCTSTR separator, int device)
 {
     CString key;

@@ -1,13 +1,14 @@
-// The search for the row of a quantity. It is inline in the export, which a host calls for each curve that it
-// draws: a call of its own would cost as much as a short search.
+// The search for the row of a quantity, inlined into the export: a host calls it for each curve that it
+// draws, and a function call would cost as much as a short search.
 #pragma once
 
 #include "QuantityList.h"
 
-// The index of the first row that is equal; else of the first with equal Quantity, SubQuantity and Device;
-// else with equal Quantity and SubQuantity; else with equal Quantity; else -1. Empty slots are passed over.
+// Returns the index of the best row, or -1. The first row of the best kind counts: all members equal; else
+// Quantity, SubQuantity and Device; else Quantity and SubQuantity; else Quantity. Empty slots are skipped.
 //
-// One forward pass: each stage's test contains the one before it, so it goes on where that one stopped.
+// One forward pass: each stage's condition implies the previous one, so each search continues where that one
+// stopped.
 FORCEINLINE INT_PTR FindBestRow(const k_QuantityList& list, QuantityKey key)
 {
     const INT_PTR n = list.GetSize();
@@ -35,7 +36,7 @@ FORCEINLINE INT_PTR FindBestRow(const k_QuantityList& list, QuantityKey key)
     if (best < 0)
         return -1;
     if (isEqual(*static_cast<const k_QuantityDesc*>(rows[best])))
-        return best; // of most quantities there is one row
+        return best; // most quantities have one row
     INT_PTR found = scan(best, hasSubQuantity);
     if (found < 0)
         return best;

@@ -45,7 +45,7 @@ k_StyleAtlas& k_StyleAtlas::Assign(k_StyleAtlas&& source)
     return *this;
 }
 
-// What is copied in any case: the counters, the paths and the files that could not be read.
+// Copies everything except the rows.
 void k_StyleAtlas::AssignHead(const k_StyleAtlas& source)
 {
     Version = source.Version;

@@ -1,4 +1,4 @@
-// The outline of the unit library's flat list. Each entry is dealt with once for each level of the outline,
+// Builds the outline from the unit library's flat list. Each entry is handled once per level of the outline,
 // however many groups there are.
 #include "QuantityPool.h"
 #include "StyleAtlas.h"
@@ -17,12 +17,12 @@ constexpr BYTE groupLevel = 0;
 constexpr BYTE subQuantityLevel = 1;
 constexpr BYTE indexLevel = 2;
 
-constexpr std::size_t possibleSubQuantities = 256; // see KeyOf
+constexpr std::size_t maxSubQuantities = 256; // see KeyOf
 
 // In order of first appearance.
 using Pools = std::vector<k_QuantityPool>;
 
-// Of the sub-quantity and of the index only the lowest 8 bits count.
+// Only the lowest 8 bits of sub-quantity and index count.
 QuantityKey KeyOf(const k_UnitQuantities& list, int i)
 {
     QuantityKey key;
@@ -43,13 +43,13 @@ std::vector<k_PooledQuantity> EntriesOf(const k_UnitQuantities& list)
     return entries;
 }
 
-// A group is what its first entry, the leader, takes out of the entries that no leader before it has taken:
-// those of its Quantity and Device or, where it has no device, all of its Quantity. So an entry belongs to
-// the leader of its own Quantity and Device, and where there is none yet, to the leader without a device.
+// The first entry of a group is its leader. It takes the entries of its Quantity and Device or, if it has no
+// device, of its Quantity, unless an earlier leader has taken them. So an entry belongs to the leader of its
+// own Quantity and Device or, if there is none yet, to the leader without a device.
 Pools DivideIntoGroups(std::vector<k_PooledQuantity>& entries)
 {
     const auto leaderOf = [](WORD quantity, WORD device) { return DWORD{quantity} << 16 | device; };
-    std::map<DWORD, std::size_t> places; // not a hash, which a hostile list could defeat
+    std::map<DWORD, std::size_t> places; // not a hash, whose keys a hostile list could make collide
     Pools groups;
     for (k_PooledQuantity& entry : entries) {
         const WORD quantity = entry.Key.Quantity;
@@ -69,7 +69,7 @@ Pools DivideIntoGroups(std::vector<k_PooledQuantity>& entries)
 
 Pools DivideBySubQuantity(k_QuantityPool& group)
 {
-    std::array<WORD, possibleSubQuantities> numbers{}; // of the pool of each, from 1
+    std::array<WORD, maxSubQuantities> numbers{}; // position of each one's pool, from 1; 0 is none
     Pools pools;
     group.MoveAll([&](const QuantityKey& key) -> k_QuantityPool& {
         WORD& number = numbers[key.SubQuantity];
@@ -119,7 +119,7 @@ void k_StyleAtlas::AddGroup(k_QuantityPool& group)
         AddSubQuantity(records);
 }
 
-// Adds a head, and below it the records of one sub-quantity that the head doesn't stand for.
+// Adds a head and, below it, the records that the head doesn't already represent.
 void k_StyleAtlas::AddSubQuantity(const k_QuantityPool& records)
 {
     QuantityKey head = records.First();

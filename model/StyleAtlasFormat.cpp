@@ -1,5 +1,5 @@
-// The bytes of the layout file: writer and reader of the atlas, of its rows and of their records, side by
-// side. docs/layout-format.md describes the format.
+// The layout file format: writer and reader of the atlas, its rows and their records, side by side. See
+// docs/layout-format.md.
 #include "OwnedElement.h"
 #include "StyleAtlas.h"
 
@@ -14,17 +14,17 @@ namespace
 {
 
 // Cap on preallocation from an untrusted count: beyond it a list grows as its records are read.
-constexpr int preallocatedPlaces = 64;
+constexpr int maxPreallocated = 64;
 
-// Records of one row: a host's file column is a signed 16-bit number, so it can't ask for a later one. Bounds
-// the memory for a sparse file, which can be large without taking room on the disk.
+// Records per row: a host's file column is a signed 16-bit number and can't go beyond. Limits the memory for
+// a sparse file, whose size isn't limited by the disk.
 constexpr int maxRecords = 1 << 15;
 
-// Stored rows that replace another, beyond one for each row of the catalogue. Bounds the time for a sparse
+// Stored rows that replace another, beyond one for each row of the catalogue. Limits the time for a sparse
 // file.
 constexpr INT_PTR maxReplacements = 1 << 20;
 
-// A record in the file, read and written in one piece, as a table has a hundred thousand of them.
+// A record as stored. Read and written in one piece, as a table has a hundred thousand of them.
 #pragma pack(push, 1)
 struct k_StoredStyle {
     WORD Reserved;
@@ -40,7 +40,7 @@ struct k_StoredStyle {
 #pragma pack(pop)
 static_assert(sizeof(k_StoredStyle) == 21);
 
-// Any order will do. Not a hash: a hostile file could make its keys collide.
+// Any strict order will do. Not a hash: a hostile file could make its keys collide.
 struct k_KeyOrder {
     bool operator()(const QuantityKey& first, const QuantityKey& second) const
     {
@@ -51,7 +51,7 @@ struct k_KeyOrder {
     }
 };
 
-// The position of the first row of each key: what a walk from the first row would find.
+// Maps each key to the position of its first row.
 class k_RowIndex
 {
 public:
@@ -64,7 +64,7 @@ public:
         }
     }
 
-    // The position of the first row with this row's key; if there is none, the row's own from now on.
+    // The position of the first row with this row's key. If there is none, records and returns ownPosition.
     INT_PTR PositionOf(const k_QuantityDesc& row, INT_PTR ownPosition)
     {
         QuantityKey key;
@@ -86,13 +86,13 @@ void WriteStyles(CArchive& ar, const k_LineDefList& styles)
     }
 }
 
-// Reads into the records that the list holds, and makes those that it lacks.
+// Reads into the existing records and adds the missing ones.
 void ReadStyles(CArchive& ar, k_LineDefList& styles, int count)
 {
-    styles.Cut(count); // refuses a count below 0
+    styles.Cut(count); // raises an exception for a negative count
     if (count > maxRecords)
         AfxThrowArchiveException(CArchiveException::genericException, nullptr);
-    styles.SetSize(std::max<INT_PTR>(styles.GetSize(), std::min(count, preallocatedPlaces)));
+    styles.SetSize(std::max<INT_PTR>(styles.GetSize(), std::min(count, maxPreallocated)));
     for (int i = 0; i < count; ++i) {
         k_LineDef* const pHeld = i < styles.GetSize() ? styles.GetAt(i) : nullptr;
         if (pHeld != nullptr) {
@@ -154,8 +154,8 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
             } else {
                 if (replacementsLeft-- == 0)
                     AfxThrowArchiveException(CArchiveException::genericException, nullptr);
-                // The replaced row is read into next, so that a table over a catalogue needs no second
-                // set of records.
+                // The replaced row is reused for the next one, so that reading a table over a catalogue needs
+                // no second set of records.
                 k_QuantityDesc* const pReplaced = GetRow(position);
                 Rows.SetAt(position, row.release());
                 row.reset(pReplaced);

@@ -1,4 +1,4 @@
-// Loading and saving the layout file, and what a missing, damaged or unwritable one does to the table.
+// Loading and saving the layout file, with the handling of missing, damaged and unwritable files.
 #include "Language.h"
 #include "StyleAtlas.h"
 
@@ -11,7 +11,7 @@ namespace
 {
 
 constexpr int archiveBufferSize = 4096;
-constexpr int maxKept = 99; // copies of one file that could not be read
+constexpr int maxKept = 99; // copies of one unreadable file
 
 bool OpenForReading(CFile& file, const CString& path)
 {
@@ -39,7 +39,7 @@ int k_StyleAtlas::Load(CString path)
         ReadFilePath();
         path = FilePath;
     }
-    RememberUnread(path); // until it has been read
+    RememberUnread(path); // forgotten below, once it has been read
     CFile file;
     if (!OpenForReading(file, path)) {
         BuildCatalogue();
@@ -56,7 +56,7 @@ int k_StyleAtlas::Load(CString path)
         return 0;
     } catch (CException* e) {
         e->Delete();
-    } catch (...) { // told below, like the framework's own
+    } catch (...) { // reported below, like the framework's own
     }
     ShowLoadFailure();
     BuildCatalogue();
@@ -78,8 +78,8 @@ void k_StyleAtlas::ForgetUnread(const CString& path)
     std::erase_if(UnreadFiles, [&path](const CString& unread) { return unread.CompareNoCase(path) == 0; });
 }
 
-// One that is not there, or no longer, leaves nothing to be kept.
-void k_StyleAtlas::KeepUnread(const CString& path)
+// Copies a file that Load could not read, before it is overwritten. A missing file needs no copy.
+void k_StyleAtlas::BackUpUnread(const CString& path)
 {
     const auto isSame = [&path](const CString& unread) { return unread.CompareNoCase(path) == 0; };
     if (std::ranges::none_of(UnreadFiles, isSame))
@@ -103,7 +103,7 @@ bool k_StyleAtlas::Save(CString path)
         path = FilePath;
     CMirrorFile file;
     try {
-        KeepUnread(path);
+        BackUpUnread(path);
         if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
             return false;
     } catch (CException* e) {
@@ -111,7 +111,7 @@ bool k_StyleAtlas::Save(CString path)
         MessageBoxW(nullptr, _T("Cannot save style atlas"), _T("Error"), MB_ICONEXCLAMATION);
         return false;
     }
-    // A table that went out only in part is given up, not flushed.
+    // If an exception interrupts the writing, the archive must not flush its buffer.
     CArchive archive(&file, CArchive::store | CArchive::bNoFlushOnDelete, archiveBufferSize);
     Serialize(archive);
     archive.Close();

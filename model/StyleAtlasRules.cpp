@@ -22,7 +22,7 @@ void SetSymbol(k_LineDef& style, INT_PTR number)
     style.SymbolFill = static_cast<short>(number % k_SymbolFillCount);
 }
 
-// Calls change(record, column) for each record of the file columns from first to end, column by column.
+// Calls change(record, column) for each record of the file columns in [first, end), column by column.
 template <class Change> void ForEachFileColumn(const k_StyleAtlas& atlas, int first, int end, Change change)
 {
     for (int column = first; column < std::min(end, k_MaxFileColumns); ++column) {
@@ -33,8 +33,8 @@ template <class Change> void ForEachFileColumn(const k_StyleAtlas& atlas, int fi
     }
 }
 
-// Calls change(record, run) for each record of the first columns, row by row. A run is a stretch of rows of
-// the same Quantity, counted from 0.
+// Calls change(record, run) for each record of the first file columns, row by row. A run is a sequence of
+// rows of the same Quantity; runs are numbered from 0.
 template <class Change> void ForEachRun(const k_StyleAtlas& atlas, int columns, Change change)
 {
     INT_PTR run = -1;

@@ -1,4 +1,4 @@
-// Which layout file is in use: the registry names it, and a default path stands in where it doesn't.
+// The choice of the layout file: the one that the registry names, or else one at a default path.
 #include "Host.h"
 #include "StyleAtlas.h"
 
@@ -12,8 +12,8 @@ constexpr const TCHAR* valueName = _T("StyleAtlas");
 constexpr REGSAM settingsAccess = KEY_READ | KEY_WRITE;
 constexpr int pathBufferLength = 1024; // characters, with the terminator
 
-// A key of the registry with the value that names the layout file. Where it can't be opened the handle is
-// null: what is read then is not valid, and what is written is lost.
+// The registry key with the value that names the layout file. If it can't be opened, the handle is null:
+// reads fail and writes are lost.
 class k_SettingsKey
 {
 public:
@@ -37,8 +37,9 @@ public:
             Create();
     }
 
-    // False, and nothing, unless the value is a text: with its terminator, or of size 0, which is the empty
-    // text. No memory is taken after the query, so that what was read is what is in use from then on.
+    // Returns false and leaves path as it is unless the value is a text: either terminated, or of size 0,
+    // which is the empty text. Nothing is allocated after the query, so a path that was read always comes
+    // into use.
     bool ReadPath(CString& path) const
     {
         CString text;
@@ -81,7 +82,7 @@ CString DefaultPath()
     return path;
 }
 
-// As much of a path as the buffer of a registry value holds, cut at a whole character.
+// The path, shortened to what the buffer of a registry value holds, without splitting a character.
 CString CutToBuffer(const CString& path)
 {
     int length = pathBufferLength - 1;
@@ -96,7 +97,8 @@ CString CutToBuffer(const CString& path)
 
 } // namespace
 
-// Takes FilePath from the registry, or else the default path, which the registry then gets.
+// Sets FilePath to the path in the registry or, if there is none, to the default path, which is then stored
+// there.
 void k_StyleAtlas::ReadFilePath()
 {
     k_SettingsKey key(RegistryPath);
@@ -137,7 +139,7 @@ void k_StyleAtlas::ChangeUserInfo(CString userRoot, CString subKey)
         newKey += _T('\\');
     newKey += subKey;
 
-    k_SettingsKey key(newKey); // open until the user's table has been loaded
+    k_SettingsKey key(newKey); // stays open until the user's table has been loaded
     if (key.Open()) {
         if (!key.ReadPath(FilePath))
             key.WritePath(FilePath);

@@ -1,4 +1,4 @@
-// The names of shapes, fills and line styles; the number of each is its position.
+// The names of shapes, fills and line styles. The number of each is its position.
 #pragma once
 
 #include <iterator>
@@ -14,7 +14,7 @@ inline constexpr const TCHAR* k_SymbolFills[] = {_T("filled"), _T("empty"), _T("
 constexpr int k_SymbolFillCount = std::size(k_SymbolFills);
 
 struct k_LineStyleName {
-    short LineStyle; // a pen style of the platform
+    short LineStyle; // PS_ constant
     const TCHAR* Name;
 };
 inline constexpr k_LineStyleName k_LineStyles[] = {

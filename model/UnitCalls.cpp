@@ -3,7 +3,7 @@
 namespace
 {
 
-constinit k_UnitCalls unitCalls; // set by constructors of static objects, so it has none itself
+constinit k_UnitCalls unitCalls; // not constructed at run time: constructors of static objects set it
 
 } // namespace
 

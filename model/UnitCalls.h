@@ -1,4 +1,4 @@
-// The calls of the unit library, as the model makes them.
+// The unit library's functions, as the model calls them.
 #pragma once
 
 #include <afxstr.h>
@@ -14,10 +14,10 @@ struct k_UnitQuantities {
     int Count = 0;
 };
 
-// What a quantity's text is wanted for.
+// The purpose of a text.
 enum k_UnitSymbolMode { unitSymbolForLabel = 0, unitSymbolForLog = 1 };
 
-// What stands behind the calls: set by the module that binds the unit library.
+// The implementations, set by the module that binds the unit library.
 struct k_UnitCalls {
     k_UnitQuantities (*GetQuantities)() = nullptr;
     CString (*GetSymbol)(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
@@ -25,11 +25,11 @@ struct k_UnitCalls {
 };
 void SetUnitCalls(const k_UnitCalls& calls);
 
-// The quantities that the unit library reports at this moment; an empty list if the library is not bound or
-// lacks the entry point.
+// The quantities that the unit library currently reports; an empty list if the library is not bound or lacks
+// the entry point.
 k_UnitQuantities GetUnitQuantities();
 
-// The text that the unit library shows for a quantity, or for a group of them; an empty text if the library
-// is not bound or lacks the entry point. A failed allocation raises the memory exception.
+// The unit library's text for a quantity or a group of them; empty if the library is not bound or lacks the
+// entry point. A failed allocation raises the memory exception.
 CString GetUnitSymbol(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index,
                       k_UnitSymbolMode mode);

@@ -1,4 +1,4 @@
-// The unit log: what the unit library reports, written to a file for the service.
+// The unit log: the quantities that the unit library reports, in a file for the service.
 #include "StyleAtlas.h"
 #include "UnitCalls.h"
 
@@ -9,7 +9,7 @@ constexpr const TCHAR* logPath = _T("C:\\TEMP\\UnitsLog.txt");
 constexpr const TCHAR* headLine = _T("Name\tQuantity\tSubquan\tIndx\tdevice\tflags\r\n");
 constexpr const TCHAR* gap = _T("\t\t");
 
-// The 16-bit characters as they stand in memory, the low byte first.
+// Writes the 16-bit characters as they are in memory, low byte first.
 void Write(CFile& file, const CString& text)
 {
     file.Write(text.GetString(), static_cast<UINT>(text.GetLength()) * sizeof(TCHAR));

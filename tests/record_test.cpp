@@ -54,10 +54,10 @@ TEST(Record, HasItsPlaceToItself)
     giveBackEach(3);
     take(3000);
     for (std::size_t i = 0; i < places.size(); ++i)
-        std::memset(places[i], static_cast<int>(i % 251), k_LineDefPool::placeSize);
+        std::memset(places[i], static_cast<int>(i % 251), k_LineDefPool::slotSize);
     for (std::size_t i = 0; i < places.size(); ++i)
-        ASSERT_EQ(std::count(places[i], places[i] + k_LineDefPool::placeSize, i % 251),
-                  k_LineDefPool::placeSize);
+        ASSERT_EQ(std::count(places[i], places[i] + k_LineDefPool::slotSize, i % 251),
+                  k_LineDefPool::slotSize);
     giveBackEach(1);
     const void* const first = memory.Take();
     take(5000);
