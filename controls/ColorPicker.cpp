@@ -9,16 +9,15 @@
 namespace
 {
 
-constexpr int smallestArrow = 5; // edges
+constexpr int minArrowSize = 5; // edges
 constexpr LRESULT handled = 1;
 
-// The side of the arrow's square.
+// The width and height of the arrow.
 int ArrowSize()
 {
-    const int width =
-        std::max(::GetSystemMetrics(SM_CXHTHUMB), smallestArrow * ::GetSystemMetrics(SM_CXEDGE));
+    const int width = std::max(::GetSystemMetrics(SM_CXHTHUMB), minArrowSize * ::GetSystemMetrics(SM_CXEDGE));
     const int height =
-        std::max(::GetSystemMetrics(SM_CYVTHUMB), smallestArrow * ::GetSystemMetrics(SM_CYEDGE));
+        std::max(::GetSystemMetrics(SM_CYVTHUMB), minArrowSize * ::GetSystemMetrics(SM_CYEDGE));
     return std::max(width, height);
 }
 
@@ -128,12 +127,12 @@ void k_ColorPicker::OnClicked()
     CRect button;
     GetWindowRect(&button);
     new k_ColorPopup(CPoint(button.left, button.bottom), m_color, this, m_defaultText, m_moreText);
-    TellParent(g_msgDropdown, m_color);
+    NotifyParent(g_msgDropdown, m_color);
 }
 
 LRESULT k_ColorPicker::OnSelChange(WPARAM wParam, LPARAM /*lParam*/)
 {
-    TellParent(g_msgSelChange, static_cast<COLORREF>(wParam));
+    NotifyParent(g_msgSelChange, static_cast<COLORREF>(wParam));
     m_mixed = FALSE;
     return handled;
 }
@@ -143,8 +142,8 @@ LRESULT k_ColorPicker::OnSelEndChange(WPARAM wParam, LPARAM /*lParam*/)
     const auto color = static_cast<COLORREF>(wParam);
     m_open = FALSE;
     SetColor(color);
-    TellParent(g_msgCloseUp, color);
-    TellParent(g_msgSelEndChange, color);
+    NotifyParent(g_msgCloseUp, color);
+    NotifyParent(g_msgSelEndChange, color);
     m_mixed = FALSE;
     return handled;
 }
@@ -154,15 +153,15 @@ LRESULT k_ColorPicker::OnSelEndOK(WPARAM wParam, LPARAM /*lParam*/)
     const auto color = static_cast<COLORREF>(wParam);
     m_open = FALSE;
     SetColor(color);
-    TellParent(g_msgCloseUp, color);
-    TellParent(g_msgSelEndOK, color);
-    // The parent may have set another one.
+    NotifyParent(g_msgCloseUp, color);
+    NotifyParent(g_msgSelEndOK, color);
+    // The parent may have set another colour in one of these messages.
     if (m_color != color)
-        TellParent(g_msgSelChange, color);
+        NotifyParent(g_msgSelChange, color);
     return handled;
 }
 
-void k_ColorPicker::TellParent(UINT message, COLORREF color)
+void k_ColorPicker::NotifyParent(UINT message, COLORREF color)
 {
     if (CWnd* const parent = GetParent(); parent != nullptr)
         parent->SendMessage(message, color, GetDlgCtrlID());

@@ -1,24 +1,24 @@
-// The button that shows a colour and drops down the popup in which another is chosen.
+// A button that shows a colour and drops down a popup to choose another.
 #pragma once
 
 #include <afxwin.h>
 
-// Attached to a button of a dialog, or made with Create; either way it takes the height of its arrow, and at
-// least the width of two, and shows no text. Its parent is sent, with the colour as wParam and the control's
-// id as lParam, for one use of the popup: g_msgDropdown, any number of g_msgSelChange, g_msgCloseUp, and
-// g_msgSelEndOK or g_msgSelEndChange. It isn't sent BN_CLICKED.
+// Attached to a button of a dialog, or made with Create. In both cases it takes the height of its arrow and
+// at least twice the arrow's width, and shows no text. For each use of the popup it sends its parent, with
+// the colour as wParam and its control id as lParam: g_msgDropdown, any number of g_msgSelChange,
+// g_msgCloseUp, and g_msgSelEndOK or g_msgSelEndChange. It doesn't send BN_CLICKED.
 class k_ColorPicker : public CButton
 {
 public:
     k_ColorPicker();
 
-    // While the popup is open, the colour from before.
+    // While the popup is open, the previous colour.
     COLORREF GetColor() const { return m_color; }
 
-    // Shows the colour at once.
+    // Sets the colour and repaints the button immediately.
     void SetColor(COLORREF color);
 
-    // Marks the colour as undetermined; shows at the next painting.
+    // Marks the colour as undetermined. Takes effect at the next painting.
     void SetMixed(BOOL mixed) { m_mixed = mixed; }
 
     void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) override;
@@ -34,20 +34,20 @@ protected:
 
 private:
     void FitSize();
-    void TellParent(UINT message, COLORREF color);
+    void NotifyParent(UINT message, COLORREF color);
 
     void PaintArrow(CDC* dc, UINT state);
     void PaintSwatch(CDC* dc, CRect rect, UINT state) const;
 
-    BOOL m_open = FALSE; // this button's popup is
+    BOOL m_open = FALSE; // the popup is open
     COLORREF m_color = ::GetSysColor(COLOR_BTNFACE);
     RECT m_arrowRect{};
-    CString m_defaultText; // stays empty: there is no automatic colour to choose
+    CString m_defaultText; // empty: the popup offers no automatic colour
     CString m_moreText;
 
 public:
-    // The colour is undetermined: what it is the colour of differs among the records under edit. A use of the
-    // popup that moved to a colour, or was given up, clears it.
+    // The colour is undetermined, as it differs among the records under edit. Cleared when the popup reports
+    // another colour, or closes without a choice.
     BOOL m_mixed = FALSE;
 
     DECLARE_MESSAGE_MAP()

@@ -1,4 +1,4 @@
-// The colour popup's life: how it is made, what it hears, and how it ends.
+// The colour popup: its creation, its messages, and how it closes.
 #include "ColorPopup.h"
 
 #include "ColorMessages.h"
@@ -8,13 +8,13 @@
 namespace
 {
 
-constexpr int smallestSwatch = 5;
-constexpr int firstSize = 100; // of the window, until its layout is known
+constexpr int minSwatchSize = 5;
+constexpr int initialSize = 100; // of the window, until the layout is known
 constexpr UINT_PTR toolId = 1;
 constexpr DWORD firstMajorWithPaddedBorder = 6;
 constexpr WORD paletteVersion = 0x300;
 
-// The user's own colours: they last as long as the module.
+// The user's custom colours, kept as long as the module is loaded.
 COLORREF g_customColors[] = {0x00000000, 0x00800000, 0x00008000, 0x00808000, 0x00000080, 0x00800080,
                              0x00008080, 0x00C0C0C0, 0x00808080, 0x00FF0000, 0x0000FF00, 0x00FFFF00,
                              0x000000FF, 0x00FF00FF, 0x0000FFFF, 0x00FFFFFF};
@@ -75,8 +75,8 @@ k_ColorPopup::~k_ColorPopup() = default;
 
 void k_ColorPopup::Setup()
 {
-    if (m_cellSize - 2 * m_margin - 2 < smallestSwatch)
-        m_cellSize = 2 * m_margin + 2 + smallestSwatch;
+    if (m_cellSize - 2 * m_margin - 2 < minSwatchSize)
+        m_cellSize = 2 * m_margin + 2 + minSwatchSize;
 
     const LOGFONTW font = MessageFont();
     m_font.CreateFontIndirect(&font);
@@ -94,8 +94,8 @@ BOOL k_ColorPopup::CreateAt(CPoint topLeft)
     auto* const background = reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(COLOR_BTNFACE + 1));
     LPCTSTR const windowClass =
         AfxRegisterWndClass(CS_VREDRAW | CS_HREDRAW | CS_CLASSDC | CS_SAVEBITS, nullptr, background, nullptr);
-    return CreateEx(0, windowClass, _T(""), WS_POPUP | WS_VISIBLE, topLeft.x, topLeft.y, firstSize, firstSize,
-                    m_owner->GetSafeHwnd(), 0);
+    return CreateEx(0, windowClass, _T(""), WS_POPUP | WS_VISIBLE, topLeft.x, topLeft.y, initialSize,
+                    initialSize, m_owner->GetSafeHwnd(), 0);
 }
 
 void k_ColorPopup::AddToolTips()
@@ -114,7 +114,7 @@ void k_ColorPopup::AddToolTips()
 
 BOOL k_ColorPopup::PreTranslateMessage(MSG* pMsg)
 {
-    // The tooltips may be missing.
+    // There may be no tooltip window.
     ::SendMessageW(m_toolTip.GetSafeHwnd(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(pMsg));
     if (GetCapture() != this)
         SetCapture();
@@ -129,7 +129,7 @@ void k_ColorPopup::OnMouseMove(UINT /*nFlags*/, CPoint point)
     Default();
 }
 
-// The click that opened the popup is over, so this is the end of another one.
+// The click that opened the popup is over, so this button-up ends another click.
 void k_ColorPopup::OnLButtonUp(UINT /*nFlags*/, CPoint /*point*/)
 {
     Default();
@@ -187,8 +187,8 @@ void k_ColorPopup::OnPaletteChanged(CWnd* pFocusWnd)
         InvalidateRect(nullptr, TRUE);
 }
 
-// Called from within the constructor where the window can't be made: nothing may touch the object after that.
-// While the colour dialog is open Finish needs the object still.
+// If the window can't be created, this runs within the constructor, which must not touch the object
+// afterwards. While the colour dialog is open, Finish still needs the object and deletes it itself.
 void k_ColorPopup::PostNcDestroy()
 {
     if (m_inColorDialog == FALSE)
@@ -209,14 +209,14 @@ void k_ColorPopup::MoveHotCell(int cell)
         m_hotCell = cell;
         PaintCell(&dc, cell);
     }
-    // Which colour the cell for more of them stands for is known only after its dialog.
+    // The colour of CELL_MORE is known only after its dialog.
     if (cell != CELL_MORE)
         m_color = cell == CELL_DEFAULT ? CLR_DEFAULT : k_Palette[cell].Color;
     m_owner->SendMessage(g_msgSelChange, cell == CELL_MORE ? m_initialColor : m_color, 0);
 }
 
-// Entered a second time when the application is deactivated while the colour dialog is open: then the window
-// is left to the first call. The window can go with its owner meanwhile, and nobody is left to be told.
+// Re-entered if the application is deactivated while the colour dialog is open; then the outer call destroys
+// the window. If the window was destroyed with its owner meanwhile, no message is sent.
 void k_ColorPopup::Finish(UINT message)
 {
     ::ReleaseCapture();

@@ -1,5 +1,6 @@
-// The drop-down in which a colour is chosen: a grid of the named colours, under it a cell that opens the
-// system's colour dialog, and above it, where it has a text, a cell for the automatic colour.
+// The drop-down in which a colour is chosen: a grid of the named colours; below it, a cell that opens the
+// system's colour dialog; above it, a cell for the automatic colour. Each of the two cells exists only if it
+// has a text.
 #pragma once
 
 #include <afxwin.h>
@@ -10,17 +11,18 @@ constexpr int CELL_NONE = -1;
 constexpr int CELL_MORE = -2;    // opens the system's colour dialog
 constexpr int CELL_DEFAULT = -3; // the automatic colour, CLR_DEFAULT
 
-// While it is up it has the mouse, and tells its owner every step by the messages of ColorMessages.h.
+// While it is open it captures the mouse, and reports every step to its owner with the messages of
+// ColorMessages.h.
 class k_ColorPopup : public CWnd
 {
 public:
-    // Shows the popup with its top left corner there, in screen coordinates; on a screen that is too small,
-    // further left or above the owner's window. The texts are those of the default cell and of the cell for
-    // more colours; an empty one, or null, stands for no such cell.
+    // Shows the popup with its top left corner at topLeft, in screen coordinates. If it doesn't fit the
+    // screen, it is moved to the left, or above the owner's window. The texts are those of the default cell
+    // and of the cell for more colours; null or an empty text omits the cell.
     //
-    // Make it with new and drop the pointer: the object goes with its window, and at once where the window
-    // can't be made; no message is sent then. The owner isn't null, lives longer than the window, and doesn't
-    // destroy it.
+    // Create it with new and drop the pointer: the object deletes itself with its window, or at once, without
+    // a message, if the window can't be created. The owner must not be null, must outlive the window and must
+    // not destroy it.
     k_ColorPopup(CPoint topLeft, COLORREF color, CWnd* owner, LPCTSTR defaultText, LPCTSTR moreText);
     ~k_ColorPopup() override;
 
@@ -38,12 +40,12 @@ protected:
     afx_msg void OnPaletteChanged(CWnd* pFocusWnd);
 
 private:
-    // Making the window.
+    // Creation.
     void Setup();
     BOOL CreateAt(CPoint topLeft);
     void AddToolTips();
 
-    // Where the cells are.
+    // Geometry of the cells.
     bool HasDefault() const { return !m_defaultText.IsEmpty(); }
     bool HasMore() const { return !m_moreText.IsEmpty(); }
     SIZE TextSize();
@@ -56,7 +58,7 @@ private:
     int CellUnder(CPoint point) const;
     int CellOf(COLORREF color) const;
 
-    // The way of the keys through the cells, from the hot one.
+    // Keyboard navigation, starting from the hot cell.
     int KeyTarget(UINT key) const;
     int Forward(int row, int column) const;
     int Back(int row, int column) const;
@@ -64,7 +66,7 @@ private:
     void MoveHotCell(int cell);
     void Finish(UINT message);
 
-    // Painting. Each of these needs the cell to be there.
+    // Painting. PaintCell ignores cells that don't exist; the others require theirs.
     void PaintCell(CDC* dc, int cell);
     void PaintMoreCell(CDC* dc);
     void PaintDefaultCell(CDC* dc);
@@ -79,8 +81,8 @@ private:
     int m_rows = 0;
     int m_cellSize = 18;
     int m_margin = ::GetSystemMetrics(SM_CXEDGE); // the unit of all distances
-    int m_hotCell = CELL_NONE;                    // under the mouse or the keyboard
-    int m_chosenCell = CELL_NONE;                 // of the colour at opening
+    int m_hotCell = CELL_NONE;                    // selected by mouse or keyboard
+    int m_chosenCell = CELL_NONE;                 // cell of the initial colour
     CString m_defaultText;
     CString m_moreText;
     RECT m_moreRect{};
@@ -89,7 +91,7 @@ private:
     CFont m_font;
     CPalette m_palette;
     COLORREF m_initialColor = 0;
-    COLORREF m_color = 0; // what the next end message carries
+    COLORREF m_color = 0; // sent with the closing message
     CToolTipCtrl m_toolTip;
     CWnd* m_owner = nullptr;
     BOOL m_inColorDialog = FALSE;

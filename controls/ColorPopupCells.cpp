@@ -1,9 +1,9 @@
-// The cells of the colour popup by rows and columns: which is under a point, and which follows on a key.
+// The cells of the colour popup by rows and columns: which cell is at a point, and which follows on a key.
 #include "ColorPopup.h"
 
 // ---- Rows and columns
 
-// A text cell stands in a row and a column of its own number.
+// Row and column of a text cell are its own number.
 int k_ColorPopup::RowOf(int cell) const
 {
     if (cell >= 0 && cell < m_colorCount)
@@ -29,9 +29,9 @@ int k_ColorPopup::CellAt(int row, int column) const
     return inGrid && cell < m_colorCount ? cell : CELL_NONE;
 }
 
-// The cell that answers to the mouse at a point in client coordinates. A text cell does so a margin further
-// right and down than it shows; the grid's first row and column reach up and left beyond the window's edge,
-// as division goes toward 0.
+// The cell under the mouse at a point in client coordinates. The hit area of a text cell is shifted right and
+// down by a margin; the first row and column of the grid reach beyond the window's edge, as division rounds
+// toward 0.
 int k_ColorPopup::CellUnder(CPoint point) const
 {
     point.Offset(-m_margin, -m_margin);
@@ -76,7 +76,7 @@ int k_ColorPopup::KeyTarget(UINT key) const
     }
 }
 
-// To a place in the grid, or past its end; from a text cell, to the one that follows it.
+// The cell at this row and column; past the end of the grid, or from a text cell, the one that follows.
 int k_ColorPopup::Forward(int row, int column) const
 {
     if (m_hotCell == CELL_DEFAULT)

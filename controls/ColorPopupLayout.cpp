@@ -1,4 +1,4 @@
-// The layout of the colour popup: its size, its place on the screen, and the rectangles of its cells.
+// The layout of the colour popup: its size, its position on the screen, and the rectangles of its cells.
 #include "ColorPopup.h"
 
 #include <algorithm>
@@ -25,22 +25,22 @@ void Widen(RECT& rect, int width)
 
 } // namespace
 
-// With the room around it; 0 by 0 without a text.
+// The size of the larger text with its margins; 0 by 0 without texts.
 SIZE k_ColorPopup::TextSize()
 {
-    SIZE greatest{};
+    SIZE largest{};
     if (!HasDefault() && !HasMore())
-        return greatest;
+        return largest;
     CClientDC dc(this);
     CFont* const previous = dc.SelectObject(&m_font);
     for (const CString* text : {&m_defaultText, &m_moreText}) {
         if (text->IsEmpty())
             continue;
         const SIZE size = dc.GetTextExtent(*text);
-        greatest = {std::max(greatest.cx, size.cx), std::max(greatest.cy, size.cy)};
+        largest = {std::max(largest.cx, size.cx), std::max(largest.cy, size.cy)};
     }
     dc.SelectObject(previous);
-    return {greatest.cx + 2 * m_margin, greatest.cy + 4 * m_margin + 2};
+    return {largest.cx + 2 * m_margin, largest.cy + 4 * m_margin + 2};
 }
 
 void k_ColorPopup::ComputeLayout()

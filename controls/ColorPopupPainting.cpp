@@ -1,10 +1,10 @@
-// How the colour popup shows its cells.
+// The painting of the colour popup.
 #include "ColorPopup.h"
 
 namespace
 {
 
-// Added to a colour, it asks for the nearest one that the palette has.
+// Added to a COLORREF: requests the nearest colour of the palette.
 constexpr COLORREF paletteRelative = 0x02000000;
 
 } // namespace

@@ -7,8 +7,8 @@ namespace
 {
 
 constexpr int cornerOverhang = 5;
-constexpr int lineStepWithoutCell = 60; // a file column as the dialog makes it
-constexpr LRESULT refused = 1;
+constexpr int lineStepWithoutCell = 60; // the width of the dialog's file columns
+constexpr LRESULT rejected = 1;
 
 } // namespace
 
@@ -55,18 +55,18 @@ void k_ColumnTreeCtrl::UpdateColumns()
     UpdateScroller();
 }
 
-// Every second step of a drag is refused, as each one that is taken reads the widths anew.
+// UpdateColumns arms m_skipNextChanging, so every other HDN_ITEMCHANGING is rejected.
 void k_ColumnTreeCtrl::OnHeaderItemChanging(NMHEADERW& notification, LRESULT* pResult)
 {
     if (m_skipNextChanging != FALSE) {
         m_skipNextChanging = FALSE;
-        *pResult = refused;
+        *pResult = rejected;
         return;
     }
     *pResult = 0;
     if (notification.iItem == 0 && notification.pitem->cxy < m_minFirstColumnWidth) {
         notification.pitem->cxy = m_minFirstColumnWidth + 1;
-        *pResult = refused;
+        *pResult = rejected;
     }
 }
 
@@ -84,7 +84,7 @@ int k_ColumnTreeCtrl::GetScrolledWidth()
     return m_totalWidth + (HasVerticalBar() ? ::GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
-// The tree can win or lose its vertical bar by being placed; then once more.
+// Placing the tree can show or hide its vertical bar; then the windows are placed again.
 void k_ColumnTreeCtrl::UpdateScroller()
 {
     if (m_Tree.m_hWnd == nullptr)
@@ -96,8 +96,8 @@ void k_ColumnTreeCtrl::UpdateScroller()
     RedrawWindow(nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
 }
 
-// The headings and the tree move to the left as a whole, and grow by as much: nothing is scrolled in them,
-// and the tree's own bar stays where it is.
+// Scrolls by moving the headings and the tree to the left and widening them by as much. The tree's own scroll
+// bar thus stays in place.
 void k_ColumnTreeCtrl::PlaceWindows(bool hasVerticalBar)
 {
     CRect client;
@@ -136,7 +136,7 @@ void k_ColumnTreeCtrl::OnSize(UINT /*nType*/, int /*cx*/, int /*cy*/)
     UpdateScroller();
 }
 
-// A line is as wide as the column of the selected cell.
+// One line is the width of the selected cell's column.
 int k_ColumnTreeCtrl::GetLineStep() const
 {
     return m_cellColumn < 0 ? lineStepWithoutCell : m_columnWidths.at(m_cellColumn);

@@ -19,7 +19,7 @@ constexpr int marginOfOlderControls = 6;
 constexpr int margin = 9;
 constexpr DWORD versionOfMargin = 6;
 
-// Whether the common controls are of a version from which on the cells stand further to the right.
+// Whether the common controls have a version with the wider cell margin.
 bool HasWideMargin()
 {
     const HMODULE module = ::LoadLibraryW(_T("comctl32.dll"));
@@ -237,7 +237,7 @@ void k_ColumnTreeCtrl::OnHeaderItemClick(const NMHEADERW& notification)
 
 // ---- Messages
 
-// The windows in the frame cover it, but for the corner between the scroll bars.
+// The child windows cover the frame, except the corner between the scroll bars.
 void k_ColumnTreeCtrl::OnPaint()
 {
     CPaintDC dc(this);

@@ -1,4 +1,4 @@
-// A tree with column headings: in its columns, the curve styles of each row as pictures.
+// A tree with column headings. Its columns show the curve styles of each row as pictures.
 #pragma once
 
 #include "CustomTreeChildCtrl.h"
@@ -7,7 +7,7 @@
 #include <array>
 #include <model/QuantityDesc.h>
 
-// Column 0, the tree's own one, and the file columns.
+// Column 0, which is the tree's own, and the file columns.
 constexpr int k_MaxTreeColumns = 1 + k_MaxFileColumns;
 
 struct CTVHITTESTINFO {
@@ -17,48 +17,49 @@ struct CTVHITTESTINFO {
     int iSubItem; // the column
 };
 
-// Takes the place of a static control, which then is the frame of four windows: the headings, the tree, a
-// horizontal scroll bar, and an empty heading above the tree's vertical one. What the tree and the headings
-// notify of goes on to the parent as the frame's own notification.
+// Attached to a static control, which becomes the frame of four windows: the headings, the tree, a horizontal
+// scroll bar, and an empty heading above the tree's vertical scroll bar. Notifications of tree and headings
+// are passed on to the parent as the frame's own.
 class k_ColumnTreeCtrl : public CStatic
 {
 public:
-    // The heading's index; -1, and no column, beyond the last one that there is room for. Width in pixels.
+    // Returns the heading's index, or -1 if there is no room for another column. Width in pixels.
     int InsertColumn(int nCol, LPCWSTR lpszHeading, int nFormat, int nWidth);
 
-    // A row behind the parent's last child.
+    // Adds a row after the parent's last child.
     HTREEITEM InsertItem(CString text, HTREEITEM hParent);
 
-    // In column 0 the k_QuantityDesc of the row, which stays the caller's; in a file column a record, which
-    // goes to the row's k_QuantityDesc, if there is one.
+    // In column 0, sets the k_QuantityDesc of the row, which stays the caller's. In a file column, hands a
+    // record over to the k_QuantityDesc of the row, if there is one.
     void SetCellData(HTREEITEM hItem, int nCol, void* pData);
 
-    // The record of a file column's cell, nCol from 1; null for a row without data.
+    // The record of a cell in a file column (nCol from 1); null for a row without data.
     k_LineDef* GetCellStyle(HTREEITEM hItem, int nCol) const;
     k_QuantityDesc* GetRowData(HTREEITEM hItem) const; // null if there is none
 
-    // The row and the column at a point; null, and TVHT_NOWHERE, beside the columns. A pixel on a boundary
-    // belongs to the column left of it.
+    // Returns the row at a point and sets the column; null and TVHT_NOWHERE beside the columns. A pixel on a
+    // boundary belongs to the column on its left.
     HTREEITEM HitTest(CTVHITTESTINFO* pInfo) const;
 
-    // Makes the windows, once.
+    // Creates the windows, once.
     virtual void Initialize();
 
     void UpdateColumns();  // reads the widths from the headings
     void UpdateScroller(); // places the windows and sets the scroll bar
 
-    // Whether an edge of the selected cell's column, the left or the right one, is in the window while
-    // nothing is scrolled.
+    // Whether the left or right edge of the selected cell's column would be visible if nothing were scrolled.
     BOOL IsColumnEdgeVisible(bool bLeft);
 
-    // No cell and no column is selected any more.
+    // Deselects cell and column.
     void ClearSelection();
 
-    // Sets what a double click opens; until then it opens nothing.
+    // Sets the editor that a double click opens. Initially there is none.
     void SetStyleEditor(k_StyleEditor editor) { m_styleEditor = editor; }
 
-    // Lets the user edit a file column of all rows; or a list of records, as k_StyleEditor says.
+    // Opens the editor on the records of a file column in all rows.
     void EditColumn(const NMHEADERW& notification);
+
+    // Opens the editor on a list of records: see k_StyleEditor. Returns -1 if there is no editor.
     INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);
 
     int m_cellColumn = -1; // of the selected cell, -1 for none
@@ -72,9 +73,9 @@ public:
     int m_xOffset = 0;    // pixels scrolled to the right
     int m_cellMargin = 0; // pixels left of a cell
     int m_minFirstColumnWidth = 100;
-    BOOL m_skipNextChanging = FALSE; // the next change of a heading is refused
+    BOOL m_skipNextChanging = FALSE; // reject the next change of a heading
     std::array<int, k_MaxTreeColumns> m_columnWidths{};
-    int m_selectedColumn = -1; // by its heading, -1 for none
+    int m_selectedColumn = -1; // selected by its heading, -1 for none
 
 protected:
     void PreSubclassWindow() override;
@@ -95,9 +96,9 @@ private:
     LRESULT OnCustomDraw(const NMTVCUSTOMDRAW& draw);
 
     void PlaceWindows(bool hasVerticalBar);
-    int LayOutHeader(); // gives the height of the headings
+    int LayOutHeader(); // returns the height of the headings
     bool HasVerticalBar();
-    int GetScrolledWidth(); // pixels, of all that can be scrolled
+    int GetScrolledWidth(); // pixels, of the whole contents
     int GetLineStep() const;
 
     k_StyleEditor m_styleEditor = nullptr;

@@ -1,4 +1,4 @@
-// How a row of the column tree is painted, after the native tree has drawn it.
+// Paints a row of the column tree after the native tree has drawn it.
 #include "ColumnTreeCtrl.h"
 
 #include <algorithm>
@@ -8,15 +8,15 @@ namespace
 {
 
 constexpr int labelPadding = 4;
-constexpr int firstColumnEnd = 4; // pixels of column 0 that no label reaches
+constexpr int firstColumnEnd = 4; // pixels at the right end of column 0 without label
 constexpr int textInsetX = 2;
 constexpr int textInsetY = 1;
-constexpr int cellLeftInset = 1; // beside the margin
+constexpr int cellLeftInset = 1; // in addition to the margin
 constexpr int cellRightInset = 3;
 constexpr int cellInsetY = 1;
 constexpr UINT labelFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
 
-// The tree's font with a line under it, selected into a context for a while.
+// Selects an underlined copy of the tree's font into a context, until Restore or its own end.
 class k_UnderlinedFont
 {
 public:
@@ -49,7 +49,7 @@ private:
     bool m_isSelected = false;
 };
 
-// The painting of one row, step by step.
+// Paints one row, step by step.
 class k_RowPainter
 {
 public:
@@ -84,7 +84,7 @@ public:
     }
 
 private:
-    // A line right of each column, and one under the row. From here on the row is as wide as its columns.
+    // A line to the right of each column and one below the row. Then m_row is as wide as the columns.
     void PaintGrid()
     {
         int x = 0;
@@ -104,7 +104,7 @@ private:
                                       m_frame.m_columnWidths.at(0) - firstColumnEnd);
     }
 
-    // A selected row is marked from its label through all columns.
+    // Fills a selected row from its label to the last column.
     void PaintBand(COLORREF background)
     {
         if (m_row.Width() < 0 || m_draw.clrTextBk == background)

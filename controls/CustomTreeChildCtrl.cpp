@@ -65,12 +65,12 @@ void k_CustomTreeChildCtrl::ExpandRows(WPARAM code)
     }
 }
 
-bool k_CustomTreeChildCtrl::IsFoldedGroup(HTREEITEM hItem) const
+bool k_CustomTreeChildCtrl::IsCollapsedGroup(HTREEITEM hItem) const
 {
     return ItemHasChildren(hItem) != FALSE && GetItemState(hItem, TVIS_EXPANDED) == 0;
 }
 
-// Before all rows go, nothing may be left that names one of them.
+// No deleted row may remain selected.
 LRESULT k_CustomTreeChildCtrl::OnDeleteItem(WPARAM /*wParam*/, LPARAM /*lParam*/)
 {
     GetFrame()->ClearSelection();
@@ -79,7 +79,7 @@ LRESULT k_CustomTreeChildCtrl::OnDeleteItem(WPARAM /*wParam*/, LPARAM /*lParam*/
 
 // ---- Points
 
-// The indentation, and the room right of the label, are none: a click there is one into a column.
+// Indentation and the space to the right of the label don't count: a click there belongs to a column.
 BOOL k_CustomTreeChildCtrl::IsOnTreePart(int x, int y) const
 {
     const CPoint point(x, y);
@@ -136,7 +136,7 @@ void k_CustomTreeChildCtrl::OnPaint()
 
 // ---- Focus and timers
 
-// The native selection must not come back beside a selected cell.
+// The native selection must not come back while a cell or column is selected.
 void k_CustomTreeChildCtrl::OnSetFocus(CWnd* pOldWnd)
 {
     CTreeCtrl::OnSetFocus(pOldWnd);

@@ -1,4 +1,4 @@
-// The tree of the column tree: rows, and in each row the cells right of it.
+// The tree of the column tree: the rows, with cells to the right of each label.
 #pragma once
 
 #include <afxcmn.h>
@@ -6,8 +6,8 @@
 class k_ColumnTreeCtrl;
 class k_QuantityDesc;
 
-// A child of k_ColumnTreeCtrl, which holds what is selected and paints the rows. The data of a row is the
-// k_QuantityDesc that it shows, or null; it isn't the tree's.
+// Child of k_ColumnTreeCtrl, which holds the selection and paints the rows. The data of a row is the
+// k_QuantityDesc that it shows, or null; the tree doesn't own it.
 class k_CustomTreeChildCtrl : public CTreeCtrl
 {
 public:
@@ -16,10 +16,10 @@ public:
     void ExpandAll();
     void CollapseAll();
 
-    // The row after this one in a walk of the whole tree, folded rows included; null at the end.
+    // The next row in a walk of the whole tree, collapsed rows included; null at the end.
     HTREEITEM GetNextTreeItem(HTREEITEM hItem) const;
 
-    int m_firstColumnWidth = 0; // pixels; the tree part of a row ends there
+    int m_firstColumnWidth = 0; // pixels; the end of the tree part of a row
 
 protected:
     void PreSubclassWindow() override;
@@ -38,7 +38,7 @@ protected:
 private:
     k_ColumnTreeCtrl* GetFrame() const;
     BOOL IsOnTreePart(int x, int y) const;
-    bool IsFoldedGroup(HTREEITEM hItem) const;
+    bool IsCollapsedGroup(HTREEITEM hItem) const;
     HTREEITEM HitTestColumns(CPoint point, int& column) const;
     void TakeFocus();
     void SelectRow(HTREEITEM hItem); // null: no row
@@ -47,14 +47,14 @@ private:
     void ExpandRows(WPARAM code);
     void EditRow(CPoint point);
     void EditCell(CPoint point);
-    void EditBelow(HTREEITEM hItem, k_QuantityDesc* pQuantity);
+    void EditGroup(HTREEITEM hItem, k_QuantityDesc* pQuantity);
     void RepaintAfter(INT_PTR dialogResult);
 
     void StepLeft();
     void StepRight();
     void StepUp();
     void StepDown();
-    void FoldCellRow(WPARAM code);
+    void ExpandCellRow(WPARAM code);
 
     CString GetToolTipAt(CPoint point) const;
 

@@ -1,4 +1,4 @@
-// The tree under the keys: the selected cell and the selected column move.
+// Keyboard input of the tree: moves the selected cell or column.
 #include "ColumnTreeCtrl.h"
 
 void k_CustomTreeChildCtrl::OnKeyDown(UINT nChar, UINT /*nRepCnt*/, UINT /*nFlags*/)
@@ -23,10 +23,10 @@ void k_CustomTreeChildCtrl::OnKeyDown(UINT nChar, UINT /*nRepCnt*/, UINT /*nFlag
         StepDown();
         break;
     case VK_ADD:
-        FoldCellRow(TVE_EXPAND);
+        ExpandCellRow(TVE_EXPAND);
         break;
     case VK_SUBTRACT:
-        FoldCellRow(TVE_COLLAPSE);
+        ExpandCellRow(TVE_COLLAPSE);
         break;
     default:
         break;
@@ -34,7 +34,8 @@ void k_CustomTreeChildCtrl::OnKeyDown(UINT nChar, UINT /*nRepCnt*/, UINT /*nFlag
     InvalidateRect(nullptr, TRUE);
 }
 
-// From the first cell out of the cells: its row comes into view, and the view goes back to the left.
+// A step left of the first cell deselects it: its row is brought into view, and the view scrolls back to the
+// left.
 void k_CustomTreeChildCtrl::StepLeft()
 {
     k_ColumnTreeCtrl* const frame = GetFrame();
@@ -101,7 +102,7 @@ void k_CustomTreeChildCtrl::StepDown()
     SelectRow(nullptr);
 }
 
-void k_CustomTreeChildCtrl::FoldCellRow(WPARAM code)
+void k_CustomTreeChildCtrl::ExpandCellRow(WPARAM code)
 {
     HTREEITEM const row = GetFrame()->m_cellItem;
     if (ItemHasChildren(row) != FALSE)

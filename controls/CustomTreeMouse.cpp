@@ -1,4 +1,4 @@
-// The tree under the mouse: what a click selects, and what a double click opens for editing.
+// Mouse input of the tree: a click selects, a double click edits.
 #include "ColumnTreeCtrl.h"
 #include "StyleSelection.h"
 
@@ -7,7 +7,7 @@ void k_CustomTreeChildCtrl::SelectRow(HTREEITEM hItem)
     Select(hItem, TVGN_CARET);
 }
 
-// In a cell, or in the column of a heading, no row is selected.
+// No row is selected together with a cell or column.
 void k_CustomTreeChildCtrl::TakeFocus()
 {
     SetActiveWindow();
@@ -43,7 +43,7 @@ void k_CustomTreeChildCtrl::OnLButtonDown(UINT /*nFlags*/, CPoint point)
     SetFocus();
 }
 
-// Beside the tree part of a row nothing follows the mouse.
+// No hot tracking beside the tree part of a row.
 void k_CustomTreeChildCtrl::OnMouseMove(UINT /*nFlags*/, CPoint point)
 {
     if (IsOnTreePart(point.x, point.y) != FALSE)
@@ -69,14 +69,14 @@ void k_CustomTreeChildCtrl::EditRow(CPoint point)
     k_QuantityDesc* const pQuantity = GetFrame()->GetRowData(row);
     if (pQuantity == nullptr)
         return;
-    if (IsFoldedGroup(row))
-        EditBelow(row, pQuantity);
+    if (IsCollapsedGroup(row))
+        EditGroup(row, pQuantity);
     else
         RepaintAfter(GetFrame()->EditStyles(GetFrame(), pQuantity->GetStyles(), pQuantity));
 }
 
-// A folded row stands for the two levels below it too.
-void k_CustomTreeChildCtrl::EditBelow(HTREEITEM hItem, k_QuantityDesc* pQuantity)
+// A collapsed row is edited together with the two levels below it.
+void k_CustomTreeChildCtrl::EditGroup(HTREEITEM hItem, k_QuantityDesc* pQuantity)
 {
     k_StyleSelection styles;
     const auto append = [&](HTREEITEM row) {
@@ -108,7 +108,7 @@ void k_CustomTreeChildCtrl::EditCell(CPoint point)
     const k_ColumnTreeCtrl* const frame = GetFrame();
     k_StyleSelection styles;
     styles.Add(frame->GetCellStyle(row, column));
-    if (IsFoldedGroup(row)) {
+    if (IsCollapsedGroup(row)) {
         for (HTREEITEM child = GetNextItem(row, TVGN_CHILD); child != nullptr;
              child = GetNextItem(child, TVGN_NEXT))
             styles.Add(frame->GetCellStyle(child, column));

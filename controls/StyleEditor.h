@@ -1,4 +1,4 @@
-// How the column tree has the user edit styles: its owner brings the editor.
+// The function by which the column tree edits styles, supplied by its owner.
 #pragma once
 
 #include <afxwin.h>
@@ -6,7 +6,7 @@
 class k_LineDefList;
 class k_QuantityDesc;
 
-// Lets the user edit the records of a list, and returns IDOK, IDCANCEL, or -1 if no dialog can be shown.
-// After anything but IDOK the records are untouched. A list can hold nulls. List, records and quantity stay
-// the caller's and outlive the call; the quantity is the one that the user chose, null if there is none.
+// Lets the user edit the records of a list. Returns IDOK, IDCANCEL, or -1 if no dialog can be shown; the
+// records change only after IDOK. The list can hold nulls. List, records and quantity stay the caller's and
+// outlive the call. The quantity is the one that the user selected, or null.
 using k_StyleEditor = INT_PTR (*)(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);

@@ -1,4 +1,4 @@
-// The picture of a style: the sample of its line, and its symbol over the middle of it.
+// Paints a style: a sample of its line, and its symbol over the middle.
 #include <afxwin.h>
 #include <algorithm>
 #include <cstdlib>
@@ -28,7 +28,7 @@ public:
           m_fill(style.SymbolFill), m_color(style.SymbolColor), m_symbolPen(PS_SOLID, 1, style.SymbolColor),
           m_previousPen(m_dc.SelectObject(&m_symbolPen))
     {
-        // Without a brush the outline is still worth having.
+        // If a brush can't be created, the outline is still drawn.
         m_symbolBrush.Attach(::CreateSolidBrush(m_color));
         m_windowBrush.Attach(::CreateSolidBrush(::GetSysColor(COLOR_WINDOW)));
         m_previousBrush = m_dc.SelectObject(&m_symbolBrush);
@@ -212,7 +212,7 @@ void DrawSample(CDC& dc, const RECT& rect, int style, int width, COLORREF color)
 
 int k_LineDef::DrawLine(CDC* dc, RECT rect) const
 {
-    DrawSample(*dc, rect, PS_SOLID, LineWidth, ::GetSysColor(COLOR_WINDOW)); // shows in the gaps of the style
+    DrawSample(*dc, rect, PS_SOLID, LineWidth, ::GetSysColor(COLOR_WINDOW)); // the gaps of the style
     DrawSample(*dc, rect, LineStyle, LineWidth, LineColor);
     return 0;
 }

@@ -1,9 +1,9 @@
-// A list that picks out records of others.
+// A list of records that are owned elsewhere.
 #pragma once
 
 #include <model/LineDefList.h>
 
-// Lets its records go at the end instead of deleting them: they stay with their rows.
+// Doesn't delete its records at the end: they stay with their rows.
 class k_StyleSelection : public k_LineDefList
 {
 public:

@@ -1,9 +1,9 @@
-// Keeps a window from being painted.
+// Suppresses the painting of a window.
 #pragma once
 
 #include <afxwin.h>
 
-// For as long as it lives; without effect while another window is kept from it.
+// Locks the window for its own lifetime. No effect while another window is locked.
 class k_WindowUpdateLock
 {
 public:
