@@ -7,7 +7,7 @@
 namespace
 {
 
-// Null where there is no such item.
+// Null if there is no such item.
 k_LineDef* PictureOf(CComboBox& box, LRESULT item)
 {
     const LRESULT data = box.SendMessage(CB_GETITEMDATA, static_cast<WPARAM>(item));
@@ -78,7 +78,7 @@ BOOL k_CurveLayoutDlg::DestroyWindow()
     return CDialog::DestroyWindow();
 }
 
-// All that a window hears which goes with its owner.
+// A window that is destroyed with its owner gets WM_DESTROY, without a call of DestroyWindow.
 void k_CurveLayoutDlg::OnDestroy()
 {
     DeletePictures(m_LineStyleCombo);

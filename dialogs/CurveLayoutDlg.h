@@ -1,4 +1,4 @@
-// The dialog that edits the style of one curve, or of many at once.
+// The dialog that edits the style of one curve or of several at once.
 #pragma once
 
 #include "LayoutCombobox.h"
@@ -7,19 +7,19 @@
 #include <model/QuantityDesc.h>
 #include <optional>
 
-// Shows the style of the first record. A property in which the records differ shows as mixed. OK writes every
-// property that has a definite value into all records, and leaves the others to each; anything else writes
-// nothing. A number that was typed and isn't chosen in the list is no definite value.
+// Shows the style of the first record; a property in which the records differ shows as mixed. OK writes every
+// property with a definite value into all records and leaves the others unchanged; any other way to close the
+// dialog writes nothing. A typed number that isn't selected in the list is not definite.
 class k_CurveLayoutDlg : public CDialog
 {
 public:
     explicit k_CurveLayoutDlg(CWnd* pParent = nullptr);
 
-    // The records under edit, which stay the caller's and outlive DoModal. A null shows as a fresh record and
+    // The records to edit, which stay the caller's and outlive DoModal. A null shows as a default record and
     // is not written. With an empty list there is nothing to show or to write.
     void SetLineDefs(k_LineDefList* pLines);
 
-    // The row that the title names; it stays the caller's and outlives DoModal.
+    // The row named in the title. It stays the caller's and outlives DoModal.
     void SetQuantity(k_QuantityDesc* pQuantity) { m_Quantity = pQuantity; }
 
     BOOL DestroyWindow() override;
@@ -34,7 +34,7 @@ protected:
     afx_msg LRESULT OnColorSelEndOK(WPARAM wParam, LPARAM lParam);
 
 private:
-    using k_Number = std::optional<short>; // nothing: the list has no selection
+    using k_Number = std::optional<short>; // empty: the list has no selection
 
     void ShowTitle();
     void FillLineStyles(short selected);
@@ -42,23 +42,23 @@ private:
     void FillSymbolFills(short selected);
     void MarkMixed();
     void SetCheckStyle(DWORD style);
-    bool IsCoupled(); // the line has the symbol's colour
+    bool IsCoupled(); // the line uses the symbol's colour
 
     void Write(k_LineDef& style, k_Number lineWidth, k_Number symbolSize);
 
-    k_LineDefList m_Lines; // copies of the records as they were at the opening
+    k_LineDefList m_Lines; // copies of the records as they were at the start
     int m_LineCount = 0;
 
 public:
     CButton m_UseSymbolColorCheck;
-    k_LayoutCombobox m_SymbolShapeCombo; // the data of an item is the dialog's: a picture of the choice
+    k_LayoutCombobox m_SymbolShapeCombo; // item data: a record to draw, owned by the dialog
     k_LayoutCombobox m_SymbolFillCombo;
     k_LayoutCombobox m_SymbolSizeCombo;
     k_LayoutCombobox m_LineWidthCombo;
-    k_LayoutCombobox m_LineStyleCombo; // as with the shapes
+    k_LayoutCombobox m_LineStyleCombo; // item data: as above
 
 private:
-    k_LineDefList* m_SourceLines = nullptr; // null without a record
+    k_LineDefList* m_SourceLines = nullptr; // null if there is no record
 
 public:
     k_ColorPicker m_SymbolColorPicker;
@@ -70,7 +70,7 @@ private:
     DECLARE_MESSAGE_MAP()
 };
 
-// Runs the dialog on the records of a list, as k_StyleEditor says. After IDOK the choices stand in the
-// records; nulls are passed over. The title names the quantity, if there is one. The parent is the active
-// window of the program if none is given.
+// Runs the dialog on the records of a list: see k_StyleEditor. After IDOK the choices are in the records;
+// nulls are skipped. The title names the quantity, if there is one. Without a parent, the active window of
+// the program is the parent.
 INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);

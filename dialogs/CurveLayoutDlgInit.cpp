@@ -1,4 +1,4 @@
-// What the curve style dialog shows when it opens.
+// The initial contents of the curve style dialog.
 #include "CurveLayoutDlg.h"
 #include "TranslateChild.h"
 
@@ -10,12 +10,12 @@
 namespace
 {
 
-// How the shapes are shown: the same for all but for the shape.
+// The pictures of the shapes differ in the shape only.
 constexpr short pictureSize = 10;
 constexpr short pictureFill = 1;
 constexpr COLORREF pictureColor = RGB(0, 0, 0);
 
-// Adds an item of the pictures' boxes and gives its number. DestroyWindow deletes the picture.
+// Adds an item with a picture and returns its index. DestroyWindow deletes the picture.
 LRESULT AddPicture(CComboBox& box, int position, LPCTSTR name, std::unique_ptr<k_LineDef> picture)
 {
     const LRESULT item =
@@ -32,7 +32,7 @@ void Select(CComboBox& box, LRESULT item)
     box.SendMessage(CB_SETCURSEL, static_cast<WPARAM>(item));
 }
 
-// Selects the first item that begins with the number's digits: 1 finds 10 where there is no 1.
+// Selects the first item that begins with the number's digits: 1 selects 10 if there is no 1.
 LRESULT SelectNumber(CComboBox& box, int number)
 {
     CString text;
@@ -120,8 +120,8 @@ void k_CurveLayoutDlg::FillSymbolFills(short selected)
     Select(m_SymbolFillCombo, selected);
 }
 
-// A box shows it by its selection, a picker by its colour. The check box has no mark: it shows the first
-// record's state.
+// Combo boxes show a mixed property by their selection, colour pickers by their colour. The check box has no
+// mark: it shows the state of the first record.
 void k_CurveLayoutDlg::MarkMixed()
 {
     m_Lines.UpdateUniformity();

@@ -1,4 +1,4 @@
-// The way from the frame to the editor, which is a module of its own: it is loaded when it is wanted.
+// The entry point of the editor, which is a module of its own and loaded on demand.
 #pragma once
 
 #include <windows.h>
@@ -6,7 +6,7 @@
 inline constexpr const TCHAR* k_EditorModule = _T("styleatlas-editor.dll");
 inline constexpr const char* k_EditorEntry = "RunStyleAtlasEditor";
 
-// Opens the editor above a window of the host's, or above none for null, and runs it; after OK the module's
-// table is the edited one. Gives what the dialog gave: IDOK, IDCANCEL, or -1 where it can't be shown.
+// Opens the editor above a window of the host, or above none for null. After OK the module's table is the
+// edited one. Returns the result of the dialog: IDOK, IDCANCEL, or -1 if it can't be shown.
 using k_PfnRunEditor = INT_PTR(WINAPI*)(HWND parent);
 extern "C" AFX_EXT_API INT_PTR WINAPI RunStyleAtlasEditor(HWND parent);

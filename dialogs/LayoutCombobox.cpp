@@ -8,13 +8,13 @@ namespace
 constexpr DWORD ownerDrawnStyle =
     WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | WS_HSCROLL | CBS_OWNERDRAWVARIABLE;
 
-// The low half decides: -1 may come with 32 bits or with 64, and no record stands at an odd address.
+// Looks at the low 32 bits only: -1 may be stored with 32 bits or with 64, and no record has an odd address.
 bool HasRecord(UINT_PTR itemData)
 {
     return itemData != 0 && static_cast<LONG>(itemData) != CB_ERR;
 }
 
-// Somebody else's context, which gets its colours back even if a pen for the picture can't be made.
+// A context that is owned elsewhere. Its colours are restored, even if a pen for the picture can't be made.
 class k_BorrowedDC : public CDC
 {
 public:

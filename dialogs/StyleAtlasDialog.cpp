@@ -61,7 +61,7 @@ BOOL k_StyleAtlasDialog::OnInitDialog()
     return TRUE;
 }
 
-// The table goes to its file whether or not anything was changed.
+// Writes the table to its file even if nothing was changed.
 void k_StyleAtlasDialog::OnOK()
 {
     CDialog::OnOK();

@@ -4,22 +4,22 @@
 #include <controls/ColumnTreeCtrl.h>
 #include <model/StyleAtlas.h>
 
-// Works on a copy of the module's atlas, which the caller takes over when DoModal gives IDOK; the layout file
-// has been written then. Rows of the tree point into the copy.
+// Works on a copy of the module's atlas. When DoModal returns IDOK, the layout file has been written, and the
+// caller takes the copy over. Rows of the tree point into the copy.
 class k_StyleAtlasDialog : public CDialog
 {
 public:
     explicit k_StyleAtlasDialog(CWnd* pParent = nullptr);
     ~k_StyleAtlasDialog() override;
 
-    // Makes a row of the tree for each row of the atlas.
+    // Replaces the rows of the tree by those of the atlas.
     void FillTree();
 
     k_ColumnTreeCtrl m_ColumnTree;
     k_StyleAtlas m_Atlas;
     CFont m_TreeFont;
     CFont m_HeaderFont;
-    CString m_LayoutFile; // the path chosen last, empty if none has been
+    CString m_LayoutFile; // the path chosen last, empty if none
     CStatic m_FilePathText;
 
 protected:

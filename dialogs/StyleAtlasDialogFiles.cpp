@@ -38,7 +38,7 @@ void k_StyleAtlasDialog::OnLoad()
     if (dialog.DoModal() != IDOK)
         return;
     m_LayoutFile = dialog.GetPathName();
-    // The rows go before what they show: a message of the load may have the tree painted.
+    // Delete the rows before the data that they show: a message of Load can repaint the tree.
     m_ColumnTree.m_Tree.SendMessage(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
     m_Atlas.Load(m_LayoutFile);
     m_Atlas.SetFilePath(m_LayoutFile);

@@ -9,7 +9,7 @@ void k_StyleAtlasDialog::OnRightClick(NMHDR* /*pNMHDR*/, LRESULT* pResult)
     *pResult = 0;
 }
 
-// Translated anew each time, so that it is in the language of the moment.
+// Loaded and translated each time it opens, so that it follows a change of language.
 void k_StyleAtlasDialog::OnContextMenu(CWnd* /*pWnd*/, CPoint point)
 {
     CMenu menu;

@@ -25,7 +25,8 @@ void k_StyleAtlasDialog::InsertColumns()
     }
 }
 
-// A row of level 0 doesn't end the last row of level 1: what is deeper goes below that one still.
+// A row of level 0 doesn't reset lastSubQuantity: deeper rows right after it still go below the previous row
+// of level 1.
 void k_StyleAtlasDialog::FillTree()
 {
     const k_WindowUpdateLock lock(m_hWnd);

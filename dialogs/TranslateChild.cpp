@@ -5,8 +5,8 @@
 
 BOOL CALLBACK TranslateChildProc(HWND child, LPARAM /*argument*/)
 {
-    constexpr int longestText = 255;
-    TCHAR text[longestText + 1];
+    constexpr int maxTextLength = 255;
+    TCHAR text[maxTextLength + 1];
     if (::GetWindowTextW(child, text, static_cast<int>(std::size(text))) > 0)
         ::SetWindowTextW(child, g_Language.GetStrippedText(text, k_LanguageSection, true));
     return TRUE;

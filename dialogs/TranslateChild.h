@@ -1,8 +1,8 @@
-// The texts of a dialog in the user's language.
+// The translation of a dialog.
 #pragma once
 
 #include <windows.h>
 
-// For EnumChildWindows: replaces the text of a control by its translation, and has the walk go on. Of a text
-// the first 255 characters count.
+// A callback of EnumChildWindows: replaces the text of a control by its translation. Only the first 255
+// characters of the text count. Always TRUE, to continue.
 BOOL CALLBACK TranslateChildProc(HWND child, LPARAM argument);

@@ -1,5 +1,5 @@
-// The numbers of the dialogs, their controls and the menu: what StyleAtlas.rc and the classes of the dialogs
-// agree on. Read by the resource compiler too, so these are macros.
+// The ids of the dialogs, their controls and the menu, shared by StyleAtlas.rc and the dialog classes. They
+// are macros because the resource compiler reads them too.
 #pragma once
 
 // Dialogs and menus
