@@ -1,4 +1,4 @@
-// The program's own malloc stands before the C library's, for every library that the program loads.
+// The program's malloc replaces the C library's for every library that the program loads.
 #include "AllocationCount.h"
 
 #include <atomic>

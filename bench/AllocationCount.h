@@ -1,4 +1,4 @@
-// How many blocks of memory the whole process has asked for, its libraries included.
+// Counts the memory blocks that the whole process has allocated, its libraries included.
 #pragma once
 
 #include <cstddef>

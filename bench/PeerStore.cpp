@@ -34,7 +34,7 @@ public:
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() { close(m_file); }
 
-    operator int() const { return m_file; } // NOLINT(google-explicit-constructor): it stands for the number
+    operator int() const { return m_file; } // NOLINT(google-explicit-constructor): used as the number
 
 private:
     int m_file;
@@ -85,13 +85,13 @@ PlainTable BareLoad(const std::filesystem::path& path, std::size_t rows)
     return MakePlainTable(rows);
 }
 
-void ReplaceFile(const std::filesystem::path& path, std::string_view bytes, std::size_t atOnce)
+void ReplaceFile(const std::filesystem::path& path, std::string_view bytes, std::size_t chunkSize)
 {
     const std::filesystem::path beside = path.native() + ".new";
     {
         const Descriptor file(beside, O_WRONLY | O_CREAT | O_TRUNC);
-        for (; !bytes.empty(); bytes.remove_prefix(std::min(atOnce, bytes.size()))) {
-            const std::size_t count = std::min(atOnce, bytes.size());
+        for (; !bytes.empty(); bytes.remove_prefix(std::min(chunkSize, bytes.size()))) {
+            const std::size_t count = std::min(chunkSize, bytes.size());
             if (write(file, bytes.data(), count) != static_cast<ssize_t>(count))
                 Fail("write");
         }

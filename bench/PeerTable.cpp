@@ -1,4 +1,4 @@
-// The peers' table and the bare loop, in a source of its own so that no call is compiled into its caller.
+// A separate source, so that calls are not inlined into the caller.
 #include "PeerTable.h"
 
 #include <model/QuantityDesc.h>

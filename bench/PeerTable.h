@@ -1,4 +1,4 @@
-// The peers' table: rows and records of the same size as the library's, each on the heap by itself, without a
+// The peers' table: rows and records of the same size as the library's, each allocated separately, without a
 // class framework.
 #pragma once
 
@@ -12,7 +12,7 @@ namespace bench
 constexpr int plainColumns = 32; // records of a row
 
 struct PlainStyle {
-    virtual ~PlainStyle() = default; // as in the library, the fields stand behind a pointer
+    virtual ~PlainStyle() = default; // as in the library: a pointer precedes the fields
     std::uint16_t Reserved = 0;
     std::uint32_t LineColor = 0;
     std::uint32_t SymbolColor = 0;
@@ -36,7 +36,7 @@ struct PlainRow {
     std::int32_t ColumnCount = plainColumns;
     bool ReservedFlag = false;
     std::uint8_t Level = 0;
-    void* StylesKind = nullptr; // the library's list of records has its kind, its sizes and its flags here
+    void* StylesPointer = nullptr; // from here on, the layout of the library's record list
     std::unique_ptr<std::unique_ptr<PlainStyle>[]> Styles;
     std::int64_t StyleCount = 0;
     std::int64_t StyleRoom = 0;
@@ -46,16 +46,15 @@ struct PlainRow {
 
 using PlainTable = std::vector<std::unique_ptr<PlainRow>>;
 
-// A row, then its array, then its records: the order in which the library allocates them.
+// Allocates a row, then its array, then its records, as the library does.
 std::unique_ptr<PlainRow> MakePlainRow();
 PlainTable MakePlainTable(std::size_t rows);
 
-// The table that BareLookup searches from now on; it stays the caller's and must not change while it is in
-// use.
+// Sets the table that BareLookup searches. It stays the caller's and must not change while it is in use.
 void SetBareTable(const PlainTable& table);
 
-// GetStyleAtlas as a bare loop over an array of pointers to rows: same arguments, same staged search, same
-// answer.
+// GetStyleAtlas as a bare loop over an array of pointers to rows, with the same arguments, search stages and
+// results.
 int BareLookup(std::int16_t fileColumn, std::uint16_t quantity, std::uint8_t subQuantity, std::uint8_t index,
                std::uint16_t device, std::uint32_t flags, std::uint32_t* symbolColor,
                std::int16_t* symbolShape, std::int16_t* symbolSize, std::int16_t* symbolFill,

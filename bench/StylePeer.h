@@ -1,4 +1,4 @@
-// The painting of a style as a user of QPainter would do it.
+// Paints styles with QPainter in the usual way.
 #pragma once
 
 #include <QPainter>
@@ -7,8 +7,8 @@
 namespace bench
 {
 
-// The picture of a style in a cell, without antialiasing: its line, and its symbol over the middle of it. Of
-// the same look as the library's, but for how each rounds. The painter comes without antialiasing.
+// Paints a style into a cell: its line, and its symbol over the middle. The result looks like the library's
+// except for rounding. The painter must have antialiasing switched off.
 void PaintStyleByPainter(QPainter& painter, const k_LineDef& style, const QRect& cell);
 
 } // namespace bench

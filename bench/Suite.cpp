@@ -15,12 +15,12 @@ const std::vector<std::string> commonOptions = {
 };
 constexpr std::string_view medianName = "median";
 
-// Shows what it is told as usual, and keeps the medians.
+// Reports to the console as usual and keeps the medians.
 class MedianReporter : public benchmark::ConsoleReporter
 {
 public:
-    MedianReporter(std::map<std::string, double>& medians, std::map<std::string, double>& passed)
-        : ConsoleReporter(OO_None), m_medians(medians), m_passed(passed)
+    MedianReporter(std::map<std::string, double>& medians, std::map<std::string, double>& elapsed)
+        : ConsoleReporter(OO_None), m_medians(medians), m_elapsed(elapsed)
     {
     }
 
@@ -30,14 +30,14 @@ public:
             if (run.aggregate_name != medianName)
                 continue;
             m_medians[run.run_name.function_name] = run.GetAdjustedCPUTime();
-            m_passed[run.run_name.function_name] = run.GetAdjustedRealTime();
+            m_elapsed[run.run_name.function_name] = run.GetAdjustedRealTime();
         }
         ConsoleReporter::ReportRuns(runs);
     }
 
 private:
     std::map<std::string, double>& m_medians;
-    std::map<std::string, double>& m_passed;
+    std::map<std::string, double>& m_elapsed;
 };
 
 } // namespace
@@ -51,7 +51,7 @@ Suite::Suite(int argc, char** argv, std::vector<std::string> options)
     std::vector<char*> arguments(argv, argv + 1);
     for (std::string& option : options)
         arguments.push_back(option.data());
-    arguments.insert(arguments.end(), argv + 1, argv + argc); // the last of equal options counts
+    arguments.insert(arguments.end(), argv + 1, argv + argc); // the last value of an option counts
     int count = static_cast<int>(arguments.size());
     arguments.push_back(nullptr);
     benchmark::Initialize(&count, arguments.data());
@@ -62,13 +62,13 @@ Suite::Suite(int argc, char** argv, std::vector<std::string> options)
 void Suite::Add(const std::string& name, double rows, std::function<void(benchmark::State&)> body)
 {
     m_rows[name] = rows;
-    // The time that passes says how often a body is repeated, as one that waits takes next to no other.
+    // Elapsed time decides how often a body is repeated: one that waits takes hardly any CPU time.
     benchmark::RegisterBenchmark(name.c_str(), std::move(body))->UseRealTime()->Unit(benchmark::kNanosecond);
 }
 
 void Suite::Run()
 {
-    MedianReporter reporter(m_medians, m_passed);
+    MedianReporter reporter(m_medians, m_elapsed);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::ClearRegisteredBenchmarks();
 }
@@ -93,7 +93,7 @@ void Suite::PrintLine(const Comparison& comparison) const
 {
     PrintRatio(comparison.Name, comparison, m_medians, comparison.Goal);
     if (comparison.WaitsForDisk)
-        PrintRatio("  the same with its waiting", comparison, m_passed, 0);
+        PrintRatio("  the same, elapsed time", comparison, m_elapsed, 0);
 }
 
 void Suite::PrintRatio(const std::string& name, const Comparison& comparison, const Medians& medians,

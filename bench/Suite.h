@@ -1,5 +1,5 @@
-// Measurements in pairs: what is ours against a peer, both measured in one run, shown as a table of ratios.
-// Time is the CPU time of the measuring thread, which other programs on the machine don't change.
+// Measurements in pairs: the library against a peer, both in the same run, shown as a table of ratios. Time
+// is the CPU time of the measuring thread, which other programs don't affect.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -12,38 +12,38 @@
 namespace bench
 {
 
-// The unit of what Suite::Run measures, to be completed by what a row stands for.
+// The unit of Suite::Run's results; append what a row is.
 inline const std::string threadTime = "ns of the thread's CPU time ";
 
-// A line of the table. The two names are those of measurements.
+// A line of the table. Ours and Peer are names of measurements.
 struct Comparison {
     std::string Name;
     std::string Ours;
     std::string Peer;
-    double Goal = 0; // the largest ratio of ours to the peer's that is good enough; 0 where there is no goal
-    bool WaitsForDisk = false; // the time that passes is shown on a second line
+    double Goal = 0;           // maximum ratio of ours to the peer's; 0: no goal
+    bool WaitsForDisk = false; // a second line shows the elapsed time
 };
 
-// Runs the measurements in random order, each several times over, so that what slows the machine for a while
-// strikes both sides, and compares the medians.
+// Runs each measurement several times, in random order, so that a temporary slowdown of the machine affects
+// both sides, and compares the medians.
 class Suite
 {
 public:
-    // Takes Google Benchmark's options from the command line; those of the program stand in for what isn't
-    // given.
+    // Takes Google Benchmark's options from the command line. The options passed here are the program's
+    // defaults.
     Suite(int argc, char** argv, std::vector<std::string> options = {});
 
-    // Adds a measurement, whose times are divided by a number of rows. The names of one suite differ.
+    // Adds a measurement, whose times are divided by the number of rows. Names are unique within a suite.
     void Add(const std::string& name, double rows, std::function<void(benchmark::State&)> body);
     void Compare(Comparison comparison) { m_comparisons.push_back(std::move(comparison)); }
 
-    // Runs and removes what has been added since the last run.
+    // Runs and removes the measurements that were added since the last run.
     void Run();
 
-    // Stands in for a measurement that the program makes by itself.
+    // Records the result of a measurement that the program made itself.
     void Record(const std::string& name, double median);
 
-    // Prints the comparisons of all runs; unit says what the numbers are.
+    // Prints the comparisons of all runs. The unit describes the numbers.
     void PrintTable(std::string_view title, std::string_view unit) const;
 
 private:
@@ -55,12 +55,12 @@ private:
 
     std::map<std::string, double> m_rows;
     Medians m_medians; // of the thread's CPU time
-    Medians m_passed;  // of the time that passed
+    Medians m_elapsed; // of the elapsed time
     std::vector<Comparison> m_comparisons;
 };
 
-// What a program's main gives: the body's result, or a failure that is told where an exception comes out of
-// it.
+// Runs the body of a main function and returns its result, or prints the exception that it raised and returns
+// EXIT_FAILURE.
 int RunProgram(int argc, char** argv, int (*body)(int, char**));
 
 } // namespace bench

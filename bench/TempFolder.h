@@ -1,4 +1,4 @@
-// A folder of a program's own for what it writes while it measures.
+// A temporary folder for what a program writes while it measures.
 #pragma once
 
 #include <cerrno>
@@ -9,8 +9,8 @@
 namespace bench
 {
 
-// In memory where the system has a place for that, so that no disk is measured. Gone with the object. A
-// folder that can't be made raises std::filesystem::filesystem_error.
+// In memory if possible, so that no disk is measured. Removed with the object. Raises
+// std::filesystem::filesystem_error if it can't be created.
 class TempFolder
 {
 public:
@@ -28,7 +28,7 @@ public:
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder()
     {
-        std::error_code ignored; // a folder that stays behind spoils no result
+        std::error_code ignored; // a leftover folder affects no result
         std::filesystem::remove_all(m_path, ignored);
     }
 

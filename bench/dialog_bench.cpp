@@ -1,6 +1,5 @@
 // The editor of the whole style atlas as its user waits for it: from EditStyleAtlas to the first picture,
-// from OK to the end with the file written, and the table read again; against a dialog of Qt's with a table
-// of items.
+// from OK until the file is written, and the reload of the table; against a Qt dialog with a table of items.
 #include "PeerTable.h"
 #include "StylePeer.h"
 #include "Suite.h"
@@ -54,7 +53,7 @@ void WriteCatalogue(const std::filesystem::path& path, int rows)
     }
 }
 
-// Does something as soon as the dialog that opens next has shown a whole picture of itself.
+// Runs an action once the next dialog that opens has painted itself completely.
 class OnFirstPicture : public QObject
 {
 public:
@@ -183,8 +182,8 @@ public:
     }
 };
 
-// As a user of Qt makes such a dialog in an afternoon: the items hold what is edited, a style for each cell,
-// which goes back into the table at OK, and a delegate paints it.
+// A simple dialog as usual with Qt: each cell has an item that holds its style, a delegate paints it, and OK
+// copies the styles back into the table.
 class PeerDialog : public QDialog
 {
 public:

@@ -1,5 +1,5 @@
-// GetStyleAtlas, called through the library as a host calls it, against the bare loop; and its allocations:
-// none.
+// GetStyleAtlas, called through the library as by a host, against the bare loop. It also counts its
+// allocations, which must be 0.
 #include "AllocationCount.h"
 #include "PeerTable.h"
 #include "Suite.h"
@@ -20,8 +20,8 @@ constexpr int countedCalls = 1000;
 constexpr std::uint16_t noQuantity = 65535;
 constexpr const char* title = "GetStyleAtlas";
 
-// All rows have these in common; each has a quantity of its own, so that every stage of the search passes at
-// the same row.
+// All rows have these values, and each a quantity of its own, so all stages of the search stop at the same
+// row.
 constexpr std::uint16_t device = 2;
 constexpr std::uint8_t subQuantity = 1;
 constexpr std::uint8_t index = 3;
@@ -36,7 +36,7 @@ struct Answer {
     friend bool operator==(const Answer&, const Answer&) = default;
 };
 
-// Calls straight, not through a pointer: the library's function takes the way through the linkage table.
+// A direct call, as by a host: the library's function is reached through the linkage table.
 template <auto Lookup> void Ask(std::uint16_t quantity, std::int16_t fileColumn, Answer& answer)
 {
     bench::PlainStyle& style = answer.Style;
@@ -73,7 +73,7 @@ void LoadLibraryTable(const bench::TempFolder& folder, std::size_t rows)
     StyleAtlasSetApplication(u"Bench");
 }
 
-// The peer's table, with the styles that the library answers.
+// The peer's table, with the styles that the library returns.
 bench::PlainTable CopyLibraryTable(std::size_t rows)
 {
     bench::PlainTable table = bench::MakePlainTable(rows);
@@ -113,7 +113,7 @@ std::size_t CountAllocations(std::uint16_t quantity)
     return bench::AllocationCount() - before;
 }
 
-// Compares at one table size; gives the number of allocations seen in the lookups.
+// Compares at one table size; returns the number of allocations in the lookups.
 std::size_t RunSize(bench::Suite& suite, std::size_t rows)
 {
     const bench::PlainTable peerTable = CopyLibraryTable(rows);

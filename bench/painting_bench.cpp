@@ -1,5 +1,5 @@
-// The painting of styles: a cell for each shape and fill, a page of cells, and growth with the size; against
-// QPainter without antialiasing, with its painter open all the time, and against filling the same area once.
+// The painting of styles: a cell for each shape and fill, a page of cells, and growth with the size of the
+// symbol; against QPainter without antialiasing, opened once, and against filling the same area once.
 #include "StylePeer.h"
 #include "Suite.h"
 
@@ -31,7 +31,7 @@ constexpr int growthSide = 300;
 constexpr COLORREF symbolColor = RGB(0x8B, 0, 0);
 constexpr COLORREF lineColor = RGB(0, 0, 0xFF);
 constexpr COLORREF cellColor = RGB(0xC0, 0xC0, 0xC0);
-constexpr double mostDifferent = 0.25; // of the pixels that either side paints
+constexpr double maxDifferent = 0.25; // of the pixels that either side paints
 
 void SetStyle(k_LineDef& style, int shape, int fill, int size = cellSymbol)
 {
@@ -42,7 +42,7 @@ void SetStyle(k_LineDef& style, int shape, int fill, int size = cellSymbol)
     style.LineColor = lineColor;
 }
 
-// An image, and a context on it.
+// An image with a device context.
 class Board
 {
 public:
@@ -61,8 +61,7 @@ public:
     CDC Dc;
 };
 
-// Where the symbol comes to stand. Both sides clear it first, as nothing is left to fill in a picture of
-// itself.
+// The area of the symbol. Both sides clear it first, as a symbol over itself leaves nothing to fill.
 CRect SymbolPlace(const k_LineDef& style, const RECT& cell)
 {
     CRect place((cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2, (cell.left + cell.right) / 2,
@@ -78,7 +77,7 @@ void PaintOurs(CDC& dc, const k_LineDef& style, const RECT& cell)
     style.DrawSymbol(&dc, cell);
 }
 
-// The same picture as a user of QPainter would draw it.
+// The same picture, drawn with QPainter in the usual way.
 class Peer
 {
 public:
@@ -97,7 +96,7 @@ private:
     QPainter m_painter;
 };
 
-// Measures painted pictures only if both sides paint the same, but for how each rounds.
+// Throws unless both sides paint the same picture except for rounding.
 void RequireAlike(const QImage& ours, const QImage& peer, const std::string& name)
 {
     int painted = 0;
@@ -111,12 +110,11 @@ void RequireAlike(const QImage& ours, const QImage& peer, const std::string& nam
             different += first != second ? 1 : 0;
         }
     }
-    if (painted == 0 || different > painted * mostDifferent)
+    if (painted == 0 || different > painted * maxDifferent)
         throw std::runtime_error(name + ": the two pictures differ");
 }
 
-// Adds the three measurements of pictures that paint(paintStyle) describes by calls of paintStyle(style,
-// cell).
+// Adds the three measurements of a picture: describe(paint) calls paint(style, cell) for each of its cells.
 template <class Describe>
 void AddPictures(bench::Suite& suite, const std::string& name, int width, int height, double cells,
                  const Describe& describe)
@@ -180,7 +178,7 @@ void AddPage(bench::Suite& suite)
                 });
 }
 
-// A symbol of a large size against one of a small size, for each pixel of the square that holds it.
+// A large symbol against a small one, per pixel of the square that holds it.
 void AddGrowth(bench::Suite& suite)
 {
     static constexpr RECT whole{0, 0, growthSide, growthSide};

@@ -1,4 +1,4 @@
-// What a host that only asks for a style pays from its start to its end: CPU time, memory and libraries,
+// The cost of a host that only asks for a style, from its start to its end: CPU time, memory and libraries,
 // against the same process without the library.
 #include "Suite.h"
 #include "TempFolder.h"
@@ -57,7 +57,7 @@ double Nanoseconds(const timeval& time)
     return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_usec) * 1e3;
 }
 
-// Looks at the program's process when it says that it has its answer, and lets it end.
+// Examines the program's process once it has reported its answer, then lets it end.
 Cost RunProgram(std::string program)
 {
     int ends[2];
@@ -104,7 +104,7 @@ int Run(int argc, char** argv)
     bench::Suite suite(argc, argv);
     const bench::TempFolder folder;
     setenv("STYLEATLAS_PREFIX", folder.Path().c_str(), 1);
-    unsetenv("MENSURA_CATALOGUE"); // the catalogue that is installed
+    unsetenv("MENSURA_CATALOGUE"); // use the installed catalogue
     const std::filesystem::path programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     RunProgram(programs / withLibrary); // the first run writes the settings
     std::vector<Cost> with;
@@ -122,7 +122,7 @@ int Run(int argc, char** argv)
         suite.Record(peer, Median(without, member));
         suite.Compare({.Name = name, .Ours = name, .Peer = peer});
     }
-    suite.PrintTable("A process that asks for one style and ends", "units as told");
+    suite.PrintTable("A process that asks for one style and ends", "in the units named");
     std::printf("libraries of Qt among them: %.0f\n", Median(with, &Cost::QtLibraries));
     return EXIT_SUCCESS;
 }

@@ -1,5 +1,5 @@
-/* A host that names itself, asks for one style, says that it is done, waits for an answer, and ends; 0 when
- * it got a style. */
+/* A host that sets its name, asks for one style, prints a line, waits for input, and ends; the exit code is 0
+ * if it got a style. */
 #include <stdio.h>
 #include <styleatlas.h>
 

@@ -1,4 +1,4 @@
-/* The same program without the library: what it costs to start and to end a process. */
+/* The same program without the library: the cost of starting and ending a process. */
 #include <stdio.h>
 
 int main(void)

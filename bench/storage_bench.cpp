@@ -15,10 +15,10 @@ namespace
 constexpr double goalAgainstJson = 0.1;
 constexpr double goalAgainstLoop = 2;
 constexpr std::size_t catalogueSizes[] = {150, 1500, 15000}; // entries
-constexpr WORD mostQuantities = 65535;
+constexpr WORD maxQuantities = 65535;
 constexpr WORD tableSizes[] = {30, 300, 3000}; // rows
 
-// Ten entries a quantity: three sub-quantities, of which two have indexes. Every third quantity is measured
+// Ten entries per quantity: three sub-quantities, two of them with indexes. Every third quantity is measured
 // by two devices.
 std::vector<test::UnitEntry> RealisticEntries(std::size_t count)
 {
@@ -78,7 +78,7 @@ bench::PlainTable PlainCopy(const k_StyleAtlas& atlas)
     return table;
 }
 
-// Quantities of nine indexes, each of which becomes ten rows: a group row and nine below it.
+// Quantities with nine indexes, each of which becomes ten rows: a group row and nine below it.
 std::vector<test::UnitEntry> EntriesOfRows(WORD rows)
 {
     constexpr WORD rowsOfGroup = 10;
@@ -91,7 +91,7 @@ std::vector<test::UnitEntry> EntriesOfRows(WORD rows)
     return entries;
 }
 
-// What stands on disk and in memory for one table size; each measurement finds its file here, and leaves it.
+// The files and tables of one table size, shared by its measurements, each of which leaves its file in place.
 struct Stored {
     WORD Rows = 0;
     std::filesystem::path Layout;
@@ -107,7 +107,7 @@ std::shared_ptr<Stored> MakeStored(const bench::TempFolder& folder, WORD rows)
     auto stored = std::make_shared<Stored>();
     stored->Rows = rows;
     const std::filesystem::path stem = folder.Path() / std::to_string(rows);
-    std::filesystem::create_directory(stem); // a folder each, as a layout file has
+    std::filesystem::create_directory(stem); // a folder of its own, as for a real layout file
     stored->Layout = stem / "Style.Atlas";
     stored->Json = stem / "style.json";
     stored->Loop = stem / "loop.bytes";
@@ -177,7 +177,7 @@ int Run(int argc, char** argv)
     const bench::TempFolder folder;
     for (const std::size_t count : catalogueSizes)
         AddCatalogue(suite, std::to_string(count) + " entries", RealisticEntries(count));
-    AddCatalogue(suite, "65535 quantities", test::SingleQuantities(mostQuantities));
+    AddCatalogue(suite, "65535 quantities", test::SingleQuantities(maxQuantities));
     suite.Run();
     for (const WORD rows : tableSizes)
         AddTableSize(suite, MakeStored(folder, rows));

@@ -21,13 +21,13 @@ namespace
 constexpr double paintGoal = 0.5;
 constexpr double noGoal = 0;
 constexpr double fillGoal = 1;
-constexpr double growthGoal = 1.25; // what a larger table costs the caches is granted
+constexpr double growthGoal = 1.25; // allows for the cache misses of a larger table
 constexpr int pageRows = 20;
 constexpr WORD tableSizes[] = {300, 5000};
 constexpr WORD rowsOfGroup = 10;
-constexpr double mostDifferent = 0.1; // of the pixels of the cells
+constexpr double maxDifferent = 0.1; // of the pixels of the cells
 
-// Groups of ten rows, in styles that the rules have given.
+// Groups of ten rows, styled by the bulk rules.
 void MakeTable(WORD rows)
 {
     g_StyleAtlas.Clear();
@@ -47,7 +47,7 @@ void Settle()
     QCoreApplication::processEvents();
 }
 
-// What is measured of a tree.
+// One of the two trees, with the actions that are measured.
 struct Tree {
     QWidget* Page = nullptr; // shows the rows
     std::function<void()> Fill;
@@ -100,7 +100,7 @@ public:
                     }};
     }
 
-    // So that both pages show so many rows and file columns.
+    // Resizes both trees so that their pages show the same number of rows and file columns.
     void Resize(int columns)
     {
         const QSize page(Frame().m_columnWidths[0] + columns * FileWidth(), pageRows * m_rowHeight);
@@ -115,7 +115,7 @@ public:
         Settle();
     }
 
-    // Throws unless both show the same cells, but for how each rounds.
+    // Throws unless both show the same cells except for rounding.
     void RequireAlike()
     {
         const QImage ours = PictureOf(*Ours().Page);
@@ -126,7 +126,7 @@ public:
             for (int x = cells.left(); x <= cells.right(); ++x)
                 different += ours.pixel(x, y) != peer.pixel(x, y) ? 1 : 0;
         }
-        if (ours.size() != peer.size() || different > cells.width() * cells.height() * mostDifferent)
+        if (ours.size() != peer.size() || different > cells.width() * cells.height() * maxDifferent)
             throw std::runtime_error("the two trees differ");
     }
 
@@ -173,7 +173,7 @@ void AddPage(bench::Suite& suite, Trees& trees)
             [image](const Tree& tree, int) { tree.Page->render(image.get()); });
 }
 
-// Without a goal: the peer moves the pixels that stay, ours paints the page.
+// No goal: the peer moves the pixels that remain visible, ours paints the whole page.
 void AddScrolling(bench::Suite& suite, Trees& trees)
 {
     AddPair(suite, trees, "a column to the side", 1, noGoal, [](const Tree& tree, int step) {
@@ -191,7 +191,7 @@ std::string NameOfFill(WORD rows)
     return "fill, " + std::to_string(rows) + " rows";
 }
 
-// Runs in the dialog's own loop of events.
+// Runs in the dialog's event loop.
 void RunAll(const std::vector<bench::Suite*>& suites, k_StyleAtlasDialog& dialog)
 {
     Trees trees(dialog);
@@ -229,7 +229,7 @@ int Run(int argc, char** argv)
     QTimer::singleShot(0, [&] {
         try {
             RunAll({&painting, &filling}, dialog);
-        } catch (...) { // Qt must not see it
+        } catch (...) { // must not unwind through Qt
             failure = std::current_exception();
         }
         dialog.EndDialog(IDCANCEL);
