@@ -1,5 +1,5 @@
-// Writes pictures of the editor: the dialog of the whole style atlas, and the curve style dialog on the style
-// of one curve, and on the styles of a row, which differ.
+// Writes pictures of the editor: the dialog of the whole style atlas, and the curve style dialog on one style
+// and on the different styles of a row.
 //   editor ATLAS.png ONE.png MANY.png
 #include <frame/StyleAtlasApp.h>
 
@@ -23,7 +23,7 @@ constexpr int frameWidth = 4;
 constexpr int captionHeight = 26;
 const QColor frameColor(0x5A, 0x64, 0x70);
 
-// The dialog in a plain frame, which no window manager gives it here.
+// The dialog in a plain frame: the offscreen platform has no window manager.
 QImage PictureOf(QWidget& dialog)
 {
     const QPixmap inside = dialog.grab();

@@ -60,7 +60,7 @@ public:
         m_y += headingHeight;
     }
 
-    // A row of the pictures style(0), style(1) ...
+    // A row of pictures of style(0), style(1) and so on.
     template <class Style> void Row(const CString& caption, int count, const Style& style)
     {
         Write(caption, {margin, m_y, margin + captionWidth, m_y + cellHeight}, captionColor, 0);
@@ -166,8 +166,8 @@ int Fill(CDC& dc)
 
 bool WritePicture(const char* path)
 {
-    constexpr int highest = 2000;
-    QImage image(pageWidth, highest, QImage::Format_RGB32);
+    constexpr int maxHeight = 2000;
+    QImage image(pageWidth, maxHeight, QImage::Format_RGB32);
     const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(image.bits()), image.width(), image.height(),
                                image.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
     CDC dc;
