@@ -6,7 +6,7 @@
 #include <LayoutBytes.h>
 #include <host/LayoutFile.h>
 #include <map>
-#include <system/MessageDoor.h>
+#include <system/MessageBoxHook.h>
 
 namespace
 {
@@ -75,7 +75,7 @@ void RequireSame(const atlashost::LayoutFile& file, const k_StyleAtlas& atlas)
 void fuzz::Try(std::string_view bytes)
 {
     static const bool isPrepared = [] {
-        SetMessageDoor([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
+        SetMessageBoxHook([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
         test::SetUnits(CatalogueEntries());
         return true;
     }();

@@ -5,7 +5,7 @@
 #include <TempPrefix.h>
 #include <cstring>
 #include <model/StyleAtlas.h>
-#include <system/MessageDoor.h>
+#include <system/MessageBoxHook.h>
 
 namespace
 {
@@ -23,7 +23,7 @@ CString LoadedPath(LPCTSTR subKey)
 void fuzz::Try(std::string_view bytes)
 {
     static const test::TempPrefix prefix;
-    static const MessageDoor before = SetMessageDoor([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
+    static const MessageBoxHook before = SetMessageBoxHook([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
     static_cast<void>(before);
     static const CString defaultPath = LoadedPath(_T("S-1\\None"));
     if (bytes.empty())
