@@ -1,5 +1,7 @@
 #include "MessageReader.h"
 
+#include <Ascii.h>
+
 #include <algorithm>
 #include <cstdint>
 
@@ -21,7 +23,7 @@ constexpr std::uint32_t magic = 0x950412DE;
 constexpr std::uint32_t magicSwapped = 0xDE120495;
 constexpr std::uint32_t newestMajorRevision = 1;
 constexpr std::string_view charsetKey = "charset=";
-constexpr std::string_view charsetWanted = "UTF-8";
+constexpr std::string_view charsetWanted = "utf-8";
 
 class MessageReader
 {
@@ -83,11 +85,6 @@ private:
     std::size_t m_textsSize = 0;
 };
 
-constexpr char UpperCase(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 // Says whether the message that describes the file leaves UTF-8 as its character set.
 bool IsUtf8(std::string_view description)
 {
@@ -96,7 +93,7 @@ bool IsUtf8(std::string_view description)
         return true;
     std::string_view charset = description.substr(key + charsetKey.size());
     charset = charset.substr(0, charset.find_first_of(" \t\n"));
-    return std::ranges::equal(charset, charsetWanted, {}, UpperCase);
+    return std::ranges::equal(charset, charsetWanted, {}, FoldAscii<char>);
 }
 
 } // namespace

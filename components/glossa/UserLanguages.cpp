@@ -1,5 +1,7 @@
 #include "UserLanguages.h"
 
+#include <Ascii.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -53,7 +55,7 @@ std::string_view Wanted()
 
 constexpr bool IsLetterOrDigit(char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    return IsAsciiLetter(c) || (c >= '0' && c <= '9');
 }
 
 // A name that could lead out of the folder of catalogues is none.

@@ -1,7 +1,9 @@
 #include "Paths.h"
 
+#include "Ascii.h"
 #include "CaseFolding.h"
 #include "Descriptors.h"
+#include "TextCopy.h"
 #include "Unicode.h"
 
 #include <shlobj.h>
@@ -29,10 +31,6 @@ constexpr std::size_t userRecordSize = 16384; // of getpwuid_r; ample
 constexpr bool IsSeparator(char16_t c)
 {
     return c == u'\\' || c == u'/';
-}
-constexpr bool IsDriveLetter(char16_t c)
-{
-    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
 }
 
 // Empty for a host that acts for another user than the one who started it: the environment is that user's.
@@ -118,7 +116,7 @@ std::string OnDrive(char16_t drive, std::u16string_view path)
     if (native.empty())
         return native;
     native += driveFolder;
-    native += static_cast<char>(drive | 0x20); // in small letters
+    native += static_cast<char>(FoldAscii(drive));
     std::string likeWritten = native;
     const std::vector<std::u16string_view> names = PathNames(path);
     for (const std::u16string_view name : names)
@@ -148,7 +146,7 @@ std::string NativePath(std::u16string_view path)
 {
     if (path.empty() || path[0] == u'/')
         return ToUtf8(path);
-    if (path.size() >= 2 && IsDriveLetter(path[0]) && path[1] == u':')
+    if (path.size() >= 2 && IsAsciiLetter(path[0]) && path[1] == u':')
         return OnDrive(path[0], path.substr(2));
     if (path[0] == u'\\')
         return OnDrive(u'c', path);
@@ -187,7 +185,6 @@ HRESULT SHGetFolderPathW(HWND /*owner*/, int folder, HANDLE /*token*/, DWORD /*f
     if (folder != CSIDL_COMMON_APPDATA)
         return E_INVALIDARG;
     static_assert(commonDataFolder.size() < MAX_PATH);
-    std::copy(commonDataFolder.begin(), commonDataFolder.end(), path);
-    path[commonDataFolder.size()] = 0;
+    CopyText(commonDataFolder, path, MAX_PATH);
     return S_OK;
 }

@@ -1,5 +1,6 @@
 #include <afx.h>
 
+#include "Ascii.h"
 #include "Memory.h"
 
 #include <algorithm>
@@ -9,16 +10,11 @@
 namespace
 {
 
-constexpr TCHAR FoldCase(TCHAR ch)
-{
-    return ch >= u'A' && ch <= u'Z' ? static_cast<TCHAR>(ch + (u'a' - u'A')) : ch;
-}
-
 int CompareFolded(std::u16string_view first, std::u16string_view second)
 {
     const std::size_t common = std::min(first.size(), second.size());
     for (std::size_t i = 0; i < common; ++i) {
-        const int difference = FoldCase(first[i]) - FoldCase(second[i]);
+        const int difference = FoldAscii(first[i]) - FoldAscii(second[i]);
         if (difference != 0)
             return difference;
     }

@@ -1,4 +1,5 @@
 // Texts in buffers of fixed size.
+#include "TextCopy.h"
 #include "Unicode.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ struct PartBuffer {
     void Set(std::u16string_view part) const
     {
         if (Text != nullptr)
-            Text[part.copy(Text, part.size())] = 0;
+            CopyText(part, Text, Size);
     }
 };
 
@@ -34,12 +35,8 @@ constexpr bool IsInsideCharacter(char byte)
 
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int maxLength)
 {
-    if (maxLength <= 0)
-        return target;
-    const std::u16string_view text(source);
-    const std::size_t copied = std::min(text.size(), static_cast<std::size_t>(maxLength) - 1);
-    text.copy(target, copied);
-    target[copied] = 0;
+    if (maxLength > 0)
+        CopyText(source, target, static_cast<std::size_t>(maxLength));
     return target;
 }
 
