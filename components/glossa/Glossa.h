@@ -17,7 +17,7 @@
 
 namespace glossa
 {
-class Catalogue;
+class MessageCatalogue;
 }
 
 // A text without a translation is given back unchanged, and so is every text where there is no memory. The
@@ -41,9 +41,9 @@ public:
     CString GetUnStrippedText(CString strText, CString strSection, bool bUseUserLanguage);
 
 private:
-    const glossa::Catalogue* Loaded() noexcept;
+    const glossa::MessageCatalogue* Loaded() noexcept;
 
-    std::unique_ptr<const glossa::Catalogue> m_pCatalogue;
+    std::unique_ptr<const glossa::MessageCatalogue> m_pCatalogue;
 };
 
 // Prepares the library for a module of the class framework; called once, when the module is attached: a

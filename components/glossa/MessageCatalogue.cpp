@@ -1,10 +1,10 @@
-#include "Catalogue.h"
+#include "MessageCatalogue.h"
 
 #include <optional>
 
 #include <Unicode.h>
 
-#include "CatalogueFile.h"
+#include "MessageCatalogueFile.h"
 #include "MessageReader.h"
 #include "UserLanguages.h"
 
@@ -35,15 +35,15 @@ std::u16string StripText(std::u16string_view text)
 
 } // namespace
 
-Catalogue::Catalogue()
+MessageCatalogue::MessageCatalogue()
 {
     for (const std::string& language : UserLanguages())
         AddFile(m_user, language);
     AddFile(m_english, std::string(englishLanguage));
 }
 
-const Translation* Catalogue::Find(std::u16string_view section, std::u16string_view text,
-                                   Language language) const noexcept
+const Translation* MessageCatalogue::Find(std::u16string_view section, std::u16string_view text,
+                                          Language language) const noexcept
 {
     const KeyView key(section, text);
     const Translation* const found = language == Language::User ? FindIn(m_user, key) : nullptr;
@@ -51,9 +51,9 @@ const Translation* Catalogue::Find(std::u16string_view section, std::u16string_v
 }
 
 // What an earlier file has translated stays: the user prefers its language.
-void Catalogue::AddFile(Translations& translations, const std::string& language)
+void MessageCatalogue::AddFile(Translations& translations, const std::string& language)
 {
-    const CatalogueFile file = ReadCatalogueFile(language);
+    const MessageCatalogueFile file = ReadMessageCatalogueFile(language);
     if (file.Bytes.empty())
         return;
     const std::optional<std::vector<Message>> messages = ReadMessages(file.Bytes);
@@ -74,7 +74,7 @@ void Catalogue::AddFile(Translations& translations, const std::string& language)
     }
 }
 
-const Translation* Catalogue::FindIn(const Translations& translations, const KeyView& key) noexcept
+const Translation* MessageCatalogue::FindIn(const Translations& translations, const KeyView& key) noexcept
 {
     const auto place = translations.find(key);
     return place != translations.end() ? &place->second : nullptr;

@@ -6,14 +6,14 @@
 namespace glossa
 {
 
-struct CatalogueFile {
+struct MessageCatalogueFile {
     std::string Path;
     std::string Bytes; // empty where there is no such file, or none that can be used
 };
 
 // Reads <locale folder>/<language>/LC_MESSAGES/glossa.mo. A file that stands there and cannot be used is
 // told. language is one path part. Throws std::exception where there is no memory.
-CatalogueFile ReadCatalogueFile(const std::string& language);
+MessageCatalogueFile ReadMessageCatalogueFile(const std::string& language);
 
 // Says on standard error that a file is left out, and why. Throws std::exception where there is no memory.
 void TellUnusable(const std::string& path, const char* reason);

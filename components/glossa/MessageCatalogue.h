@@ -19,12 +19,12 @@ enum class Language {
     English // English alone
 };
 
-class Catalogue
+class MessageCatalogue
 {
 public:
     // Reads the catalogue files that the environment chooses. What is missing or damaged is left out; throws
     // std::exception where there is no memory.
-    Catalogue();
+    MessageCatalogue();
 
     // Null where there is no translation. The translation stays the catalogue's and never moves.
     const Translation* Find(std::u16string_view section, std::u16string_view text,

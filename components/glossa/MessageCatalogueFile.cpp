@@ -1,4 +1,4 @@
-#include "CatalogueFile.h"
+#include "MessageCatalogueFile.h"
 
 #include <ModuleFolder.h>
 #include <StandardError.h>
@@ -26,9 +26,9 @@ std::string LocaleFolder()
 
 } // namespace
 
-CatalogueFile ReadCatalogueFile(const std::string& language)
+MessageCatalogueFile ReadMessageCatalogueFile(const std::string& language)
 {
-    CatalogueFile file{LocaleFolder() + "/" + language + fileBelowLanguage, {}};
+    MessageCatalogueFile file{LocaleFolder() + "/" + language + fileBelowLanguage, {}};
     errno = 0;
     const char* hindrance = ReadWholeFile(file.Path, largestFile, file.Bytes);
     const bool isMissing = errno == ENOENT || errno == ENOTDIR;
