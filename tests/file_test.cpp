@@ -98,7 +98,6 @@ TEST(FileTest, AFileThatEndsTooEarlyRaisesEndOfFile)
         fs::resize_file(native, length);
         CFile file;
         ASSERT_TRUE(file.Open(drivePath, CFile::modeRead));
-        EXPECT_EQ(file.GetLength(), length);
         CArchive ar(&file, CArchive::load, bufferSize);
         EXPECT_EQ(CauseOf([&ar] { ExpectValues(ar); }), CArchiveException::endOfFile) << length;
         EXPECT_EQ(CauseOf([&ar] { ar << 1; }), CArchiveException::readOnly) << "the wrong direction";

@@ -51,7 +51,7 @@ TEST_F(RegistryTest, EveryTypeAndSizeComesBackInAnotherProcess)
 {
     const std::tuple<LPCTSTR, DWORD, std::string> values[] = {
         {_T("text"), REG_SZ, "C\0:\0\0\0"s},
-        {_T("\xD800\u00C4"), REG_BINARY, std::string(1 << 20, 'y')},
+        {_T("\xD800\u00C4"), test::binaryType, std::string(1 << 20, 'y')},
         {_T(""), 77, ""}, // the value without a name, of a type that nobody knows
     };
     const auto store = [&values] {

@@ -7,30 +7,28 @@
 #include <cstring>
 #include <memory>
 
-// A file, opened by a path of the drives or a native one. Any failure but that of Open raises the file
-// exception.
+// A file, opened by a drive path or a native one. All errors but those of Open raise the file exception.
 class PLATFORM_API CFile : public CObject
 {
 public:
     enum OpenFlags : UINT { modeRead = 0x0000, modeWrite = 0x0001, modeCreate = 0x1000 };
 
     CFile() = default;
-    ~CFile() override; // closes; what fails then is lost
+    ~CFile() override; // closes, and ignores errors
 
-    // Reading takes ordinary files only, so that no device or pipe can hold up the caller. modeCreate empties
-    // a file that exists. False when the file can't be opened.
+    // For reading, opens regular files only, so that no device or pipe can block the caller. modeCreate
+    // truncates an existing file. False if the file can't be opened.
     virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags);
     virtual UINT Read(void* lpBuf, UINT nCount); // fewer bytes only at the end of the file
     virtual void Write(const void* lpBuf, UINT nCount);
-    virtual ULONGLONG GetLength() const; // in bytes
     virtual void Close();
-    virtual void Abort(); // closes whatever happens, and raises nothing
+    virtual void Abort(); // closes, and raises nothing
     CString GetFilePath() const { return m_strFileName; }
 
 protected:
     static constexpr int hFileNull = -1;
 
-    static constexpr UINT newFileMode = 0666; // less what the user's mask takes away
+    static constexpr UINT newFileMode = 0666; // less the umask
 
     BOOL OpenNative(const std::string& path, int flags, UINT mode = newFileMode);
     [[noreturn]] void ThrowSystemError(int error) const;
@@ -39,8 +37,8 @@ protected:
     CString m_strFileName;
 };
 
-// A byte buffer over a file: integers go in and out in little-endian order, one after the other. It doesn't
-// own the file. A store that isn't closed is flushed on destruction, unless bNoFlushOnDelete was asked for.
+// Buffered, little-endian serialization to or from a file, which it doesn't own. A storing archive that isn't
+// closed is flushed on destruction, unless it was constructed with bNoFlushOnDelete.
 class PLATFORM_API CArchive
 {
 public:
@@ -51,14 +49,12 @@ public:
     CArchive& operator=(const CArchive&) = delete;
     ~CArchive();
 
-    BOOL IsLoading() const { return (m_nMode & load) != 0; }
     BOOL IsStoring() const { return (m_nMode & load) == 0; }
 
-    void Flush(); // a store: empties the buffer into the file
-    void Close(); // flushes and lets the file go
+    void Close(); // flushes, and detaches the file
 
-    // Bytes as they are, with one comparison: of the wrong direction there is neither room nor anything to
-    // read. Where the file has fewer, endOfFile is raised.
+    // Raw bytes. One comparison covers the wrong direction too, in which there is neither room nor data. A
+    // read past the end of the file raises endOfFile.
     void Write(const void* lpBuf, UINT nMax)
     {
         if (m_lpWriteEnd - m_lpBufCur < static_cast<std::ptrdiff_t>(nMax))
@@ -95,9 +91,10 @@ public:
 
 private:
     static_assert(std::endian::native == std::endian::little,
-                  "the stream is little-endian, and so is the machine");
+                  "values are copied without conversion to the stream, which is little-endian");
 
-    // What doesn't fit into the buffer, or isn't all there.
+    // The slow paths, when the buffer is full or used up.
+    void Flush();
     void WriteThrough(const BYTE* from, UINT nCount);
     void ReadThrough(BYTE* to, UINT nCount);
 
@@ -107,7 +104,7 @@ private:
         return *this;
     }
 
-    // A value that isn't all there is not touched.
+    // Leaves the value unchanged at the end of the file.
     template <class Integer> CArchive& Get(Integer& value)
     {
         Integer whole{};
@@ -121,6 +118,6 @@ private:
     int m_nBufSize;
     std::unique_ptr<BYTE[]> m_lpBufStart;
     BYTE* m_lpBufCur;   // the next byte to read or to write
-    BYTE* m_lpReadEnd;  // of the bytes read; a store has none
-    BYTE* m_lpWriteEnd; // of the buffer; a load has no room
+    BYTE* m_lpReadEnd;  // of the bytes read; m_lpBufStart when storing
+    BYTE* m_lpWriteEnd; // of the buffer; m_lpBufStart when loading
 };
