@@ -54,14 +54,14 @@ CString k_GlossaW::GetUnStrippedText(CString strText, CString strSection, bool b
     return found != nullptr ? CString(found->Text.c_str()) : strText;
 }
 
-// The catalogues are read when a text is first needed: a program that shows nothing never touches the disk.
+// The catalogues are read at the first lookup, so that a program without windows never touches the disk.
 const glossa::MessageCatalogue* k_GlossaW::Loaded() noexcept
 {
     try {
         if (!m_pCatalogue)
             m_pCatalogue = std::make_unique<const glossa::MessageCatalogue>();
     } catch (const std::exception&) {
-        return nullptr; // no memory: this text stays as it is, the next one tries again
+        return nullptr; // no memory: this text stays untranslated, the next lookup tries again
     }
     return m_pCatalogue.get();
 }

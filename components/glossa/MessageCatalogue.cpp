@@ -23,7 +23,7 @@ std::u16string StripText(std::u16string_view text)
     std::u16string stripped;
     stripped.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        // Of two marks the second is a letter like any other.
+        // "&&" stands for a single "&".
         if (text[i] == accessKeyMark && ++i == text.size())
             break;
         stripped.push_back(text[i]);
@@ -50,7 +50,7 @@ const Translation* MessageCatalogue::Find(std::u16string_view section, std::u16s
     return found != nullptr ? found : FindIn(m_english, key);
 }
 
-// What an earlier file has translated stays: the user prefers its language.
+// Earlier files take precedence: their languages are preferred.
 void MessageCatalogue::AddFile(Translations& translations, const std::string& language)
 {
     const MessageCatalogueFile file = ReadMessageCatalogueFile(language);
@@ -58,13 +58,13 @@ void MessageCatalogue::AddFile(Translations& translations, const std::string& la
         return;
     const std::optional<std::vector<Message>> messages = ReadMessages(file.Bytes);
     if (!messages) {
-        TellUnusable(file.Path, "not a gettext catalogue in UTF-8, or damaged");
+        ReportUnusable(file.Path, "not a gettext catalogue in UTF-8, or damaged");
         return;
     }
     for (const Message& message : *messages) {
         const std::size_t end = message.Id.find(contextEnd);
         if (end == std::string_view::npos || message.Text.empty())
-            continue; // without a section, or not yet translated
+            continue; // without a section, or untranslated
         const auto [place, isNew] = translations.try_emplace(
             Key(ToUtf16(message.Id.substr(0, end)), ToUtf16(message.Id.substr(end + 1))));
         if (!isNew)

@@ -1,4 +1,4 @@
-// Where the catalogue files stand, and their contents.
+// The catalogue files: where they are, and their contents.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@ namespace glossa
 
 struct MessageCatalogueFile {
     std::string Path;
-    std::string Bytes; // empty where there is no such file, or none that can be used
+    std::string Bytes; // empty if the file is missing or unusable
 };
 
-// Reads <locale folder>/<language>/LC_MESSAGES/glossa.mo. A file that stands there and cannot be used is
-// told. language is one path part. Throws std::exception where there is no memory.
+// Reads <locale folder>/<language>/LC_MESSAGES/glossa.mo; language is one path part. An unusable file is
+// reported. Throws std::bad_alloc.
 MessageCatalogueFile ReadMessageCatalogueFile(const std::string& language);
 
-// Says on standard error that a file is left out, and why. Throws std::exception where there is no memory.
-void TellUnusable(const std::string& path, const char* reason);
+// Reports on standard error that a file is left out, and why. Throws std::bad_alloc.
+void ReportUnusable(const std::string& path, const char* reason);
 
 } // namespace glossa
