@@ -1,5 +1,5 @@
-// A registry value that names the layout file, of any type and any bytes, the type in the first of them: a
-// whole text is the path, all else gives the default, which then stands there.
+// The registry value with the path of the layout file, of any type (the first byte) and any bytes: a valid
+// text is the path; anything else is replaced by the default.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>
