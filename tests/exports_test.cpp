@@ -146,7 +146,8 @@ TEST_F(Exports, LeaveAHostItsApplicationObject)
     m_program = GUI_HOST;
     m_environment.insert(m_environment.end(),
                          {"QT_QPA_PLATFORM=offscreen", "LD_LIBRARY_PATH=" LIBRARY_FOLDER});
-    EXPECT_EQ(Run({"open", "bench", "state"}).Output, "named\nnone C\n"); // queries create no application object
+    EXPECT_EQ(Run({"open", "bench", "state"}).Output,
+              "named\nnone C\n"); // queries create no application object
     EXPECT_EQ(Run({"own", "open", "bench", "state"}).Output, "named\nown C.UTF-8\n");
 }
 
