@@ -12,7 +12,7 @@ void fuzz::Require(bool holds, const char* what)
     std::abort();
 }
 
-// What libFuzzer calls; the linker has to see it.
+// The entry point for libFuzzer, which must be visible to the linker.
 extern "C" [[gnu::visibility("default")]] int LLVMFuzzerTestOneInput(const std::uint8_t* data,
                                                                      std::size_t size)
 {

@@ -1,4 +1,4 @@
-// What the fuzzers have in common: each tries one reader on bytes that may come from anybody.
+// Shared by the fuzzers, each of which tries one reader on untrusted bytes.
 #pragma once
 
 #include <string_view>
@@ -6,10 +6,10 @@
 namespace fuzz
 {
 
-// Each fuzzer's own: reads the bytes and requires what holds for any bytes at all.
+// Defined by each fuzzer: reads the bytes and requires the invariants that hold for any input.
 void Try(std::string_view bytes);
 
-// Ends the run, and names what doesn't hold.
+// Aborts the run with a message unless the condition holds.
 void Require(bool holds, const char* what);
 
 } // namespace fuzz

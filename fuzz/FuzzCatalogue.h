@@ -1,4 +1,4 @@
-// What the fuzzer and its seeds have in common: the catalogue that the layout file is laid over.
+// The catalogue that layout files are read into, by the fuzzer and by what creates its seeds.
 #pragma once
 
 #include <ScriptedModel.h>

@@ -1,19 +1,19 @@
-// The reader of the layout file: what it takes in has to come back from a second reading of what it writes,
-// what it refuses must do no harm, and the sample host's reader has to see the same.
+// The reader of the layout file: what it accepts survives writing and reading again, what it refuses does no
+// harm, and the sample host's reader agrees.
 #include "Fuzz.h"
 #include "FuzzCatalogue.h"
 
 #include <LayoutBytes.h>
 #include <host/LayoutFile.h>
 #include <map>
-#include <system/MessageDoor.h>
+#include <system/MessageBoxHook.h>
 
 namespace
 {
 
 using fuzz::Require;
 
-// A file that the reader refuses raises an exception of the framework's; any other ends the run.
+// False for a refused file, which raises a framework exception; any other exception ends the run.
 bool IsTaken(k_StyleAtlas& atlas, std::string_view bytes)
 {
     try {
@@ -75,7 +75,7 @@ void RequireSame(const atlashost::LayoutFile& file, const k_StyleAtlas& atlas)
 void fuzz::Try(std::string_view bytes)
 {
     static const bool isPrepared = [] {
-        SetMessageDoor([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
+        SetMessageBoxHook([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
         test::SetUnits(CatalogueEntries());
         return true;
     }();
@@ -89,6 +89,6 @@ void fuzz::Try(std::string_view bytes)
     Require(isTaken == !file.Damage(), "one reader takes what the other refuses");
     if (isTaken)
         RequireSame(file, atlas);
-    // What a refused file left behind is a table as good as any.
+    // A refused file must leave a valid table behind.
     RequireRoundTrip(atlas);
 }

@@ -1,5 +1,5 @@
-// Writes seeds into a folder, a folder in it for each fuzzer: whole files of each shape that a reader tells
-// apart, made by the calls that write such files.
+// Writes the seeds, with a folder for each fuzzer: valid files of each shape that a reader distinguishes,
+// written by the product itself.
 #include "FuzzCatalogue.h"
 
 #include <LayoutBytes.h>
@@ -42,7 +42,7 @@ void MakeLayouts(const Folder& folder)
     }
 }
 
-// A value begins with a byte that is its type.
+// The first byte of a value is its type.
 void MakeValues(const Folder& folder)
 {
     for (const std::u16string& text : {u"C:\\a\\Style.Atlas"s, u"/a/\xD83D\xDE00"s,
@@ -68,7 +68,7 @@ void MakeRegistry(const Folder& folder)
 
 } // namespace
 
-// A folder that can't be written to ends it.
+// An unwritable folder ends the program with an exception.
 int main(int argc, char** argv)
 {
     if (argc != 2) {

@@ -1,5 +1,5 @@
-// The reader of measured files: its counts agree, its points of time are those of a calendar, and a file that
-// is written from what it read reads the same.
+// The reader of measured files: its counts agree, its times are valid, and a file written from what it read
+// reads the same.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>
@@ -16,9 +16,9 @@ using fuzz::Require;
 namespace
 {
 
-constexpr double yearTenThousand = 253402300800.0; // to which the last moments of 9999 are rounded
+constexpr double yearTenThousand = 253402300800.0; // the last moments of 9999 are rounded to it
 
-// Times as numbers, whatever they were.
+// Writes times as numbers, whatever their form.
 std::string Written(const MeasuredFile& file)
 {
     std::ostringstream out;

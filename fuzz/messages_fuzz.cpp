@@ -1,5 +1,5 @@
-// The reader of message catalogues: each text that it finds lies in the file and is ended there, and a
-// program is given just these texts.
+// The reader of message catalogues: each text is within the file and terminated there, and lookups return
+// exactly these texts.
 #include "Fuzz.h"
 
 #include <Glossa.h>
@@ -29,7 +29,7 @@ void fuzz::Try(std::string_view bytes)
     static const test::ScopedVariable variable("GLOSSA_LOCALEDIR", prefix.Native().c_str());
     test::WriteWhole(folder + "/glossa.mo", bytes);
 
-    // Of several messages with one id the first counts.
+    // Of messages with equal ids the first counts.
     std::map<std::pair<std::u16string, std::u16string>, std::u16string> wanted;
     const auto messages = glossa::ReadMessages(bytes);
     for (const glossa::Message& message : messages.value_or(std::vector<glossa::Message>())) {

@@ -1,5 +1,5 @@
-// The registry on any file in the place of its database: an answer keeps to its buffer, and a value that was
-// taken comes back as it was.
+// The registry with any file as its database: values stay within the buffer, and a value that was stored is
+// read back unchanged.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>
@@ -14,7 +14,7 @@ namespace
 
 constexpr LPCTSTR valueName = _T("StyleAtlas");
 
-// The value's bytes; the result tells whether there are any.
+// The value's bytes, if the result is ERROR_SUCCESS.
 LONG Query(HKEY key, DWORD room, std::string& bytes)
 {
     constexpr BYTE untouched = 0xCC;

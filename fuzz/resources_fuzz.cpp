@@ -1,5 +1,5 @@
-// The readers of compiled resources, on each resource of a file: what they read is no larger than its bytes,
-// its texts end where they end, and bytes behind a resource change nothing.
+// The readers of compiled resources, on each resource of a file: they read nothing beyond its bytes, its
+// texts are terminated, and bytes after a resource are ignored.
 #include "Fuzz.h"
 
 #include <ResourceText.h>
@@ -24,12 +24,12 @@ std::string InitText(Bytes bytes)
 
 void TryResource(Bytes bytes)
 {
-    constexpr std::size_t mostOfOne = 32; // characters that a byte can become
+    constexpr std::size_t maxPerByte = 32; // characters that one byte can expand to
     std::vector<std::byte> longer(bytes.begin(), bytes.end());
     longer.insert(longer.end(), 64, std::byte{'A'});
     for (const auto read : {test::MenuText, test::DialogText, InitText}) {
         const std::string text = read(bytes);
-        Require(text.size() <= mostOfOne * bytes.size(), "a resource is larger than its bytes");
+        Require(text.size() <= maxPerByte * bytes.size(), "a resource is larger than its bytes");
         Require(text.find('\0') == std::string::npos, "a text goes on behind its end");
         Require(text.empty() || text == read(longer), "bytes behind a resource change it");
     }

@@ -1,5 +1,5 @@
-// The reader of unit catalogues, behind the unit library's calls: a catalogue that is written from the list
-// and the texts that it gives has the same list and the same texts.
+// The reader of unit catalogues, through the unit library's functions: a catalogue written from its list and
+// texts reads the same.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>
@@ -9,7 +9,7 @@
 namespace
 {
 
-// The list as the catalogue that holds it, with numbers in their shortest form.
+// The list as a catalogue, with numbers in their shortest form.
 std::string ListOf(const std::string& path, std::string_view bytes)
 {
     test::WriteWhole(path, bytes);

@@ -1,11 +1,11 @@
-// A registry value that names the layout file, of any type and any bytes, the type in the first of them: a
-// whole text is the path, all else gives the default, which then stands there.
+// The registry value with the path of the layout file, of any type (the first byte) and any bytes: a valid
+// text is the path; anything else is replaced by the default.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>
 #include <cstring>
 #include <model/StyleAtlas.h>
-#include <system/MessageDoor.h>
+#include <system/MessageBoxHook.h>
 
 namespace
 {
@@ -23,7 +23,7 @@ CString LoadedPath(LPCTSTR subKey)
 void fuzz::Try(std::string_view bytes)
 {
     static const test::TempPrefix prefix;
-    static const MessageDoor before = SetMessageDoor([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
+    static const MessageBoxHook before = SetMessageBoxHook([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
     static_cast<void>(before);
     static const CString defaultPath = LoadedPath(_T("S-1\\None"));
     if (bytes.empty())

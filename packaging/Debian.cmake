@@ -1,4 +1,6 @@
-# The Debian packages: the libraries, the editor, what is needed to build against them, and the sample host.
+# The Debian packages: the libraries, the editor, what is needed to build against them, and the sample host. They take
+# the files of the release build as they are: libraries and program find each other and their data by relative paths,
+# so that the prefix of the build doesn't matter, and debugging information is stripped on the way.
 set(maintainer "Style Atlas developers <developers@styleatlas.invalid>")
 
 set(CPACK_GENERATOR DEB)
@@ -6,6 +8,7 @@ set(CPACK_PACKAGE_NAME styleatlas)
 set(CPACK_PACKAGE_CONTACT ${maintainer})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has one of its own, the first line of its description
 set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/OpenFolders.cmake)
 

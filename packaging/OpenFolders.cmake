@@ -1,4 +1,4 @@
-# Gives the folders of the packages the same permissions whatever the umask of who builds them.
+# Sets the permissions of the packaged folders, which otherwise follow the umask of the build.
 file(GLOB_RECURSE entries LIST_DIRECTORIES true ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*)
 foreach(entry IN LISTS entries)
   if(IS_DIRECTORY ${entry})

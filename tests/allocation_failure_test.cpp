@@ -1,7 +1,6 @@
-// Out of memory, at every allocation in turn, and a call into the system or the database that fails, at every
-// call in turn: nothing crashes, nothing leaks, no file and no setting is lost, and the table can be loaded
-// again afterwards. Replaces operator new and the system's functions for files, so it is a program of its
-// own.
+// Fails every allocation, and every call of the system and the database, one after the other: nothing crashes
+// or leaks, no file or setting is lost, and the table can be loaded again afterwards. A program of its own,
+// as it replaces operator new and the system's file functions.
 #include "support/ChildProcess.h"
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
@@ -25,7 +24,7 @@ extern int systemFailure;
 namespace
 {
 
-// Allocations until one fails; below 0 none does.
+// The number of allocations before one fails; negative for none.
 long allocationsLeft = -1;
 
 void* Allocate(std::size_t size) noexcept
@@ -43,7 +42,7 @@ void* AllocateOrThrow(std::size_t size)
     return memory;
 }
 
-// The database's own allocations count too, down to the smallest.
+// The database's allocations count too, even small ones from its own pools.
 sqlite3_mem_methods databaseMemory;
 const bool databaseIsCounted = [] {
     sqlite3_config(SQLITE_CONFIG_GETMALLOC, &databaseMemory);
@@ -117,7 +116,7 @@ protected:
     }
     ~AllocationFailure() override { g_ApplicationName.Empty(); }
 
-    // All values of the registry, read past the layer, which keeps in mind what was read through it.
+    // All values of the registry, read without the layer, which records what is read through it.
     std::string Settings() const
     {
         std::string settings;
@@ -133,9 +132,8 @@ protected:
         return settings;
     }
 
-    // Runs the operation again and again, each time with the next allocation or call failing, until none is
-    // left to fail, and checks what must hold each time. Nothing but the framework's exceptions comes out of
-    // it.
+    // Repeats the operation with the next allocation or call failing each time, until none is left, and runs
+    // the check after each. Only the framework's exceptions may escape.
     template <class Operation, class Check> long FailEach(long& left, Operation operation, Check check)
     {
         for (long failures = 0;; ++failures) {
@@ -171,7 +169,7 @@ protected:
         EXPECT_EQ(test::BytesOf(m_atlas), m_stored);
     }
 
-    // What a host's calls come to.
+    // The calls of a host.
     void SetApplication()
     {
         m_atlas.SetRegistryPath(_T("key"));
@@ -204,7 +202,7 @@ TEST_F(AllocationFailure, AnOpeningThatThrowsIsToldAndEndsTheSave)
 {
     const CString path = layout;
     for (long* const left : {&allocationsLeft, &systemCallsLeft}) {
-        *left = left == &allocationsLeft ? 0 : 2; // the folder is looked through twice before
+        *left = left == &allocationsLeft ? 0 : 2; // the folder is listed twice before
         systemFailure = EMFILE;
         std::filesystem::remove(m_file);
         EXPECT_FALSE(m_atlas.Save(path));
@@ -215,9 +213,8 @@ TEST_F(AllocationFailure, AnOpeningThatThrowsIsToldAndEndsTheSave)
               std::vector(2, test::Message{u"Cannot save style atlas", u"Error", MB_ICONEXCLAMATION}));
 }
 
-// A save over a file that has one name, over one that has two and is written in place, and over one that
-// could not be read: whatever call fails, the old file or the new one is there, and the old one has gone
-// nowhere.
+// Saves over a file with one name, over one with two, which is written in place, and over an unreadable one:
+// whichever call fails, the old or the new file is there, and the old one isn't lost.
 TEST_F(AllocationFailure, ASaveLeavesTheOldFileOrTheNewOneWhole)
 {
     const std::string old = "damaged " + m_stored;
@@ -255,8 +252,8 @@ TEST_F(AllocationFailure, ASaveLeavesTheOldFileOrTheNewOneWhole)
     }
 }
 
-// Another process holds the database: longer than a call waits, and then for moments, so that of the calls
-// that belong together one fails and the next does not.
+// Another process locks the database: for longer than a call waits, then for moments, so that some of a
+// sequence of calls fail and others succeed.
 TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
 {
     test::ChildProcess holder([this] {
@@ -276,7 +273,7 @@ TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
         SetApplication();
         m_atlas.Load({});
         ChangeUser();
-        const std::string now = Settings(); // nothing where the database is held just then
+        const std::string now = Settings(); // empty while the database is locked
         ASSERT_TRUE(now.empty() || now == m_settings) << now;
     }
     EXPECT_EQ(holder.Wait(), 0);
@@ -285,7 +282,7 @@ TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
     EXPECT_EQ(m_atlas.FilePath, layout);
 }
 
-// A choice of the user is no value made up by a failed look: it is kept as soon as the database takes it.
+// The user's choice isn't a value made up after a failed read: it is stored as soon as the lock is released.
 TEST_F(AllocationFailure, AChoiceAfterAFailedLookIsKept)
 {
     databaseCallsLeft = 0;

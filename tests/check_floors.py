@@ -34,7 +34,7 @@ SEARCH = ['', 'platform/include', 'platform/system', 'components/glossa', 'compo
 
 # From the ground up; those in a row are of one floor. A folder stands for the objects of an object library.
 ARCHIVES = [
-    ['platform/libplatform_system.a', 'platform/CMakeFiles/platform_extension_door.dir'],
+    ['platform/libplatform_system.a', 'platform/CMakeFiles/platform_message_box_loader.dir'],
     ['platform/libplatform_resources.a', 'platform/libplatform_gdi.a'],
     ['platform/libplatform_user.a'],
     ['platform/libplatform_comctl_parts.a', 'platform/libplatform_shell.a', 'platform/CMakeFiles/platform_message_box.dir'],

@@ -1,5 +1,4 @@
-// The library as a host meets it: a program in C that links it, with the real components or with stand-ins
-// for them.
+// The library as hosts use it: a program in C that links it, with the real components or doubles of them.
 #include "support/Process.h"
 #include "support/TempPrefix.h"
 
@@ -17,7 +16,7 @@ constexpr const char* catalogue = "1; 20; 1; 0; 0; U; voltage\n"
                                   "1; 20; 2; 0; 0; U_rms; voltage, RMS\n"
                                   "0; 30; 0; 0; 0; T; temperature\n";
 constexpr const char* get = "get=0,30,0,0,0,0";
-const std::string none = "0: 000007 7 7 7 000007 7 7 7\n"; // the query's answer where it has none
+const std::string none = "0: 000007 7 7 7 000007 7 7 7\n"; // the answer to a query without a style
 const std::string cannotLoad = "Cannot load Mensura.dll\n";
 const std::string box = "box: " + cannotLoad + "named\n";
 const std::string edited = "box: " + cannotLoad + "edit: 2\n";
@@ -51,7 +50,7 @@ protected:
         EXPECT_EQ(outcome.Status, 0);
     }
 
-    // Puts a program and the named libraries into a folder of their own, where the loader finds no others.
+    // Copies a program and the named libraries to a folder where the loader finds no others.
     void Isolate(const std::vector<fs::path>& libraries, const fs::path& program = HOST_PROBE)
     {
         const fs::path folder = m_prefix.Path() / "isolated";
@@ -95,7 +94,7 @@ TEST_F(Exports, BringNoWindowsBeforeOneIsWantedAndCanBeUnloadedUntilThen)
     Expect({open, "name", "get", "edit", "mapped", "close", "mapped", open, "get", "name", "get", "close",
             "mapped"},
            "get: 1\nedit: -1\n" + mapped + "mapped:\nget: 0\nget: 1\nmapped:\n");
-    m_environment.emplace_back("DISPLAY=:987"); // which only the libraries of windows can tell to be none
+    m_environment.emplace_back("DISPLAY=:987"); // which only Qt can find out to be missing
     Expect({open, "name", "mapped", "edit", "close", "mapped"},
            mapped + "edit: -1\nmapped: libQt6 libstyleatlas. libstyleatlas-core libstyleatlas-editor\n");
 }
@@ -109,7 +108,7 @@ TEST_F(Exports, DoNothingOnceTheirObjectsHaveGone)
 TEST_F(Exports, AnswerFromTheTableOnceTheHostHasNamedItself)
 {
     Expect({get, "name=Bench", get, "get=1,20,2,0,1,0",
-            "get=1,20,9,9,9,9", // the group row answers for its quantity
+            "get=1,20,9,9,9,9", // answered by the group row of the quantity
             "get=31,30,0,0,0,0", "get=32,30,0,0,0,0", "get=-1,30,0,0,0,0", "get=0,31,0,0,0,0", "edit"},
            none +
                "named\n1: 000000 2 10 2 000000 0 1 0\n1: 002AA5 1 10 1 002AA5 0 1 0\n"
@@ -147,11 +146,12 @@ TEST_F(Exports, LeaveAHostItsApplicationObject)
     m_program = GUI_HOST;
     m_environment.insert(m_environment.end(),
                          {"QT_QPA_PLATFORM=offscreen", "LD_LIBRARY_PATH=" LIBRARY_FOLDER});
-    EXPECT_EQ(Run({"open", "bench", "state"}).Output, "named\nnone C\n"); // an answer needs none
+    EXPECT_EQ(Run({"open", "bench", "state"}).Output,
+              "named\nnone C\n"); // queries create no application object
     EXPECT_EQ(Run({"own", "open", "bench", "state"}).Output, "named\nown C.UTF-8\n");
 }
 
-// Without any font. The locale is that of a host which hasn't asked for the user's, unless its own Qt has.
+// Without fonts. The locale stays "C", unless the host's own Qt has set it.
 TEST_F(Exports, ShowTheirMessagesOnADisplay)
 {
     const char* const display = std::getenv("DISPLAY");
@@ -164,10 +164,10 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
         {{"open", "a", "state", "b"}, box + "none C\n" + box},
         {{"open", "a", "close", "open", "edit", "state", "close"}, box + edited + "none C\n"},
         {{"own", "open", "a", "state"}, box + "own C.UTF-8\n"},
-        // One that makes its application object later finds no trace of ours.
+        // A host that creates its application object later finds no trace of ours.
         {{"open", "edit", "b", "own", "state", "window", "edit"},
          edited + box + "own C.UTF-8\nwindow: 0\n" + edited},
-        // A message comes from any thread, the editor from that of the windows.
+        // Messages may come from any thread, the editor only from the GUI thread.
         {{"own", "open", "ELSEWHERE", "EDIT"}, "named\nedit: -1\n"},
         {{"open", "ELSEWHERE", "state", "edit", "own", "state"},
          "named\nnone C\n" + edited + "own C.UTF-8\n"},
@@ -182,7 +182,7 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
     }
 }
 
-// A host with an application object of its own, whose connection is lost for good, is left alone.
+// A host with its own application object, whose connection is lost, is left alone.
 TEST_F(Exports, OutliveTheDisplay)
 {
     Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME}, GUI_HOST);
@@ -211,7 +211,7 @@ timeout 50 $0 $1 a edit '!kill $(cat server); while [ -S /tmp/.X11-unix/X${DISPL
 TEST_F(Exports, TheUnitLibraryIsFoundBesideTheLibraryAndMayHaveNoEntryPoints)
 {
     Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME, MENSURA_LIBRARY});
-    m_environment.pop_back(); // no library path: the probe finds the library beside itself
+    m_environment.pop_back(); // no library path: the probe finds the library in its own folder
     Expect({"name=Bench", get}, "named\n1: 000000 2 10 2 000000 0 1 0\n");
     fs::copy_file(BARE_MENSURA, fs::path(m_program).parent_path() / "libmensura.so",
                   fs::copy_options::overwrite_existing);

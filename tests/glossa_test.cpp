@@ -1,4 +1,4 @@
-// The language library: whose texts a user gets, and what a bad catalogue can do.
+// The language library: which texts a user gets, and that no bad catalogue does harm.
 #include "support/TempPrefix.h"
 
 #include "Glossa.h"
@@ -13,7 +13,7 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr const TCHAR* section = _T("Styleatlas");
-constexpr std::uint32_t headSize = 28; // bytes of a catalogue before its tables
+constexpr std::uint32_t headSize = 28; // of a catalogue, in bytes
 
 std::string Word(std::uint32_t word, bool bigEndian = false)
 {
@@ -23,7 +23,7 @@ std::string Word(std::uint32_t word, bool bigEndian = false)
     return bytes;
 }
 
-// A compiled catalogue, made here so that a test can have any texts, whole or damaged.
+// A compiled catalogue with any texts, which a test can damage.
 std::string Compile(const std::map<std::string, std::string>& messages, bool bigEndian = false)
 {
     const auto count = static_cast<std::uint32_t>(messages.size());
@@ -44,7 +44,7 @@ std::string Compile(const std::map<std::string, std::string>& messages, bool big
     return head + tables + texts;
 }
 
-// An environment that names no language, and a folder for catalogues of the test's own.
+// An environment without a language, and a folder for the test's catalogues.
 class Glossa : public testing::Test
 {
 protected:
@@ -70,19 +70,19 @@ protected:
         return folder / "glossa.mo";
     }
 
-    // What a program that starts now shows for the text.
+    // The text as a program shows it that starts now.
     static std::u16string Shown(const TCHAR* text, const TCHAR* textSection = section)
     {
         return k_GlossaW().GetUnStrippedText(text, textSection, true);
     }
 
-    // The same, where a catalogue is told to be left out for this reason; none for an empty one.
+    // The same, with a catalogue reported as left out for this reason, or none for an empty reason.
     static void ExpectTold(const std::string& reason, const TCHAR* text, std::u16string_view shown)
     {
         testing::internal::CaptureStderr();
         EXPECT_EQ(Shown(text), shown);
-        const std::string told = testing::internal::GetCapturedStderr();
-        EXPECT_TRUE(reason.empty() ? told.empty() : told.find(reason) != std::string::npos) << told;
+        const std::string report = testing::internal::GetCapturedStderr();
+        EXPECT_TRUE(reason.empty() ? report.empty() : report.find(reason) != std::string::npos) << report;
     }
 
     const test::TempPrefix m_prefix;
@@ -149,7 +149,7 @@ TEST_F(Glossa, ReadsEveryShapeOfCatalogue)
     }
 }
 
-TEST_F(Glossa, RefusesADamagedCatalogueAndTellsIt)
+TEST_F(Glossa, RefusesADamagedCatalogueAndReportsIt)
 {
     UseLanguage("xx");
     const std::string good = Compile({{"Styleatlas\4Cancel", "bad"}});
@@ -162,7 +162,7 @@ TEST_F(Glossa, RefusesADamagedCatalogueAndTellsIt)
         {16, size - 7},  {28, ~0U},       {32, ~0U << 4},  {36, 2},  {40, size}};
     for (const auto& [at, word] : damages)
         bad.push_back(std::string(good).replace(at, 4, Word(word)));
-    // Many messages that share one long text: a small file that would take a gigabyte.
+    // Many references to one long text: a small file that would need a gigabyte.
     constexpr std::uint32_t many = 1000;
     std::map<std::string, std::string> messages = {{"Styleatlas\4Cancel", std::string(400000, 'x')}};
     for (std::uint32_t i = 1; i < many; ++i)
@@ -203,7 +203,7 @@ TEST_F(Glossa, HostileLanguageListStaysInBounds)
         UseLanguage(value.c_str());
         ExpectTold("", _T("Device_5"), u"thermal chamber");
     }
-    // Names that would reach a file outside the folders of languages.
+    // Names that lead out of the folder of languages.
     for (const char* const language : {".", "xx"})
         Write(language, Compile({{"Styleatlas\4Cancel", "found"}}));
     for (const char* const value : {".", "..", "@x", "_XX", "xx/.", "xx/../xx", "\xFF\xFE"}) {

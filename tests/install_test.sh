@@ -4,6 +4,7 @@
 # the ways that the documentation names, the examples, and the Debian packages.
 set -euo pipefail
 build=$(realpath "$1")
+sources=$(realpath "$(dirname "$0")/..")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -153,6 +154,10 @@ expect 'the modes and owners in the packages' \
     "$(awk '{ print $1, $2 }' contents | sort -u | paste -sd , | sed 's/,/, /g')"
 expect 'the files of all packages' "$(cd moved && find . | sort)" "$(cd root/all/usr && find . | sort)"
 expect 'what can be executed' 'atlas-host' "$(find root/all -type f -perm /111 -printf '%f\n')"
+! grep -rlF "$sources" root/all || fail 'a packaged file names a folder of the sources'
+while read -r file; do
+    ! readelf -SW "$file" | grep -q '\.debug_' || fail "$file is packaged with debugging information"
+done < <(find root/all/usr/bin root/all/usr/lib -type f \( -path '*/bin/*' -o -name '*.so*' \))
 expect 'the libraries for building' 'libstyleatlas.so' "$(find root/libstyleatlas-dev -name '*.so*' -printf '%f\n')"
 find root/libstyleatlas1 | grep -E '/include|\.cmake$|\.pc$' && fail 'the runtime package has files of the other'
 [[ $(field libstyleatlas1 Depends) =~ libc6.*libsqlite3-0 ]] || fail 'the runtime package lacks a dependency'

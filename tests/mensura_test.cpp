@@ -1,4 +1,4 @@
-// The unit library: what it makes of catalogues, whole and damaged, and which text fits a quantity best.
+// The unit library: intact and damaged catalogues, and the best match of a quantity.
 #include "support/TempPrefix.h"
 
 #include "mensura.h"
@@ -24,13 +24,13 @@ struct Key {
 
 constexpr int Whole = MENSURA_WHOLE_QUANTITY;
 
-// Each test has a folder and a catalogue of its own.
+// Each test has its own folder and catalogue.
 class Mensura : public testing::Test
 {
 protected:
     void Use(const fs::path& file) const { m_variable.Put(file.c_str()); }
 
-    // The list, and what was told on standard error meanwhile.
+    // The list; the diagnostics on standard error go to m_diagnostics.
     std::vector<Key> List()
     {
         std::uint16_t* words[3] = {};
@@ -39,7 +39,7 @@ protected:
         int count = -1;
         testing::internal::CaptureStderr();
         MensuraGetQuantitiesW(&words[0], &words[1], &subQuantities, &words[2], &flags, &count);
-        m_told = testing::internal::GetCapturedStderr();
+        m_diagnostics = testing::internal::GetCapturedStderr();
         std::vector<Key> keys;
         for (int i = 0; i < count; ++i)
             keys.push_back({words[0][i], words[1][i], subQuantities[i], words[2][i], flags[i]});
@@ -67,7 +67,7 @@ protected:
         return MensuraGetNameW(key.quantity, sub, key.flags, key.device, key.index);
     }
 
-    std::string Told(std::string_view rest) const
+    std::string Diagnostic(std::string_view rest) const
     {
         return "mensura: " + m_file.string() + std::string{rest} + "\n";
     }
@@ -75,7 +75,7 @@ protected:
     const test::TempPrefix m_prefix;
     const test::ScopedVariable m_variable{"MENSURA_CATALOGUE", nullptr};
     const fs::path m_file = m_prefix.Path() / "catalogue";
-    std::string m_told;
+    std::string m_diagnostics;
     const std::uint16_t* m_devices = nullptr;
 };
 
@@ -93,7 +93,7 @@ TEST_F(Mensura, AcceptsEveryWayOfWritingALine)
     };
     for (const auto& [line, key] : lines) {
         EXPECT_EQ(List(line), std::vector{key}) << line;
-        EXPECT_EQ(m_told, "") << line;
+        EXPECT_EQ(m_diagnostics, "") << line;
         EXPECT_EQ(Symbol(key), u"U") << line;
         EXPECT_EQ(Name(key), u"Voltage") << line;
     }
@@ -102,7 +102,7 @@ TEST_F(Mensura, AcceptsEveryWayOfWritingALine)
     EXPECT_EQ(Symbol({0, 2, 0, 0, 0}, MENSURA_SYMBOL_AND_NAME), u"n");
 }
 
-TEST_F(Mensura, TellsWhatIsWrongWithALineAndKeepsTheOthers)
+TEST_F(Mensura, ReportsErrorsInALineAndKeepsTheOthers)
 {
     const std::pair<std::string, std::string_view> lines[] = {
         {"1;2;3;4;5;U", "expected 7 fields, found 6"},
@@ -117,7 +117,7 @@ TEST_F(Mensura, TellsWhatIsWrongWithALineAndKeepsTheOthers)
     const std::vector<Key> neighbours = {{0, 1, 0, 0, 0}, {0, 3, 0, 0, 0}};
     for (const auto& [line, reason] : lines) {
         EXPECT_EQ(List("0;1;0;0;0;a;\n" + line + "\n0;3;0;0;0;c;"), neighbours) << line;
-        EXPECT_EQ(m_told, Told(":2: " + std::string{reason})) << line;
+        EXPECT_EQ(m_diagnostics, Diagnostic(":2: " + std::string{reason})) << line;
     }
 }
 
@@ -141,7 +141,7 @@ TEST_F(Mensura, GivesTheTextsThatFitBest)
         EXPECT_EQ(Symbol(key), symbol);
     EXPECT_EQ(Name({1, 11, 1, 2, 8}), u"");
 
-    // Callers hand over wider words, of which only some bits are meant.
+    // Arguments are wider than the values: the other bits are ignored.
     EXPECT_EQ(std::u16string{MensuraGetSymbolW(0x7000A, 0x50001, 8, 0xFFFF0001, 0x102, 0)}, u"exact");
     EXPECT_EQ(std::u16string{MensuraGetNameW(0x7000A, 0x50001, 8, 0xFFFF0001, 0x102)}, u"Exact");
 }
@@ -150,22 +150,22 @@ TEST_F(Mensura, ReadsAgainOnlyWhatHasChanged)
 {
     const auto shown = [] { return Symbol({0, 1, 0, 0, 0}); };
     EXPECT_EQ(List("0;1;0;0;0;a;\nbad").size(), 1U);
-    EXPECT_NE(m_told, "");
+    EXPECT_NE(m_diagnostics, "");
     const std::uint16_t* const before = m_devices;
     List();
-    EXPECT_EQ(m_told, "");
+    EXPECT_EQ(m_diagnostics, "");
     EXPECT_EQ(m_devices, before);
 
-    // The same size, and the time of the old one put back, as by a program that copies files.
+    // Of the same size and with the same time, as programs that copy files leave it.
     const fs::file_time_type written = fs::last_write_time(m_file);
-    std::this_thread::sleep_for(std::chrono::milliseconds{20}); // a tick of a file system's clock
+    std::this_thread::sleep_for(std::chrono::milliseconds{20}); // the resolution of file times
     test::WriteWhole(m_file, "0;1;0;0;0;b;\nbad");
     fs::last_write_time(m_file, written);
     EXPECT_EQ(shown(), u"a");
     List();
     EXPECT_EQ(shown(), u"b");
 
-    // Another user's settings are in force at the very next call.
+    // Another user's settings apply from the next call on.
     const fs::path next = m_prefix.Path() / "next";
     test::WriteWhole(next, "0;1;0;0;0;d;");
     Use(next);
@@ -174,24 +174,24 @@ TEST_F(Mensura, ReadsAgainOnlyWhatHasChanged)
     EXPECT_EQ(shown(), u"d");
 }
 
-TEST_F(Mensura, TellsOnceOfAFileThatCannotBeRead)
+TEST_F(Mensura, ReportsAnUnreadableFileOnce)
 {
-    const auto expectTold = [this](const char* reason) {
+    const auto expectDiagnostic = [this](const char* reason) {
         Use(m_file);
         EXPECT_TRUE(List().empty());
-        EXPECT_EQ(m_told, Told(reason));
+        EXPECT_EQ(m_diagnostics, Diagnostic(reason));
         List();
-        EXPECT_EQ(m_told, "");
+        EXPECT_EQ(m_diagnostics, "");
     };
-    expectTold(": No such file or directory");
+    expectDiagnostic(": No such file or directory");
     ASSERT_EQ(mkfifo(m_file.c_str(), 0600), 0);
-    expectTold(": not a regular file");
+    expectDiagnostic(": not a regular file");
     fs::remove(m_file);
     EXPECT_EQ(List("0;1;0;0;0;a;").size(), 1U);
     fs::resize_file(m_file, std::uintmax_t{1} << 40);
-    expectTold(": too large");
+    expectDiagnostic(": too large");
     fs::resize_file(m_file, 16 << 20);
-    expectTold(":1: the line is longer than 4096 bytes");
+    expectDiagnostic(":1: the line is longer than 4096 bytes");
 }
 
 TEST_F(Mensura, BoundsTheNumberOfLinesAndOfMessages)
@@ -200,12 +200,13 @@ TEST_F(Mensura, BoundsTheNumberOfLinesAndOfMessages)
     for (int i = 0; i < 25; ++i)
         content += "bad\n";
     List(content);
-    EXPECT_EQ(std::ranges::count(m_told, '\n'), 21);
+    EXPECT_EQ(std::ranges::count(m_diagnostics, '\n'), 21);
     content.clear();
     for (int i = 0; i < 70000; ++i)
         content += std::to_string(i % 1000) + ";1;0;0;0;a;\n";
     EXPECT_EQ(List(content).size(), 65535U);
-    EXPECT_EQ(m_told, Told(":65536: more than 65535 lines; this one and all after it are left out"));
+    EXPECT_EQ(m_diagnostics,
+              Diagnostic(":65536: more than 65535 lines; this one and all after it are left out"));
 }
 
 } // namespace

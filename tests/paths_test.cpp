@@ -1,4 +1,4 @@
-// Where the drives stand in the native file system, and that no path of theirs leads out of them.
+// The mapping between drive paths and native paths, and that no drive path leads out of its drive.
 #include <platform/system/Paths.h>
 #include <platform/system/Unicode.h>
 
@@ -33,7 +33,7 @@ TEST(PathsTest, ThePrefixIsNamedOrStandsInTheUsersDataFolder)
     }
 }
 
-// The environment is that of the user who started the host.
+// The environment belongs to the real user.
 TEST(PathsTest, AHostThatActsForAnotherUserTakesThatUsersFolder)
 {
     if (geteuid() != 0)
@@ -58,7 +58,7 @@ TEST(PathsTest, TakesANameWithoutRegardToCaseWhereItIsNotThereAsWritten)
         {u"C:\\Both\\File", "Both/File"},
         {u"\\Both\\FILE", "Both/File"},
         {u"C:\\BOTH\\FILE", "BOTH/FILE"},
-        {u"C:\\both\\file", "BOTH/file"}, // the first by its bytes
+        {u"C:\\both\\file", "BOTH/file"}, // the first in byte order
         {u"C:\\\u00E4A\\New", "\xC3\x84"
                               "a/New"},
         {u"C:\\None\\New", "None/New"},
@@ -80,9 +80,9 @@ TEST(PathsTest, FindsTheNativePath)
         {u"C:\\a/../..\\../b", "/p/drive_c/b"},
         {u"\\..\\../..\\b", "/p/drive_c/b"},
         {u"C:\\...\\..a", "/p/drive_c/.../..a"},
-        {u"/a/../b\\c", "/a/../b\\c"}, // native, where a backslash is a letter like any other
+        {u"/a/../b\\c", "/a/../b\\c"}, // native: a backslash is an ordinary character
         {u"a\\b", "a/b"},
-        {u"\u00C4:\\a", "\xC3\x84:/a"}, // no letter of a drive
+        {u"\u00C4:\\a", "\xC3\x84:/a"}, // not a drive letter
         {u"C:\\\xD800\\\xDC00", "/p/drive_c/\xED\xA0\x80/\xED\xB0\x80"},
         {u"", ""},
     };

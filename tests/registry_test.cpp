@@ -1,4 +1,4 @@
-// The registry: what was stored comes back, in any process, and no file in its place brings the host down.
+// The registry: stored values are read back by any process, and no file in its place crashes the host.
 #include "support/ChildProcess.h"
 #include "support/RegistryKey.h"
 #include "support/TempPrefix.h"
@@ -24,7 +24,7 @@ constexpr DWORD bufferSize = 2048;
 class RegistryTest : public ::testing::Test
 {
 protected:
-    // What a host does: opens or creates the key, sets the value and reads it back. Gives the first failure.
+    // As a host does: opens or creates the key, sets the value and reads it back. Returns the first error.
     static LONG UseAsHost(const std::string& bytes = "text")
     {
         Key key;
@@ -34,7 +34,7 @@ protected:
         return result != ERROR_SUCCESS || key.Get() == bytes ? result : ERROR_REGISTRY_IO_FAILED;
     }
 
-    // Past the layer.
+    // Bypasses the layer.
     void Execute(const std::string& change) const
     {
         sqlite3* database = nullptr;
@@ -51,8 +51,8 @@ TEST_F(RegistryTest, EveryTypeAndSizeComesBackInAnotherProcess)
 {
     const std::tuple<LPCTSTR, DWORD, std::string> values[] = {
         {_T("text"), REG_SZ, "C\0:\0\0\0"s},
-        {_T("\xD800\u00C4"), REG_BINARY, std::string(1 << 20, 'y')},
-        {_T(""), 77, ""}, // the value without a name, of a type that nobody knows
+        {_T("\xD800\u00C4"), test::binaryType, std::string(1 << 20, 'y')},
+        {_T(""), 77, ""}, // the unnamed value, of an unknown type
     };
     const auto store = [&values] {
         Key key;
@@ -77,7 +77,7 @@ TEST_F(RegistryTest, FindsKeysAndNamesWithoutRegardToCase)
 {
     Key key;
     EXPECT_TRUE(key.Open(keyName) == ERROR_FILE_NOT_FOUND && !fs::exists(file)) << "opening creates nothing";
-    // \u00D7 is no letter; the others are Latin, Greek, Cyrillic and one without a small letter.
+    // Latin, Greek, Cyrillic; \u00D7 is no letter, and one character has no small letter.
     ASSERT_EQ(key.Create(_T("Software\\H\u00C4l\u0178\u0160\u00D7\u03A9\u0416\u0130")), ERROR_SUCCESS);
     EXPECT_EQ(key.Set("1", _T("\u00C9t\u00E9")), ERROR_SUCCESS);
     LPCTSTR const other = _T("\\SOFTWARE\\\\h\u00E4L\u00FF\u0161\u00D7\u03C9\u0436\u0130\\");
@@ -88,7 +88,7 @@ TEST_F(RegistryTest, FindsKeysAndNamesWithoutRegardToCase)
     for (LPCTSTR const missing : {_T("Software\\H\u00C4l"), _T("Soft"), _T("Software\\H\u00C4lvorn\\x")})
         EXPECT_EQ(Key().Open(missing), ERROR_FILE_NOT_FOUND);
 
-    // What a version before this one stored: names folded from A to Z alone.
+    // As an older version stored them, with only A to Z folded.
     Execute("UPDATE key SET folded = replace(folded, '\u00E4', '\u00C4');"
             "UPDATE value SET folded = '\u00C9t\u00E9'");
     Key older;
@@ -99,7 +99,7 @@ TEST_F(RegistryTest, FindsKeysAndNamesWithoutRegardToCase)
 
 TEST_F(RegistryTest, WhatIsNotAllowedIsTold)
 {
-    EXPECT_EQ(Key().Get(), "error 6 2048"); // of the null handle
+    EXPECT_EQ(Key().Get(), "error 6 2048"); // ERROR_INVALID_HANDLE, for the null handle
     EXPECT_EQ(Key().Set("x"), ERROR_INVALID_HANDLE);
     Key written;
     Key read;
@@ -131,7 +131,7 @@ TEST_F(RegistryTest, WhatIsNoRegistryIsPutAsideOnce)
     EXPECT_EQ(UseAsHost(), ERROR_SUCCESS) << "an empty file is a registry that nobody has written to";
 }
 
-// The tables of a strange file can be computed: of another size each time, or of one that fills the memory.
+// Another program's file may have computed columns: of changing size, or so large that they fill the memory.
 TEST_F(RegistryTest, AComputedValueIsRefused)
 {
     for (const char* const data : {"'\u00C4'", "hex(zeroblob(200000000))"}) {
@@ -155,7 +155,7 @@ TEST_F(RegistryTest, AFileThatEndsEarlyBringsNobodyDown)
     EXPECT_NE(UseAsHost(), ERROR_SUCCESS);
 }
 
-// A host may have closed its standard files: what it prints then is in no file of ours.
+// A host may have closed its standard files: its output must not end up in a file of ours.
 TEST_F(RegistryTest, NoFileOfOursTakesTheNumberOfAStandardOne)
 {
     EXPECT_EQ(test::RunInChild([] {
@@ -195,7 +195,7 @@ TEST_F(RegistryTest, AFileThatMayNotBeWrittenOrGrowKeepsItsValues)
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()) && test::GiveToOrdinaryUser(prefix.Path().c_str()));
     for (const auto& [rightsOfFile, rightsOfFolder] : {std::pair(0444U, 0755U), {0644U, 0555U}}) {
         fs::permissions(file, fs::perms{rightsOfFile});
-        fs::permissions(prefix.Path(), fs::perms{rightsOfFolder}); // without room for a journal
+        fs::permissions(prefix.Path(), fs::perms{rightsOfFolder}); // no journal can be created
         EXPECT_GT(test::RunInChild([] { return test::BecomeOrdinaryUser() ? UseAsHost("after") : 0; }), 0);
     }
     fs::permissions(prefix.Path(), fs::perms{0755});

@@ -1,4 +1,4 @@
-// Saving: whatever happens meanwhile, the old contents or the new ones stand there whole, and nothing else.
+// Saving: whatever happens, the file holds the complete old or new contents.
 #include "support/ChildProcess.h"
 #include "support/ScriptedModel.h"
 #include "support/TempPrefix.h"
@@ -58,7 +58,7 @@ class SaveTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        fs::permissions(prefix.Path(), fs::perms{0755}); // an ordinary user comes by
+        fs::permissions(prefix.Path(), fs::perms{0755}); // accessible to another user
         test::WriteWhole(file, "old");
     }
 
@@ -78,7 +78,7 @@ protected:
 TEST_F(SaveTest, AKilledWriterLeavesOldOrNewContentsAndNothingToTheNext)
 {
     constexpr int rounds = 200;
-    constexpr int longestLife = 4000; // microseconds
+    constexpr int maxLifetime = 4000; // microseconds
     std::minstd_rand random(1);
     ASSERT_EQ(Save(drivePath, Contents('a')), saved);
     int leftovers = 0;
@@ -89,7 +89,7 @@ TEST_F(SaveTest, AKilledWriterLeavesOldOrNewContentsAndNothingToTheNext)
                     return 1;
             }
         });
-        usleep(random() % longestLife);
+        usleep(random() % maxLifetime);
         writer.Kill();
         ASSERT_TRUE(IsWhole(test::ReadWhole(file))) << "in round " << round;
         leftovers += test::EntryCount(folder) > 2 ? 1 : 0;
@@ -131,7 +131,7 @@ TEST_F(SaveTest, TheFileBeforeItIsKeptAndNoOther)
         EXPECT_EQ(fs::hard_link_count(previous), 1U);
     }
     EXPECT_EQ(test::EntryCount(folder), 2);
-    // A writer that was killed between the two steps.
+    // A writer killed between link and rename.
     EXPECT_TRUE(fs::remove(previous));
     fs::create_hard_link(file, previous);
     EXPECT_EQ(Save(drivePath, "fourth"), saved);
@@ -252,7 +252,7 @@ TEST_F(SaveTest, PermissionsStayWhateverTheMask)
     }
 }
 
-// Where the folder takes no new file, or lets nobody replace another's, the file itself can still be written.
+// A folder may allow no new file, or no replacement of another user's, while the file itself is writable.
 TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
 {
     ASSERT_TRUE(test::GiveToOrdinaryUser(file.c_str()));

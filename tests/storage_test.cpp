@@ -118,14 +118,14 @@ TEST_F(Storage, OnlyATextIsAValidValue)
     const std::u16string longest(1023, u'x');
     const std::u16string byDefault = defaultPath;
     const std::tuple<DWORD, std::string, std::u16string> cases[] = {
-        {REG_BINARY, Bytes({u"x\0", 2}), byDefault},    // another type
-        {REG_SZ, Bytes({u"x\0", 2}) + '\0', byDefault}, // an odd size
-        {REG_SZ, Bytes(u"x"), byDefault},               // no terminator
-        {REG_SZ, Bytes(longest + u'\0'), longest},      // as long as the buffer
-        {REG_SZ, Bytes(longest + u'x'), byDefault},     // as long, without one
-        {REG_SZ, Bytes({u"x\0y\0", 4}), u"x"},          // read up to the first zero
-        {REG_EXPAND_SZ, Bytes({u"\0", 1}), u""},        // an empty text is a path like any other
-        {REG_SZ, "", u""},                              // and so is a value of size 0
+        {test::binaryType, Bytes({u"x\0", 2}), byDefault}, // another type
+        {REG_SZ, Bytes({u"x\0", 2}) + '\0', byDefault},    // an odd size
+        {REG_SZ, Bytes(u"x"), byDefault},                  // no terminator
+        {REG_SZ, Bytes(longest + u'\0'), longest},         // as long as the buffer
+        {REG_SZ, Bytes(longest + u'x'), byDefault},        // as long, without one
+        {REG_SZ, Bytes({u"x\0y\0", 4}), u"x"},             // read up to the first zero
+        {REG_EXPAND_SZ, Bytes({u"\0", 1}), u""},           // an empty text is a path like any other
+        {REG_SZ, "", u""},                                 // and so is a value of size 0
     };
     for (const auto& [type, bytes, path] : cases) {
         SetValue(subKey, type, bytes);
@@ -249,7 +249,7 @@ TEST_F(Storage, AUserWithAValueGetsThatUsersFileAndOneWithoutInheritsTheFileInUs
     EXPECT_EQ(ValueOf(_T("S-2\\Software")), u"C:\\theirs");
     EXPECT_TRUE(TableCameFromFile());
 
-    SetValue(_T("S-3\\Software"), REG_BINARY, "xx");
+    SetValue(_T("S-3\\Software"), test::binaryType, "xx");
     m_atlas.ChangeUserInfo(_T("S-3"), _T("Software"));
     EXPECT_EQ(ValueOf(_T("S-3\\Software")), u"C:\\theirs");
 

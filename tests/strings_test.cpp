@@ -1,4 +1,4 @@
-// Strings, their conversions and the array of pointers: what their users rely on without looking.
+// Strings, their conversions and the array of pointers.
 #include <afxcoll.h>
 #include <afxstr.h>
 
@@ -17,7 +17,7 @@ std::u16string Of(const CString& text)
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
 
-// Whether the action raises this exception of the framework.
+// Whether the action raises this framework exception.
 template <class Exception, class Action> bool Raises(Action action)
 {
     try {
@@ -47,7 +47,7 @@ TEST(StringTest, TakesItsOwnTextAsArgument)
     CString text(_T("ab"));
     const CString sharer = text;
     std::u16string expected = u"ab";
-    for (int i = 0; i < 10; ++i) { // past the short text that stands inside the object
+    for (int i = 0; i < 10; ++i) { // beyond the small-string buffer
         text += text;
         text += text.GetString() + 1;
         expected += expected;
@@ -128,8 +128,8 @@ TEST(UnicodeTest, EachStrayByteBecomesOneReplacement)
 {
     constexpr std::pair<std::string_view, std::u16string_view> cases[] = {
         {"\xC0\x80"sv, u"\uFFFD\uFFFD"},                     // overlong
-        {"\xF4\x90\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"}, // past the last character
-        {"a\xE2\x82z"sv, u"a\uFFFD\uFFFDz"},                 // broken off
+        {"\xF4\x90\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"}, // above U+10FFFF
+        {"a\xE2\x82z"sv, u"a\uFFFD\uFFFDz"},                 // truncated
         {"a\0b"sv, u"a\0b"sv},
     };
     for (const auto& [bytes, text] : cases)
@@ -162,7 +162,7 @@ TEST(PtrArrayTest, ASizeThatIsRefusedChangesNothing)
     EXPECT_TRUE(Raises<CInvalidArgException>([&] { array.SetAtGrow(-1, nullptr); }));
     for (const INT_PTR index : {-1, 1})
         EXPECT_TRUE(Raises<CInvalidArgException>([&] { array.SetAt(index, nullptr); })) << index;
-    // More than the address space holds, and more than a number of bytes can say.
+    // More than the address space, and more than size_t can express in bytes.
     for (const INT_PTR size : {INT_PTR{1} << 45, INTPTR_MAX / 8, INTPTR_MAX / 8 + 1, INTPTR_MAX}) {
         EXPECT_TRUE(Raises<CMemoryException>([&] { array.SetSize(size); })) << size;
         EXPECT_TRUE(Raises<CMemoryException>([&] { array.SetAtGrow(size, nullptr); })) << size;
@@ -175,7 +175,7 @@ TEST(PtrArrayTest, ASizeThatIsRefusedChangesNothing)
 
 } // namespace
 
-// A size that there is no memory for is part of the test: the sanitizer, too, answers it with null.
+// Failing allocations are part of the test: under the sanitizer they return null, too.
 extern "C" [[gnu::visibility("default")]] const char* __asan_default_options(); // NOLINT
 const char* __asan_default_options()
 {

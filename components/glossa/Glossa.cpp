@@ -5,8 +5,8 @@
 
 #include <ModuleFolder.h>
 
-#include "Catalogue.h"
-#include "CatalogueFile.h"
+#include "MessageCatalogue.h"
+#include "MessageCatalogueFile.h"
 
 namespace
 {
@@ -16,7 +16,7 @@ std::u16string_view ViewOf(const CString& text)
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
 
-const glossa::Translation* FindText(const glossa::Catalogue* catalogue, std::u16string_view text,
+const glossa::Translation* FindText(const glossa::MessageCatalogue* catalogue, std::u16string_view text,
                                     const CString& section, bool useUserLanguage)
 {
     if (catalogue == nullptr)
@@ -54,14 +54,14 @@ CString k_GlossaW::GetUnStrippedText(CString strText, CString strSection, bool b
     return found != nullptr ? CString(found->Text.c_str()) : strText;
 }
 
-// The catalogues are read when a text is first needed: a program that shows nothing never touches the disk.
-const glossa::Catalogue* k_GlossaW::Loaded() noexcept
+// The catalogues are read at the first lookup, so that a program without windows never touches the disk.
+const glossa::MessageCatalogue* k_GlossaW::Loaded() noexcept
 {
     try {
         if (!m_pCatalogue)
-            m_pCatalogue = std::make_unique<const glossa::Catalogue>();
+            m_pCatalogue = std::make_unique<const glossa::MessageCatalogue>();
     } catch (const std::exception&) {
-        return nullptr; // no memory: this text stays as it is, the next one tries again
+        return nullptr; // no memory: this text stays untranslated, the next lookup tries again
     }
     return m_pCatalogue.get();
 }

@@ -1,12 +1,11 @@
 // The language library: turns the English texts of a program into the user's language.
 //
-// Texts are looked up by section and text in compiled gettext catalogues of the domain "glossa", the section
-// being the message context. The user's environment names the languages (LC_ALL, LC_MESSAGES or LANG;
-// with a locale other than "C", LANGUAGE goes before them), whether or not the program has called setlocale
-// and whether or not such a locale is installed. English stands behind every other language; its catalogue
-// names what a program has only a key for. The catalogues are read at the first lookup, from the folder in
-// the environment variable GLOSSA_LOCALEDIR, else from the one that is installed with the library. A
-// catalogue that cannot be used is told on standard error and left out.
+// Texts are looked up in compiled gettext catalogues of the domain "glossa", with the section as the message
+// context. The environment selects the languages: LC_ALL, LC_MESSAGES or LANG, and unless that is "C",
+// LANGUAGE before it. Neither setlocale nor an installed locale is needed. English is the last resort; its
+// catalogue holds the texts for which a program has only a key. The catalogues are read at the first lookup,
+// from the folder in GLOSSA_LOCALEDIR, else from the one installed with the library. Unusable catalogues are
+// reported on standard error and left out.
 #pragma once
 
 #include <memory>
@@ -17,13 +16,13 @@
 
 namespace glossa
 {
-class Catalogue;
+class MessageCatalogue;
 }
 
-// A text without a translation is given back unchanged, and so is every text where there is no memory. The
-// pointer forms then give pszText itself, null included; any other pointer is the object's and good as long
-// as the object. Calls on one object must not overlap. No exception leaves but the class framework's memory
-// exception, and that from the string form alone.
+// A text without a translation is returned unchanged, and so is any text if memory runs out. The pointer
+// forms then return pszText itself, null included; other pointers belong to the object and are valid as long
+// as it. Calls on one object must not overlap. Only the string form throws: the class framework's memory
+// exception.
 class GLOSSA_API k_GlossaW
 {
 public:
@@ -32,21 +31,20 @@ public:
     k_GlossaW& operator=(const k_GlossaW&) = delete;
     virtual ~k_GlossaW();
 
-    // The translation for a place that shows no access keys: its "&" marks are taken out ("&&" becomes "&"),
-    // and blanks at both ends are dropped. With bUseUserLanguage false, only English translates.
+    // The translation without access key marks ("&" is removed, "&&" becomes "&") and without outer blanks.
+    // With bUseUserLanguage false, the English one.
     const TCHAR* GetStrippedText(const TCHAR* pszText, CString strSection, bool bUseUserLanguage);
 
-    // The translation as the catalogue has it. With bUseUserLanguage false, only English translates.
+    // The translation as in the catalogue. With bUseUserLanguage false, the English one.
     const TCHAR* GetUnStrippedText(const TCHAR* pszText, CString strSection, bool bUseUserLanguage);
     CString GetUnStrippedText(CString strText, CString strSection, bool bUseUserLanguage);
 
 private:
-    const glossa::Catalogue* Loaded() noexcept;
+    const glossa::MessageCatalogue* Loaded() noexcept;
 
-    std::unique_ptr<const glossa::Catalogue> m_pCatalogue;
+    std::unique_ptr<const glossa::MessageCatalogue> m_pCatalogue;
 };
 
-// Prepares the library for a module of the class framework; called once, when the module is attached: a
-// library that was found by a relative path finds its catalogues later even if the program changes its
-// current folder.
+// To be called once, when a module of the class framework is attached. Determines the folder of the library,
+// so that one loaded by a relative path finds its catalogues after a change of the current folder.
 GLOSSA_API void InitMFCGlossaExtDLL();

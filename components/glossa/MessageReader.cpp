@@ -1,5 +1,7 @@
 #include "MessageReader.h"
 
+#include <Ascii.h>
+
 #include <algorithm>
 #include <cstdint>
 
@@ -9,7 +11,7 @@ namespace glossa
 namespace
 {
 
-// Positions of the words of the file's head, in bytes.
+// Byte offsets of the words in the file's head.
 constexpr std::size_t revisionAt = 4;
 constexpr std::size_t countAt = 8;
 constexpr std::size_t idTableAt = 12;
@@ -19,9 +21,9 @@ constexpr std::size_t headSize = 28;
 constexpr std::size_t tableEntrySize = 8; // a length and a position
 constexpr std::uint32_t magic = 0x950412DE;
 constexpr std::uint32_t magicSwapped = 0xDE120495;
-constexpr std::uint32_t newestMajorRevision = 1;
+constexpr std::uint32_t maxMajorRevision = 1;
 constexpr std::string_view charsetKey = "charset=";
-constexpr std::string_view charsetWanted = "UTF-8";
+constexpr std::string_view charsetWanted = "utf-8";
 
 class MessageReader
 {
@@ -33,7 +35,7 @@ public:
         if (m_bytes.size() < headSize)
             return false;
         m_isBigEndian = Word(0) == magicSwapped;
-        if (Word(0) != magic || Word(revisionAt) >> 16 > newestMajorRevision)
+        if (Word(0) != magic || Word(revisionAt) >> 16 > maxMajorRevision)
             return false;
         return HasTable(Word(idTableAt)) && HasTable(Word(textTableAt));
     }
@@ -69,7 +71,7 @@ private:
         if (position >= m_bytes.size() || length >= m_bytes.size() - position ||
             m_bytes[position + length] != 0)
             return false;
-        // Texts never overlap. A file in which all of them are the same long one would swell in memory.
+        // Texts don't overlap in a valid file; many references to one long text would exhaust the memory.
         m_textsSize += length;
         if (m_textsSize > m_bytes.size())
             return false;
@@ -83,12 +85,7 @@ private:
     std::size_t m_textsSize = 0;
 };
 
-constexpr char UpperCase(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-// Says whether the message that describes the file leaves UTF-8 as its character set.
+// Whether the message that describes the file names UTF-8, or no character set.
 bool IsUtf8(std::string_view description)
 {
     const std::size_t key = description.find(charsetKey);
@@ -96,7 +93,7 @@ bool IsUtf8(std::string_view description)
         return true;
     std::string_view charset = description.substr(key + charsetKey.size());
     charset = charset.substr(0, charset.find_first_of(" \t\n"));
-    return std::ranges::equal(charset, charsetWanted, {}, UpperCase);
+    return std::ranges::equal(charset, charsetWanted, {}, FoldAscii<char>);
 }
 
 } // namespace

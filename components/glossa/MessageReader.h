@@ -1,8 +1,7 @@
 // The messages of a compiled gettext catalogue (the MO format).
 //
-// The C library's own lookup trusts a catalogue: an offset that points outside the file ends the program. It
-// also takes no other language than LANGUAGE names, so English names would be lost to a user whose language
-// has no catalogue. Hence a reader of our own, which checks every offset.
+// Not the C library's lookup, which trusts the offsets in a file, and has no English to fall back on for a
+// user whose languages have no catalogue. This reader checks every offset.
 #pragma once
 
 #include <optional>
@@ -12,15 +11,14 @@
 namespace glossa
 {
 
-// Both texts are UTF-8 and point into the bytes that were read. Of a message with a plural they are the
-// singular.
+// Both texts are UTF-8 and point into the bytes that were read. Plural forms are left out.
 struct Message {
-    std::string_view Id; // context, the character 4, and the text; or the text alone
+    std::string_view Id; // context, the character 4 and the text, or the text alone
     std::string_view Text;
 };
 
-// Reads the contents of a catalogue file, in either byte order, without the message that only describes the
-// file. Gives nothing where they are damaged, or in another character set than UTF-8. Throws std::bad_alloc.
+// Reads the contents of a catalogue file, of either byte order, without the message that describes the file.
+// Empty if it is damaged or its character set isn't UTF-8. Throws std::bad_alloc.
 std::optional<std::vector<Message>> ReadMessages(std::string_view bytes);
 
 } // namespace glossa

@@ -1,5 +1,7 @@
 #include "UserLanguages.h"
 
+#include <Ascii.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -9,17 +11,17 @@ namespace glossa
 namespace
 {
 
-// The first that is set and not empty is the user's locale.
+// In order of precedence.
 constexpr const char* localeVariables[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
 constexpr const char* listVariable = "LANGUAGE";
 
-// Bounds on what an environment can make the library try.
-constexpr std::size_t mostLanguages = 8;
-constexpr std::size_t longestName = 32; // bytes
+// Bounds on an untrusted environment.
+constexpr std::size_t maxLanguages = 8;
+constexpr std::size_t maxNameLength = 32; // bytes
 
 constexpr std::string_view marksInNames = "_.@-";
 
-// A locale's name: language[_territory][.codeset][@modifier]. The parts keep the character that leads them.
+// language[_territory][.codeset][@modifier]; the parts include their leading character.
 struct LocaleName {
     std::string Language;
     std::string Territory;
@@ -37,7 +39,7 @@ bool IsNoLanguage(std::string_view locale)
     return locale.empty() || locale == "C" || locale == "POSIX";
 }
 
-// A user without a language wants the texts as they are, whatever the list says.
+// The locale or list that counts; empty for texts as they are. A locale of "C" overrides the list.
 std::string_view Wanted()
 {
     std::string_view locale;
@@ -53,20 +55,20 @@ std::string_view Wanted()
 
 constexpr bool IsLetterOrDigit(char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    return IsAsciiLetter(c) || (c >= '0' && c <= '9');
 }
 
-// A name that could lead out of the folder of catalogues is none.
+// Rejects names that could lead out of the catalogue folder.
 bool IsLocaleName(std::string_view name)
 {
     const auto isAllowed = [](char c) {
         return IsLetterOrDigit(c) || marksInNames.find(c) != std::string_view::npos;
     };
-    return !name.empty() && name.size() <= longestName && IsLetterOrDigit(name.front()) &&
+    return !name.empty() && name.size() <= maxNameLength && IsLetterOrDigit(name.front()) &&
            std::ranges::all_of(name, isAllowed);
 }
 
-// Cuts off and returns the end of the name from the given character on.
+// Removes the end of the name, from the given character on, and returns it.
 std::string CutFrom(std::string_view& name, char lead)
 {
     const std::size_t at = std::min(name.find(lead), name.size());
@@ -105,7 +107,7 @@ std::vector<std::string> UserLanguages()
 {
     std::vector<std::string> names;
     std::string_view rest = Wanted();
-    for (std::size_t i = 0; i < mostLanguages && !rest.empty(); ++i) {
+    for (std::size_t i = 0; i < maxLanguages && !rest.empty(); ++i) {
         const std::string_view wanted = rest.substr(0, rest.find(':'));
         rest.remove_prefix(std::min(rest.size(), wanted.size() + 1));
         if (!IsLocaleName(wanted))

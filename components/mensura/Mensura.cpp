@@ -1,13 +1,12 @@
-// The entry points: everything that leaves the library. None lets an exception out, since a caller can be of
-// any language.
-// What the header declares and the table that it tells of are all that can be seen from outside.
+// The library's exports: the functions of the header and the table that it describes. None throws, as a
+// caller may be written in any language.
 #pragma GCC visibility push(default)
 #include "mensura.h"
 extern "C" const MensuraExport ModuleExports[];
 #pragma GCC visibility pop
 
-#include "Catalogue.h"
-#include "CatalogueFile.h"
+#include "UnitCatalogue.h"
+#include "UnitCatalogueFile.h"
 
 #include <StandardError.h>
 
@@ -18,28 +17,29 @@ extern "C" const MensuraExport ModuleExports[];
 
 namespace mensura
 {
+
 namespace
 {
 
-constexpr const char16_t* NoText = u"";
-constexpr const char16_t* NameOfNoNumber = u"#";
-constexpr std::uint32_t IndexMask = 0xFF;
+constexpr const char16_t* noText = u"";
+constexpr const char16_t* numberMark = u"#";
+constexpr std::uint32_t indexMask = 0xFF;
 
 // The catalogue in use, and what it was read from.
 class UnitLibrary
 {
 public:
-    Catalogue& Current()
+    UnitCatalogue& Current()
     {
         if (!m_catalogue)
-            Read(CataloguePath());
+            Read(UnitCataloguePath());
         return *m_catalogue;
     }
 
-    // Reads again where another file is named, or the file is no longer the one that was read.
-    Catalogue& Refreshed()
+    // Reads the catalogue again if its path or its stamp has changed.
+    UnitCatalogue& Refreshed()
     {
-        std::string path = CataloguePath();
+        std::string path = UnitCataloguePath();
         if (!m_catalogue || path != m_path || StampOf(path) != m_stamp)
             Read(std::move(path));
         return *m_catalogue;
@@ -51,10 +51,10 @@ public:
         m_numbers.clear();
     }
 
-    // What stands for a quantity that the catalogue does not have.
+    // The text of a quantity that the catalogue doesn't have.
     const char16_t* NumberText(std::uint16_t quantity)
     {
-        const auto [place, isNew] = m_numbers.try_emplace(quantity, NameOfNoNumber);
+        const auto [place, isNew] = m_numbers.try_emplace(quantity, numberMark);
         if (isNew) {
             for (const char digit : std::to_string(quantity))
                 place->second += static_cast<char16_t>(digit);
@@ -67,25 +67,25 @@ private:
     {
         Forget();
         m_path = std::move(path);
-        // Taken first: a file that is changed while it is read is then read again.
+        // The stamp comes first, so that a file which changes while it is read is read again.
         m_stamp = StampOf(m_path);
-        m_catalogue = ReadCatalogue(m_path);
+        m_catalogue = ReadUnitCatalogue(m_path);
     }
 
-    std::optional<Catalogue> m_catalogue;
+    std::optional<UnitCatalogue> m_catalogue;
     std::string m_path;
     std::optional<FileStamp> m_stamp;
-    std::map<std::uint16_t, std::u16string> m_numbers; // the texts handed out by NumberText
+    std::map<std::uint16_t, std::u16string> m_numbers; // texts that NumberText has returned
 };
 
-// Never destroyed: a program may ask for units while its own objects are being destroyed.
+// Never destroyed, as a program may call while its own static objects are being destroyed.
 UnitLibrary& Library()
 {
     static auto& library = *new UnitLibrary;
     return library;
 }
 
-void TellOfFailure()
+void ReportNoMemory()
 {
     WriteToStandardError("mensura: not enough memory for the catalogue\n");
 }
@@ -94,7 +94,7 @@ QuantityKey KeyOf(std::uint32_t quantity, std::uint32_t subQuantity, std::uint32
                   std::uint32_t device, std::uint32_t index)
 {
     return {static_cast<std::uint16_t>(quantity), static_cast<std::uint16_t>(subQuantity),
-            static_cast<std::uint16_t>(device), static_cast<std::uint16_t>(index & IndexMask), flags};
+            static_cast<std::uint16_t>(device), static_cast<std::uint16_t>(index & indexMask), flags};
 }
 
 } // namespace
@@ -111,16 +111,16 @@ void MensuraGetQuantitiesW(uint16_t** devices, uint16_t** quantities, int** subQ
     *count = 0;
     try {
         mensura::QuantityArrays& arrays = mensura::Library().Refreshed().Arrays();
-        if (arrays.devices.empty())
+        if (arrays.Devices.empty())
             return;
-        *devices = arrays.devices.data();
-        *quantities = arrays.quantities.data();
-        *subQuantities = arrays.subQuantities.data();
-        *indexes = arrays.indexes.data();
-        *flags = arrays.flags.data();
-        *count = static_cast<int>(arrays.devices.size());
+        *devices = arrays.Devices.data();
+        *quantities = arrays.Quantities.data();
+        *subQuantities = arrays.SubQuantities.data();
+        *indexes = arrays.Indexes.data();
+        *flags = arrays.Flags.data();
+        *count = static_cast<int>(arrays.Devices.size());
     } catch (...) {
-        mensura::TellOfFailure();
+        mensura::ReportNoMemory();
     }
 }
 
@@ -132,11 +132,11 @@ const char16_t* MensuraGetSymbolW(uint32_t quantity, uint32_t subQuantity, uint3
         const mensura::QuantityKey key = mensura::KeyOf(quantity, subQuantity, flags, device, index);
         const mensura::QuantityTexts* const texts = library.Current().Find(key);
         if (texts == nullptr)
-            return library.NumberText(key.quantity);
-        return (mode == MENSURA_SYMBOL_AND_NAME ? texts->symbolAndName : texts->symbol).c_str();
+            return library.NumberText(key.Quantity);
+        return (mode == MENSURA_SYMBOL_AND_NAME ? texts->SymbolAndName : texts->Symbol).c_str();
     } catch (...) {
-        mensura::TellOfFailure();
-        return mensura::NameOfNoNumber;
+        mensura::ReportNoMemory();
+        return mensura::numberMark;
     }
 }
 
@@ -146,10 +146,10 @@ const char16_t* MensuraGetNameW(uint32_t quantity, uint32_t subQuantity, uint32_
     try {
         const mensura::QuantityKey key = mensura::KeyOf(quantity, subQuantity, flags, device, index);
         const mensura::QuantityTexts* const texts = mensura::Library().Current().Find(key);
-        return texts == nullptr ? mensura::NoText : texts->name.c_str();
+        return texts == nullptr ? mensura::noText : texts->Name.c_str();
     } catch (...) {
-        mensura::TellOfFailure();
-        return mensura::NoText;
+        mensura::ReportNoMemory();
+        return mensura::noText;
     }
 }
 
@@ -158,7 +158,7 @@ void MensuraChangeUserInfoW(const char16_t*, const char16_t*, uint16_t)
     try {
         mensura::Library().Forget();
     } catch (...) {
-        mensura::TellOfFailure();
+        mensura::ReportNoMemory();
     }
 }
 

@@ -1,4 +1,4 @@
-// The framework's array of pointers. It owns its array and nothing that the pointers point to.
+// The framework's array of pointers. It doesn't own what they point to.
 #pragma once
 
 #include <afx.h>
@@ -12,14 +12,13 @@ public:
     INT_PTR GetSize() const { return m_nSize; }
     bool IsEmpty() const { return m_nSize == 0; }
 
-    // Cuts the array, or grows it with nulls. A negative size raises the invalid argument exception, one that
-    // there is no memory for the memory exception; the array is unchanged then. nGrowBy is the least number
-    // of places by which the array grows from now on, -1 leaves it.
+    // Truncates the array, or grows it with nulls. Raises the invalid argument exception for a negative size
+    // and the memory exception when out of memory, and leaves the array unchanged. nGrowBy sets the minimum
+    // number of elements by which the capacity grows from now on; -1 keeps it.
     void SetSize(INT_PTR nNewSize, INT_PTR nGrowBy = -1);
-    void RemoveAll() { SetSize(0); }
 
-    // A position outside the array raises the invalid argument exception; SetAtGrow grows the array to the
-    // position and refuses a negative one alone.
+    // An index outside the array raises the invalid argument exception. SetAtGrow grows the array instead,
+    // and raises the exception for a negative index only.
     void* GetAt(INT_PTR nIndex) const
     {
         if (nIndex < 0 || nIndex >= m_nSize)
@@ -34,12 +33,11 @@ public:
     }
     void SetAtGrow(INT_PTR nIndex, void* newElement);
 
-    // Appends, and gives the position.
+    // Appends, and returns the index.
     INT_PTR Add(void* newElement);
 
-    // The elements; good until the array is grown or destroyed, null while there was never one.
+    // The elements: valid until the array is resized or destroyed, null for an empty one.
     void* const* GetData() const { return m_pData; }
-    void** GetData() { return m_pData; }
 
 private:
     void Reserve(INT_PTR nNewSize, INT_PTR nGrowBy);

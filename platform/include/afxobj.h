@@ -1,5 +1,5 @@
-// The class framework's objects and exceptions. Names, slots and contracts are the framework's; only what the
-// library calls is here.
+// The class framework's objects and exceptions: its names, virtual slots and contracts, as far as the library
+// uses them.
 #pragma once
 
 #include <afxstr.h>
@@ -8,7 +8,7 @@
 class PLATFORM_API CArchive;
 class CDumpContext;
 
-// What a class says of itself at run time.
+// Run-time information about a class.
 struct CRuntimeClass {
     const char* m_lpszClassName;
     int m_nObjectSize;
@@ -26,7 +26,7 @@ public:
     virtual void AssertValid() const;
     virtual void Dump(CDumpContext& dc) const;
 
-    // Raises the memory exception when there is no memory.
+    // Raises the memory exception when out of memory.
     static void* operator new(std::size_t size);
     static void operator delete(void* object) noexcept;
 
@@ -34,7 +34,7 @@ protected:
     CObject() = default;
 };
 
-// An exception is thrown as a pointer; who catches it calls Delete, which frees it if it has to be freed.
+// Exceptions are thrown as pointers. A handler must call Delete, which frees those on the heap.
 class PLATFORM_API CException : public CObject
 {
 public:

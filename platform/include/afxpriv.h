@@ -1,29 +1,27 @@
-// The framework's file for saving a document: the old contents stay until the new ones are complete.
+// The framework's file for safe saving.
 #pragma once
 
 #include <afx.h>
 
 struct stat;
 
-// A CFile that, opened with modeCreate, writes beside the file that its path names and puts the new file in
-// its place at Close, when every byte is on disk; the old one is then called NAME~, in place of what had that
-// name. Until then, and after Abort, destruction or the end of the process, the old file stands as it was.
-// Symbolic links are followed, but for those that somebody else laid into a folder that all can write, and
-// owner and permissions stay. Where that can't be, since the folder takes no new file, or the file has other
-// names or an owner or access list that a new one can't have, the file itself is overwritten at Close, when
-// every byte is there; what stood there is put back if that fails. Devices are written directly.
+// A CFile that, opened with modeCreate, writes a new file beside the old one. Close syncs it to disk and
+// renames it to the path; the old file is kept as NAME~. Before Close, and after Abort, destruction or the
+// end of the process, the old file is unchanged. Symbolic links are followed, except other users' links in a
+// folder that everyone can write; owner and permissions are kept. If the folder allows no new file, or the
+// file has other hard links, or an owner or access list that a new file can't get, Close overwrites the file
+// in place, with all its contents at hand, and restores the old contents on an error. Devices are written
+// directly.
 class CMirrorFile : public CFile
 {
 public:
     CMirrorFile() = default;
     ~CMirrorFile() override; // aborts
 
-    // With modeCreate: false, and nothing else, for a name that leads nowhere, such as one in a folder that
-    // doesn't exist. What is there but can't be written, and want of rights, room or descriptors, raise the
-    // file exception.
+    // With modeCreate, returns false for a path at which no file can exist, such as one in a missing folder.
+    // All other errors raise the file exception.
     BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags) override;
-    // What is written goes to the system in large pieces: what it can't write is told by this, a later Write,
-    // or Close.
+    // Buffered: an error is raised by this call, a later Write, or Close.
     void Write(const void* lpBuf, UINT nCount) override;
     void Close() override;
     void Abort() override;
@@ -36,9 +34,8 @@ private:
     void HandOver();
     int CloseMirror();
 
-    std::string m_strTarget;     // native path of the file to replace
-    std::string m_strMirrorName; // native path of the file beside it; empty when there is none
-    std::string
-        m_strContents; // written, but not handed to the system; all of it for a file that is overwritten
+    std::string m_strTarget;     // native path of the old file
+    std::string m_strMirrorName; // native path of the new file, or empty
+    std::string m_strContents;   // written, but not yet to disk; everything if the file is overwritten
     bool m_bOverwrites = false;
 };

@@ -1,5 +1,4 @@
-// The framework's wide string: 16-bit characters, passed by value, contents shared until one of the sharers
-// writes.
+// The framework's wide string: 16-bit characters, with the contents shared by copies until one is modified.
 #pragma once
 
 #include <memory>
@@ -21,22 +20,21 @@ public:
     bool IsEmpty() const { return GetLength() == 0; }
     void Empty() { m_text.reset(); }
 
-    // A position that the string doesn't have raises the invalid argument exception.
+    // An index outside the text raises the invalid argument exception.
     TCHAR GetAt(int iChar) const;
 
-    // The zero-terminated text; good until the string is changed or destroyed.
+    // The zero-terminated text, valid until the string is modified or destroyed.
     LPCTSTR GetString() const { return m_text ? m_text->c_str() : _T(""); }
     operator LPCTSTR() const { return GetString(); } // NOLINT(google-explicit-constructor)
 
-    // The same for writing within its length, shared with no other string. A failed allocation raises the
-    // memory exception.
+    // The same, unshared, for writing within its length. Raises the memory exception when out of memory.
     TCHAR* GetBuffer() { return Own().data(); }
 
-    // The same with another length; places that are added hold 0. ReleaseBuffer cuts the text at its first 0.
+    // The same with another length; added characters are 0. ReleaseBuffer truncates the text at its first 0.
     TCHAR* GetBufferSetLength(int nLength);
     void ReleaseBuffer();
 
-    // Orders by code unit; 0 when equal. The second folds the letters A to Z.
+    // Compares code units; 0 when equal. CompareNoCase folds A to Z.
     int Compare(LPCTSTR psz) const;
     int CompareNoCase(LPCTSTR psz) const;
 
@@ -53,6 +51,7 @@ inline CString operator+(CString first, LPCTSTR second)
 {
     return first += second;
 }
+// Without these, two strings would convert to pointers and compare as such.
 inline bool operator==(const CString& first, LPCTSTR second)
 {
     return first.Compare(second) == 0;

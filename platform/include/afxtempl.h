@@ -3,7 +3,7 @@
 
 #include <afxcoll.h>
 
-// An array of pointers that hands its elements out as TYPE, a pointer type.
+// An array of pointers whose elements have the pointer type TYPE.
 template <class BASE_CLASS, class TYPE> class CTypedPtrArray : public BASE_CLASS
 {
 public:

@@ -16,8 +16,8 @@ public:
     virtual int ExitInstance();  // 0
 };
 
-// The one application object of a module. The framework calls InitInstance when the module has been loaded
-// and all its static objects stand, and ExitInstance before they go.
+// The application object of a module. The framework calls InitInstance when the module has been loaded and
+// its static objects are constructed, and ExitInstance before they are destroyed.
 class PLATFORM_API CWinApp : public CWinThread
 {
 public:
@@ -25,10 +25,10 @@ public:
     ~CWinApp() override;
 };
 
-// What the framework keeps for each module.
+// The framework's data about a module.
 struct AFX_MODULE_STATE {
     CWinApp* m_pCurrentWinApp;
-    bool m_bEnding; // the process ends, or the module is unloaded: its objects, or its windows, are gone
+    bool m_bEnding; // the process is ending or the module is unloaded; its objects must not be used
 };
 
 PLATFORM_API extern constinit AFX_MODULE_STATE afxModuleState;
@@ -40,12 +40,12 @@ inline AFX_MODULE_STATE* AfxGetStaticModuleState()
 PLATFORM_API AFX_MODULE_STATE* AfxGetModuleState(); // the one in force on this thread
 PLATFORM_API CWinApp* AfxGetApp();                  // of the state in force
 
-// Loads an extension module, a library on this framework which brings windows with it: "name.dll" is
-// libname.so beside the framework. Null where the program has no display, and where the module can't be
-// loaded, which standard error is told once. It stays loaded until the process ends.
+// Loads an extension module, a library with windows on this framework: "name.dll" is libname.so beside the
+// framework. It stays loaded until the process ends. Null if the program has no display, or the module can't
+// be loaded, which is reported on standard error once.
 PLATFORM_API HMODULE AfxLoadLibrary(LPCTSTR moduleName);
 
-// Puts a module's state in force on this thread, until the end of its scope.
+// Puts a module's state in force on this thread until the end of the scope.
 class PLATFORM_API AFX_MAINTAIN_STATE2
 {
 public:
@@ -60,7 +60,7 @@ public:
 private:
     friend AFX_MODULE_STATE* AfxGetModuleState();
 
-    // Entered at every call of an export: one load and one store, without a call of the loader's.
+    // Accessed by every exported function: initial-exec avoids a call of the loader.
     [[gnu::tls_model("initial-exec")]] static constinit thread_local AFX_MODULE_STATE* s_pInForce;
 
     AFX_MODULE_STATE* m_pPrevModuleState;

@@ -7,12 +7,11 @@
 #define WINAPI
 #define CALLBACK
 
-// Marks what the core library shows to the other libraries of this system, in the process of a host that may
-// have classes and functions of the same names: the tag becomes part of the symbols, so that neither is taken
-// for the other.
+// What the core library exports to the other libraries of this system. The tag becomes part of the symbols,
+// so that they don't clash with classes and functions of the same names in a host.
 #define PLATFORM_API [[gnu::visibility("default"), gnu::abi_tag("styleatlas")]]
 
-// The framework's marks for what one library on it shows to another: classes, functions, objects.
+// The framework's marks for exported classes, functions and objects.
 #define AFX_EXT_CLASS [[gnu::visibility("default")]]
 #define AFX_EXT_API [[gnu::visibility("default")]]
 #define AFX_EXT_DATA PLATFORM_API
@@ -23,7 +22,6 @@ using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
 using UINT = unsigned int;
 using LONG = std::int32_t;
-using ULONGLONG = std::uint64_t;
 using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
 using COLORREF = DWORD; // red in the lowest byte, then green, then blue
@@ -45,7 +43,7 @@ using HMODULE = struct HINSTANCE__*;
 using HKEY = struct HKEY__*;
 using FARPROC = void (*)();
 
-// Device contexts and what is selected into them.
+// Device contexts and the objects selected into them.
 using HGDIOBJ = void*;
 using HDC = struct HDC__*;
 using HPEN = struct HPEN__*;
@@ -64,7 +62,7 @@ struct SIZE {
     LONG cy;
 };
 
-// Left and top are inside, right and bottom are not.
+// Half-open: without its right and bottom edges.
 struct RECT {
     LONG left;
     LONG top;

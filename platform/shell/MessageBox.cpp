@@ -1,8 +1,8 @@
 // Message boxes on the user's display. The source is no member of a library that a linker could leave it out
-// of: it puts its door in place when the module is loaded, and touches Qt when there is a message.
+// of: it installs its hook when the module is loaded, and touches Qt when there is a message.
 #include <Application.h>
 #include <Contain.h>
-#include <MessageDoor.h>
+#include <MessageBoxHook.h>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPointer>
@@ -57,22 +57,22 @@ int ShowMessage(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 }
 
 // Goes with the module, or when the program ends: before the libraries that a box needs.
-class Door
+class Hook
 {
 public:
-    Door() = default;
-    Door(const Door&) = delete;
-    Door& operator=(const Door&) = delete;
-    ~Door()
+    Hook() = default;
+    Hook(const Hook&) = delete;
+    Hook& operator=(const Hook&) = delete;
+    ~Hook()
     {
-        SetMessageDoor(m_before);
+        SetMessageBoxHook(m_before);
         afxModuleState.m_bEnding = true;
     }
 
 private:
-    MessageDoor m_before = SetMessageDoor(&ShowMessage);
+    MessageBoxHook m_before = SetMessageBoxHook(&ShowMessage);
 };
 
-const Door door;
+const Hook hook;
 
 } // namespace

@@ -6,12 +6,12 @@
 namespace
 {
 
-constexpr int leastBufferSize = 128;
+constexpr int minBufferSize = 128;
 
 } // namespace
 
 CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize)
-    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(std::max(nBufSize, leastBufferSize)),
+    : m_nMode(nMode), m_pFile(pFile), m_nBufSize(std::max(nBufSize, minBufferSize)),
       m_lpBufStart(new (std::nothrow) BYTE[m_nBufSize]), m_lpBufCur(m_lpBufStart.get()),
       m_lpReadEnd(m_lpBufCur), m_lpWriteEnd(m_lpBufCur)
 {
@@ -28,7 +28,7 @@ CArchive::~CArchive()
     try {
         Close();
     } catch (CException* e) {
-        e->Delete(); // nobody is left to be told
+        e->Delete(); // a destructor has no way to report it
     }
 }
 
@@ -62,7 +62,7 @@ void CArchive::WriteThrough(const BYTE* from, UINT nCount)
 
 void CArchive::ReadThrough(BYTE* to, UINT nCount)
 {
-    if (!IsLoading())
+    if (IsStoring())
         AfxThrowArchiveException(CArchiveException::writeOnly, m_pFile->GetFilePath());
     while (nCount > 0) {
         if (m_lpBufCur == m_lpReadEnd) {

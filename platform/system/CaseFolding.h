@@ -1,12 +1,12 @@
-// Names without regard to the case of their letters.
+// Case-insensitive names.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// The small letter of a capital of the Latin, Greek, Cyrillic and Armenian alphabets; any other character as
-// it is. The same on every system and in every language.
+// The small letter of a Latin, Greek, Cyrillic or Armenian capital; any other character unchanged. The same
+// on every system and in every locale.
 char16_t FoldCharacter(char16_t c) noexcept;
 
-// A text in UTF-8 with each of its characters folded.
+// Folds each character.
 std::string FoldCase(std::string_view utf8);

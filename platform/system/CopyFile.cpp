@@ -31,7 +31,7 @@ LONG ErrorOf(int error)
 BOOL CopyFileW(LPCWSTR existing, LPCWSTR copy, BOOL /*failIfExists*/)
 {
     lastError = WithFrameworkMemory([=] {
-        errno = ENOENT; // of an empty path
+        errno = ENOENT; // for an empty path
         const std::string from = FollowLinks(NativePath(existing));
         return ErrorOf(from.empty() ? errno : CopyUnder(from, NativePath(copy)));
     });

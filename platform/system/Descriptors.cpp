@@ -10,7 +10,7 @@ StandardDescriptors::StandardDescriptors() noexcept
     const int error = errno;
     for (int number = 0; number < Count; ++number) {
         if (fcntl(number, F_GETFD) < 0 && errno == EBADF)
-            m_taken[static_cast<std::size_t>(number)] = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+            m_occupied[static_cast<std::size_t>(number)] = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     }
     errno = error;
 }
@@ -18,7 +18,7 @@ StandardDescriptors::StandardDescriptors() noexcept
 StandardDescriptors::~StandardDescriptors()
 {
     const int error = errno;
-    for (const int number : m_taken) {
+    for (const int number : m_occupied) {
         if (number >= 0)
             close(number);
     }

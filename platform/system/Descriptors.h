@@ -1,12 +1,12 @@
-// The numbers of open files. A host may have closed its standard input, output or error; a file of ours with
-// such a number would take what the host prints.
+// File descriptors. A host may have closed its standard input, output or error: a file of ours must not get
+// one of these numbers, or it would receive what the host prints.
 #pragma once
 
 #include <array>
 #include <sys/types.h>
 
-// As long as it lives, the numbers 0 to 2 are taken by something that reads and writes nothing, where the
-// host has left them free; so every file that is opened meanwhile gets a higher one. errno stays as it is.
+// Occupies those of the descriptors 0 to 2 that are free, so that files opened during its lifetime get higher
+// ones. Keeps errno.
 class StandardDescriptors
 {
 public:
@@ -18,9 +18,9 @@ public:
 private:
     static constexpr int Count = 3;
 
-    std::array<int, Count> m_taken{-1, -1, -1};
+    std::array<int, Count> m_occupied{-1, -1, -1};
 };
 
-// The system's openat, always with O_CLOEXEC, and with a number above 2.
+// The system's openat and open, always with O_CLOEXEC, for a descriptor above 2.
 int OpenAt(int folder, const char* path, int flags, mode_t mode = 0);
-int OpenFile(const char* path, int flags, mode_t mode = 0); // from the current folder
+int OpenFile(const char* path, int flags, mode_t mode = 0);

@@ -1,11 +1,11 @@
-// Whether a program can have a display at all, as far as that can be told without Qt.
+// Whether the program can have a display, as far as can be found out without Qt.
 #pragma once
 
 #include <string>
 #include <windef.h>
 
-// What the environment says of the display; empty where it names none.
+// The environment variables that name a display, one a line; empty if there are none.
 PLATFORM_API std::string NamedDisplay();
 
-// Whether the library of windows is in the program already: then it may have named a display otherwise.
+// Whether Qt's library of widgets is loaded already: the program may then have chosen a display otherwise.
 bool HasWindowLibrary();

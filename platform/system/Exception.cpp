@@ -3,8 +3,8 @@
 namespace
 {
 
-// Thrown when there may be no memory for an exception, so it stands ready.
-template <class Exception> [[noreturn]] void ThrowStanding()
+// For exceptions that are thrown when memory may have run out.
+template <class Exception> [[noreturn]] void ThrowPreallocated()
 {
     static Exception exception;
     throw &exception;
@@ -20,12 +20,12 @@ void CException::Delete()
 
 void AfxThrowMemoryException()
 {
-    ThrowStanding<CMemoryException>();
+    ThrowPreallocated<CMemoryException>();
 }
 
 void AfxThrowInvalidArgException()
 {
-    ThrowStanding<CInvalidArgException>();
+    ThrowPreallocated<CInvalidArgException>();
 }
 
 void AfxThrowFileException(CFileException::Cause cause, LONG osError, LPCTSTR fileName)

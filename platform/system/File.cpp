@@ -16,7 +16,7 @@
 namespace
 {
 
-constexpr int commonFlags = O_NOCTTY | O_NONBLOCK; // no file that is opened may hold up the host
+constexpr int commonFlags = O_NOCTTY | O_NONBLOCK; // opening never blocks
 
 CFileException::Cause CauseOf(int error)
 {
@@ -72,9 +72,9 @@ BOOL CFile::OpenNative(const std::string& path, int flags, UINT mode)
     struct stat status {
     };
     const bool writing = (flags & O_ACCMODE) != O_RDONLY;
-    const bool fit =
+    const bool isUsable =
         fstat(file, &status) == 0 && (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
-    if (!fit) {
+    if (!isUsable) {
         close(file);
         errno = EINVAL;
         return FALSE;
@@ -103,7 +103,7 @@ void CFile::Write(const void* lpBuf, UINT nCount)
 {
     int error = 0;
     {
-        // Of what this class opens, only a file past a limit raises a signal.
+        // Writes to ordinary files and devices raise a signal only past a size limit.
         std::optional<SignalGuard> guard;
         if (HasSizeLimit())
             guard.emplace();
@@ -112,7 +112,7 @@ void CFile::Write(const void* lpBuf, UINT nCount)
             const ssize_t put = write(m_hFile, static_cast<const BYTE*>(lpBuf) + total, nCount - total);
             if (put > 0)
                 total += static_cast<UINT>(put);
-            else if (put == 0) // a device that takes nothing and says nothing
+            else if (put == 0) // a device that accepts nothing and reports no error
                 error = EIO;
             else if (errno != EINTR)
                 error = errno;
@@ -122,15 +122,6 @@ void CFile::Write(const void* lpBuf, UINT nCount)
         ThrowSystemError(error);
 }
 
-ULONGLONG CFile::GetLength() const
-{
-    struct stat status {
-    };
-    if (fstat(m_hFile, &status) != 0)
-        ThrowSystemError(errno);
-    return static_cast<ULONGLONG>(status.st_size);
-}
-
 void CFile::Close()
 {
     if (m_hFile == hFileNull)
@@ -138,7 +129,7 @@ void CFile::Close()
     const int result = close(m_hFile);
     const int error = errno;
     m_hFile = hFileNull;
-    if (result != 0 && error != EINTR) // an interrupted close has closed
+    if (result != 0 && error != EINTR) // after EINTR the descriptor is closed
         ThrowSystemError(error);
 }
 

@@ -9,24 +9,24 @@
 namespace
 {
 
-constexpr int mostLinks = 40; // as many as the system itself follows
+constexpr int maxLinks = 40; // the system's own limit
 
-// As the system itself does where it is set up to protect links.
+// The system's own rule, where fs.protected_symlinks is set.
 bool IsTrusted(const struct stat& link, const std::string& folder)
 {
-    struct stat holder {
+    struct stat parent {
     };
-    if (stat(folder.empty() ? "." : folder.c_str(), &holder) != 0)
+    if (stat(folder.empty() ? "." : folder.c_str(), &parent) != 0)
         return false;
-    const bool isShared = (holder.st_mode & S_ISVTX) != 0 && (holder.st_mode & S_IWOTH) != 0;
-    return !isShared || link.st_uid == geteuid() || link.st_uid == holder.st_uid;
+    const bool isShared = (parent.st_mode & S_ISVTX) != 0 && (parent.st_mode & S_IWOTH) != 0;
+    return !isShared || link.st_uid == geteuid() || link.st_uid == parent.st_uid;
 }
 
 } // namespace
 
 std::string FollowLinks(const std::string& path)
 {
-    std::string done; // holds no link, and ends with a slash if it isn't empty
+    std::string done; // without links; ends with a slash unless it is empty
     std::string rest = path;
     for (int links = 0; !rest.empty();) {
         const std::size_t end = std::min(rest.find('/'), rest.size());
@@ -44,7 +44,7 @@ std::string FollowLinks(const std::string& path)
         const ssize_t length = readlink(reached.c_str(), target.data(), target.size());
         const bool isWhole = length >= 0 && static_cast<std::size_t>(length) < target.size();
         const bool isTrusted = IsTrusted(status, done);
-        if (!isWhole || !isTrusted || ++links > mostLinks) {
+        if (!isWhole || !isTrusted || ++links > maxLinks) {
             errno = isTrusted ? ELOOP : EACCES;
             return {};
         }

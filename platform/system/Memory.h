@@ -1,11 +1,11 @@
-// The standard library's memory exception is the framework's, seen from above.
+// Translates the standard library's memory exception to the framework's.
 #pragma once
 
 #include <afxobj.h>
 
 #include <new>
 
-// Gives what the operation gives; raises the memory exception where it has no memory.
+// Runs the operation; its std::bad_alloc becomes the framework's memory exception.
 template <class Operation> auto WithFrameworkMemory(Operation operation)
 {
     try {

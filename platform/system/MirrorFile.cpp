@@ -17,16 +17,16 @@
 namespace
 {
 
-constexpr mode_t ownersOnly = 0600; // until the file has the permissions of the one that it replaces
+constexpr mode_t ownersOnly = 0600; // until it gets the permissions of the file that it replaces
 
-// Of a name with which no file can be, which nobody needs to be told.
-bool LeadsNowhere(int error)
+// Errors of a path at which no file can exist; Open returns false for them and raises nothing.
+bool IsUnusablePath(int error)
 {
     return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG || error == ELOOP;
 }
 
-// Of a new file in the place of the old one: the file itself may be writable all the same, as one that
-// somebody else owns in a sticky folder, or one that is mounted by itself.
+// Errors of replacing a file that may still be writable itself: another user's file in a sticky folder, or a
+// mount point.
 bool IsRefusal(int error)
 {
     return error == EACCES || error == EPERM || error == EROFS || error == EBUSY || error == EXDEV;
@@ -70,7 +70,7 @@ bool CMirrorFile::OpenForCreation(const std::string& path)
     return OpenMirror(&old) || OpenOver(O_RDWR) || OpenOver(O_WRONLY) || Refuse(errno);
 }
 
-// False, with errno, where no new file can take the place of the old one.
+// False, with errno, if no new file can replace the old one.
 bool CMirrorFile::OpenMirror(const struct stat* pOld)
 {
     const std::string folder = FolderOf(m_strTarget);
@@ -94,10 +94,10 @@ bool CMirrorFile::OpenOver(int nFlags)
     return m_bOverwrites;
 }
 
-// False for a name that leads nowhere; raises the file exception for anything else.
+// False for an unusable path; raises the file exception for any other error.
 bool CMirrorFile::Refuse(int error) const
 {
-    if (!LeadsNowhere(error))
+    if (!IsUnusablePath(error))
         ThrowSystemError(error);
     return false;
 }
@@ -114,7 +114,7 @@ void CMirrorFile::Close()
             KeepAsPrevious(m_strTarget, Keeping::byCopy);
             return Overwrite(m_hFile, m_strContents);
         }
-        return fsync(m_hFile) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno; // a device's nothing
+        return fsync(m_hFile) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno; // devices can't sync
     });
     if (error != 0)
         ThrowSystemError(error);
@@ -123,7 +123,7 @@ void CMirrorFile::Close()
     CFile::Close();
 }
 
-// Gives what failed, 0 for nothing.
+// Returns errno, or 0.
 int CMirrorFile::CloseMirror()
 {
     if (fsync(m_hFile) != 0)
@@ -134,7 +134,7 @@ int CMirrorFile::CloseMirror()
         if (!IsRefusal(refusal) ||
             ReadWholeFile(m_strMirrorName, std::numeric_limits<std::size_t>::max(), m_strContents) != nullptr)
             return refusal;
-        CFile::Abort(); // the new file, of which all is known
+        CFile::Abort(); // the new file: its contents have been read back
         unlink(m_strMirrorName.c_str());
         m_strMirrorName.clear();
         if (!OpenOver(O_RDWR) && !OpenOver(O_WRONLY))

@@ -1,5 +1,5 @@
-// The bytes on their way into a mirror file: they come in small pieces, and a call of the system for each
-// would take as long as all else that is done to save them.
+// The write buffer of a mirror file. Its bytes come in small pieces; a system call for each would double the
+// time of a save.
 #include "Memory.h"
 
 #include <afxpriv.h>
@@ -22,7 +22,7 @@ void CMirrorFile::Write(const void* lpBuf, UINT nCount)
     });
 }
 
-// Nothing of a file that is overwritten goes out before all of it is known.
+// A file that is overwritten in place stays untouched until Close, when its new contents are complete.
 void CMirrorFile::HandOver()
 {
     if (m_bOverwrites)

@@ -1,6 +1,5 @@
-// The entry point of a module: it is told when the loader has attached the module and when it is about to
-// detach it. This source is the last of its module, so that its static object is constructed last and
-// destroyed first.
+// The entry and exit point of a module, run by the loader when it attaches and detaches the module. Must be
+// linked last, so that its static object is constructed last and destroyed first.
 #include <afxwin.h>
 
 namespace

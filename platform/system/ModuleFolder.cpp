@@ -9,7 +9,7 @@
 namespace
 {
 
-// Has no destructor: it is asked for while the program's objects are being destroyed, too.
+// Trivially destructible, as it is also used while static objects are being destroyed.
 struct FolderName {
     FolderName()
     {

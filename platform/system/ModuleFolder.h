@@ -1,6 +1,6 @@
-// Where the library that this code is linked into stands.
+// The folder of the library that this code is linked into.
 #pragma once
 
-// The absolute folder, without a slash at its end, found at the first call and kept; "." if it can't be told.
-// Throws std::bad_alloc.
+// Absolute, without a slash at its end, and determined at the first call; "." if that fails. Throws
+// std::bad_alloc.
 const char* ModuleFolder();

@@ -15,7 +15,7 @@
 namespace
 {
 
-// "name.dll" is libname.so here.
+// "name.dll" becomes "libname.so".
 std::string NativeName(std::string name)
 {
     constexpr std::string_view ending = ".dll";
@@ -42,7 +42,7 @@ HMODULE LoadLibraryW(LPCWSTR fileName)
     try {
         const std::string name = NativeName(ToUtf8(fileName));
         void* module = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
-        // The run path of this library says the same, but not where a tool stands between it and the loader.
+        // The run path of this library covers these folders, but a sanitizer's dlopen ignores it.
         for (const char* const folder : {"/", "/../"}) {
             if (module == nullptr)
                 module = dlopen((ModuleFolder() + (folder + name)).c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -73,8 +73,8 @@ HMODULE AfxLoadLibrary(LPCTSTR moduleName)
             return nullptr;
         const std::string path = std::string(ModuleFolder()) + '/' + NativeName(ToUtf8(moduleName));
         void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-        static constinit bool isTold = false;
-        if (module == nullptr && !std::exchange(isTold, true))
+        static constinit bool isReported = false;
+        if (module == nullptr && !std::exchange(isReported, true))
             WriteToStandardError(std::string("StyleAtlas: no window can be shown: ") + dlerror() + '\n');
         return static_cast<HMODULE>(module);
     } catch (const std::bad_alloc&) {

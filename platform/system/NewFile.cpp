@@ -19,7 +19,7 @@ namespace
 
 constexpr std::string_view suffix = ".new-layout";
 constexpr std::size_t digitCount = 16;
-constexpr int mostTries = 100;
+constexpr int maxTries = 100;
 
 bool IsNewName(std::string_view name)
 {
@@ -32,15 +32,14 @@ int OpenFolder(const std::string& folder)
     return OpenFile(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
 }
 
-// Whether a file that was just made is still the one of its name: somebody may have taken it for a leftover
-// in the moment before it was locked. A file system without locks will do: no file is taken for a leftover
-// there.
+// Whether a new file still has its name: another writer may have removed it as a leftover before it was
+// locked. On a file system without locks nothing is removed as a leftover.
 bool LockNewFile(int file)
 {
     struct stat status {
     };
-    const bool isTaken = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    return !isTaken && fstat(file, &status) == 0 && status.st_nlink > 0;
+    const bool isLockedByOther = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    return !isLockedByOther && fstat(file, &status) == 0 && status.st_nlink > 0;
 }
 
 } // namespace
@@ -62,7 +61,7 @@ std::string NewPath(const std::string& folder)
 
 int MakeNewFile(const std::string& folder, mode_t mode, std::string& path)
 {
-    for (int i = 0; i < mostTries; ++i) {
+    for (int i = 0; i < maxTries; ++i) {
         path = NewPath(folder);
         const int file = OpenFile(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOCTTY, mode);
         if (file < 0 && errno == EEXIST)
@@ -92,7 +91,7 @@ void RemoveLeftovers(const std::string& folder)
         const int file = OpenAt(descriptor, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
         if (file < 0)
             continue;
-        if (flock(file, LOCK_SH | LOCK_NB) == 0) // all that a network file system gives to a reader
+        if (flock(file, LOCK_SH | LOCK_NB) == 0) // NFS grants no exclusive lock on a file opened for reading
             unlinkat(descriptor, entry->d_name, 0);
         close(file);
     }
@@ -103,6 +102,6 @@ void FlushFolder(const std::string& folder)
     const int file = OpenFolder(folder);
     if (file < 0)
         return;
-    fsync(file); // some file systems refuse this for a folder; the file itself is safe by then
+    fsync(file); // not every file system can; the files in it are synced already
     close(file);
 }

@@ -16,28 +16,28 @@
 namespace
 {
 
-constexpr std::size_t largestPiece = 1 << 20;
-constexpr int mostTries = 10;
-constexpr mode_t ownersOnly = 0600; // until the copy has the permissions of the file
+constexpr std::size_t maxPieceSize = 1 << 20;
+constexpr int maxTries = 10;
+constexpr mode_t ownersOnly = 0600; // until the copy gets the permissions of the file
 
 std::string PreviousOf(const std::string& path)
 {
     return path + '~';
 }
 
-// Gives what failed, 0 for nothing.
+// Returns errno, or 0.
 int CopyContents(int from, int to)
 {
     const SignalGuard guard;
     off_t position = 0;
     ssize_t sent = 0;
     do
-        sent = sendfile(to, from, &position, largestPiece);
+        sent = sendfile(to, from, &position, maxPieceSize);
     while (sent > 0 || (sent < 0 && errno == EINTR));
     return sent < 0 || fsync(to) != 0 ? errno : 0;
 }
 
-// A copy that is still on its way: it goes at the end of its life if it hasn't arrived.
+// A copy under a temporary name. Its destructor removes it, unless it has been renamed.
 class Copy
 {
 public:
@@ -77,7 +77,7 @@ private:
     int m_error;
 };
 
-// Reads or writes all of a text at the beginning of a file.
+// Repeats a read or write until all bytes are transferred; false, with errno, on an error.
 template <class Transfer> bool TransferAll(Transfer transfer, std::size_t size)
 {
     std::size_t done = 0;
@@ -121,14 +121,14 @@ bool MakeRoom(int file, std::size_t size)
 void KeepAsPrevious(const std::string& path, Keeping keeping)
 {
     const std::string previous = PreviousOf(path);
-    for (int i = 0; keeping == Keeping::byLink && i < mostTries; ++i) {
+    for (int i = 0; keeping == Keeping::byLink && i < maxTries; ++i) {
         const std::string name = NewPath(FolderOf(path));
         if (link(path.c_str(), name.c_str()) != 0)
             break;
         const bool isKept = rename(name.c_str(), previous.c_str()) == 0;
-        const bool wasTaken = !isKept && errno == ENOENT; // for a leftover
-        unlink(name.c_str());                             // it stays where the previous file is this very one
-        if (!wasTaken)
+        const bool wasRemoved = !isKept && errno == ENOENT; // by another writer, as a leftover
+        unlink(name.c_str());                               // rename leaves it if both are links to one file
+        if (!wasRemoved)
             return;
     }
     const Copy copy(path, FolderOf(path));
@@ -138,9 +138,9 @@ void KeepAsPrevious(const std::string& path, Keeping keeping)
 
 bool HasOtherNames(const std::string& path, const struct stat& status)
 {
-    // A link that is about to become NAME~, in another process, is gone a moment later.
+    // Another process may be renaming its link to NAME~: look again a moment later.
     struct stat now = status;
-    for (int i = 0; i < mostTries; ++i) {
+    for (int i = 0; i < maxTries; ++i) {
         struct stat previous {
         };
         const bool isPrevious = lstat(PreviousOf(path).c_str(), &previous) == 0 &&
@@ -163,7 +163,7 @@ int Overwrite(int file, std::string_view contents)
         return errno;
     std::string before(std::min(contents.size(), static_cast<std::size_t>(old.st_size)), '\0');
     const bool isKnown = ReadAll(file, before);
-    // What follows the new contents is cut off when these are safe: it could not be put back.
+    // Cut off the rest only when the new contents are safe, as it isn't kept for restoring.
     if (WriteAll(file, contents) && fsync(file) == 0 &&
         ftruncate(file, static_cast<off_t>(contents.size())) == 0)
         return fsync(file) == 0 ? 0 : errno;
@@ -182,7 +182,7 @@ int CopyUnder(const std::string& path, const std::string& copy)
         FlushFolder(FolderOf(copy));
         return 0;
     }
-    // Where the file system can't do that at once, a link does; and no file is there that it would replace.
-    const bool isAble = errno != EINVAL && errno != ENOSYS;
-    return isAble || link(made.Path().c_str(), copy.c_str()) != 0 ? errno : 0;
+    // Without RENAME_NOREPLACE a link serves, as it doesn't replace a file either.
+    const bool isSupported = errno != EINVAL && errno != ENOSYS;
+    return isSupported || link(made.Path().c_str(), copy.c_str()) != 0 ? errno : 0;
 }

@@ -1,5 +1,5 @@
-// What stands where a file is to be written: kept beside it, or overwritten where it can't be replaced. All
-// paths are native ones without symbolic links at their end. Throws std::bad_alloc.
+// The file that a save replaces: kept as NAME~, or overwritten in place if it can't be replaced. Paths are
+// native and don't end in a symbolic link. Functions throw std::bad_alloc.
 #pragma once
 
 #include <string>
@@ -9,17 +9,16 @@ struct stat;
 
 enum class Keeping { byLink, byCopy };
 
-// Keeps the file as NAME~, in place of what had that name: a link to it, or a copy where there are no links
-// or the file itself is about to be overwritten. Nothing happens where the folder takes neither.
+// Keeps the file as NAME~, replacing an older one: as a hard link, or as a copy if links fail or the file is
+// about to be overwritten. Does nothing if the folder allows neither.
 void KeepAsPrevious(const std::string& path, Keeping keeping);
 
-// Whether the file has another name than its own and NAME~, by which it must go on to be found.
+// Whether the file has hard links other than its name and NAME~; a replacement would break them.
 bool HasOtherNames(const std::string& path, const struct stat& status);
 
-// Overwrites an open file, from its first byte to its last, and puts it on the disk; gives what failed, 0 for
-// nothing. No byte is touched before there is room for all, and what stood there is put back where it fails
-// later on, if it can be read.
+// Replaces the contents of an open file and syncs it; returns errno, or 0. Reserves the room first, and
+// restores the old contents on an error if they can be read.
 int Overwrite(int file, std::string_view contents);
 
-// Copies a file under a name that must be free; gives what failed, 0 for nothing.
+// Copies a file to a path that must not exist; returns errno, or 0.
 int CopyUnder(const std::string& path, const std::string& copy);

@@ -1,7 +1,9 @@
 #include "Paths.h"
 
+#include "Ascii.h"
 #include "CaseFolding.h"
 #include "Descriptors.h"
+#include "TextCopy.h"
 #include "Unicode.h"
 
 #include <shlobj.h>
@@ -24,18 +26,14 @@ constexpr const char* prefixVariable = "STYLEATLAS_PREFIX";
 constexpr const char* sharedName = "styleatlas";
 constexpr const char* driveFolder = "/drive_"; // and the drive's letter
 constexpr std::u16string_view commonDataFolder = u"C:\\ProgramData";
-constexpr std::size_t userRecordSize = 16384; // of getpwuid_r; ample
+constexpr std::size_t userRecordSize = 16384; // bytes that getpwuid_r may need
 
 constexpr bool IsSeparator(char16_t c)
 {
     return c == u'\\' || c == u'/';
 }
-constexpr bool IsDriveLetter(char16_t c)
-{
-    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
-}
 
-// Empty for a host that acts for another user than the one who started it: the environment is that user's.
+// Empty if the effective user isn't the real one, whose environment this is.
 std::string Variable(const char* name)
 {
     const char* const value = getuid() == geteuid() ? secure_getenv(name) : nullptr;
@@ -64,8 +62,7 @@ std::string WithoutSlash(std::string path)
     return path;
 }
 
-// The names between the separators, with "." left out and ".." taking back the name before it, as far as
-// there is one.
+// The names between the separators, with "." and ".." resolved; ".." at the root is ignored.
 std::vector<std::u16string_view> PathNames(std::u16string_view path)
 {
     std::vector<std::u16string_view> names;
@@ -90,8 +87,8 @@ bool Exists(const std::string& path)
     return lstat(path.c_str(), &status) == 0;
 }
 
-// The entry of a folder that has this name but for the case of its letters, the first by its bytes where
-// there are several; the name itself where there is none.
+// The folder's entry of this name without regard to case, the first in byte order if there are several; the
+// name itself if there is none.
 std::string NameInFolder(const std::string& folder, const std::string& name)
 {
     if (Exists(folder + '/' + name))
@@ -118,13 +115,13 @@ std::string OnDrive(char16_t drive, std::u16string_view path)
     if (native.empty())
         return native;
     native += driveFolder;
-    native += static_cast<char>(drive | 0x20); // in small letters
-    std::string likeWritten = native;
+    native += static_cast<char>(FoldAscii(drive));
+    std::string asWritten = native;
     const std::vector<std::u16string_view> names = PathNames(path);
     for (const std::u16string_view name : names)
-        likeWritten += '/' + ToUtf8(name);
-    if (Exists(likeWritten))
-        return likeWritten;
+        asWritten += '/' + ToUtf8(name);
+    if (Exists(asWritten))
+        return asWritten;
     for (const std::u16string_view name : names)
         native += '/' + NameInFolder(native, ToUtf8(name));
     return native;
@@ -148,7 +145,7 @@ std::string NativePath(std::u16string_view path)
 {
     if (path.empty() || path[0] == u'/')
         return ToUtf8(path);
-    if (path.size() >= 2 && IsDriveLetter(path[0]) && path[1] == u':')
+    if (path.size() >= 2 && IsAsciiLetter(path[0]) && path[1] == u':')
         return OnDrive(path[0], path.substr(2));
     if (path[0] == u'\\')
         return OnDrive(u'c', path);
@@ -157,7 +154,7 @@ std::string NativePath(std::u16string_view path)
     return native;
 }
 
-// Names that hold a backslash, and parts such as "..", would mean something else on a drive.
+// Checked by the way back: native names with a backslash, and parts such as "..", have no drive path.
 std::u16string DrivePath(const std::string& nativePath)
 {
     std::u16string native = ToUtf16(nativePath);
@@ -187,7 +184,6 @@ HRESULT SHGetFolderPathW(HWND /*owner*/, int folder, HANDLE /*token*/, DWORD /*f
     if (folder != CSIDL_COMMON_APPDATA)
         return E_INVALIDARG;
     static_assert(commonDataFolder.size() < MAX_PATH);
-    std::copy(commonDataFolder.begin(), commonDataFolder.end(), path);
-    path[commonDataFolder.size()] = 0;
+    CopyText(commonDataFolder, path, MAX_PATH);
     return S_OK;
 }

@@ -12,12 +12,12 @@ constexpr const char* accessList = "system.posix_acl_access";
 constexpr mode_t permissionBits = 07777;
 constexpr mode_t withoutIdentity = 0777;
 
-// Whether the file has the old one's access list afterwards; an old file without one counts.
+// True if both files have the same access list afterwards, or none.
 bool CopyAccessList(int file, const std::string& oldPath)
 {
     const ssize_t size = getxattr(oldPath.c_str(), accessList, nullptr, 0);
     if (size < 0) {
-        fremovexattr(file, accessList); // one that the folder gave
+        fremovexattr(file, accessList); // inherited from the folder
         return true;
     }
     std::vector<char> list(static_cast<std::size_t>(size));

@@ -1,12 +1,11 @@
-// Who may do what with a file.
+// File permissions.
 #pragma once
 
 #include <string>
 
 struct stat;
 
-// Gives the open file the owner, group, permissions and access list of the old one, as far as the user may.
-// Where the group or the list can't be had, the group is allowed no more than everybody is, and no user or
-// group identity is lent to who runs the file. Whether owner, group and list are the old one's. Throws
-// std::bad_alloc.
+// Copies owner, group, permissions and access list of the old file to the open one, as far as the user may.
+// Without the old group or list, the group gets no more rights than others; without the old owner, set-id
+// bits are dropped. True if owner, group and list were copied. Throws std::bad_alloc.
 bool CopyPermissions(int file, const std::string& oldPath, const struct stat& old);

@@ -7,8 +7,8 @@
 namespace
 {
 
-constexpr INT_PTR leastGrowth = 4;
-constexpr INT_PTR mostElements = std::numeric_limits<INT_PTR>::max() / static_cast<INT_PTR>(sizeof(void*));
+constexpr INT_PTR minGrowth = 4;
+constexpr INT_PTR maxElements = std::numeric_limits<INT_PTR>::max() / static_cast<INT_PTR>(sizeof(void*));
 
 } // namespace
 
@@ -36,12 +36,12 @@ void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
     m_nSize = nNewSize;
 }
 
-// An array that is grown one by one grows by half each time, so that the copying stays linear; one that is
-// given its size at once takes no more than that.
+// An array that is appended to grows by half, which keeps the cost of copying linear; the first allocation is
+// exact.
 void CPtrArray::Reserve(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
-    const INT_PTR growth = m_nMaxSize > 0 ? std::max({nGrowBy, leastGrowth, m_nMaxSize / 2}) : nGrowBy;
-    if (nNewSize > mostElements || growth > mostElements - m_nMaxSize)
+    const INT_PTR growth = m_nMaxSize > 0 ? std::max({nGrowBy, minGrowth, m_nMaxSize / 2}) : nGrowBy;
+    if (nNewSize > maxElements || growth > maxElements - m_nMaxSize)
         AfxThrowMemoryException();
     const INT_PTR newMax = std::max(nNewSize, m_nMaxSize + growth);
     void* const data = std::realloc(m_pData, static_cast<std::size_t>(newMax) * sizeof(void*));
@@ -55,7 +55,7 @@ void CPtrArray::SetAtGrow(INT_PTR nIndex, void* newElement)
 {
     if (nIndex < 0)
         AfxThrowInvalidArgException();
-    if (nIndex >= mostElements)
+    if (nIndex >= maxElements)
         AfxThrowMemoryException();
     if (nIndex >= m_nSize)
         SetSize(nIndex + 1);

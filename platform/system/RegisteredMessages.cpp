@@ -10,7 +10,7 @@ namespace
 constexpr UINT firstNumber = 0xC000;
 constexpr UINT lastNumber = 0xFFFF;
 
-// Made on first use: names are registered while static objects are being constructed.
+// Constructed on first use, as names are registered by static constructors.
 std::vector<CString>& Names()
 {
     static std::vector<CString> names;

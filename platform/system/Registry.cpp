@@ -1,28 +1,29 @@
 #include <windows.h>
 
 #include "Descriptors.h"
-#include "FailedLooks.h"
-#include "RegistryDatabase.h"
+#include "RegistryFailures.h"
+#include "RegistryFile.h"
+#include "RegistryKeys.h"
+#include "RegistryValues.h"
 #include "SignalGuard.h"
 
 #include <cstdint>
 #include <new>
 
-// Every open key has a connection of its own.
-
+// An open key, with a connection of its own.
 struct HKEY__ {
     sqlite3* Store;
     sqlite3_int64 Id;
     REGSAM Access;
-    std::uint64_t Mark;
-    bool IsRead; // the last query gave an answer
-    LONG Unread; // how it failed; ERROR_SUCCESS where it didn't, or there was none
+    std::uint64_t Hash;
+    bool IsRead;    // the last query had an answer
+    LONG ReadError; // of the last query; ERROR_SUCCESS if it had an answer, or there was none
 };
 
 namespace
 {
 
-// Runs the body of a registry function: no exception leaves it, and no signal reaches the host.
+// Runs the body of a registry function. Contains its exceptions and the signals of its writes.
 template <class Body> LONG Guarded(Body body)
 {
     const SignalGuard guard;
@@ -30,18 +31,17 @@ template <class Body> LONG Guarded(Body body)
     try {
         const LONG result = body();
         if (result == ERROR_BUSY)
-            HoldUpNoLonger();
+            ShortenRegistryWait();
         return result;
     } catch (const std::bad_alloc&) {
         return ERROR_OUTOFMEMORY;
     }
 }
 
-// The key that the null handle stands for: the last one that could not be opened or created, and whether
-// somebody has tried to read it since.
+// What calls with the null handle mean: the last key that could not be opened or created.
 struct UnopenedKey {
-    std::uint64_t Mark = 0;
-    bool IsRead = false;
+    std::uint64_t Hash = 0;
+    bool IsQueried = false; // the host tried to read a value of it
 };
 UnopenedKey unopened;
 
@@ -49,9 +49,9 @@ LONG OpenKey(LPCWSTR subKey, REGSAM access, HKEY* key)
 {
     Database database;
     sqlite3_int64 id = 0;
-    if (const LONG failure = OpenStoredKey(subKey, database, id))
-        return failure;
-    *key = new HKEY__{database.get(), id, access, KeyMark(subKey), false, ERROR_SUCCESS};
+    if (const LONG error = OpenStoredKey(subKey, database, id))
+        return error;
+    *key = new HKEY__{database.get(), id, access, KeyHash(subKey), false, ERROR_SUCCESS};
     static_cast<void>(database.release());
     return ERROR_SUCCESS;
 }
@@ -63,9 +63,12 @@ LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD /*options*/, REGSAM access, 
     if (root != HKEY_USERS)
         return ERROR_INVALID_HANDLE;
     const LONG result = Guarded([&] { return OpenKey(subKey, access, key); });
-    const std::uint64_t mark = KeyMark(subKey);
-    unopened = {.Mark = result != ERROR_SUCCESS ? mark : 0};
-    result != ERROR_SUCCESS ? FailedLooks::Keep(mark, result) : FailedLooks::Opened(mark);
+    const std::uint64_t hash = KeyHash(subKey);
+    unopened = {.Hash = result != ERROR_SUCCESS ? hash : 0};
+    if (result != ERROR_SUCCESS)
+        RegistryFailures::Record(hash, result);
+    else
+        RegistryFailures::RecordOpened(hash);
     return result;
 }
 
@@ -74,21 +77,21 @@ LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD /*reserved*/, LPWSTR /*key
 {
     if (root != HKEY_USERS)
         return ERROR_INVALID_HANDLE;
-    const std::uint64_t mark = KeyMark(subKey);
-    if (const LONG failure = FailedLooks::OpeningOf(mark))
-        return failure;
+    const std::uint64_t hash = KeyHash(subKey);
+    if (const LONG error = RegistryFailures::OpenErrorOf(hash))
+        return error;
     const LONG created = Guarded([&] { return CreateStoredKey(subKey); });
     if (created == ERROR_SUCCESS)
         return RegOpenKeyExW(root, subKey, options, access, key);
-    unopened = {.Mark = mark};
-    FailedLooks::Keep(mark, created == ERROR_NOT_REGISTRY_FILE ? ERROR_BADDB : created);
+    unopened = {.Hash = hash};
+    RegistryFailures::Record(hash, created == ERROR_NOT_REGISTRY_FILE ? ERROR_BADDB : created);
     return created;
 }
 
 LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, BYTE* data, DWORD* size)
 {
     if (key == nullptr || key == HKEY_USERS) {
-        unopened.IsRead = true;
+        unopened.IsQueried = true;
         return ERROR_INVALID_HANDLE;
     }
     const LONG result = Guarded([&]() -> LONG {
@@ -96,26 +99,26 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, 
         return isAllowed ? ReadStoredValue(key->Store, key->Id, name, type, data, size) : ERROR_ACCESS_DENIED;
     });
     key->IsRead = IsAnswer(result);
-    key->Unread = key->IsRead ? ERROR_SUCCESS : result;
-    FailedLooks::Keep(key->Mark, result);
+    key->ReadError = key->IsRead ? ERROR_SUCCESS : result;
+    RegistryFailures::Record(key->Hash, result);
     return result;
 }
 
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, const BYTE* data, DWORD size)
 {
-    const std::uint64_t value = ValueMark(name, type, {reinterpret_cast<const char*>(data), size});
+    const std::uint64_t value = ValueHash(name, type, {reinterpret_cast<const char*>(data), size});
     if (key == nullptr || key == HKEY_USERS) {
-        if (unopened.IsRead)
-            FailedLooks::Refuse(unopened.Mark, value);
+        if (unopened.IsQueried)
+            RegistryFailures::RefuseValue(unopened.Hash, value);
         return ERROR_INVALID_HANDLE;
     }
-    if (key->Unread != ERROR_SUCCESS) {
-        FailedLooks::Refuse(key->Mark, value);
-        return key->Unread;
+    if (key->ReadError != ERROR_SUCCESS) {
+        RegistryFailures::RefuseValue(key->Hash, value);
+        return key->ReadError;
     }
-    // Who has read the key knows what is replaced.
-    if (const LONG failure = key->IsRead ? ERROR_SUCCESS : FailedLooks::RefusalOf(value))
-        return failure;
+    // A host that has read the key knows what it replaces.
+    if (const LONG error = key->IsRead ? ERROR_SUCCESS : RegistryFailures::RefusalOf(value))
+        return error;
     return Guarded([&]() -> LONG {
         const bool isAllowed = (key->Access & KEY_WRITE) == KEY_WRITE;
         return isAllowed ? StoreValue(key->Store, key->Id, name, type, data, size) : ERROR_ACCESS_DENIED;

@@ -1,5 +1,5 @@
-// A write past a file-size limit or into a broken pipe raises a signal that would end the host. Within the
-// scope of a SignalGuard such a write only fails.
+// Writing past a file-size limit or into a broken pipe raises a signal that kills the host by default. Within
+// the scope of a SignalGuard the write just fails.
 #pragma once
 
 #include <csignal>
@@ -10,7 +10,7 @@ public:
     SignalGuard() noexcept;
     SignalGuard(const SignalGuard&) = delete;
     SignalGuard& operator=(const SignalGuard&) = delete;
-    ~SignalGuard(); // takes back the signals raised in the scope, and leaves those that the host had pending
+    ~SignalGuard(); // discards the signals raised in the scope, not those that were pending before it
 
 private:
     sigset_t m_guarded;

@@ -11,7 +11,7 @@
 namespace
 {
 
-constexpr int longestWait = 1000; // milliseconds
+constexpr int maxWait = 1000; // milliseconds
 
 } // namespace
 
@@ -20,12 +20,12 @@ void WriteToStandardError(std::string_view line) noexcept
     const SignalGuard guard;
     while (!line.empty()) {
         pollfd standardError{STDERR_FILENO, POLLOUT, 0};
-        const int ready = poll(&standardError, 1, longestWait);
+        const int ready = poll(&standardError, 1, maxWait);
         if (ready < 0 && errno == EINTR)
             continue;
         if (ready != 1 || (standardError.revents & POLLOUT) == 0)
             return;
-        // A pipe that is ready takes this much without waiting.
+        // A ready pipe accepts this much without blocking.
         const ssize_t written =
             write(STDERR_FILENO, line.data(), std::min<std::size_t>(line.size(), PIPE_BUF));
         if (written < 0 && errno == EINTR)

@@ -1,8 +1,8 @@
-// Standard error, as a library may use it: it is the host's.
+// Standard error, which belongs to the host.
 #pragma once
 
 #include <string_view>
 
-// Writes a line, its end included: in one piece, unless it is longer than a pipe takes at once. A reader that
-// is gone doesn't end the host, and one that reads nothing for a second loses the rest of the line.
+// Writes a line, passed with its end, atomically up to the size of PIPE_BUF. A broken pipe raises no signal;
+// if the reader stalls for a second, the rest of the line is dropped.
 void WriteToStandardError(std::string_view line) noexcept;

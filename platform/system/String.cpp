@@ -1,5 +1,6 @@
 #include <afx.h>
 
+#include "Ascii.h"
 #include "Memory.h"
 
 #include <algorithm>
@@ -9,16 +10,11 @@
 namespace
 {
 
-constexpr TCHAR FoldCase(TCHAR ch)
-{
-    return ch >= u'A' && ch <= u'Z' ? static_cast<TCHAR>(ch + (u'a' - u'A')) : ch;
-}
-
 int CompareFolded(std::u16string_view first, std::u16string_view second)
 {
     const std::size_t common = std::min(first.size(), second.size());
     for (std::size_t i = 0; i < common; ++i) {
-        const int difference = FoldCase(first[i]) - FoldCase(second[i]);
+        const int difference = FoldAscii(first[i]) - FoldAscii(second[i]);
         if (difference != 0)
             return difference;
     }
@@ -60,7 +56,7 @@ std::u16string FormatText(const TCHAR* format, std::va_list args)
         case u'%':
             out.push_back(u'%');
             break;
-        default: // no argument can be told from the rest without its type
+        default: // the arguments after an unknown one can't be found
             AfxThrowInvalidArgException();
         }
     }
@@ -81,11 +77,11 @@ int _wtoi(LPCWSTR text) // NOLINT
     const bool isNegative = *text == u'-';
     if (isNegative || *text == u'+')
         ++text;
-    constexpr std::int64_t largest = std::numeric_limits<int>::max();
+    constexpr std::int64_t max = std::numeric_limits<int>::max();
     std::int64_t number = 0;
     for (; *text >= u'0' && *text <= u'9'; ++text)
-        number = std::min(number * 10 + (*text - u'0'), largest + 1);
-    return static_cast<int>(isNegative ? -number : std::min(number, largest));
+        number = std::min(number * 10 + (*text - u'0'), max + 1);
+    return static_cast<int>(isNegative ? -number : std::min(number, max));
 }
 
 CString::CString(LPCTSTR psz) : m_text(psz ? MakeText(psz) : nullptr) {}
@@ -97,7 +93,6 @@ CString::CString(LPCTSTR pch, int nLength)
     m_text = MakeText({pch, static_cast<std::size_t>(nLength)});
 }
 
-// The contents, for writing: shared with nobody.
 TCHAR* CString::GetBufferSetLength(int nLength)
 {
     std::u16string& own = Own();
@@ -160,7 +155,7 @@ void CString::Format(const TCHAR* pszFormat, ...)
 {
     std::va_list args;
     va_start(args, pszFormat);
-    // Formatted as a whole before anything changes: an argument may be this string's own text.
+    // Format before assigning: an argument may be this string's own text.
     struct EndOfArguments {
         std::va_list& List;
         ~EndOfArguments() { va_end(List); }

@@ -1,4 +1,5 @@
-// Texts in buffers of fixed size.
+// Functions that fill text buffers of fixed size.
+#include "TextCopy.h"
 #include "Unicode.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace
 constexpr int invalidArgument = 22; // EINVAL
 constexpr int resultTooLong = 34;   // ERANGE
 
-// Where a part of a text goes: no buffer at all, or one with room for a terminator at least.
+// The buffer for a part of a path: absent, or with room for at least a terminator.
 struct PartBuffer {
     LPWSTR Text;
     std::size_t Size;
@@ -21,7 +22,7 @@ struct PartBuffer {
     void Set(std::u16string_view part) const
     {
         if (Text != nullptr)
-            Text[part.copy(Text, part.size())] = 0;
+            CopyText(part, Text, Size);
     }
 };
 
@@ -34,12 +35,8 @@ constexpr bool IsInsideCharacter(char byte)
 
 LPWSTR lstrcpynW(LPWSTR target, LPCWSTR source, int maxLength)
 {
-    if (maxLength <= 0)
-        return target;
-    const std::u16string_view text(source);
-    const std::size_t copied = std::min(text.size(), static_cast<std::size_t>(maxLength) - 1);
-    text.copy(target, copied);
-    target[copied] = 0;
+    if (maxLength > 0)
+        CopyText(source, target, static_cast<std::size_t>(maxLength));
     return target;
 }
 
@@ -87,7 +84,7 @@ int _wsplitpath_s(LPCWSTR path, LPWSTR drive, std::size_t driveSize, LPWSTR fold
     };
     const std::u16string_view parts[] = {
         take(rest.size() > 1 && rest[1] == u':' ? 2 : 0),
-        take(rest.find_last_of(u"\\/") + 1), // 0 where there is none
+        take(rest.find_last_of(u"\\/") + 1), // npos + 1 is 0
         take(rest.rfind(u'.')),
         rest,
     };

@@ -1,11 +1,10 @@
 #include "Unicode.h"
 
-#include <cstdint>
-
 namespace
 {
 
 constexpr char32_t replacement = 0xFFFD;
+constexpr char32_t maxCharacter = 0x10FFFF;
 
 constexpr bool IsHighSurrogate(char32_t c)
 {
@@ -47,35 +46,14 @@ void AppendUtf16(std::u16string& out, char32_t c)
     out.push_back(static_cast<char16_t>(0xDC00 + (c & 0x3FF)));
 }
 
-// A lead byte's pattern, the bits of the character in it, and the least character that needs so many bytes.
 struct LeadByte {
-    unsigned char Mask;
+    unsigned char Mask; // the other bits are the character's
     unsigned char Pattern;
-    std::size_t Length;
-    char32_t Least;
+    std::size_t Length; // of the whole character, in bytes
+    char32_t Min;       // smaller characters of this length are overlong forms
 };
 constexpr LeadByte leadBytes[] = {
     {0x80, 0x00, 1, 0}, {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
-
-// Decodes the character at the head of text; gives its length in bytes, 0 if there is none.
-std::size_t Decode(std::string_view text, char32_t& c)
-{
-    const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    for (const LeadByte& lead : leadBytes) {
-        if ((byte(0) & lead.Mask) != lead.Pattern)
-            continue;
-        if (text.size() < lead.Length)
-            return 0;
-        c = byte(0) & static_cast<unsigned char>(~lead.Mask);
-        for (std::size_t i = 1; i < lead.Length; ++i) {
-            if ((byte(i) & 0xC0) != 0x80)
-                return 0;
-            c = (c << 6) | (byte(i) & 0x3F);
-        }
-        return c >= lead.Least && c <= 0x10FFFF ? lead.Length : 0;
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -92,15 +70,37 @@ std::string ToUtf8(std::u16string_view text)
     return out;
 }
 
+std::optional<char32_t> TakeCharacter(std::string_view& text)
+{
+    const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    for (const LeadByte& lead : leadBytes) {
+        if ((byte(0) & lead.Mask) != lead.Pattern)
+            continue;
+        if (text.size() < lead.Length)
+            return std::nullopt;
+        char32_t c = byte(0) & static_cast<unsigned char>(~lead.Mask);
+        for (std::size_t i = 1; i < lead.Length; ++i) {
+            if ((byte(i) & 0xC0) != 0x80)
+                return std::nullopt;
+            c = (c << 6) | (byte(i) & 0x3F);
+        }
+        if (c < lead.Min || c > maxCharacter)
+            return std::nullopt;
+        text.remove_prefix(lead.Length);
+        return c;
+    }
+    return std::nullopt;
+}
+
 std::u16string ToUtf16(std::string_view text)
 {
     std::u16string out;
     out.reserve(text.size());
     while (!text.empty()) {
-        char32_t c = replacement;
-        const std::size_t length = Decode(text, c);
-        AppendUtf16(out, length > 0 ? c : replacement);
-        text.remove_prefix(length > 0 ? length : 1);
+        const std::optional<char32_t> c = TakeCharacter(text);
+        AppendUtf16(out, c.value_or(replacement));
+        if (!c)
+            text.remove_prefix(1);
     }
     return out;
 }

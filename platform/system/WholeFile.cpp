@@ -17,7 +17,7 @@ constexpr std::size_t blockSize = 16384;
 class Descriptor
 {
 public:
-    // Without O_NONBLOCK a pipe would hold up the caller until somebody writes into it.
+    // Without O_NONBLOCK, opening a pipe would block until it has a writer.
     explicit Descriptor(const char* path) : m_file(OpenFile(path, O_RDONLY | O_NOCTTY | O_NONBLOCK)) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
@@ -34,7 +34,7 @@ private:
 
 } // namespace
 
-const char* ReadWholeFile(const std::string& nativePath, std::size_t mostBytes, std::string& bytes)
+const char* ReadWholeFile(const std::string& nativePath, std::size_t maxBytes, std::string& bytes)
 {
     bytes.clear();
     const Descriptor file(nativePath.c_str());
@@ -55,8 +55,8 @@ const char* ReadWholeFile(const std::string& nativePath, std::size_t mostBytes, 
             return std::strerror(errno);
         if (count == 0)
             return nullptr;
-        // Counted while reading: the size that a file tells can be out of date.
-        if (bytes.size() + static_cast<std::size_t>(count) > mostBytes)
+        // Counted while reading, as the file may grow meanwhile.
+        if (bytes.size() + static_cast<std::size_t>(count) > maxBytes)
             return "too large";
         bytes.append(block.data(), static_cast<std::size_t>(count));
     }

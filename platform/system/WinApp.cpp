@@ -1,6 +1,6 @@
 #include <afxwin.h>
 
-// Stands before every static object with a constructor, so that an application object can enter itself.
+// Initialized before any constructor runs, so that application objects can register in it.
 constinit AFX_MODULE_STATE afxModuleState{nullptr, false};
 
 constinit thread_local AFX_MODULE_STATE* AFX_MAINTAIN_STATE2::s_pInForce = nullptr;

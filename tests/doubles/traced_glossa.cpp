@@ -3,7 +3,7 @@
 
 #include <cstdio>
 
-class glossa::Catalogue
+class glossa::MessageCatalogue
 {
 };
 

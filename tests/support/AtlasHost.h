@@ -12,7 +12,7 @@
 #include <dialogs/StyleAtlasDialog.h>
 #include <frame/StyleAtlasApp.h>
 #include <include/styleatlas.h>
-#include <platform/system/MessageDoor.h>
+#include <platform/system/MessageBoxHook.h>
 
 namespace test
 {
@@ -54,13 +54,13 @@ protected:
         g_App.m_pfnGetQuantities = ReportUnits;
         g_App.m_pfnGetSymbol = NameUnit;
         told.clear();
-        SetMessageDoor(TellUser);
+        SetMessageBoxHook(TellUser);
         g_StyleAtlas.FilePath = _T("");
         m_prefix.MakeFolder("ProgramData/Halvorn/Bench");
         StyleAtlasSetApplication(u"Bench");
         Write("a", 32, 2);
     }
-    ~AtlasHost() override { SetMessageDoor(nullptr); }
+    ~AtlasHost() override { SetMessageBoxHook(nullptr); }
 
     std::filesystem::path PathOf(const std::string& name)
     {

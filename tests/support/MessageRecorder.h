@@ -1,7 +1,7 @@
 // Hears the message boxes of a test in place of the user.
 #pragma once
 
-#include <platform/system/MessageDoor.h>
+#include <platform/system/MessageBoxHook.h>
 
 #include <string>
 #include <vector>
@@ -21,10 +21,10 @@ struct Message {
 class MessageRecorder
 {
 public:
-    MessageRecorder() : m_before(SetMessageDoor(&Record)) { s_messages.clear(); }
+    MessageRecorder() : m_before(SetMessageBoxHook(&Record)) { s_messages.clear(); }
     MessageRecorder(const MessageRecorder&) = delete;
     MessageRecorder& operator=(const MessageRecorder&) = delete;
-    ~MessageRecorder() { SetMessageDoor(m_before); }
+    ~MessageRecorder() { SetMessageBoxHook(m_before); }
 
     const std::vector<Message>& Messages() const { return s_messages; } // in the order of their showing
 
@@ -37,7 +37,7 @@ private:
 
     static inline std::vector<Message> s_messages;
 
-    MessageDoor m_before;
+    MessageBoxHook m_before;
 };
 
 } // namespace test

@@ -11,6 +11,8 @@
 namespace test
 {
 
+constexpr DWORD binaryType = 3; // the number of another type than the texts'
+
 // An open key; null where it can't be opened.
 class RegistryKey
 {

@@ -1,4 +1,4 @@
-// The translations that one user gets: those of the user's languages, and the English names behind them.
+// The translations for the user: those of the user's languages, then the English ones.
 #pragma once
 
 #include <map>
@@ -10,8 +10,8 @@ namespace glossa
 {
 
 struct Translation {
-    std::u16string Text;     // as the catalogue has it
-    std::u16string Stripped; // without access key marks and without blanks at both ends
+    std::u16string Text;     // as in the catalogue
+    std::u16string Stripped; // without access key marks and outer blanks
 };
 
 enum class Language {
@@ -19,14 +19,14 @@ enum class Language {
     English // English alone
 };
 
-class Catalogue
+class MessageCatalogue
 {
 public:
-    // Reads the catalogue files that the environment chooses. What is missing or damaged is left out; throws
-    // std::exception where there is no memory.
-    Catalogue();
+    // Reads the catalogue files that the environment selects. Missing and damaged ones are left out. Throws
+    // std::bad_alloc.
+    MessageCatalogue();
 
-    // Null where there is no translation. The translation stays the catalogue's and never moves.
+    // Null if there is no translation. The translation belongs to the catalogue and never moves.
     const Translation* Find(std::u16string_view section, std::u16string_view text,
                             Language language) const noexcept;
 
@@ -34,13 +34,13 @@ private:
     using Key = std::pair<std::u16string, std::u16string>; // section and text
     using KeyView = std::pair<std::u16string_view, std::u16string_view>;
 
-    // Orders keys and views of keys alike, so that a lookup allocates nothing.
+    // Compares keys with views of keys, so that a lookup allocates nothing.
     struct ByKey {
         using is_transparent = void;
         bool operator()(const KeyView& first, const KeyView& second) const noexcept { return first < second; }
     };
 
-    // Filled from the files alone and never by a lookup, so endless distinct texts don't make it grow.
+    // Filled from the files alone: looking up ever new texts doesn't make it grow.
     using Translations = std::map<Key, Translation, ByKey>;
 
     static void AddFile(Translations& translations, const std::string& language);

@@ -1,4 +1,4 @@
-#include "CatalogueFile.h"
+#include "MessageCatalogueFile.h"
 
 #include <ModuleFolder.h>
 #include <StandardError.h>
@@ -15,7 +15,7 @@ namespace
 
 constexpr const char* folderVariable = "GLOSSA_LOCALEDIR";
 constexpr const char* fileBelowLanguage = "/LC_MESSAGES/glossa.mo";
-constexpr std::size_t largestFile = 1 << 20; // bytes; the texts of a program take a hundredth of it
+constexpr std::size_t maxFileSize = 1 << 20; // bytes, a hundred times what the texts take
 
 std::string LocaleFolder()
 {
@@ -26,23 +26,23 @@ std::string LocaleFolder()
 
 } // namespace
 
-CatalogueFile ReadCatalogueFile(const std::string& language)
+MessageCatalogueFile ReadMessageCatalogueFile(const std::string& language)
 {
-    CatalogueFile file{LocaleFolder() + "/" + language + fileBelowLanguage, {}};
+    MessageCatalogueFile file{LocaleFolder() + "/" + language + fileBelowLanguage, {}};
     errno = 0;
-    const char* hindrance = ReadWholeFile(file.Path, largestFile, file.Bytes);
+    const char* error = ReadWholeFile(file.Path, maxFileSize, file.Bytes);
     const bool isMissing = errno == ENOENT || errno == ENOTDIR;
-    if (hindrance == nullptr && file.Bytes.empty())
-        hindrance = "empty";
-    if (hindrance != nullptr) {
+    if (error == nullptr && file.Bytes.empty())
+        error = "empty";
+    if (error != nullptr) {
         file.Bytes.clear();
         if (!isMissing)
-            TellUnusable(file.Path, hindrance);
+            ReportUnusable(file.Path, error);
     }
     return file;
 }
 
-void TellUnusable(const std::string& path, const char* reason)
+void ReportUnusable(const std::string& path, const char* reason)
 {
     WriteToStandardError("glossa: " + path + " is left out: " + reason + '\n');
 }

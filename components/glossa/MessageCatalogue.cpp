@@ -1,10 +1,10 @@
-#include "Catalogue.h"
+#include "MessageCatalogue.h"
 
 #include <optional>
 
 #include <Unicode.h>
 
-#include "CatalogueFile.h"
+#include "MessageCatalogueFile.h"
 #include "MessageReader.h"
 #include "UserLanguages.h"
 
@@ -23,7 +23,7 @@ std::u16string StripText(std::u16string_view text)
     std::u16string stripped;
     stripped.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        // Of two marks the second is a letter like any other.
+        // "&&" stands for a single "&".
         if (text[i] == accessKeyMark && ++i == text.size())
             break;
         stripped.push_back(text[i]);
@@ -35,36 +35,36 @@ std::u16string StripText(std::u16string_view text)
 
 } // namespace
 
-Catalogue::Catalogue()
+MessageCatalogue::MessageCatalogue()
 {
     for (const std::string& language : UserLanguages())
         AddFile(m_user, language);
     AddFile(m_english, std::string(englishLanguage));
 }
 
-const Translation* Catalogue::Find(std::u16string_view section, std::u16string_view text,
-                                   Language language) const noexcept
+const Translation* MessageCatalogue::Find(std::u16string_view section, std::u16string_view text,
+                                          Language language) const noexcept
 {
     const KeyView key(section, text);
     const Translation* const found = language == Language::User ? FindIn(m_user, key) : nullptr;
     return found != nullptr ? found : FindIn(m_english, key);
 }
 
-// What an earlier file has translated stays: the user prefers its language.
-void Catalogue::AddFile(Translations& translations, const std::string& language)
+// Earlier files take precedence: their languages are preferred.
+void MessageCatalogue::AddFile(Translations& translations, const std::string& language)
 {
-    const CatalogueFile file = ReadCatalogueFile(language);
+    const MessageCatalogueFile file = ReadMessageCatalogueFile(language);
     if (file.Bytes.empty())
         return;
     const std::optional<std::vector<Message>> messages = ReadMessages(file.Bytes);
     if (!messages) {
-        TellUnusable(file.Path, "not a gettext catalogue in UTF-8, or damaged");
+        ReportUnusable(file.Path, "not a gettext catalogue in UTF-8, or damaged");
         return;
     }
     for (const Message& message : *messages) {
         const std::size_t end = message.Id.find(contextEnd);
         if (end == std::string_view::npos || message.Text.empty())
-            continue; // without a section, or not yet translated
+            continue; // without a section, or untranslated
         const auto [place, isNew] = translations.try_emplace(
             Key(ToUtf16(message.Id.substr(0, end)), ToUtf16(message.Id.substr(end + 1))));
         if (!isNew)
@@ -74,7 +74,7 @@ void Catalogue::AddFile(Translations& translations, const std::string& language)
     }
 }
 
-const Translation* Catalogue::FindIn(const Translations& translations, const KeyView& key) noexcept
+const Translation* MessageCatalogue::FindIn(const Translations& translations, const KeyView& key) noexcept
 {
     const auto place = translations.find(key);
     return place != translations.end() ? &place->second : nullptr;
