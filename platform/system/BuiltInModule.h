@@ -1,19 +1,18 @@
-// Modules that the layer itself stands for: what they export is code of this library.
+// Modules that the layer implements itself: their exports are functions of this library.
 #pragma once
+
+#include "InstanceList.h"
 
 #include <windows.h>
 
-// Makes a module known to LoadLibraryW as long as the object lives; each has one with static storage.
+// Makes a module known to LoadLibraryW during its lifetime; each module has one with static storage.
 class PLATFORM_API BuiltInModule
 {
 public:
     // Name and exports are kept, not copied; the last export is all null.
     BuiltInModule(LPCWSTR fileName, const ModuleExport* exports);
-    BuiltInModule(const BuiltInModule&) = delete;
-    BuiltInModule& operator=(const BuiltInModule&) = delete;
-    ~BuiltInModule();
 
-    // Null for a module that nobody has made known. The case of A to Z doesn't count.
+    // Null for an unknown module. Names are compared without regard to the case of A to Z.
     static BuiltInModule* Find(LPCWSTR fileName);
     static const BuiltInModule* Of(HMODULE module);
 
@@ -21,9 +20,9 @@ public:
     const ModuleExport* Exports() const { return m_exports; }
 
 private:
+    static constinit InstanceList<BuiltInModule> s_modules;
+
     LPCWSTR m_fileName;
     const ModuleExport* m_exports;
-    BuiltInModule* m_next;
-
-    static constinit BuiltInModule* s_first;
+    InstanceList<BuiltInModule>::Entry m_entry{s_modules, *this};
 };

@@ -1,32 +1,30 @@
-// The window classes that a dialog template names.
+// The window classes that dialog templates name.
 #pragma once
 
+#include <InstanceList.h>
 #include <string_view>
 #include <winmsg.h>
 
 class QWidget;
 class WindowSide;
 
-// Makes a window of a control's kind, which then belongs to the widget that it is given.
+// Creates a control, which the parent owns.
 using ControlFactory = WindowSide& (*)(DWORD style, QWidget* parent);
 
-// Makes a class known as long as the object lives; each control has one with static storage.
+// Makes a class known to dialogs during its lifetime; each control has one with static storage.
 class ControlClass
 {
 public:
     // The name is kept, not copied.
-    ControlClass(std::u16string_view name, ControlFactory factory);
-    ControlClass(const ControlClass&) = delete;
-    ControlClass& operator=(const ControlClass&) = delete;
-    ~ControlClass();
+    ControlClass(std::u16string_view name, ControlFactory factory) : m_name(name), m_factory(factory) {}
 
-    // Null for a class that nobody has made known. The case of A to Z doesn't count.
+    // Null for an unknown class. Names are compared without regard to the case of A to Z.
     static ControlFactory Find(std::u16string_view name);
 
 private:
+    static constinit InstanceList<ControlClass> s_classes;
+
     std::u16string_view m_name;
     ControlFactory m_factory;
-    ControlClass* m_next;
-
-    static constinit ControlClass* s_first;
+    InstanceList<ControlClass>::Entry m_entry{s_classes, *this};
 };
