@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <QScrollBar>
 #include <QTimer>
-#include <WindowSide.h>
+#include <Window.h>
 #include <cstdlib>
 #include <dialogs/StyleAtlasDialog.h>
 #include <exception>
@@ -72,13 +72,13 @@ public:
     Tree Ours()
     {
         return {
-            .Page = &WindowSide::Of(Child().m_hWnd)->Client(),
+            .Page = &Window::Of(Child().m_hWnd)->Client(),
             .Fill = [this] { m_dialog.FillTree(); },
             .ScrollAcross =
                 [this](int step) { Frame().SendMessage(WM_HSCROLL, step > 0 ? SB_LINERIGHT : SB_LINELEFT); },
             .ScrollDown =
                 [this](int step) {
-                    auto& tree = static_cast<QAbstractScrollArea&>(WindowSide::Of(Child().m_hWnd)->Widget());
+                    auto& tree = static_cast<QAbstractScrollArea&>(Window::Of(Child().m_hWnd)->Widget());
                     QScrollBar& bar = *tree.verticalScrollBar();
                     bar.setValue(bar.value() + step);
                 }};

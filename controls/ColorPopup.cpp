@@ -133,8 +133,7 @@ void k_ColorPopup::OnMouseMove(UINT /*nFlags*/, CPoint point)
 void k_ColorPopup::OnLButtonUp(UINT /*nFlags*/, CPoint /*point*/)
 {
     Default();
-    const DWORD position = ::GetMessagePos();
-    const POINT onScreen{static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+    const CPoint onScreen(static_cast<LPARAM>(::GetMessagePos()));
     Finish(::PtInRect(&m_windowRect, onScreen) != FALSE ? g_msgSelEndOK : g_msgSelEndChange);
 }
 

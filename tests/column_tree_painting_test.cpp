@@ -167,7 +167,7 @@ TEST_F(ColumnTreeRow, ShowsWhatTheUserHasDone)
             test::Picture expected(width, height);
             expected.Dc().FillSolidRect(0, 0, width, height, look.IsEnabled ? test::windowColor : face);
             Compose(expected.Dc(), look);
-            const QImage shown = WindowSide::Of(Tree().m_hWnd)->Client().grab().toImage();
+            const QImage shown = Window::Of(Tree().m_hWnd)->Client().grab().toImage();
             int differing = 0;
             for (int x = 19; x < width; ++x) {
                 for (int y = 16; y < 32; ++y)

@@ -28,7 +28,7 @@ INT_PTR Edit(k_LineDefList& list, const std::function<void(k_CurveLayoutDlg&)>& 
 {
     QTimer::singleShot(0, [&] {
         QWidget* const shown = QApplication::activeModalWidget();
-        user(dynamic_cast<k_CurveLayoutDlg&>(*WindowSide::Of(shown)->Attached));
+        user(dynamic_cast<k_CurveLayoutDlg&>(*Window::Of(shown)->Attached));
         shown->close();
     });
     return EditStyles(nullptr, &list, quantity);

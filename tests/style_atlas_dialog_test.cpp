@@ -156,7 +156,7 @@ TEST_F(StyleAtlasDialog, HasItsMenuEverywhereAndShowsWhatARuleHasDone)
 TEST_F(StyleAtlasDialog, GoesWithTheHostsWindowAtEveryStage)
 {
     static const auto clickTwice = [](k_StyleAtlasDialog& dialog) {
-        QTest::mouseDClick(&WindowSide::Of(dialog.m_ColumnTree.m_Tree.m_hWnd)->Client(), Qt::LeftButton, {},
+        QTest::mouseDClick(&Window::Of(dialog.m_ColumnTree.m_Tree.m_hWnd)->Client(), Qt::LeftButton, {},
                            {180, 5});
     };
     static QWidget* host = nullptr;

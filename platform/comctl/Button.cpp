@@ -1,12 +1,124 @@
-#include "ButtonWindow.h"
+#include "Button.h"
+
 #include "Control.h"
+#include "OwnerDraw.h"
+
+#include <QPaintEvent>
+#include <algorithm>
 
 namespace
 {
 
+// Indexed by the states of BM_GETCHECK.
+constexpr Qt::CheckState checkStates[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
+
+// The style tells which kind of button.
+Window& MakeButton(DWORD style, QWidget* parent)
+{
+    switch (style & BS_TYPEMASK) {
+    case BS_AUTOCHECKBOX:
+    case BS_AUTO3STATE:
+        return *new CheckBoxWindow(style, parent);
+    case BS_GROUPBOX:
+        return *new GroupBoxWindow(style, parent);
+    default:
+        return *new PushButtonWindow(style, parent);
+    }
+}
+
 const ControlClass controlClass(u"Button", MakeButton);
 
 } // namespace
+
+template <class Base>
+ClickableWindow<Base>::ClickableWindow(DWORD style, QWidget* parent) : WidgetWindow<Base>(parent)
+{
+    this->Style = style;
+    QObject::connect(this, &QAbstractButton::clicked, this, [this] { this->Notify(BN_CLICKED); });
+}
+
+template <class Base> LRESULT ClickableWindow<Base>::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message != BM_SETSTYLE)
+        return WidgetWindow<Base>::OnDefault(message, wParam, lParam);
+    this->Style = (this->Style & ~BS_TYPEMASK) | (static_cast<DWORD>(wParam) & BS_TYPEMASK);
+    this->OnStyleChanged();
+    return 0;
+}
+
+PushButtonWindow::PushButtonWindow(DWORD style, QWidget* parent) : ClickableWindow(style, parent)
+{
+    PushButtonWindow::OnStyleChanged();
+}
+
+// The return key presses a push button that has the focus, but no button that its owner draws.
+void PushButtonWindow::OnStyleChanged()
+{
+    setAutoDefault(Type() == BS_PUSHBUTTON || Type() == BS_DEFPUSHBUTTON);
+    setDefault(Type() == BS_DEFPUSHBUTTON);
+    update();
+}
+
+void PushButtonWindow::paintEvent(QPaintEvent* event)
+{
+    if (Type() != BS_OWNERDRAW) {
+        ClickableWindow::paintEvent(event);
+        return;
+    }
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_BUTTON;
+    item.itemAction = ODA_DRAWENTIRE;
+    item.itemState =
+        (isDown() ? ODS_SELECTED : 0) | (isEnabled() ? 0 : ODS_DISABLED) | (hasFocus() ? ODS_FOCUS : 0);
+    QPainter painter(this);
+    DrawByOwner(painter, rect(), *this, item);
+}
+
+CheckBoxWindow::CheckBoxWindow(DWORD style, QWidget* parent) : ClickableWindow(style, parent)
+{
+    CheckBoxWindow::OnStyleChanged();
+}
+
+void CheckBoxWindow::OnStyleChanged()
+{
+    setTristate(Type() == BS_AUTO3STATE);
+    update();
+}
+
+LRESULT CheckBoxWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case BM_GETCHECK:
+        return static_cast<LRESULT>(Check());
+    case BM_SETCHECK:
+        SetCheck(wParam);
+        return 0;
+    default:
+        return ClickableWindow::OnDefault(message, wParam, lParam);
+    }
+}
+
+// Qt would go through the states in another order.
+void CheckBoxWindow::nextCheckState()
+{
+    const WPARAM next = Check() + 1;
+    SetCheck(next > (isTristate() ? BST_INDETERMINATE : BST_CHECKED) ? BST_UNCHECKED : next);
+}
+
+WPARAM CheckBoxWindow::Check() const
+{
+    return static_cast<WPARAM>(std::ranges::find(checkStates, checkState()) - std::begin(checkStates));
+}
+
+void CheckBoxWindow::SetCheck(WPARAM check)
+{
+    setCheckState(checkStates[std::min<WPARAM>(check, isTristate() ? BST_INDETERMINATE : BST_CHECKED)]);
+}
+
+GroupBoxWindow::GroupBoxWindow(DWORD style, QWidget* parent) : WidgetWindow(parent)
+{
+    Style = style;
+}
 
 BOOL CButton::Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
 {

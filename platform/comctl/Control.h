@@ -1,8 +1,15 @@
-// How the framework's object of a control gets its window.
+// How a framework object gets a control as its window.
 #pragma once
 
 #include <ControlClass.h>
+#include <Window.h>
 #include <afxwin.h>
+
+// A ControlFactory for a class of controls.
+template <class Control> Window& MakeControl(DWORD style, QWidget* parent)
+{
+    return *new Control(style, parent);
+}
 
 struct ControlCreation {
     LPCTSTR Text; // null is the empty text

@@ -3,7 +3,7 @@
 #include <DeviceContext.h>
 #include <QImage>
 #include <QtConvert.h>
-#include <WindowSide.h>
+#include <Window.h>
 #include <winuser.h>
 
 namespace
@@ -22,23 +22,23 @@ constexpr ItemColors ColorsOf(UINT kind)
 
 } // namespace
 
-void DrawByOwner(QPainter& painter, const QRect& place, WindowSide& control, DRAWITEMSTRUCT item)
+void DrawByOwner(QPainter& painter, const QRect& place, Window& control, DRAWITEMSTRUCT item)
 {
-    WindowSide* const parent = control.Parent();
+    Window* const parent = control.Parent();
     QImage image(place.size(), QImage::Format_RGB32);
     if (parent == nullptr || image.isNull())
         return;
     const ItemColors colors = ColorsOf(item.CtlType);
     image.fill(gdi::ToQColor(GetSysColor(colors.Background)));
 
-    item.rcItem = {0, 0, image.width(), image.height()};
+    item.rcItem = gdi::ToRect(image.rect());
     const gdi::OwnedContext context(gdi::CreateSurfaceDC(gdi::ToSurface(image), item.rcItem));
     if (!context)
         return;
     SetTextColor(context.get(), GetSysColor(colors.Text));
     SetBkColor(context.get(), GetSysColor(colors.Background));
-    if (control.Font != nullptr)
-        SelectObject(context.get(), control.Font);
+    if (control.Font() != nullptr)
+        SelectObject(context.get(), control.Font());
 
     item.CtlID = static_cast<UINT>(control.Id);
     item.hwndItem = control.Handle();

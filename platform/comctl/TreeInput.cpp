@@ -1,5 +1,5 @@
 // What the user does to a tree, and what its parent hears of that.
-#include "TreeWindow.h"
+#include "Tree.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -93,10 +93,10 @@ void TreeWindow::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::RightButton || !viewport()->rect().contains(event->position().toPoint()))
         return;
-    const QPoint point = event->globalPosition().toPoint();
     NMHDR told{};
     if (Notify(told, NM_RCLICK) == 0)
-        SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(point.x(), point.y()));
+        SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()),
+                      gdi::ToLParam(event->globalPosition().toPoint()));
 }
 
 // ---- The keyboard

@@ -1,5 +1,5 @@
 // What a tree looks like, and how its parent draws along.
-#include "TreeWindow.h"
+#include "Tree.h"
 
 #include <QPainter>
 #include <QtConvert.h>
@@ -27,16 +27,6 @@ Colors ColorsOf(bool isEnabled, bool isHighlighted)
     return {GetSysColor(isEnabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), Paper(isEnabled)};
 }
 
-RECT ToRect(const QRect& place)
-{
-    return {place.x(), place.y(), place.x() + place.width(), place.y() + place.height()};
-}
-
-gdi::Box ToBox(const QRect& place)
-{
-    return gdi::ToBox(ToRect(place));
-}
-
 // Every second pixel, the same ones for lines that meet.
 void DrawDots(const gdi::Canvas& canvas, const QRect& line, gdi::Pixel ink)
 {
@@ -57,8 +47,7 @@ void TreeWindow::paintEvent(QPaintEvent* /*event*/)
     QImage image(viewport()->size(), QImage::Format_RGB32);
     if (image.isNull())
         return;
-    const RECT all{0, 0, image.width(), image.height()};
-    const gdi::OwnedContext context(gdi::CreateSurfaceDC(gdi::ToSurface(image), all));
+    const gdi::OwnedContext context(gdi::CreateSurfaceDC(gdi::ToSurface(image), gdi::ToRect(image.rect())));
     if (!context)
         return;
     PaintInto(context.get());
@@ -71,12 +60,12 @@ void TreeWindow::PaintInto(HDC context)
     const COLORREF text = dc.TextColor;
     const COLORREF background = dc.BackgroundColor;
     const int mode = dc.BackgroundMode;
-    const HGDIOBJ font = SelectObject(context, m_font.Handle());
+    const HGDIOBJ font = SelectObject(context, TextFont());
 
-    dc.Drawing.FillBox(ToBox(viewport()->rect()), gdi::ToPixel(Paper(isEnabled())));
+    dc.Drawing.FillBox(gdi::ToBox(viewport()->rect()), gdi::ToPixel(Paper(isEnabled())));
     NMTVCUSTOMDRAW all{};
     all.nmcd.hdc = context;
-    all.nmcd.rc = ToRect(viewport()->rect());
+    all.nmcd.rc = gdi::ToRect(viewport()->rect());
     const bool asks = (Ask(all, CDDS_PREPAINT) & CDRF_NOTIFYITEMDRAW) != 0;
     for (const HTREEITEM row : VisibleRows()) {
         if (TreeItem* const item = Find(row))
@@ -115,7 +104,7 @@ NMTVCUSTOMDRAW TreeWindow::Describe(HDC context, const TreeItem& item) const
     const Colors colors = ColorsOf(isEnabled(), isSelected && hasFocus);
     NMTVCUSTOMDRAW draw{};
     draw.nmcd.hdc = context;
-    draw.nmcd.rc = ToRect(RowOf(item));
+    draw.nmcd.rc = gdi::ToRect(RowOf(item));
     draw.nmcd.dwItemSpec = reinterpret_cast<UINT_PTR>(item.Handle());
     draw.nmcd.uItemState =
         (isSelected ? CDIS_SELECTED : 0) | (hasFocus && &item == currentItem() ? CDIS_FOCUS : 0);
@@ -170,12 +159,12 @@ void TreeWindow::DrawButton(const gdi::Canvas& canvas, const TreeItem& item, con
     const gdi::Pixel ink = gdi::ToPixel(GetSysColor(COLOR_WINDOWTEXT));
     QRect button(0, 0, buttonSize, buttonSize);
     button.moveCenter(square.center());
-    canvas.FillBox(ToBox(button), gdi::ToPixel(GetSysColor(COLOR_BTNSHADOW)));
-    canvas.FillBox(ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
+    canvas.FillBox(gdi::ToBox(button), gdi::ToPixel(GetSysColor(COLOR_BTNSHADOW)));
+    canvas.FillBox(gdi::ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
     const int half = buttonSize / 2;
-    canvas.FillBox(ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
+    canvas.FillBox(gdi::ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
     if (!item.IsUnfolded())
-        canvas.FillBox(ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
+        canvas.FillBox(gdi::ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
 }
 
 void TreeWindow::DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const
@@ -184,16 +173,16 @@ void TreeWindow::DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, con
     QRect label = places.Label;
     if ((Style & TVS_FULLROWSELECT) != 0)
         label.setRight(places.Row.right());
-    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox(ToBox(label), gdi::ToPixel(draw.clrTextBk));
+    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox(gdi::ToBox(label), gdi::ToPixel(draw.clrTextBk));
 
     const QString& text = item.Text();
-    RECT place = ToRect(label);
+    RECT place = gdi::ToRect(label);
     InflateRect(&place, -labelPadding, 0);
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context, draw.clrText);
-    DrawTextW(context, reinterpret_cast<LPCWSTR>(text.utf16()), static_cast<int>(text.size()), &place,
+    DrawTextW(context, gdi::ToView(text).data(), static_cast<int>(text.size()), &place,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-    place = ToRect(label);
+    place = gdi::ToRect(label);
     if ((draw.nmcd.uItemState & CDIS_FOCUS) != 0)
         DrawFocusRect(context, &place);
 }

@@ -1,5 +1,5 @@
 // Where a tree's rows are, and how they come into view.
-#include "TreeWindow.h"
+#include "Tree.h"
 
 #include <QScrollBar>
 #include <algorithm>
@@ -17,7 +17,7 @@ constexpr int leastRowHeight = 16;
 // Even, so that the dotted lines of one row go on in the next.
 int TreeWindow::RowHeight() const
 {
-    return (std::max(m_metrics.height() + rowPadding, leastRowHeight) + 1) / 2 * 2;
+    return (std::max(Metrics().height() + rowPadding, leastRowHeight) + 1) / 2 * 2;
 }
 
 QRect TreeWindow::RowOf(const TreeItem& item) const
@@ -34,7 +34,7 @@ TreeWindow::Places TreeWindow::PlacesOf(const TreeItem& item) const
     const bool hasBranches = (Style & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
     const bool isRootInset = hasBranches && (Style & TVS_LINESATROOT) != 0;
     const int left = (item.Level() + (isRootInset ? 1 : 0)) * branchWidth;
-    const int width = m_metrics.horizontalAdvance(item.Text()) + 2 * labelPadding;
+    const int width = Metrics().horizontalAdvance(item.Text()) + 2 * labelPadding;
     const int branch = left > 0 ? branchWidth : 0;
     return {row, {left - branch, row.top(), branch, row.height()}, {left, row.top(), width, row.height()}};
 }
@@ -67,8 +67,7 @@ bool TreeWindow::GetRect(RECT& rectangle, bool isLabel) const
     const Places places = item != nullptr ? PlacesOf(*item) : Places{};
     if (places.Row.height() <= 0)
         return false;
-    const QRect& place = isLabel ? places.Label : places.Row;
-    rectangle = {place.x(), place.y(), place.x() + place.width(), place.y() + place.height()};
+    rectangle = gdi::ToRect(isLabel ? places.Label : places.Row);
     return true;
 }
 
@@ -120,5 +119,5 @@ bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
 void TreeWindow::scrollContentsBy(int dx, int dy)
 {
     ScrollAreaWindow::scrollContentsBy(dx, dy);
-    Invalidate(viewport()->rect(), true);
+    Surface().Invalidate(viewport()->rect(), true);
 }

@@ -1,7 +1,7 @@
 // A tree's rows: what the messages about them do.
-#include "TreeWindow.h"
+#include "Tree.h"
 
-#include <algorithm>
+#include <TextCopy.h>
 
 namespace
 {
@@ -19,7 +19,7 @@ HTREEITEM HandleOf(const QTreeWidgetItem* item)
 void SetContents(TreeItem& row, const TVITEMW& item)
 {
     if ((item.mask & TVIF_TEXT) != 0)
-        row.SetText(item.pszText != nullptr ? gdi::ToQString(item.pszText) : QString());
+        row.SetText(gdi::ToQString(item.pszText));
     if ((item.mask & TVIF_PARAM) != 0)
         row.Data = item.lParam;
 }
@@ -59,10 +59,8 @@ bool TreeWindow::Get(TVITEMW& item) const
     const TreeItem* const row = Find(item.hItem);
     if (row == nullptr)
         return false;
-    if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0) {
-        const QString text = row->Text().left(item.cchTextMax - 1);
-        std::copy_n(reinterpret_cast<LPCWSTR>(text.utf16()), text.size() + 1, item.pszText);
-    }
+    if ((item.mask & TVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0)
+        CopyText(gdi::ToView(row->Text()), item.pszText, static_cast<std::size_t>(item.cchTextMax));
     if ((item.mask & TVIF_PARAM) != 0)
         item.lParam = row->Data;
     if ((item.mask & TVIF_STATE) != 0)

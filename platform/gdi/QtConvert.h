@@ -1,4 +1,4 @@
-// Between the layer's types and Qt's.
+// Conversions between the layer's types and Qt's.
 #pragma once
 
 #include "GdiObjects.h"
@@ -7,10 +7,10 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPoint>
 #include <QRect>
 #include <QString>
 #include <afxstr.h>
-#include <algorithm>
 #include <string_view>
 
 namespace gdi
@@ -18,8 +18,7 @@ namespace gdi
 
 constexpr int commonFontHeight = 12; // pixels, of letters
 
-// Whether there is an application object that knows the desktop's fonts and colours; one without windows
-// doesn't.
+// Whether there is an application object that knows the desktop's fonts and colours.
 inline bool HasDesktop()
 {
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
@@ -51,51 +50,70 @@ inline COLORREF ToColorRef(const QColor& color)
                static_cast<BYTE>(color.blue()));
 }
 
-// Of a box within a surface.
+inline QPoint ToQPoint(POINT point)
+{
+    return {point.x, point.y};
+}
+
+inline POINT ToPoint(QPoint point)
+{
+    return {point.x(), point.y()};
+}
+
+inline QRect ToQRect(const RECT& rect)
+{
+    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+// The box has to lie within a surface.
 inline QRect ToQRect(const Box& box)
 {
     return {static_cast<int>(box.Left), static_cast<int>(box.Top), static_cast<int>(box.Right - box.Left),
             static_cast<int>(box.Bottom - box.Top)};
 }
 
+inline RECT ToRect(const QRect& rect)
+{
+    return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
+}
+
+inline Box ToBox(const QRect& rect)
+{
+    return ToBox(ToRect(rect));
+}
+
+// As messages carry positions and sizes.
+inline LPARAM ToLParam(QPoint point)
+{
+    return MAKELPARAM(point.x(), point.y());
+}
+inline LPARAM ToLParam(QSize size)
+{
+    return MAKELPARAM(size.width(), size.height());
+}
+
 inline QString ToQString(std::u16string_view text)
 {
     return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
+inline QString ToQString(LPCWSTR text) // null is the empty text
+{
+    return text != nullptr ? ToQString(std::u16string_view(text)) : QString();
+}
+
+// The characters of a text, followed by a zero, while it isn't changed.
+inline std::u16string_view ToView(const QString& text)
+{
+    return {reinterpret_cast<LPCWSTR>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
 
 inline CString ToCString(const QString& text)
 {
-    return {reinterpret_cast<LPCTSTR>(text.utf16()), static_cast<int>(text.size())};
+    return {ToView(text).data(), static_cast<int>(text.size())};
 }
 
-inline QFont ToQFont(const LOGFONTW& wanted)
-{
-    // A line is about a quarter higher than its letters.
-    constexpr int lineParts = 5;
-    constexpr int letterParts = 4;
-    constexpr int highest = 1000;
-    std::int64_t height = commonFontHeight;
-    if (wanted.lfHeight < 0)
-        height = -std::int64_t{wanted.lfHeight};
-    else if (wanted.lfHeight > 0)
-        height = std::int64_t{wanted.lfHeight} * letterParts / lineParts;
-    QFont font;
-    const std::u16string_view name(wanted.lfFaceName, LF_FACESIZE);
-    if (const std::size_t length = std::min(name.find(u'\0'), name.size()); length > 0)
-        font.setFamily(ToQString(name.substr(0, length)));
-    font.setPixelSize(static_cast<int>(std::clamp<std::int64_t>(height, 1, highest)));
-    font.setBold(wanted.lfWeight >= FW_BOLD);
-    font.setItalic(wanted.lfItalic != 0);
-    font.setUnderline(wanted.lfUnderline != 0);
-    font.setStrikeOut(wanted.lfStrikeOut != 0);
-    return font;
-}
-
-// The application's font for a handle that is none of a font.
-inline QFont ToQFont(HFONT handle)
-{
-    const auto* const font = dynamic_cast<const Font*>(GdiObject::FromHandle(handle));
-    return font != nullptr ? ToQFont(font->Wanted()) : QFont();
-}
+QFont ToQFont(const LOGFONTW& wanted);
+QFont ToQFont(HFONT handle); // the application's font for a handle that isn't a font's
+LOGFONTW ToLogFont(const QFont& font);
 
 } // namespace gdi

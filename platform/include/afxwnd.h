@@ -135,7 +135,7 @@ protected:
     afx_msg void OnVScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
 
 private:
-    friend class WindowSide;
+    friend class Window;
 
     static BOOL ReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 
@@ -171,10 +171,6 @@ class CPaintDC : public CDC
 {
 public:
     explicit CPaintDC(CWnd* pWnd); // raises the resource exception
-    ~CPaintDC() override;
-
-protected:
-    HWND m_hWnd;
 };
 
 // Drawing on a window at any time.

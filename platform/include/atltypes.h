@@ -14,6 +14,13 @@ struct CPoint : POINT {
     CPoint(int pointX, int pointY) noexcept : POINT{pointX, pointY} {}
     CPoint(POINT point) noexcept : POINT(point) {} // NOLINT(google-explicit-constructor)
 
+    // The position that a message carries: x in the low word, y in the high, both signed.
+    explicit CPoint(LPARAM position) noexcept
+        : POINT{static_cast<short>(LOWORD(static_cast<UINT_PTR>(position))),
+                static_cast<short>(HIWORD(static_cast<UINT_PTR>(position)))}
+    {
+    }
+
     void Offset(int xOffset, int yOffset) noexcept
     {
         x += xOffset;

@@ -5,7 +5,7 @@
 #include <QColorDialog>
 #include <QPointer>
 #include <QtConvert.h>
-#include <WindowSide.h>
+#include <Window.h>
 #include <afxwin.h>
 #include <algorithm>
 #include <array>
@@ -65,7 +65,7 @@ INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
     const ApplicationHolder application;
     if (!CanShowWindows())
         return IDCANCEL;
-    WindowSide* const window = WindowSide::Of(owner);
+    Window* const window = Window::Of(owner);
     // The dialog goes with its owner if that goes first.
     const QPointer dialog(new QColorDialog(window != nullptr ? &window->Widget() : nullptr));
     dialog->setOption(QColorDialog::DontUseNativeDialog);

@@ -4,7 +4,7 @@
 #include "Display.h"
 #include "ForeignWindow.h"
 #include "HostState.h"
-#include "WindowSide.h"
+#include "Window.h"
 #include "XConnection.h"
 
 #include <QApplication>
@@ -40,7 +40,7 @@ private:
         for (QWidget* const widget : QApplication::topLevelWidgets())
             widgets.append(widget);
         for (const QPointer<QWidget>& widget : widgets) {
-            if (WindowSide* const window = WindowSide::Of(widget))
+            if (Window* const window = Window::Of(widget))
                 window->SendContained(WM_ACTIVATEAPP, isActive ? 1 : 0);
         }
     }
@@ -129,7 +129,7 @@ bool CanShowWindows()
 // A window of ours that has been destroyed is hidden first, and may be the active one for a while still.
 QWidget* DialogOwner(HWND owner)
 {
-    if (WindowSide* const window = WindowSide::Of(owner))
+    if (Window* const window = Window::Of(owner))
         return window->Widget().window();
     if (QWidget* const widget = ForeignWidget(owner))
         return widget->window();

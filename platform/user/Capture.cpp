@@ -1,6 +1,6 @@
 #include "Capture.h"
 
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>
@@ -9,7 +9,7 @@
 namespace
 {
 
-WindowSide* captureWindow = nullptr;
+Window* captureWindow = nullptr;
 QPoint messagePosition;
 
 // Shows us the mouse outside of our windows too. A display gives it to none that isn't on the screen yet, as
@@ -37,12 +37,12 @@ bool IsMouseEvent(const QEvent& event)
 
 } // namespace
 
-WindowSide* CaptureWindow()
+Window* CaptureWindow()
 {
     return captureWindow;
 }
 
-void SetCaptureTo(WindowSide& window)
+void SetCaptureTo(Window& window)
 {
     if (captureWindow != nullptr && captureWindow != &window)
         ReleaseCaptureOf(*captureWindow);
@@ -50,7 +50,7 @@ void SetCaptureTo(WindowSide& window)
     GrabIfExposed();
 }
 
-void ReleaseCaptureOf(const WindowSide& window)
+void ReleaseCaptureOf(const Window& window)
 {
     if (captureWindow != &window)
         return;

@@ -5,13 +5,13 @@
 
 class QEvent;
 class QObject;
-class WindowSide;
+class Window;
 
 // The window that all mouse messages go to; null if there is none. One that isn't on the screen yet gets
 // those from outside of the program's windows when it is.
-WindowSide* CaptureWindow();
-void SetCaptureTo(WindowSide& window);
-void ReleaseCaptureOf(const WindowSide& window); // does nothing unless the window has it
+Window* CaptureWindow();
+void SetCaptureTo(Window& window);
+void ReleaseCaptureOf(const Window& window); // does nothing unless the window has it
 
 // Where the mouse was at the input that is being handled, in screen coordinates.
 QPoint MessagePosition();

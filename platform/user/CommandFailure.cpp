@@ -38,7 +38,7 @@ CString Describe(const CException& failure)
 
 } // namespace
 
-void TellCommandFailure(const CException& failure)
+void ReportCommandFailure(const CException& failure)
 {
     MessageBoxW(nullptr, Describe(failure), caption, MB_ICONEXCLAMATION);
 }

@@ -6,4 +6,4 @@
 class PLATFORM_API CException;
 
 // In a message box. Raises the memory exception.
-void TellCommandFailure(const CException& failure);
+void ReportCommandFailure(const CException& failure);

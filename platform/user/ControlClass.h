@@ -6,10 +6,10 @@
 #include <winmsg.h>
 
 class QWidget;
-class WindowSide;
+class Window;
 
 // Creates a control, which the parent owns.
-using ControlFactory = WindowSide& (*)(DWORD style, QWidget* parent);
+using ControlFactory = Window& (*)(DWORD style, QWidget* parent);
 
 // Makes a class known to dialogs during its lifetime; each control has one with static storage.
 class ControlClass

@@ -70,7 +70,7 @@ void CDialog::EndDialog(int nResult)
 {
     m_isEnded = true;
     m_result = nResult;
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
+    if (Window* const window = Window::Of(m_hWnd))
         static_cast<DialogWindow&>(*window).done(nResult);
 }
 

@@ -75,7 +75,7 @@ void DialogWindow::AddControl(const DialogItem& item)
     const ControlFactory make = ControlClass::Find(item.Class);
     if (make == nullptr)
         return;
-    WindowSide& control = make(item.Style, this);
+    Window& control = make(item.Style, this);
     control.Style = item.Style;
     control.Id = item.Id;
     control.SetText(gdi::ToQString(item.Title.Text));

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "DialogTemplate.h"
-#include "WindowSide.h"
+#include "WidgetWindow.h"
 
 #include <QDialog>
 

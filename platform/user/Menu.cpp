@@ -2,7 +2,7 @@
 #include "Application.h"
 #include "MenuTemplate.h"
 #include "ResourceFile.h"
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -135,7 +135,7 @@ BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR
 // The window gets the command when the program is at rest again, as it may destroy this menu and itself.
 BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*lpRect*/)
 {
-    WindowSide* const owner = WindowSide::Of(pWnd != nullptr ? pWnd->GetSafeHwnd() : nullptr);
+    Window* const owner = Window::Of(pWnd != nullptr ? pWnd->GetSafeHwnd() : nullptr);
     if (m_hMenu == nullptr || owner == nullptr)
         return FALSE;
     const QPointer<QWidget> widget(&owner->Widget());
@@ -147,7 +147,7 @@ BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*
     if (chosen == nullptr || widget.isNull())
         return TRUE;
     const auto send = [window = widget.data(), id = chosen->data().toUInt()] {
-        if (WindowSide* const side = WindowSide::Of(window))
+        if (Window* const side = Window::Of(window))
             side->SendContained(WM_COMMAND, MAKEWPARAM(id, 0));
     };
     auto* const rest = new QTimer(widget.data());

@@ -1,11 +1,11 @@
 // What a window's scroll bars say, and how one that is a window is set.
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <afxwnd.h>
 
 BOOL GetScrollInfo(HWND handle, int bar, LPSCROLLINFO info)
 {
-    const WindowSide* const window = WindowSide::Of(handle);
+    const Window* const window = Window::Of(handle);
     SCROLLINFO all{};
     if (window == nullptr || info == nullptr || info->cbSize != sizeof *info || !window->ScrollInfo(bar, all))
         return FALSE;
@@ -24,7 +24,7 @@ BOOL GetScrollInfo(HWND handle, int bar, LPSCROLLINFO info)
 
 int SetScrollInfo(HWND handle, int bar, LPCSCROLLINFO info, BOOL /*redraw*/)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     const bool isGood = window != nullptr && bar == SB_CTL && info != nullptr && info->cbSize == sizeof *info;
     return isGood ? window->SetScrollInfo(*info) : 0;
 }

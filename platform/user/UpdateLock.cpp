@@ -1,5 +1,5 @@
 // The one window that shows no change for a while.
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <QPointer>
 
@@ -7,14 +7,14 @@ BOOL LockWindowUpdate(HWND handle)
 {
     static QPointer<QWidget> locked;
     // A window is gone before its widget is.
-    const bool isHeld = WindowSide::Of(locked.data()) != nullptr;
+    const bool isHeld = Window::Of(locked.data()) != nullptr;
     if (handle == nullptr) {
         if (isHeld)
             locked->setUpdatesEnabled(true);
         locked.clear();
         return TRUE;
     }
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (isHeld || window == nullptr)
         return FALSE;
     locked = &window->Widget();

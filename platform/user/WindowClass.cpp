@@ -1,5 +1,5 @@
 // Windows of the library's own classes.
-#include "WindowSide.h"
+#include "WidgetWindow.h"
 
 #include <QEvent>
 #include <afxwin.h>
@@ -20,7 +20,7 @@ std::map<std::u16string, WindowClass>& WindowClasses()
     return *classes;
 }
 
-// A window that its messages draw.
+// A window that WM_PAINT alone draws.
 class PlainWindow : public WidgetWindow<QWidget>
 {
 public:
@@ -30,16 +30,15 @@ public:
         setAttribute(Qt::WA_NoSystemBackground);
         setMouseTracking(true);
         setFocusPolicy(Qt::StrongFocus);
+        Surface().IsDrawnByMessage = true;
     }
 
 protected:
-    bool IsDrawnByMessage() const override { return true; }
-
-    // What was drawn in the colours of before is drawn anew, whoever handles the message of the change.
+    // Colours and fonts may have changed. Doesn't depend on a handler of WM_SETTINGCHANGE.
     bool event(QEvent* event) override
     {
         if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
-            Invalidate(rect(), true);
+            Surface().Invalidate(rect(), true);
         return WidgetWindow::event(event);
     }
 };
@@ -64,7 +63,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
     const CREATESTRUCT creation{
         nullptr,        hWndParent,    nHeight,  nWidth, y, x, static_cast<LONG>(dwStyle),
         lpszWindowName, lpszClassName, dwExStyle};
-    const auto make = [&](QWidget* parent) -> WindowSide* {
+    const auto make = [&](QWidget* parent) -> Window* {
         if (windowClass == WindowClasses().end())
             return nullptr;
         auto* const window =
@@ -72,5 +71,5 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
         window->Background = windowClass->second.Background;
         return window;
     };
-    return WindowSide::Create(*this, creation, nID, make) ? TRUE : FALSE;
+    return Window::Create(*this, creation, nID, make) ? TRUE : FALSE;
 }

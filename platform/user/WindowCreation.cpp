@@ -1,7 +1,7 @@
 // How the framework's object of a window gets it.
 #include "Application.h"
 #include "Contain.h"
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <QtConvert.h>
 #include <afxwin.h>
@@ -12,11 +12,11 @@ namespace
 constexpr LRESULT notCreated = -1;
 
 // Null where there can be no such window.
-WindowSide* Make(const CREATESTRUCT& creation, UINT id, const WindowSide::Factory& factory)
+Window* Make(const CREATESTRUCT& creation, UINT id, const Window::Factory& factory)
 {
-    WindowSide* window = nullptr;
+    Window* window = nullptr;
     const bool isMade = Contain([&] {
-        WindowSide* const parent = WindowSide::Of(creation.hwndParent);
+        Window* const parent = Window::Of(creation.hwndParent);
         const auto style = static_cast<DWORD>(creation.style);
         const bool needsParent = (style & WS_CHILD) != 0 || creation.hwndParent != nullptr;
         if (!CanShowWindows() || (needsParent && parent == nullptr))
@@ -40,11 +40,11 @@ WindowSide* Make(const CREATESTRUCT& creation, UINT id, const WindowSide::Factor
 
 } // namespace
 
-bool WindowSide::Create(CWnd& object, CREATESTRUCT creation, UINT id, const Factory& factory)
+bool Window::Create(CWnd& object, CREATESTRUCT creation, UINT id, const Factory& factory)
 {
     if (object.m_hWnd != nullptr)
         return false;
-    WindowSide* const window = Make(creation, id, factory);
+    Window* const window = Make(creation, id, factory);
     if (window == nullptr) {
         object.PostNcDestroy();
         return false;

@@ -1,36 +1,27 @@
 // The framework's device contexts on a window.
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <afxwin.h>
 
-CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
+CPaintDC::CPaintDC(CWnd* pWnd)
 {
-    WindowSide* const window = WindowSide::Of(m_hWnd);
-    if (window == nullptr || !Attach(window->BeginPaint()))
+    Window* const window = Window::Of(pWnd->m_hWnd);
+    if (window == nullptr || !Attach(window->Surface().BeginPaint()))
         AfxThrowResourceException();
-}
-
-CPaintDC::~CPaintDC()
-{
-    const HDC context = Detach();
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->EndPaint(context);
-    else
-        ::DeleteDC(context);
 }
 
 CClientDC::CClientDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
 {
-    WindowSide* const window = WindowSide::Of(m_hWnd);
-    if (window == nullptr || !Attach(window->GetContext()))
+    Window* const window = Window::Of(m_hWnd);
+    if (window == nullptr || !Attach(window->Surface().GetContext()))
         AfxThrowResourceException();
 }
 
 CClientDC::~CClientDC()
 {
     const HDC context = Detach();
-    if (WindowSide* const window = WindowSide::Of(m_hWnd))
-        window->ReleaseContext(context);
+    if (Window* const window = Window::Of(m_hWnd))
+        window->Surface().ReleaseContext(context);
     else
         ::DeleteDC(context);
 }

@@ -1,8 +1,9 @@
 // The functions that take a window's handle.
 #include "Capture.h"
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <QtConvert.h>
+#include <TextCopy.h>
 #include <algorithm>
 #include <vector>
 #include <winmsg.h>
@@ -10,99 +11,86 @@
 namespace
 {
 
-// Where the top left corner of a widget is on the screen.
+// In screen coordinates.
 QPoint OriginOf(const QWidget& widget)
 {
     return widget.mapToGlobal(QPoint(0, 0));
-}
-
-QRect PartOf(QWidget& widget, LPCRECT rectangle)
-{
-    if (rectangle == nullptr)
-        return widget.rect();
-    return {rectangle->left, rectangle->top, rectangle->right - rectangle->left,
-            rectangle->bottom - rectangle->top};
 }
 
 } // namespace
 
 LRESULT SendMessageW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     return window != nullptr ? window->Send(message, wParam, lParam) : 0;
 }
 
 DWORD GetMessagePos()
 {
-    const QPoint position = MessagePosition();
-    return static_cast<DWORD>(MAKELPARAM(position.x(), position.y()));
+    return static_cast<DWORD>(gdi::ToLParam(MessagePosition()));
 }
 
 BOOL IsWindow(HWND handle)
 {
-    return WindowSide::Of(handle) != nullptr ? TRUE : FALSE;
+    return Window::Of(handle) != nullptr ? TRUE : FALSE;
 }
 
 LONG GetWindowLongW(HWND handle, int index)
 {
-    const WindowSide* const window = WindowSide::Of(handle);
+    const Window* const window = Window::Of(handle);
     return window != nullptr && index == GWL_ID ? window->Id : 0;
 }
 
 BOOL GetWindowRect(HWND handle, LPRECT rectangle)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return FALSE;
-    const QPoint origin = OriginOf(window->Widget());
-    *rectangle = {origin.x(), origin.y(), origin.x() + window->Widget().width(),
-                  origin.y() + window->Widget().height()};
+    *rectangle = gdi::ToRect(QRect(OriginOf(window->Widget()), window->Widget().size()));
     return TRUE;
 }
 
 BOOL GetClientRect(HWND handle, LPRECT rectangle)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return FALSE;
-    *rectangle = {0, 0, window->Client().width(), window->Client().height()};
+    *rectangle = gdi::ToRect(window->Client().rect());
     return TRUE;
 }
 
 BOOL ScreenToClient(HWND handle, LPPOINT point)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return FALSE;
-    const QPoint origin = OriginOf(window->Client());
-    *point = {point->x - origin.x(), point->y - origin.y()};
+    *point = gdi::ToPoint(gdi::ToQPoint(*point) - OriginOf(window->Client()));
     return TRUE;
 }
 
 BOOL ClientToScreen(HWND handle, LPPOINT point)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return FALSE;
-    const QPoint origin = OriginOf(window->Client());
-    *point = {point->x + origin.x(), point->y + origin.y()};
+    *point = gdi::ToPoint(gdi::ToQPoint(*point) + OriginOf(window->Client()));
     return TRUE;
 }
 
 HWND GetParent(HWND handle)
 {
-    WindowSide* const window = WindowSide::Of(handle);
-    WindowSide* const parent = window != nullptr ? window->Parent() : nullptr;
+    Window* const window = Window::Of(handle);
+    Window* const parent = window != nullptr ? window->Parent() : nullptr;
     return parent != nullptr ? parent->Handle() : nullptr;
 }
 
 HWND GetDlgItem(HWND handle, int id)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return nullptr;
     for (QObject* const child : window->Widget().children()) {
-        WindowSide* const inside = WindowSide::Of(qobject_cast<QWidget*>(child));
+        Window* const inside = Window::Of(qobject_cast<QWidget*>(child));
         if (inside != nullptr && inside->Id == id)
             return inside->Handle();
     }
@@ -111,38 +99,35 @@ HWND GetDlgItem(HWND handle, int id)
 
 int GetWindowTextW(HWND handle, LPWSTR text, int count)
 {
-    const WindowSide* const window = WindowSide::Of(handle);
+    const Window* const window = Window::Of(handle);
     if (text == nullptr || count <= 0)
         return 0;
     const QString whole = window != nullptr ? window->Text() : QString();
-    const auto length = std::min<qsizetype>(whole.size(), count - 1);
-    std::copy_n(reinterpret_cast<LPCWSTR>(whole.utf16()), length, text);
-    text[length] = 0;
-    return static_cast<int>(length);
+    return static_cast<int>(CopyText(gdi::ToView(whole), text, static_cast<std::size_t>(count)));
 }
 
 BOOL SetWindowTextW(HWND handle, LPCWSTR text)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return FALSE;
-    window->SetText(text != nullptr ? gdi::ToQString(text) : QString());
+    window->SetText(gdi::ToQString(text));
     return TRUE;
 }
 
 BOOL EnumChildWindows(HWND handle, WNDENUMPROC callback, LPARAM argument)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return FALSE;
     std::vector<HWND> inside;
     for (QWidget* const widget : window->Widget().findChildren<QWidget*>()) {
-        WindowSide* const child = WindowSide::Of(widget);
+        Window* const child = Window::Of(widget);
         if (child != nullptr && !widget->isWindow())
             inside.push_back(child->Handle());
     }
     const bool isComplete = std::ranges::all_of(inside, [&](HWND child) {
-        return WindowSide::Of(child) == nullptr || callback(child, argument) != FALSE;
+        return Window::Of(child) == nullptr || callback(child, argument) != FALSE;
     });
     return isComplete ? TRUE : FALSE;
 }
@@ -154,13 +139,15 @@ BOOL InvalidateRect(HWND handle, LPCRECT rectangle, BOOL erase)
 
 BOOL RedrawWindow(HWND handle, LPCRECT rectangle, HANDLE /*region*/, UINT flags)
 {
-    WindowSide* const window = WindowSide::Of(handle);
+    Window* const window = Window::Of(handle);
     if (window == nullptr)
         return FALSE;
     if ((flags & RDW_INVALIDATE) != 0)
-        window->Invalidate(PartOf(window->Client(), rectangle), (flags & RDW_ERASE) != 0);
+        window->Surface().Invalidate(rectangle != nullptr ? gdi::ToQRect(*rectangle)
+                                                          : window->Client().rect(),
+                                     (flags & RDW_ERASE) != 0);
     if ((flags & RDW_UPDATENOW) != 0)
-        window->UpdateNow();
+        window->Surface().UpdateNow();
     return TRUE;
 }
 
@@ -171,14 +158,14 @@ BOOL UpdateWindow(HWND handle)
 
 HDC GetWindowDC(HWND handle)
 {
-    WindowSide* const window = WindowSide::Of(handle);
-    return window != nullptr ? window->GetContext() : nullptr;
+    Window* const window = Window::Of(handle);
+    return window != nullptr ? window->Surface().GetContext() : nullptr;
 }
 
 int ReleaseDC(HWND handle, HDC context)
 {
-    if (WindowSide* const window = WindowSide::Of(handle))
-        window->ReleaseContext(context);
+    if (Window* const window = Window::Of(handle))
+        window->Surface().ReleaseContext(context);
     else
         DeleteDC(context);
     return context != nullptr ? 1 : 0;

@@ -99,7 +99,7 @@ protected:
 // The window in front, if it is a dialog of this kind; else null.
 template <class Dialog> Dialog* FrontDialog()
 {
-    WindowSide* const front = WindowSide::Of(QApplication::activeModalWidget());
+    Window* const front = Window::Of(QApplication::activeModalWidget());
     return front != nullptr ? dynamic_cast<Dialog*>(front->Attached) : nullptr;
 }
 

@@ -32,7 +32,7 @@ class Desktop : public testing::Environment
 
 QWidget& ClientOf(const CWnd& window)
 {
-    return WindowSide::Of(window.m_hWnd)->Client();
+    return Window::Of(window.m_hWnd)->Client();
 }
 
 void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseButton button,
@@ -69,7 +69,7 @@ void Settle()
 
 QWidget& WidgetOf(const CWnd& window)
 {
-    return WindowSide::Of(window.m_hWnd)->Widget();
+    return Window::Of(window.m_hWnd)->Widget();
 }
 
 void MoveMouse(CWnd& window, CPoint point)

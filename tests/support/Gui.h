@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
-#include <WindowSide.h>
+#include <Window.h>
 #include <afxwin.h>
 #include <functional>
 #include <gtest/gtest.h>

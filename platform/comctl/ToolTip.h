@@ -3,20 +3,17 @@
 
 #include <QRect>
 #include <QString>
-#include <WindowSide.h>
+#include <WidgetWindow.h>
 #include <vector>
-
-// Makes a tooltip control, which is never shown itself. It belongs to its parent.
-WindowSide& MakeToolTip(DWORD style, QWidget* parent);
 
 // Hears of the mouse by TTM_RELAYEVENT, and gives the widget under it the text of the place; when to show
 // that, and when to take it away, is Qt's to know.
 class ToolTipWindow : public WidgetWindow<QWidget>
 {
 public:
-    explicit ToolTipWindow(QWidget* parent);
+    ToolTipWindow(DWORD style, QWidget* parent);
 
-    void AddTool(WindowSide& window, const QString& text, const QRect& rectangle);
+    void AddTool(Window& window, const QString& text, const QRect& rectangle);
 
 protected:
     LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;

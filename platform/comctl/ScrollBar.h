@@ -2,10 +2,7 @@
 #pragma once
 
 #include <QScrollBar>
-#include <WindowSide.h>
-
-// Makes a horizontal scroll bar. It belongs to its parent.
-WindowSide& MakeScrollBar(DWORD style, QWidget* parent);
+#include <WidgetWindow.h>
 
 // Sends WM_HSCROLL, and stays where it is until somebody sets it; only its thumb follows the mouse that holds
 // it. The wheel is a thumb's move that ends at once.

@@ -1,10 +1,7 @@
 // A text that stands in a dialog, or a place there that an object fills with windows of its own.
 #pragma once
 
-#include <WindowSide.h>
-
-// Makes a static. It belongs to its parent, and leaves the mouse to it.
-WindowSide& MakeStatic(DWORD style, QWidget* parent);
+#include <WidgetWindow.h>
 
 // The text begins at the top left corner. A text in which SS_PATHELLIPSIS sees a path loses its middle where
 // there is no room for it, and keeps its ampersands; in any other an ampersand underlines the next character.

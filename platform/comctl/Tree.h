@@ -8,11 +8,8 @@
 #include <QFontMetrics>
 #include <QTreeWidget>
 #include <QtConvert.h>
-#include <WindowSide.h>
+#include <WidgetWindow.h>
 #include <vector>
-
-// Makes a tree. It belongs to its parent, which hears its notifications.
-WindowSide& MakeTree(DWORD style, QWidget* parent);
 
 class TreeWindow : public ScrollAreaWindow<QTreeWidget>
 {
@@ -86,7 +83,8 @@ private:
     Hit HitTest(QPoint point) const;
     bool HasButton(const TreeItem& item) const;
     bool Selects(UINT flags) const; // whether a click there does
-    void UseFont(HFONT font);
+    HFONT TextFont() const;
+    QFontMetrics Metrics() const;
     void UpdateLayout();
 
     std::vector<HTREEITEM> VisibleRows() const;
@@ -98,6 +96,4 @@ private:
     void DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const;
 
     TreeHandles m_handles;
-    gdi::Selection<gdi::Font> m_font{gdi::StockFont(DEFAULT_GUI_FONT)};
-    QFontMetrics m_metrics{gdi::ToQFont(m_font->Wanted())};
 };

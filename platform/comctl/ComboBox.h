@@ -3,14 +3,11 @@
 #pragma once
 
 #include <QComboBox>
-#include <WindowSide.h>
+#include <WidgetWindow.h>
 
 class QStyleOptionViewItem;
 
-// Makes a combo box. It belongs to its parent. It is as high as its field, whatever height it is given: that
-// of the open list follows from the items.
-WindowSide& MakeComboBox(DWORD style, QWidget* parent);
-
+// As high as its field, whatever height it is given: the height of the open list follows from its items.
 class ComboWindow : public WidgetWindow<QComboBox>
 {
 public:
@@ -42,6 +39,7 @@ private:
     LRESULT SetData(int index, LPARAM lParam);
 
     UINT_PTR DataOf(int index) const;
+    void SetUpOwnerDraw();
     int AskForHeight(int index);
     void FitHeight();
     void LoseSelection();

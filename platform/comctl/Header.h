@@ -2,13 +2,10 @@
 #pragma once
 
 #include <QHeaderView>
-#include <WindowSide.h>
+#include <WidgetWindow.h>
 #include <commctrl.h>
 
 class QStandardItemModel;
-
-// Makes a header. It belongs to its parent.
-WindowSide& MakeHeader(DWORD style, QWidget* parent);
 
 // Asks its parent at each step of a drag, and tells it of clicks. What messages change is told to nobody.
 class HeaderWindow : public ScrollAreaWindow<QHeaderView>

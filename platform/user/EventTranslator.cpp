@@ -1,8 +1,7 @@
-// Which message each event becomes.
 #include "Capture.h"
 #include "Contain.h"
 #include "InputNames.h"
-#include "WindowSide.h"
+#include "Window.h"
 
 #include <QContextMenuEvent>
 #include <QCursor>
@@ -18,9 +17,10 @@
 #include <QtConvert.h>
 #include <afxwin.h>
 #include <commctrl.h>
+#include <utility>
 
-// An event on its way through the messages.
-struct WindowSide::Pending {
+// An event whose message is being handled.
+struct EventTranslator::Pending {
     UINT Message;
     QEvent& Event;
     const QtHandling& ByQt;
@@ -31,7 +31,7 @@ struct WindowSide::Pending {
 namespace
 {
 
-// The events that come to the widget which stands for the client area; all others come to the window's own.
+// Whether the client widget receives these events; the window's own widget receives all others.
 bool IsOfClient(const QEvent& event)
 {
     switch (event.type()) {
@@ -67,8 +67,8 @@ bool IsInput(QEvent::Type type)
     }
 }
 
-// The keys by which a dialog is gone through and left: no window in one is asked what it makes of them.
-bool IsOfDialog(WPARAM key)
+// Navigation keys belong to the dialog; its controls never see them.
+bool IsNavigationKey(WPARAM key)
 {
     return key == VK_TAB || key == VK_RETURN || key == VK_ESCAPE;
 }
@@ -78,7 +78,7 @@ bool IsInDialog(const QWidget& widget)
     return !widget.isWindow() && qobject_cast<const QDialog*>(widget.window()) != nullptr;
 }
 
-// What the asked window has filled in; bounded where it should have ended by itself.
+// The text that the handler gave. In szText it may lack its terminator.
 QString TextOf(const NMTTDISPINFOW& answer)
 {
     if (answer.lpszText == nullptr)
@@ -94,22 +94,22 @@ QString TextOf(const NMTTDISPINFOW& answer)
 
 } // namespace
 
-bool WindowSide::Translate(QEvent& event, const QtHandling& qtHandling)
+bool EventTranslator::Translate(QEvent& event, const QtHandling& qtHandling)
 {
-    // What the client widget leaves comes to the widget that it is in, after it has become a message.
-    if (!m_isGone && &Client() != &m_widget && IsOfClient(event))
+    // Qt passes an event that the client widget has ignored on to this one: it has been translated already.
+    if (!m_window.IsGone() && &m_window.Client() != &m_window.Widget() && IsOfClient(event))
         return qtHandling(event);
     return TranslateAny(event, qtHandling);
 }
 
-bool WindowSide::TranslateClient(QEvent& event, const QtHandling& qtHandling)
+bool EventTranslator::TranslateClient(QEvent& event, const QtHandling& qtHandling)
 {
     return IsOfClient(event) ? TranslateAny(event, qtHandling) : qtHandling(event);
 }
 
-bool WindowSide::TranslateAny(QEvent& event, const QtHandling& qtHandling)
+bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
 {
-    if (m_isGone || (IsInput(event.type()) && !m_widget.isEnabled()))
+    if (m_window.IsGone() || (IsInput(event.type()) && !m_window.Widget().isEnabled()))
         return qtHandling(event);
     switch (event.type()) {
     case QEvent::MouseMove:
@@ -121,9 +121,8 @@ bool WindowSide::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         if (message == 0)
             break;
         SetMessagePosition(mouse.globalPosition().toPoint());
-        const QPoint point = mouse.position().toPoint();
         return SendInput(message, MouseKeys(mouse.buttons(), mouse.modifiers()),
-                         MAKELPARAM(point.x(), point.y()), event, qtHandling);
+                         gdi::ToLParam(mouse.position().toPoint()), event, qtHandling);
     }
     case QEvent::Wheel: {
         const auto& wheel = static_cast<const QWheelEvent&>(event);
@@ -132,7 +131,7 @@ bool WindowSide::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         const WPARAM keys = MouseKeys(wheel.buttons(), wheel.modifiers());
         return SendInput(WM_MOUSEWHEEL,
                          MAKEWPARAM(static_cast<UINT>(keys), static_cast<UINT>(wheel.angleDelta().y())),
-                         MAKELPARAM(point.x(), point.y()), event, qtHandling);
+                         gdi::ToLParam(point), event, qtHandling);
     }
     case QEvent::KeyPress: {
         const UINT key = VirtualKeyOf(static_cast<const QKeyEvent&>(event));
@@ -146,23 +145,29 @@ bool WindowSide::TranslateAny(QEvent& event, const QtHandling& qtHandling)
     case QEvent::FocusOut:
         return SendFor(WM_KILLFOCUS, 0, 0, event, qtHandling);
     case QEvent::EnabledChange:
-        return SendFor(WM_ENABLE, m_widget.isEnabled() ? 1 : 0, 0, event, qtHandling);
+        return SendFor(WM_ENABLE, m_window.Widget().isEnabled() ? 1 : 0, 0, event, qtHandling);
     case QEvent::Resize:
-        return SendFor(WM_SIZE, 0, MAKELPARAM(Client().width(), Client().height()), event, qtHandling);
+        return SendFor(WM_SIZE, 0, gdi::ToLParam(m_window.Client().size()), event, qtHandling);
     case QEvent::ApplicationFontChange:
     case QEvent::PaletteChange:
     case QEvent::StyleChange:
-        if (!m_widget.isWindow())
+        if (!m_window.Widget().isWindow())
             break;
         return SendFor(WM_SETTINGCHANGE, 0, 0, event, qtHandling);
     case QEvent::Paint:
-        return Paint(static_cast<QPaintEvent&>(event), qtHandling);
+        m_window.Surface().Paint(static_cast<const QPaintEvent&>(event), [&] {
+            if (m_window.Attached != nullptr)
+                SendFor(WM_PAINT, 0, 0, event, qtHandling);
+            else
+                qtHandling(event);
+        });
+        return true;
     case QEvent::ContextMenu:
         SendContextMenu(static_cast<const QContextMenuEvent&>(event));
         event.accept();
         return true;
     case QEvent::ToolTip:
-        if (!HasToolTips)
+        if (!m_window.HasToolTips)
             break;
         ShowToolTip(static_cast<const QHelpEvent&>(event));
         return true;
@@ -172,82 +177,81 @@ bool WindowSide::TranslateAny(QEvent& event, const QtHandling& qtHandling)
     return qtHandling(event);
 }
 
-// Input can be kept from being sent. The mouse is one window's alone, whatever its handlers leave.
-bool WindowSide::SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event,
-                           const QtHandling& qtHandling)
+// PreTranslateMessage may suppress input. A mouse event ends here: Qt must not offer it to the parent widget.
+bool EventTranslator::SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event,
+                                const QtHandling& qtHandling)
 {
     if (PreTranslate(message, wParam, lParam)) {
         event.accept();
         return true;
     }
-    if (message == WM_KEYDOWN && IsOfDialog(wParam) && IsInDialog(m_widget))
-        return m_isGone || qtHandling(event);
-    const bool result = m_isGone || SendFor(message, wParam, lParam, event, qtHandling);
+    if (message == WM_KEYDOWN && IsNavigationKey(wParam) && IsInDialog(m_window.Widget()))
+        return m_window.IsGone() || qtHandling(event);
+    const bool result = m_window.IsGone() || SendFor(message, wParam, lParam, event, qtHandling);
     if (event.type() != QEvent::KeyPress && event.type() != QEvent::Wheel)
         event.accept();
     return result;
 }
 
-// Qt's own menus stay away: the message goes up until a window handles it.
-void WindowSide::SendContextMenu(const QContextMenuEvent& event)
+// Qt's own menus are never shown. The message goes up the parents until a window handles it.
+void EventTranslator::SendContextMenu(const QContextMenuEvent& event)
 {
     const bool isByKey = event.reason() == QContextMenuEvent::Keyboard;
     const QPoint point = isByKey ? QPoint(-1, -1) : event.globalPos();
     SetMessagePosition(event.globalPos());
-    SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(point.x(), point.y()));
+    m_window.SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_window.Handle()), gdi::ToLParam(point));
 }
 
-void WindowSide::ShowToolTip(const QHelpEvent& event)
+void EventTranslator::ShowToolTip(const QHelpEvent& event)
 {
     NMTTDISPINFOW question{};
-    question.hdr = {Handle(), static_cast<UINT_PTR>(Id), static_cast<UINT>(TTN_NEEDTEXTW)};
+    question.hdr = {m_window.Handle(), static_cast<UINT_PTR>(m_window.Id), static_cast<UINT>(TTN_NEEDTEXTW)};
     question.lpszText = question.szText;
     SetMessagePosition(event.globalPos());
-    SendContained(WM_NOTIFY, question.hdr.idFrom, reinterpret_cast<LPARAM>(&question));
-    if (const QString text = TextOf(question); text.isEmpty() || m_isGone)
+    m_window.SendContained(WM_NOTIFY, question.hdr.idFrom, reinterpret_cast<LPARAM>(&question));
+    if (const QString text = TextOf(question); text.isEmpty() || m_window.IsGone())
         QToolTip::hideText();
     else
-        QToolTip::showText(event.globalPos(), text, &Client());
+        QToolTip::showText(event.globalPos(), text, &m_window.Client());
 }
 
-// The window that the input is for sees it first, then those that it is in.
-bool WindowSide::PreTranslate(UINT message, WPARAM wParam, LPARAM lParam)
+// The target window sees the input first, then its parents up to the top-level window.
+bool EventTranslator::PreTranslate(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const QPoint position = MessagePosition();
-    MSG msg{Handle(), message, wParam, lParam, 0, {position.x(), position.y()}};
-    for (WindowSide* window = this; window != nullptr; window = window->Parent()) {
-        bool isKept = false;
+    MSG msg{m_window.Handle(), message, wParam, lParam, 0, gdi::ToPoint(MessagePosition())};
+    for (Window* window = &m_window; window != nullptr; window = window->Parent()) {
+        bool isSuppressed = false;
         if (window->Attached != nullptr)
-            Contain([&] { isKept = window->Attached->PreTranslateMessage(&msg) != FALSE; });
-        if (isKept)
+            Contain([&] { isSuppressed = window->Attached->PreTranslateMessage(&msg) != FALSE; });
+        if (isSuppressed)
             return true;
-        if (window->m_isGone || window->Widget().isWindow())
+        if (window->IsGone() || window->Widget().isWindow())
             break;
     }
     return false;
 }
 
-bool WindowSide::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event,
-                         const QtHandling& qtHandling)
+bool EventTranslator::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event,
+                              const QtHandling& qtHandling)
 {
-    const QPointer<QWidget> widget(&m_widget); // may be deleted by whatever runs in a loop of a handler
+    const QPointer<QWidget> widget(&m_window.Widget()); // a handler's event loop may delete it
     Pending pending{message, event, qtHandling};
     Pending* const before = std::exchange(m_pending, &pending);
-    SendContained(message, wParam, lParam);
+    m_window.SendContained(message, wParam, lParam);
     if (!widget.isNull())
         m_pending = before;
     if (!pending.IsHandledByQt)
-        event.accept(); // whoever handled the message has kept the event from Qt
+        event.accept(); // the message was handled without Qt
     return pending.Result;
 }
 
-LRESULT WindowSide::Default(UINT message, WPARAM wParam, LPARAM lParam)
+bool EventTranslator::PassToQt(UINT message, WPARAM wParam)
 {
-    const bool bringsContext = message == WM_PAINT && wParam != 0;
-    if (m_pending == nullptr || m_pending->Message != message || m_pending->IsHandledByQt || bringsContext)
-        return OnDefault(message, wParam, lParam);
+    const bool carriesContext = message == WM_PAINT && wParam != 0;
+    if (m_pending == nullptr || m_pending->Message != message || m_pending->IsHandledByQt || carriesContext)
+        return false;
     Pending& pending = *m_pending;
     pending.IsHandledByQt = true;
     pending.Result = pending.ByQt(pending.Event);
-    return 0;
+    return true;
 }

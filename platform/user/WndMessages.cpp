@@ -1,5 +1,5 @@
-// How a message finds its handler.
-#include "WindowSide.h"
+// How a message reaches its handler, and what the framework's own handlers do.
+#include "Window.h"
 
 #include <afxwin.h>
 
@@ -123,4 +123,53 @@ BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pR
         return FALSE;
     *pResult = entry->pfnCall(this, wParam, lParam);
     return TRUE;
+}
+
+BOOL CWnd::PreTranslateMessage(MSG* /*pMsg*/)
+{
+    return FALSE;
+}
+
+int CWnd::OnCreate(CREATESTRUCT* /*lpCreateStruct*/)
+{
+    return static_cast<int>(Default());
+}
+
+void CWnd::OnNcDestroy()
+{
+    Default();
+    Detach();
+    PostNcDestroy();
+}
+
+// A top-level window forwards the message to the objects of the windows inside.
+void CWnd::OnSettingChange(UINT /*uFlags*/, LPCTSTR /*lpszSection*/)
+{
+    const auto forward = [](HWND child, LPARAM lParam) -> BOOL {
+        const MSG& change = *reinterpret_cast<const MSG*>(lParam);
+        if (FromHandlePermanent(child) != nullptr)
+            ::SendMessageW(child, change.message, change.wParam, change.lParam);
+        return TRUE;
+    };
+    const MSG change = Window::CurrentMessage();
+    if (Window* const window = Window::Of(m_hWnd); window != nullptr && window->Widget().isWindow())
+        ::EnumChildWindows(m_hWnd, forward, reinterpret_cast<LPARAM>(&change));
+    Default();
+}
+
+const MSG* CWnd::GetCurrentMessage()
+{
+    return &Window::CurrentMessage();
+}
+
+LRESULT CWnd::Default()
+{
+    const MSG& current = Window::CurrentMessage();
+    return DefWindowProc(current.message, current.wParam, current.lParam);
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    Window* const window = Window::Of(m_hWnd);
+    return window != nullptr ? window->Default(message, wParam, lParam) : 0;
 }

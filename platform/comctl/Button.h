@@ -4,12 +4,9 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QPushButton>
-#include <WindowSide.h>
+#include <WidgetWindow.h>
 
-// Makes the kind of button that the style asks for. It belongs to its parent.
-WindowSide& MakeButton(DWORD style, QWidget* parent);
-
-// What all buttons that can be clicked have in common.
+// A button that can be clicked.
 template <class Base> class ClickableWindow : public WidgetWindow<Base>
 {
 public:

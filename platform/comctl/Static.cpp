@@ -1,6 +1,7 @@
-#include "StaticWindow.h"
+#include "Static.h"
 
-#include <ControlClass.h>
+#include "Control.h"
+
 #include <DeviceContext.h>
 #include <QFontMetrics>
 #include <QMouseEvent>
@@ -12,7 +13,7 @@
 namespace
 {
 
-const ControlClass controlClass(u"Static", MakeStatic);
+const ControlClass controlClass(u"Static", MakeControl<StaticWindow>);
 
 // Keeps the name at the end for as long as that fits, and as much before it as does.
 QString ShortenPath(const QString& path, const QFontMetrics& metrics, int width)
@@ -28,11 +29,6 @@ QString ShortenPath(const QString& path, const QFontMetrics& metrics, int width)
 }
 
 } // namespace
-
-WindowSide& MakeStatic(DWORD style, QWidget* parent)
-{
-    return *new StaticWindow(style, parent);
-}
 
 StaticWindow::StaticWindow(DWORD style, QWidget* parent) : WidgetWindow(parent)
 {
@@ -52,8 +48,7 @@ LRESULT StaticWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     if (context == nullptr)
         return WidgetWindow::OnDefault(message, wParam, lParam);
     const COLORREF background = gdi::ToColorRef(palette().color(QPalette::Window));
-    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox({0, 0, width(), height()},
-                                                             gdi::ToPixel(background));
+    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox(gdi::ToBox(rect()), gdi::ToPixel(background));
     return 1;
 }
 

@@ -1,0 +1,94 @@
+// How the owner of a combo box draws its items.
+#include "ComboBox.h"
+#include "OwnerDraw.h"
+
+#include <QAbstractItemView>
+#include <QStyleOptionViewItem>
+#include <QStylePainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+namespace
+{
+
+constexpr UINT maxItemHeight = 255;
+
+class OwnerDrawDelegate : public QStyledItemDelegate
+{
+public:
+    explicit OwnerDrawDelegate(ComboWindow& box) : QStyledItemDelegate(&box), m_box(box) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        m_box.DrawListItem(*painter, option, index.row());
+    }
+
+private:
+    ComboWindow& m_box;
+};
+
+} // namespace
+
+void ComboWindow::SetUpOwnerDraw()
+{
+    setItemDelegate(new OwnerDrawDelegate(*this));
+}
+
+int ComboWindow::AskForHeight(int index)
+{
+    MEASUREITEMSTRUCT item{};
+    item.CtlType = ODT_COMBOBOX;
+    item.CtlID = static_cast<UINT>(Id);
+    item.itemID = static_cast<UINT>(index);
+    item.itemHeight = static_cast<UINT>(fontMetrics().height());
+    item.itemData = DataOf(index);
+    if (Window* const parent = Parent())
+        parent->Send(WM_MEASUREITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    return static_cast<int>(std::clamp(item.itemHeight, 1U, maxItemHeight));
+}
+
+void ComboWindow::paintEvent(QPaintEvent* event)
+{
+    if (!IsOwnerDrawn() || isEditable()) {
+        WidgetWindow::paintEvent(event);
+        return;
+    }
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    QStylePainter painter(this);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    DrawField(painter,
+              style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this));
+}
+
+// A box without a selection shows the item number -1, whose data is -1 too.
+void ComboWindow::DrawField(QPainter& painter, const QRect& place)
+{
+    const int index = currentIndex();
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_COMBOBOX;
+    item.itemID = static_cast<UINT>(index);
+    item.itemAction = ODA_DRAWENTIRE;
+    item.itemState = ODS_COMBOBOXEDIT | (isEnabled() ? 0 : ODS_DISABLED);
+    if (hasFocus() && !view()->isVisible())
+        item.itemState |= ODS_SELECTED | ODS_FOCUS;
+    item.itemData = Has(index) ? DataOf(index) : static_cast<UINT_PTR>(CB_ERR);
+    DrawByOwner(painter, place, *this, item);
+}
+
+// Each draw is a whole one, and about the selection too where that is to be seen.
+void ComboWindow::DrawListItem(QPainter& painter, const QStyleOptionViewItem& option, int index)
+{
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_COMBOBOX;
+    item.itemID = static_cast<UINT>(index);
+    item.itemAction = ODA_DRAWENTIRE;
+    if (option.state.testFlag(QStyle::State_Selected)) {
+        item.itemAction |= ODA_SELECT;
+        item.itemState |= ODS_SELECTED;
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus))
+        item.itemState |= ODS_FOCUS;
+    item.itemData = DataOf(index);
+    DrawByOwner(painter, option.rect, *this, item);
+}

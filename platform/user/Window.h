@@ -1,0 +1,118 @@
+// A window as the class framework sees it: a handle that takes messages, on top of a widget of Qt's.
+#pragma once
+
+#include "EventTranslator.h"
+#include "WindowSurface.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <winscroll.h>
+
+class CWnd;
+
+namespace gdi
+{
+class Font;
+}
+
+// The class of a widget derives from its Qt class and from this one, through WidgetWindow. The handle is
+// valid until WM_NCDESTROY has been sent, which happens before the widget is deleted.
+class Window
+{
+public:
+    explicit Window(QWidget& widget);
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    virtual ~Window();
+
+    // Creates the window of a framework object with a factory, which gives null on failure, and sends
+    // WM_CREATE. Fails, with nothing attached, if the object has a window already, if a child has no parent
+    // or the owner isn't a window, without a display, and if WM_CREATE gave -1 or threw. An object that had
+    // no window has received PostNcDestroy then, and may be deleted.
+    using Factory = std::function<Window*(QWidget* parent)>;
+    static bool Create(CWnd& object, struct CREATESTRUCT creation, UINT id, const Factory& factory);
+
+    // Null for a handle whose window is gone, and for a widget that isn't a window of the layer.
+    static Window* Of(HWND handle);
+    static Window* Of(const QWidget* widget);
+    HWND Handle() { return reinterpret_cast<HWND>(this); }
+    QWidget& Widget() { return m_widget; }
+
+    // The widget of the client area: client coordinates, input and painting refer to it.
+    virtual QWidget& Client() { return m_widget; }
+
+    // The window that contains or owns this one; null if there is none.
+    Window* Parent();
+
+    // Passes a message to the attached object; without one, to Default.
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+    // The same for callers that Qt has called: an exception of a handler ends here, with failure as the
+    // result.
+    LRESULT SendContained(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, LRESULT failure = 0) noexcept;
+
+    // The window's own handling: Qt's, if the message is the translation of the current event and Qt hasn't
+    // handled that yet; otherwise OnDefault.
+    LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+
+    // The message that this thread is handling.
+    static const MSG& CurrentMessage();
+
+    // Sends the last messages, and deletes the widget when control returns to the event loop.
+    void Destroy();
+    bool IsGone() const { return m_isGone; } // the last messages have been sent
+
+    // Notifies the parent: WM_COMMAND with the id and a code, or WM_NOTIFY with a code, whose header is
+    // filled in here, and which gives the parent's result.
+    void Notify(UINT code);
+    LRESULT Notify(NMHDR& header, int code);
+
+    // Moves the window within its parent and sends WM_SIZE at once, even while it is hidden.
+    void Place(const QRect& rectangle);
+    void SendPendingSize();
+
+    WindowSurface& Surface() { return m_surface; }
+
+    // The font of WM_SETFONT; null if there was none. Holds the font, so that it may be deleted meanwhile.
+    HFONT Font() const;
+
+    // All values of a scroll bar; false for a bar that the window doesn't have.
+    virtual bool ScrollInfo(int /*bar*/, SCROLLINFO& /*info*/) const { return false; }
+    // For a window that is a scroll bar: sets what fMask names and gives the new position.
+    virtual int SetScrollInfo(const SCROLLINFO& /*info*/) { return 0; }
+
+    virtual QString Text() const;
+    virtual void SetText(const QString& text);
+    virtual void OnStyleChanged() {}
+
+    CWnd* Attached = nullptr;
+    DWORD Style = 0;
+    int Id = 0;
+    int Background = 0; // index of a system colour plus 1; 0 for none
+    bool HasToolTips = false;
+
+protected:
+    // For the destructor of the widget's class: a widget that Qt deletes sends its last messages too.
+    void SendLastMessages();
+
+    EventTranslator& Events() { return m_events; }
+
+    // Handles a message that stands for no event of Qt's, as this kind of window does.
+    virtual LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam);
+
+    // Paints the client area into the context that WM_PAINT carries.
+    virtual void PaintInto(HDC /*context*/) {}
+
+private:
+    struct FontRelease {
+        void operator()(gdi::Font* font) const;
+    };
+    void UseFont(HFONT font);
+
+    QWidget& m_widget;
+    EventTranslator m_events{*this};
+    WindowSurface m_surface{*this};
+    std::unique_ptr<gdi::Font, FontRelease> m_font;
+    bool m_isGone = false;
+};

@@ -1,0 +1,112 @@
+#include "Window.h"
+
+#include <DeviceContext.h>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QtConvert.h>
+#include <utility>
+#include <winmsg.h>
+
+namespace
+{
+
+int activePaintings = 0; // of all windows: Qt doesn't paint a window while it paints another
+
+class ActivePainting
+{
+public:
+    ActivePainting() { ++activePaintings; }
+    ActivePainting(const ActivePainting&) = delete;
+    ActivePainting& operator=(const ActivePainting&) = delete;
+    ~ActivePainting() { --activePaintings; }
+};
+
+} // namespace
+
+void WindowSurface::Invalidate(const QRect& rectangle, bool erase)
+{
+    QWidget& client = m_window.Client();
+    m_invalid += rectangle.intersected(client.rect());
+    m_erase = m_erase || erase;
+    client.update(rectangle);
+    // Qt doesn't repaint an opaque child with its parent.
+    QWidget& widget = m_window.Widget();
+    const auto originOf = [&widget](const QWidget& area) { return area.mapTo(&widget, QPoint(0, 0)); };
+    for (QObject* const child : widget.children()) {
+        Window* const inside = Window::Of(qobject_cast<QWidget*>(child));
+        if (inside != nullptr && !inside->Widget().isWindow())
+            inside->Surface().Invalidate(rectangle.translated(originOf(client) - originOf(inside->Client())),
+                                         erase);
+    }
+}
+
+void WindowSurface::UpdateNow()
+{
+    if (activePaintings == 0 && !m_invalid.isEmpty())
+        m_window.Client().repaint(QRegion(m_invalid));
+}
+
+void WindowSurface::EnsurePixels()
+{
+    const QWidget& client = m_window.Client();
+    if (m_pixels.size() == client.size())
+        return;
+    m_pixels = QImage(client.size(), QImage::Format_RGB32);
+    m_pixels.fill(client.palette().color(QPalette::Window));
+    m_invalid = client.rect();
+    m_erase = true;
+}
+
+HDC WindowSurface::ContextOn(const QRect& clip)
+{
+    EnsurePixels();
+    return m_pixels.isNull() ? nullptr : gdi::CreateSurfaceDC(gdi::ToSurface(m_pixels), gdi::ToRect(clip));
+}
+
+HDC WindowSurface::BeginPaint()
+{
+    EnsurePixels();
+    const HDC context = ContextOn(m_invalid.boundingRect());
+    m_invalid = {};
+    m_showsPixels = true;
+    if (context != nullptr && std::exchange(m_erase, false))
+        m_window.SendContained(WM_ERASEBKGND, reinterpret_cast<WPARAM>(context));
+    return context;
+}
+
+HDC WindowSurface::GetContext()
+{
+    return ContextOn(m_window.Client().rect());
+}
+
+void WindowSurface::ReleaseContext(HDC context)
+{
+    DeleteDC(context);
+    if (IsDrawnByMessage)
+        m_window.Client().update();
+}
+
+// Where WM_PAINT alone draws, the pixels persist, also those that were drawn at another time: only the
+// invalid part is asked for. Otherwise, what Qt has exposed on its own is invalid too, and has to be erased.
+void WindowSurface::Paint(const QPaintEvent& event, const std::function<void()>& paint)
+{
+    const ActivePainting active;
+    m_showsPixels = IsDrawnByMessage;
+    if (IsDrawnByMessage) {
+        EnsurePixels();
+        if (!m_invalid.isEmpty())
+            m_window.SendContained(WM_PAINT);
+    } else {
+        if (m_window.Attached != nullptr && !event.region().subtracted(m_invalid).isEmpty()) {
+            m_invalid += event.region();
+            m_erase = true;
+        }
+        paint();
+        m_invalid = {};
+    }
+    if (!m_showsPixels || m_pixels.isNull())
+        return;
+    QPainter painter(&m_window.Client());
+    for (const QRect& rectangle : event.region())
+        painter.drawImage(rectangle, m_pixels, rectangle);
+}

@@ -1,0 +1,48 @@
+// What a window is painted on: its pixels, and which of them are out of date.
+#pragma once
+
+#include <QImage>
+#include <QRegion>
+#include <functional>
+#include <windef.h>
+
+class QPaintEvent;
+class Window;
+
+class WindowSurface
+{
+public:
+    explicit WindowSurface(Window& window) : m_window(window) {}
+
+    // In client coordinates. Invalidates the windows inside too.
+    void Invalidate(const QRect& rectangle, bool erase);
+
+    // Paints the invalid part before it returns. Does nothing while the window is hidden or any window is
+    // being painted; the part is painted later then.
+    void UpdateNow();
+
+    // A context on the invalid part, erased if necessary; the part is valid afterwards. Null without memory.
+    HDC BeginPaint();
+
+    // A context on the whole client area at any time; null without memory. Releasing it shows what was drawn,
+    // if WM_PAINT alone draws the window.
+    HDC GetContext();
+    void ReleaseContext(HDC context);
+
+    // Handles a paint event of the client widget. paint sends WM_PAINT, or lets Qt paint; it isn't called if
+    // WM_PAINT alone draws the window. Pixels that were drawn through BeginPaint are shown.
+    void Paint(const QPaintEvent& event, const std::function<void()>& paint);
+
+    // Whether WM_PAINT alone draws the window, on pixels that persist.
+    bool IsDrawnByMessage = false;
+
+private:
+    void EnsurePixels();
+    HDC ContextOn(const QRect& clip);
+
+    Window& m_window;
+    QImage m_pixels; // as large as the client area, once there was a context on it
+    QRegion m_invalid;
+    bool m_erase = true;
+    bool m_showsPixels = false; // in the current paint event
+};
