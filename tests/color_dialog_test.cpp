@@ -1,8 +1,7 @@
 // The system's colour dialog, answered by a user.
-#include <ColorDialog.h>
+#include "support/Gui.h"
+
 #include <QtWidgets>
-#include <afxwin.h>
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -16,15 +15,13 @@ protected:
     ColorDialog()
     {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-        SetColorDialogAnswer(nullptr);
         m_owner.CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, 0);
     }
 
     // Shows the dialog to a user who picks a colour and then acts.
     INT_PTR Show(const std::function<void(QColorDialog&)>& act)
     {
-        QTimer::singleShot(0, [&act] {
-            auto& shown = dynamic_cast<QColorDialog&>(*QApplication::activeModalWidget());
+        test::AnswerNext<QColorDialog>([&act](QColorDialog& shown) {
             EXPECT_EQ(shown.currentColor(), QColor(0x56, 0x34, 0x12));
             shown.setCurrentColor(QColor(0x11, 0x22, 0x33));
             act(shown);

@@ -2,8 +2,9 @@
 // for each way of closing, and what it looks like.
 #include "support/ColorListener.h"
 
-#include <ColorDialog.h>
-#include <Desktop.h>
+#include <QColorDialog>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <array>
 #include <controls/ColorPopup.h>
 #include <sstream>
@@ -46,10 +47,7 @@ void LeaveProgram()
 class ColorPopup : public testing::Test
 {
 protected:
-    ColorPopup()
-    {
-        SetColorDialogAnswer([](COLORREF&, COLORREF*) -> INT_PTR { return ADD_FAILURE(), IDCANCEL; });
-    }
+    ColorPopup() { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path()); }
     ~ColorPopup() override { Close(); }
 
     void Open(LPCTSTR defaultText, LPCTSTR moreText, COLORREF color = initial, CPoint at = {200, 120})
@@ -75,6 +73,7 @@ protected:
     void Hover(int cell) const { test::MoveMouse(*popup, PointIn(cell)); }
     static std::string Row(int y, int left, int right) { return test::RowOf(*popup, y, left, right); }
 
+    QTemporaryDir m_settings; // where Qt keeps custom colours
     test::k_ColorListener m_owner{{200, 100, 260, 120}};
     QFontMetrics m_text{QApplication::font()};
     int m_high = m_text.height();
@@ -96,11 +95,6 @@ TEST_F(ColorPopup, GrowsWithItsTexts)
     check(defaults, none, 148, 110 + m_high);
     check(defaults, more, 148, 126 + 2 * m_high);
     check(wide, more, broad + 4, 126 + 2 * m_high);
-
-    const int edge = SetEdgeWidth(6); // leaves a cell of 18 less than 5 for its colour
-    Open(none, none);
-    EXPECT_EQ(test::PlaceOf(*popup), CRect(200, 120, 200 + 8 * 19 + 12, 120 + 5 * 19 + 12));
-    SetEdgeWidth(edge);
 }
 
 TEST_F(ColorPopup, StaysOnTheScreen)
@@ -180,11 +174,14 @@ TEST_F(ColorPopup, KeysWalkTheCells)
 TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
 {
     using Cells = std::initializer_list<int>;
-    const auto end = [this](Cells cells, const std::function<void()>& act) {
+    std::function<void(QColorDialog&)> answer;
+    const auto end = [this, &answer](Cells cells, const std::function<void()>& act) {
         Open(defaults, more);
         for (const int cell : cells)
             Hover(cell);
         EXPECT_EQ(CWnd::GetCapture(), popup);
+        if (answer)
+            test::AnswerNext(answer);
         act();
         EXPECT_EQ(CWnd::GetCapture(), nullptr);
         EXPECT_EQ(popup, nullptr);
@@ -210,19 +207,28 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
     EXPECT_EQ(click({CELL_MORE}, {-1, 0}), "change 123456, cancel 123456"); // without a dialog
 
     // The user's own colours are kept from one popup to the next.
-    SetColorDialogAnswer([](COLORREF& color, COLORREF* own) -> INT_PTR { return color = ++own[1], IDOK; });
+    answer = [](QColorDialog& dialog) {
+        QColor next = QColorDialog::customColor(1);
+        next.setRed(next.red() + 1);
+        QColorDialog::setCustomColor(1, next.rgb());
+        dialog.setCurrentColor(next);
+        dialog.accept();
+    };
     EXPECT_EQ(press({16, CELL_MORE}, VK_RETURN), "change ff, change 123456, ok 800001");
     EXPECT_EQ(click({CELL_MORE}, {5, 5}), "change 123456, ok 800002");
-    SetColorDialogAnswer([](COLORREF& color, COLORREF*) -> INT_PTR { return color = 0xaa, IDCANCEL; });
+    answer = [](QColorDialog& dialog) {
+        dialog.setCurrentColor(QColor(0xaa, 0, 0));
+        dialog.reject();
+    };
     EXPECT_EQ(press({16, CELL_MORE}, VK_RETURN), "change ff, change 123456, cancel 123456");
-    SetColorDialogAnswer([](COLORREF&, COLORREF*) -> INT_PTR { throw std::bad_alloc(); });
-    EXPECT_EQ(press({CELL_MORE}, VK_RETURN), "change 123456, cancel 123456");
-    SetColorDialogAnswer([](COLORREF& color, COLORREF*) -> INT_PTR {
+    answer = [](QColorDialog& dialog) {
         LeaveProgram(); // ends the popup too, but leaves its window to the end of the dialog
         EXPECT_NE(popup, nullptr);
-        return color = 0xaa, IDOK;
-    });
+        dialog.setCurrentColor(QColor(0xaa, 0, 0));
+        dialog.accept();
+    };
     EXPECT_EQ(press({CELL_MORE}, VK_RETURN), "change 123456, cancel 123456, ok aa");
+    answer = nullptr;
 
     Open(none, none);
     popup->SendMessage(WM_KILLFOCUS);

@@ -10,7 +10,7 @@ constexpr COLORREF face = RGB(120, 120, 0);
 constexpr COLORREF grid = RGB(0, 120, 120);
 constexpr COLORREF marked = RGB(120, 0, 120);
 constexpr COLORREF markedText = RGB(250, 250, 0);
-constexpr COLORREF grey = RGB(90, 90, 90);
+constexpr COLORREF grey = RGB(128, 128, 128); // on every desktop
 constexpr UINT inFocus = CDIS_SELECTED | CDIS_FOCUS;
 
 // What a row is told to look like, and how it does.
@@ -114,10 +114,11 @@ protected:
     }
 
     HTREEITEM m_row = nullptr;
-    const test::SystemColors m_parts{{{COLOR_WINDOW, test::windowColor}, {COLOR_BTNFACE, face}}};
-    const test::SystemColors m_texts{{{COLOR_WINDOWTEXT, test::filling}, {COLOR_GRAYTEXT, grey}}};
-    const test::SystemColors m_marks{{{COLOR_HIGHLIGHT, marked}, {COLOR_HIGHLIGHTTEXT, markedText}}};
-    const test::SystemColors m_grid{{{COLOR_3DLIGHT, grid}}};
+    const test::DesktopColors m_colors{{{QPalette::Button, face},
+                                        {QPalette::Text, test::filling},
+                                        {QPalette::Highlight, marked},
+                                        {QPalette::HighlightedText, markedText},
+                                        {QPalette::Midlight, grid}}};
 };
 
 TEST_F(ColumnTreeRow, IsPaintedStepByStep)

@@ -48,7 +48,6 @@ protected:
     }
     UINT_PTR Style() const { return reinterpret_cast<UINT_PTR>(&m_style); }
 
-    const test::SystemColors m_windowColor{{{COLOR_WINDOW, test::windowColor}}};
     k_LineDef m_style;
     CWnd m_parent;
     k_LayoutCombobox m_box;

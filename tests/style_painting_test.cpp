@@ -53,12 +53,6 @@ struct SymbolPicture : Picture {
     }
 };
 
-class StylePainting : public testing::Test
-{
-protected:
-    const test::SystemColors m_windowColor{{{COLOR_WINDOW, test::windowColor}}};
-};
-
 // Calls check(shape, fill, size) for all of them.
 template <class Check> void ForAllSymbols(const Check& check)
 {
@@ -82,7 +76,7 @@ std::string Strip(int fill, int size, int width, int last = point)
     return picture.Text();
 }
 
-TEST_F(StylePainting, ShowsEveryShapeAndFill)
+TEST(StylePainting, ShowsEveryShapeAndFill)
 {
     EXPECT_EQ(Strip(filled, 5, 6), "......................................................\n"
                                    ".#...#...#...#####.####....#...#.#.#..###...##........\n"
@@ -106,7 +100,7 @@ TEST_F(StylePainting, ShowsEveryShapeAndFill)
         ".............###########......#...............................................#.................\n");
 }
 
-TEST_F(StylePainting, ReachesAsFarAsItsSizeAndHasADotIfAskedFor)
+TEST(StylePainting, ReachesAsFarAsItsSizeAndHasADotIfAskedFor)
 {
     // How many pixels the shape reaches past half its size at the right and at the bottom.
     const CSize both(1, 1);
@@ -132,7 +126,7 @@ TEST_F(StylePainting, ReachesAsFarAsItsSizeAndHasADotIfAskedFor)
 }
 
 // Fills, hides or shows the line beneath; a filled shape is filled on both sides of a line of its own colour.
-TEST_F(StylePainting, LiesOverTheLine)
+TEST(StylePainting, LiesOverTheLine)
 {
     for (const int shape : {triangle, triangle2, square, diamond, circle}) {
         const bool isOpen = shape == triangle || shape == triangle2 || shape == diamond;
@@ -157,7 +151,7 @@ TEST_F(StylePainting, LiesOverTheLine)
     }
 }
 
-TEST_F(StylePainting, TakesAnyNumber)
+TEST(StylePainting, TakesAnyNumber)
 {
     for (const int fill : {-1, 3}) {
         EXPECT_EQ(SymbolPicture(diamond, fill, 20), SymbolPicture(diamond, empty, 20));
@@ -175,7 +169,7 @@ TEST_F(StylePainting, TakesAnyNumber)
     }
 }
 
-TEST_F(StylePainting, DrawsEveryLineStyleAndWidth)
+TEST(StylePainting, DrawsEveryLineStyleAndWidth)
 {
     const std::string patterns[] = {
         "############################", "##################------####", "###---###---###---###---###-",

@@ -222,8 +222,7 @@ TEST_F(Tree, ScrollsByRows)
 
 TEST_F(Tree, LetsItsParentDrawAlong)
 {
-    const test::SystemColors colors(
-        {{COLOR_WINDOW, test::windowColor}, {COLOR_BTNSHADOW, test::ink}, {COLOR_WINDOWTEXT, test::filling}});
+    const test::DesktopColors colors({{QPalette::Dark, test::ink}, {QPalette::Text, test::filling}});
     m_tree.Expand(a, TVE_COLLAPSE);
     m_tree.SetFocus();
     m_tree.Select(e, TVGN_CARET);

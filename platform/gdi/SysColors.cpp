@@ -1,5 +1,3 @@
-#include "SysColors.h"
-
 #include "QtConvert.h"
 
 #include <QPalette>
@@ -14,6 +12,8 @@ namespace gdi
 
 namespace
 {
+
+constexpr int sysColorCount = 31;
 
 constexpr COLORREF black = RGB(0, 0, 0);
 constexpr COLORREF white = RGB(255, 255, 255);
@@ -76,8 +76,6 @@ constexpr DesktopPart desktopParts[] = {
     {COLOR_3DDKSHADOW, QPalette::Shadow},
 };
 
-std::optional<COLORREF> ownColors[sysColorCount];
-
 // Between a button and its highlight; a desktop that has nothing there gets a shade of the button.
 QColor LightOf(const QPalette& palette)
 {
@@ -123,19 +121,11 @@ bool Exists(int index)
 
 } // namespace
 
-void SetSysColor(int index, COLORREF color)
-{
-    if (Exists(index))
-        ownColors[index] = color;
-}
-
 } // namespace gdi
 
 COLORREF GetSysColor(int index)
 {
     if (!gdi::Exists(index))
         return gdi::black;
-    if (gdi::ownColors[index])
-        return *gdi::ownColors[index];
     return gdi::desktopColors.Find(index).value_or(gdi::classicColors[index]);
 }

@@ -1,5 +1,3 @@
-#include "ColorDialog.h"
-
 #include <Application.h>
 #include <Contain.h>
 #include <QColorDialog>
@@ -10,15 +8,12 @@
 #include <algorithm>
 #include <array>
 #include <span>
-#include <utility>
 
 namespace
 {
 
 constexpr int customCount = 16;
 using CustomColors = std::array<QColor, customCount>;
-
-ColorDialogAnswer answerInPlace = nullptr;
 
 CustomColors QtCustomColors()
 {
@@ -84,11 +79,6 @@ INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
 
 } // namespace
 
-ColorDialogAnswer SetColorDialogAnswer(ColorDialogAnswer answer)
-{
-    return std::exchange(answerInPlace, answer);
-}
-
 CColorDialog::CColorDialog(COLORREF clrInit, DWORD dwFlags, CWnd* pParentWnd)
 {
     m_cc.lStructSize = sizeof m_cc;
@@ -102,10 +92,7 @@ INT_PTR CColorDialog::DoModal()
 {
     COLORREF color = m_cc.rgbResult;
     INT_PTR result = IDCANCEL;
-    Contain([&] {
-        result = answerInPlace != nullptr ? answerInPlace(color, m_cc.lpCustColors)
-                                          : AskUser(m_cc.hwndOwner, color, m_cc.lpCustColors);
-    });
+    Contain([&] { result = AskUser(m_cc.hwndOwner, color, m_cc.lpCustColors); });
     if (result == IDOK)
         m_cc.rgbResult = color;
     return result;

@@ -1,23 +1,18 @@
-// What the desktop is like.
-#include "Desktop.h"
-
+// The desktop's metrics and fonts.
 #include "Application.h"
 
 #include <QApplication>
-#include <QFontInfo>
 #include <QScreen>
-#include <algorithm>
-#include <utility>
+#include <QtConvert.h>
 #include <winmsg.h>
 
 namespace
 {
 
 constexpr int thumbSize = 17;
+constexpr int edgeWidth = 2;
 constexpr UINT sizeWithPadding = sizeof(NONCLIENTMETRICSW);
 constexpr UINT sizeWithoutPadding = sizeWithPadding - sizeof(int);
-
-int edgeWidth = 2;
 
 QSize ScreenSize()
 {
@@ -27,26 +22,15 @@ QSize ScreenSize()
 
 LOGFONTW DesktopFont()
 {
+    if (CanShowWindows())
+        return gdi::ToLogFont(QApplication::font());
     LOGFONTW font{};
-    font.lfHeight = -12;
+    font.lfHeight = -gdi::commonFontHeight;
     font.lfWeight = FW_NORMAL;
-    if (!CanShowWindows())
-        return font;
-    const QFont desktop = QApplication::font();
-    font.lfHeight = -QFontInfo(desktop).pixelSize();
-    font.lfWeight = desktop.bold() ? FW_BOLD : FW_NORMAL;
-    font.lfItalic = desktop.italic() ? 1 : 0;
-    const QString family = desktop.family().left(LF_FACESIZE - 1);
-    std::copy_n(reinterpret_cast<const WCHAR*>(family.utf16()), family.size(), font.lfFaceName);
     return font;
 }
 
 } // namespace
-
-int SetEdgeWidth(int width)
-{
-    return std::exchange(edgeWidth, width);
-}
 
 int GetSystemMetrics(int index)
 {

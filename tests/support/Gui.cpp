@@ -131,16 +131,22 @@ void TurnWheel(CWnd& window, int delta)
     QApplication::sendEvent(&widget, &event);
 }
 
+DesktopColors::DesktopColors(const std::vector<std::pair<QPalette::ColorRole, COLORREF>>& colors)
+{
+    QPalette palette = m_before;
+    for (const auto& [role, color] : colors)
+        palette.setColor(role, QColor(GetRValue(color), GetGValue(color), GetBValue(color)));
+    QApplication::setPalette(palette);
+}
+
 void ChangeSettings(const std::function<void()>& meanwhile)
 {
-    const QPalette before = QApplication::palette();
-    QPalette other = before;
-    for (const auto role : {QPalette::Window, QPalette::Button})
-        other.setColor(role, Qt::magenta);
-    QApplication::setPalette(other);
-    Settle();
-    meanwhile();
-    QApplication::setPalette(before);
+    {
+        constexpr COLORREF magenta = RGB(255, 0, 255);
+        const DesktopColors other({{QPalette::Window, magenta}, {QPalette::Button, magenta}});
+        Settle();
+        meanwhile();
+    }
     Settle();
 }
 

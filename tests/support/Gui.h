@@ -8,6 +8,8 @@
 #include <afxwin.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <utility>
+#include <vector>
 
 namespace test
 {
@@ -28,8 +30,29 @@ void ClickRight(CWnd& window, CPoint point);
 void PressKey(CWnd& window, UINT virtualKey);
 void TurnWheel(CWnd& window, int delta); // 120 is one notch upward
 
+// Gives the desktop other colours during its lifetime.
+class DesktopColors
+{
+public:
+    explicit DesktopColors(const std::vector<std::pair<QPalette::ColorRole, COLORREF>>& colors);
+    DesktopColors(const DesktopColors&) = delete;
+    DesktopColors& operator=(const DesktopColors&) = delete;
+    ~DesktopColors() { QApplication::setPalette(m_before); }
+
+private:
+    QPalette m_before = QApplication::palette();
+};
+
 // Magenta for all windows and buttons of the desktop, and back.
 void ChangeSettings(const std::function<void()>& meanwhile = [] {});
+
+// Answers the next modal dialog of this class, once the program is idle.
+template <class Dialog> void AnswerNext(std::function<void(Dialog&)> answer)
+{
+    QTimer::singleShot(0, [answer = std::move(answer)] {
+        answer(dynamic_cast<Dialog&>(*QApplication::activeModalWidget()));
+    });
+}
 
 // What the window shows at a point.
 COLORREF PixelOf(CWnd& window, CPoint point);

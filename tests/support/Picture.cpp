@@ -1,6 +1,5 @@
 #include "Picture.h"
 
-#include <SysColors.h>
 #include <algorithm>
 
 namespace test
@@ -50,15 +49,6 @@ CRect Picture::Painted() const
         }
     }
     return all.right > 0 ? all : CRect();
-}
-
-void SystemColors::Swap()
-{
-    for (auto& [index, color] : m_colors) {
-        const COLORREF before = ::GetSysColor(index);
-        gdi::SetSysColor(index, color);
-        color = before;
-    }
 }
 
 } // namespace test

@@ -16,7 +16,7 @@ constexpr COLORREF paper = RGB(10, 20, 30);          // '.'
 constexpr COLORREF ink = RGB(200, 0, 0);             // '#'
 constexpr COLORREF filling = RGB(0, 150, 0);         // 'o'
 constexpr COLORREF gapColor = RGB(0, 0, 200);        // '-'
-constexpr COLORREF windowColor = RGB(250, 250, 250); // ' '
+constexpr COLORREF windowColor = RGB(255, 255, 255); // ' '
 
 class Picture
 {
@@ -51,24 +51,6 @@ private:
     int m_height;
     std::vector<gdi::Pixel> m_pixels;
     CDC m_dc;
-};
-
-// Gives system colours other values, as long as it lives.
-class SystemColors
-{
-public:
-    explicit SystemColors(std::vector<std::pair<int, COLORREF>> colors) : m_colors(std::move(colors))
-    {
-        Swap();
-    }
-    SystemColors(const SystemColors&) = delete;
-    SystemColors& operator=(const SystemColors&) = delete;
-    ~SystemColors() { Swap(); }
-
-private:
-    void Swap();
-
-    std::vector<std::pair<int, COLORREF>> m_colors;
 };
 
 } // namespace test
