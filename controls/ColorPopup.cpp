@@ -3,6 +3,7 @@
 
 #include "ColorMessages.h"
 
+#include <commctrl.h>
 #include <model/Language.h>
 
 namespace

@@ -182,12 +182,17 @@ void k_ColumnTreeCtrl::OnHScroll(UINT nSBCode, UINT nPos, CWnd* pScrollBar)
     UpdateScroller();
 }
 
+int k_ColumnTreeCtrl::ColumnEnd(int column) const
+{
+    int end = 0;
+    for (int each = 0; each <= column; ++each)
+        end += m_columnWidths.at(each);
+    return end;
+}
+
 BOOL k_ColumnTreeCtrl::IsColumnEdgeVisible(bool bLeft)
 {
-    const int count = m_cellColumn - (bLeft ? 1 : 0);
-    int x = m_Tree.m_firstColumnWidth;
-    for (int column = 0; column < count; ++column)
-        x += m_columnWidths.at(column);
+    const int x = m_Tree.m_firstColumnWidth + ColumnEnd(m_cellColumn - (bLeft ? 2 : 1));
     const HDC context = ::GetWindowDC(m_hWnd);
     const BOOL isVisible = ::PtVisible(context, x, 1);
     ::ReleaseDC(m_hWnd, context);

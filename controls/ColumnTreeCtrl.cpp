@@ -137,15 +137,12 @@ HTREEITEM k_ColumnTreeCtrl::HitTest(CTVHITTESTINFO* pInfo) const
         return pInfo->hItem;
 
     const int count = m_Header.GetItemCount();
-    int left = 0;
     for (int column = 0; column < count; ++column) {
-        const int right = left + m_columnWidths.at(column);
-        if (left <= pInfo->pt.x && pInfo->pt.x <= right) {
+        if (ColumnEnd(column - 1) <= pInfo->pt.x && pInfo->pt.x <= ColumnEnd(column)) {
             pInfo->iSubItem = column;
             pInfo->flags = TVHT_ONITEMLABEL;
             return pInfo->hItem;
         }
-        left = right;
     }
     pInfo->hItem = nullptr;
     pInfo->flags = TVHT_NOWHERE;

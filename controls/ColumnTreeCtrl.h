@@ -53,6 +53,9 @@ public:
     // Deselects cell and column.
     void ClearSelection();
 
+    // The right end of a column in the unscrolled tree, in pixels; 0 for -1.
+    int ColumnEnd(int column) const;
+
     // Sets the editor that a double click opens. Initially there is none.
     void SetStyleEditor(k_StyleEditor editor) { m_styleEditor = editor; }
 

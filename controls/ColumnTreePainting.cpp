@@ -87,10 +87,8 @@ private:
     // A line to the right of each column and one below the row. Then m_row is as wide as the columns.
     void PaintGrid()
     {
-        int x = 0;
         for (int column = 0; column < m_columnCount; ++column) {
-            x += m_frame.m_columnWidths.at(column);
-            m_row.right = x;
+            m_row.right = m_frame.ColumnEnd(column);
             m_dc.DrawEdge(&m_row, BDR_SUNKENINNER, BF_RIGHT);
         }
         m_dc.DrawEdge(&m_row, BDR_SUNKENINNER, BF_BOTTOM);
@@ -100,8 +98,8 @@ private:
     {
         CRect extent;
         m_dc.DrawText(text, &extent, DT_CALCRECT | DT_NOPREFIX);
-        m_label.right = std::min<int>(m_label.left + labelPadding + extent.right,
-                                      m_frame.m_columnWidths.at(0) - firstColumnEnd);
+        m_label.right =
+            std::min<int>(m_label.left + labelPadding + extent.right, m_frame.ColumnEnd(0) - firstColumnEnd);
     }
 
     // Fills a selected row from its label to the last column.
@@ -126,12 +124,10 @@ private:
 
     void PaintCells()
     {
-        int x = m_frame.m_columnWidths.at(0);
         for (int column = 1; column < m_columnCount; ++column) {
-            const int width = m_frame.m_columnWidths.at(column);
-            PaintCell(column, CRect(x + m_frame.m_cellMargin + cellLeftInset, m_label.top + cellInsetY,
-                                    x + width - cellRightInset, m_label.bottom - cellInsetY));
-            x += width;
+            const int left = m_frame.ColumnEnd(column - 1) + m_frame.m_cellMargin + cellLeftInset;
+            const int right = m_frame.ColumnEnd(column) - cellRightInset;
+            PaintCell(column, CRect(left, m_label.top + cellInsetY, right, m_label.bottom - cellInsetY));
         }
     }
 

@@ -71,7 +71,7 @@ public:
             k_LineDef record;
             style(record, i);
             CRect sample = cell;
-            sample.DeflateRect(linePadding, 0);
+            sample.InflateRect(-linePadding, 0);
             record.DrawLine(&m_dc, sample);
             record.DrawSymbol(&m_dc, cell);
         }

@@ -41,7 +41,7 @@ void fuzz::Try(std::string_view text)
 {
     const Bytes file = std::as_bytes(std::span(text));
     for (const auto type : {ResourceType::Menu, ResourceType::Dialog, ResourceType::DialogInit}) {
-        for (const std::uint16_t id : {7, IDD_STYLE_ATLAS, IDD_CURVE_LAYOUT, IDR_STYLE_ATLAS_MENU}) {
+        for (const std::uint16_t id : {IDD_STYLE_ATLAS, IDD_CURVE_LAYOUT, IDR_STYLE_ATLAS_MENU}) {
             const Bytes found = FindResource(file, type, id);
             Require(found.empty() || (&found.front() >= &file.front() && &found.back() <= &file.back()),
                     "a resource lies outside its file");

@@ -73,7 +73,7 @@ TEST_F(ColorPicker, TellsItsParentOfAChoice)
 {
     const std::string arrow = Row(10, 81, 98);
     CWnd& popup = Drop();
-    EXPECT_EQ(PlaceOf(popup).TopLeft(), CPoint(210, 141));
+    EXPECT_EQ(CPoint(PlaceOf(popup).left, PlaceOf(popup).top), CPoint(210, 141));
     EXPECT_EQ(m_parent.Heard(), "dropdown 123456 of 7");
     EXPECT_EQ(Row(10, 81, 98), "sffffffdddddffffs");
     m_picker.m_mixed = TRUE;

@@ -103,7 +103,8 @@ TEST_F(ColorPopup, StaysOnTheScreen)
     const int bottom = GetSystemMetrics(SM_CYSCREEN);
     const auto placeOf = [this](int x, int y) {
         Open(none, none, initial, {x, y});
-        return test::PlaceOf(*popup).TopLeft();
+        const CRect place = test::PlaceOf(*popup);
+        return CPoint(place.left, place.top);
     };
     EXPECT_EQ(placeOf(right - 148, bottom - 94), CPoint(right - 148, bottom - 94));
     EXPECT_EQ(placeOf(right - 147, 0), CPoint(right - 148, 0));

@@ -47,8 +47,6 @@ TEST(Objects, RunOut)
     std::list<CBrush> brushes;
     while (gdi::LiveObjects() < gdi::objectLimit)
         brushes.emplace_back(ink);
-    CBrush none;
-    EXPECT_FALSE(none.CreateSolidBrush(ink));
     EXPECT_THROW(CPen(PS_SOLID, 1, ink), CResourceException*);
     EXPECT_THROW(CBrush{ink}, CResourceException*);
     brushes.clear();
@@ -99,7 +97,7 @@ void ExpectNoText()
     EXPECT_EQ(picture.Dc().GetTextExtent(_T("text")).cx, 0);
     rect = CRect(0, 0, 60, 20);
     EXPECT_EQ(picture.Dc().DrawText(_T("text"), rect, label), 0);
-    EXPECT_TRUE(picture.Painted().IsRectEmpty());
+    EXPECT_TRUE(picture.Painted() == CRect());
     EXPECT_EQ(GetSysColor(COLOR_3DLIGHT), RGB(223, 223, 223)); // as the desktop's colours aren't known either
 }
 
@@ -142,7 +140,7 @@ TEST_F(Text, IsMeasuredByLines)
     dc.DrawText(_T("w&&ord"), rect, DT_CALCRECT);
     EXPECT_GT(rect.Width(), word.cx);
     EXPECT_EQ(dc.GetTextExtent(_T("words"), 4).cx, word.cx);
-    EXPECT_TRUE(picture.Painted().IsRectEmpty());
+    EXPECT_TRUE(picture.Painted() == CRect());
 }
 
 TEST_F(Text, StaysInItsRectangle)
@@ -154,9 +152,8 @@ TEST_F(Text, StaysInItsRectangle)
         Picture drawn(120, 60);
         EXPECT_GT(drawn.Dc().DrawText(longText, rect, format), 0);
         const CRect painted = drawn.Painted();
-        CRect common;
-        EXPECT_TRUE(::IntersectRect(&common, &painted, &rect));
-        EXPECT_EQ(common, painted);
+        EXPECT_TRUE(painted.left >= rect.left && painted.right <= rect.right);
+        EXPECT_TRUE(painted.top >= rect.top && painted.bottom <= rect.bottom);
         EXPECT_TRUE(looks.insert(drawn.Text()).second); // cut at either end, at both, or told by dots
     }
     dc.DrawText(_T("x"), rect, DT_CENTER | label);

@@ -193,7 +193,7 @@ TEST(Clipping, OnlyCuts)
                 DrawEverything(picture->Dc(), random);
             }
             for (const auto& [x, y] : PointsOf(side)) {
-                const gdi::Pixel seen = clip.PtInRect({x, y}) ? whole.PixelAt(x, y) : gdi::ToPixel(paper);
+                const gdi::Pixel seen = ::PtInRect(&clip, {x, y}) ? whole.PixelAt(x, y) : gdi::ToPixel(paper);
                 ASSERT_EQ(clipped.PixelAt(x, y), seen) << whole << clipped;
             }
         }

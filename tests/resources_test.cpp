@@ -1,6 +1,5 @@
 // The dialogs and the menu as the module carries them, and what their readers make of damaged ones.
 #include "support/ResourceText.h"
-#include "support/TempPrefix.h"
 
 #include <dialogs/resource.h>
 #include <platform/system/Unicode.h>
@@ -20,29 +19,22 @@ using test::MenuText;
 
 // Styles: 50010001 default button, 50010000 button, 50020000 text, 5002800c one line of text shortened in the
 // middle; 4... is hidden.
-constexpr const char* atlasDialog =
-    "0 80c800c8 40000 'Symbol/Color style atlas' 0,0,508,347; menu '', class ''\n"
-    "font 8 400 0 MS Shell Dlg\n"
-    "1 Button 50010001 'OK' 435,15,66,16\n"
-    "2 Button 50010000 'Cancel' 435,33,66,16\n"
-    "1001 Static 50020000 '' 19,27,406,305\n"
-    "1022 Button 50010000 'Load...' 435,68,66,14\n"
-    "1023 Button 50010000 'Save as...' 435,84,66,14\n"
-    "1024 Static 5002800c '' 83,11,327,12\n"
-    "-1 Static 50020000 'Layout file:' 19,11,59,8\n"
-    "1025 Button 40010000 'Unit-Log' 477,308,24,10\n";
+constexpr const char* atlasDialog = "80c800c8 'Symbol/Color style atlas' 0,0,508,347\n"
+                                    "font 8 0 MS Shell Dlg\n"
+                                    "1 Button 50010001 'OK' 435,15,66,16\n"
+                                    "2 Button 50010000 'Cancel' 435,33,66,16\n"
+                                    "1001 Static 50020000 '' 19,27,406,305\n"
+                                    "1022 Button 50010000 'Load...' 435,68,66,14\n"
+                                    "1023 Button 50010000 'Save as...' 435,84,66,14\n"
+                                    "1024 Static 5002800c '' 83,11,327,12\n"
+                                    "-1 Static 50020000 'Layout file:' 19,11,59,8\n"
+                                    "1025 Button 40010000 'Unit-Log' 477,308,24,10\n";
 
 bool IsReadable(ResourceType type, std::span<const std::byte> bytes)
 {
     return type == ResourceType::Menu     ? ReadMenuTemplate(bytes).has_value()
            : type == ResourceType::Dialog ? ReadDialogTemplate(bytes).has_value()
                                           : ReadDialogInit(bytes).has_value();
-}
-
-Bytes OlderFile()
-{
-    const std::string content = test::ReadWhole(OLDER_RESOURCES);
-    return {std::as_bytes(std::span(content)).begin(), std::as_bytes(std::span(content)).end()};
 }
 
 TEST(ResourcesTest, TheDialogsAreWhatTheirClassesExpect)
@@ -59,9 +51,9 @@ TEST(ResourcesTest, TheDialogsAreWhatTheirClassesExpect)
 TEST(ResourcesTest, TheMenuAndTheNumberListsAreInOrder)
 {
     EXPECT_EQ(MenuText(FindResource(ResourceType::Menu, IDR_STYLE_ATLAS_MENU)),
-              "p0 0 Init file colours\n c32771 0 Set file symbols\n c32772 0 Set file colors\n"
-              " c32774 0 Set main quantity symbols\n c32773 0 Set main quantity colors\n s0 0 \n"
-              " c32775 0 Expand all\n c32776 0 Collapse all\n");
+              "p0 Init file colours\n c32771 Set file symbols\n c32772 Set file colors\n"
+              " c32774 Set main quantity symbols\n c32773 Set main quantity colors\n s0 \n"
+              " c32775 Expand all\n c32776 Collapse all\n");
     const auto entries = ReadDialogInit(FindResource(ResourceType::DialogInit, IDD_CURVE_LAYOUT));
     ASSERT_TRUE(entries);
     std::string lists[2];
@@ -71,23 +63,6 @@ TEST(ResourcesTest, TheMenuAndTheNumberListsAreInOrder)
     }
     EXPECT_EQ(lists[0], "2 3 4 5 6 7 8 9 10 11 12 13 14 15 20 25 ");
     EXPECT_EQ(lists[1], "1 2 3 4 5 6 7 8 9 10 ");
-}
-
-TEST(ResourcesTest, OlderDialogsNamedResourcesAndNestedMenusAreRead)
-{
-    const Bytes file = OlderFile();
-    EXPECT_EQ(MenuText(FindResource(file, ResourceType::Menu, 7)),
-              "p0 0 &File\n c1 1 Open\n p0 0 Recent\n  c2 8 One\nc3 0 Last\n");
-    const auto found = FindResource(file, ResourceType::Dialog, 7);
-    ASSERT_FALSE(found.empty());
-    Bytes bytes(found.begin(), found.end());
-    bytes.back() = std::byte{0};
-    bytes[bytes.size() - 2] = std::byte{4}; // its own two bytes and two more
-    bytes.insert(bytes.end(), {std::byte{1}, std::byte{2}});
-    EXPECT_EQ(DialogText(bytes), "0 80c00040 0 'Older' 1,-2,30,40; menu '', class 'Special'\n"
-                                 "font 9 0 0 Tahoma\n"
-                                 "-1 Static 50000003 'warning' 1,2,3,4\n"
-                                 "300 Static 50000003 #12 -5,6,7,8 +1 +2\n");
 }
 
 // Copies of just the bytes given, so that the sanitizers see every step past them.

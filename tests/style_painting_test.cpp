@@ -115,7 +115,7 @@ TEST(StylePainting, ReachesAsFarAsItsSizeAndHasADotIfAskedFor)
             EXPECT_EQ(picture.Painted(), CRect(low, low, high + past[shape].cx, high + past[shape].cy))
                 << picture;
         else // not even where nothing would hold the colour in
-            EXPECT_TRUE(picture.Painted().IsRectEmpty()) << picture;
+            EXPECT_TRUE(picture.Painted() == CRect()) << picture;
         EXPECT_EQ(SymbolPicture(shape, fill, -size).At(0, 0), '.');
         if (fill == withDot && shape != none && shape != cross) {
             SymbolPicture dotted(shape, empty, size);
@@ -158,7 +158,7 @@ TEST(StylePainting, TakesAnyNumber)
         EXPECT_EQ(SymbolPicture(circle, fill, 20), SymbolPicture(circle, filled, 20));
     }
     for (const int shape : {-1, 10})
-        EXPECT_TRUE(SymbolPicture(shape, filled, 20).Painted().IsRectEmpty());
+        EXPECT_TRUE(SymbolPicture(shape, filled, 20).Painted() == CRect());
     for (const int size : {-32768, 32767}) {
         for (int shape = none; shape < shapeCount; ++shape) {
             Picture picture(side, side);

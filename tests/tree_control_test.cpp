@@ -144,7 +144,7 @@ TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
 TEST_F(Tree, TellsPlacesApart)
 {
     const CRect label = Label(b);
-    EXPECT_EQ(label.TopLeft(), CPoint(2 * square, rowHeight));
+    EXPECT_EQ(CPoint(label.left, label.top), CPoint(2 * square, rowHeight));
     const std::pair<CPoint, UINT> cases[] = {
         {At(b, -square - 1), TVHT_ONITEMINDENT},  {At(b, -square), TVHT_ONITEMBUTTON},
         {At(b, -1), TVHT_ONITEMBUTTON},           {At(b, 0), TVHT_ONITEMLABEL},

@@ -114,10 +114,10 @@ TEST(Windows, CommandsAndNotificationsFindTheirHandlers)
     k_Witness child("child");
     parent.Open(&child);
     EXPECT_EQ(parent.SendMessage(test::registered, 40, 2), 42);
-    for (const UINT id : {7U, 8U, 99U, 100U, 102U, 103U})
+    for (const UINT id : {7U, 8U, 99U, 100U, 101U})
         parent.SendMessage(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED));
-    EXPECT_EQ(Heard(), "parent clicked, parent command 100, parent command 102");
-    const std::pair<int, LRESULT> notifications[] = {{-5, 5}, {-6, 6}, {-7, 0}}; // -6 is the child's own
+    EXPECT_EQ(Heard(), "parent clicked, parent command");
+    const std::pair<int, LRESULT> notifications[] = {{-5, 5}, {-7, 0}};
     for (const auto& [code, answer] : notifications) {
         NMHDR header{child.m_hWnd, 3, static_cast<UINT>(code)};
         EXPECT_EQ(parent.SendMessage(WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header)), answer);

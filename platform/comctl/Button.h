@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <WidgetWindow.h>
+#include <winctrl.h>
 
 // A button that can be clicked.
 template <class Base> class ClickableWindow : public WidgetWindow<Base>

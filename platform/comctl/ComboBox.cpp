@@ -194,9 +194,6 @@ BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
     case WM_MEASUREITEM:
         MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
         return TRUE;
-    case WM_COMPAREITEM:
-        *pResult = CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam));
-        return TRUE;
     default:
         return CWnd::OnChildNotify(message, wParam, lParam, pResult);
     }

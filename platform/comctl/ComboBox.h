@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <WidgetWindow.h>
+#include <winctrl.h>
 
 class QStyleOptionViewItem;
 

@@ -3,7 +3,7 @@
 
 #include <QPainter>
 #include <QRect>
-#include <winmsg.h>
+#include <winctrl.h>
 
 class Window;
 

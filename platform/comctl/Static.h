@@ -2,6 +2,7 @@
 #pragma once
 
 #include <WidgetWindow.h>
+#include <winctrl.h>
 
 // The text begins at the top left corner. A text in which SS_PATHELLIPSIS sees a path loses its middle where
 // there is no room for it, and keeps its ampersands; in any other an ampersand underlines the next character.

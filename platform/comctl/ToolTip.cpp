@@ -5,6 +5,7 @@
 #include <QToolTip>
 #include <QtConvert.h>
 #include <algorithm>
+#include <commctrl.h>
 
 ToolTipWindow::ToolTipWindow(DWORD style, QWidget* parent) : WidgetWindow(parent, Qt::ToolTip)
 {

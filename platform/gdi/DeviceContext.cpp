@@ -159,11 +159,6 @@ COLORREF GetBkColor(HDC context)
     return gdi::Get(context, &DeviceContext::BackgroundColor, CLR_INVALID);
 }
 
-int GetBkMode(HDC context)
-{
-    return gdi::Get(context, &DeviceContext::BackgroundMode, 0);
-}
-
 BOOL PtVisible(HDC context, int x, int y)
 {
     return context != nullptr && DeviceContext::FromHandle(context)->Drawing.Contains(x, y) ? TRUE : FALSE;

@@ -62,7 +62,7 @@ public:
     Canvas Drawing;
     Selection<Pen> SelectedPen{StockPen(BLACK_PEN)};
     Selection<Brush> SelectedBrush{StockBrush(WHITE_BRUSH)};
-    Selection<Font> SelectedFont{StockFont(SYSTEM_FONT)};
+    Selection<Font> SelectedFont{StockFont()};
     Selection<Bitmap> SelectedBitmap{StockBitmap()};
     Selection<Palette> SelectedPalette{StockPalette()};
     COLORREF TextColor = RGB(0, 0, 0);

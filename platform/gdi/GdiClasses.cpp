@@ -47,13 +47,13 @@ CGdiObject* CGdiObject::FromHandle(HGDIOBJ hObject)
 
 CPen::CPen(int nPenStyle, int nWidth, COLORREF crColor)
 {
-    if (CreatePen(nPenStyle, nWidth, crColor) == FALSE)
+    if (Attach(::CreatePen(nPenStyle, nWidth, crColor)) == FALSE)
         AfxThrowResourceException();
 }
 
 CBrush::CBrush(COLORREF crColor)
 {
-    if (CreateSolidBrush(crColor) == FALSE)
+    if (Attach(::CreateSolidBrush(crColor)) == FALSE)
         AfxThrowResourceException();
 }
 
@@ -66,7 +66,7 @@ BOOL CBitmap::CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight)
 
 CDC::~CDC()
 {
-    DeleteDC();
+    ::DeleteDC(Detach());
 }
 
 BOOL CDC::Attach(HDC hDC)

@@ -122,7 +122,7 @@ public:
 // The objects that a context begins with, and the others that nobody has to make.
 Pen& StockPen(int number);
 Brush& StockBrush(int number);
-Font& StockFont(int number);
+Font& StockFont();
 Bitmap& StockBitmap();
 Palette& StockPalette();
 

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <winuser.h>
 
 BOOL InflateRect(LPRECT rectangle, int x, int y)
@@ -30,16 +29,4 @@ BOOL IsRectEmpty(LPCRECT rectangle)
     return rectangle == nullptr || rectangle->left >= rectangle->right || rectangle->top >= rectangle->bottom
                ? TRUE
                : FALSE;
-}
-
-BOOL IntersectRect(LPRECT result, LPCRECT first, LPCRECT second)
-{
-    if (result == nullptr || first == nullptr || second == nullptr)
-        return FALSE;
-    *result = {std::max(first->left, second->left), std::max(first->top, second->top),
-               std::min(first->right, second->right), std::min(first->bottom, second->bottom)};
-    if (IsRectEmpty(result) == FALSE)
-        return TRUE;
-    *result = {0, 0, 0, 0};
-    return FALSE;
 }

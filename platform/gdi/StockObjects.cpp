@@ -30,7 +30,7 @@ Brush& StockBrush(int number)
     return number == NULL_BRUSH ? null : white;
 }
 
-Font& StockFont(int /*number*/)
+Font& StockFont()
 {
     static Font& font = Standing<Font>(LOGFONTW{}, true);
     return font;
@@ -59,11 +59,8 @@ HGDIOBJ GetStockObject(int number)
     case BLACK_PEN:
     case NULL_PEN:
         return gdi::StockPen(number).Handle();
-    case SYSTEM_FONT:
     case DEFAULT_GUI_FONT:
-        return gdi::StockFont(number).Handle();
-    case DEFAULT_PALETTE:
-        return gdi::StockPalette().Handle();
+        return gdi::StockFont().Handle();
     default:
         return nullptr;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <afxwnd.h>
+#include <commdlg.h>
 
 // A text, or a place for something else.
 class CStatic : public CWnd

@@ -1,10 +1,12 @@
-// The class framework's device context.
+// The class framework's device contexts.
 #pragma once
 
 #include <afxgdi.h>
 
-// Owns its handle: the destructor deletes the context. Who wraps a context of somebody else's attaches and
-// detaches it. What the operations do is told with the functions of the same names in wingdi.h and winuser.h.
+class CWnd;
+
+// Owns its handle: the destructor deletes the context. To wrap a foreign context, attach and detach it. The
+// operations are those of the functions of the same names in wingdi.h and winuser.h.
 class CDC : public CObject
 {
 public:
@@ -12,16 +14,14 @@ public:
     ~CDC() override;
 
     BOOL CreateCompatibleDC(CDC* pDC) { return Attach(::CreateCompatibleDC(HandleOf(pDC))); }
-    BOOL DeleteDC() { return ::DeleteDC(Detach()); }
     BOOL Attach(HDC hDC);
     HDC Detach();
 
-    // The object that has the handle attached, else one that lives as long as the handle.
+    // The object that owns the handle, otherwise one that lives as long as the handle.
     static CDC* FromHandle(HDC hDC);
     HDC GetSafeHdc() const { return m_hDC; }
 
-    // Each gives the object that was selected in its place; null when it fails, as for an object without a
-    // handle.
+    // Each gives the object selected before; null on failure, as for an object without a handle.
     CPen* SelectObject(CPen* pPen) { return static_cast<CPen*>(Select(pPen)); }
     CBrush* SelectObject(CBrush* pBrush) { return static_cast<CBrush*>(Select(pBrush)); }
     CFont* SelectObject(CFont* pFont) { return static_cast<CFont*>(Select(pFont)); }
@@ -33,12 +33,9 @@ public:
 
     COLORREF GetTextColor() const { return ::GetTextColor(m_hDC); }
     COLORREF GetBkColor() const { return ::GetBkColor(m_hDC); }
-    int GetBkMode() const { return ::GetBkMode(m_hDC); }
     COLORREF SetTextColor(COLORREF crColor) { return ::SetTextColor(m_hDC, crColor); }
     COLORREF SetBkColor(COLORREF crColor) { return ::SetBkColor(m_hDC, crColor); }
     int SetBkMode(int nBkMode) { return ::SetBkMode(m_hDC, nBkMode); }
-    BOOL PtVisible(int x, int y) const { return ::PtVisible(m_hDC, x, y); }
-    BOOL PtVisible(POINT point) const { return ::PtVisible(m_hDC, point.x, point.y); }
 
     CPoint MoveTo(int x, int y);
     BOOL LineTo(int x, int y) { return ::LineTo(m_hDC, x, y); }
@@ -48,7 +45,7 @@ public:
     BOOL FloodFill(int x, int y, COLORREF crColor) { return ::FloodFill(m_hDC, x, y, crColor); }
     BOOL CloseFigure() { return ::CloseFigure(m_hDC); }
     void FillRect(LPCRECT lpRect, CBrush* pBrush);
-    // The colour is the background's afterwards, so that text in the rectangle stands on it.
+    // Makes the colour the background colour too.
     void FillSolidRect(LPCRECT lpRect, COLORREF clr);
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF clr);
     BOOL BitBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, DWORD dwRop)
@@ -79,4 +76,22 @@ public:
 private:
     static HDC HandleOf(const CDC* pDC) { return pDC == nullptr ? nullptr : pDC->m_hDC; }
     CGdiObject* Select(const CGdiObject* pObject);
+};
+
+// Draws on the invalid part of a window, in a handler of WM_PAINT.
+class CPaintDC : public CDC
+{
+public:
+    explicit CPaintDC(CWnd* pWnd); // raises the resource exception
+};
+
+// Draws on a window at any time.
+class CClientDC : public CDC
+{
+public:
+    explicit CClientDC(CWnd* pWnd); // raises the resource exception
+    ~CClientDC() override;
+
+protected:
+    HWND m_hWnd;
 };

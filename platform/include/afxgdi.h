@@ -32,8 +32,6 @@ public:
     // Null for a null handle.
     static CGdiObject* FromHandle(HGDIOBJ hObject);
 
-    HGDIOBJ GetSafeHandle() const { return m_hObject; }
-
     HGDIOBJ m_hObject = nullptr;
 };
 
@@ -41,13 +39,7 @@ class CPen : public CGdiObject
 {
 public:
     CPen() = default;
-    CPen(int nPenStyle, int nWidth, COLORREF crColor); // raises the resource exception
-
-    BOOL CreatePen(int nPenStyle, int nWidth, COLORREF crColor)
-    {
-        return Attach(::CreatePen(nPenStyle, nWidth, crColor));
-    }
-    static CPen* FromHandle(HPEN hPen) { return static_cast<CPen*>(CGdiObject::FromHandle(hPen)); }
+    CPen(int nPenStyle, int nWidth, COLORREF crColor);             // raises the resource exception
     operator HPEN() const { return static_cast<HPEN>(m_hObject); } // NOLINT(google-explicit-constructor)
 };
 
@@ -55,10 +47,7 @@ class CBrush : public CGdiObject
 {
 public:
     CBrush() = default;
-    explicit CBrush(COLORREF crColor); // raises the resource exception
-
-    BOOL CreateSolidBrush(COLORREF crColor) { return Attach(::CreateSolidBrush(crColor)); }
-    static CBrush* FromHandle(HBRUSH hBrush) { return static_cast<CBrush*>(CGdiObject::FromHandle(hBrush)); }
+    explicit CBrush(COLORREF crColor);                                 // raises the resource exception
     operator HBRUSH() const { return static_cast<HBRUSH>(m_hObject); } // NOLINT(google-explicit-constructor)
 };
 
@@ -74,14 +63,6 @@ class CBitmap : public CGdiObject
 {
 public:
     BOOL CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight);
-    static CBitmap* FromHandle(HBITMAP hBitmap)
-    {
-        return static_cast<CBitmap*>(CGdiObject::FromHandle(hBitmap));
-    }
-    operator HBITMAP() const
-    {
-        return static_cast<HBITMAP>(m_hObject);
-    } // NOLINT(google-explicit-constructor)
 };
 
 class CPalette : public CGdiObject
@@ -92,8 +73,5 @@ public:
     {
         return static_cast<CPalette*>(CGdiObject::FromHandle(hPalette));
     }
-    operator HPALETTE() const
-    {
-        return static_cast<HPALETTE>(m_hObject);
-    } // NOLINT(google-explicit-constructor)
+    operator HPALETTE() const { return static_cast<HPALETTE>(m_hObject); } // NOLINT
 };

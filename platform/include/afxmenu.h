@@ -8,10 +8,6 @@ class CWnd;
 
 using HMENU = struct HMENU__*;
 
-constexpr UINT MF_STRING = 0x0000;
-constexpr UINT MF_GRAYED = 0x0001;
-constexpr UINT MF_DISABLED = 0x0002;
-constexpr UINT MF_CHECKED = 0x0008;
 constexpr UINT MF_BYPOSITION = 0x0400;
 constexpr UINT TPM_RIGHTBUTTON = 0x0002;
 
@@ -39,8 +35,7 @@ public:
     // An item's text and its length; empty and 0 where there is no item, and without MF_BYPOSITION.
     int GetMenuString(UINT nPosition, CString& rString, UINT nFlags) const;
 
-    // Puts a command in an item's place; a popup that was there goes. The flags are MF_BYPOSITION, without
-    // which nothing is changed, and how the command starts.
+    // Replaces an item, which may be a popup, by a command. Fails without MF_BYPOSITION and with other flags.
     BOOL ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = nullptr);
 
     // Shows a popup at a point of the screen (-1, -1: at the window's corner) until the user has chosen or

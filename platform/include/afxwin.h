@@ -72,4 +72,5 @@ private:
 #include <afxctl.h>
 #include <afxdialog.h>
 #include <afxmenu.h>
+#include <afxmsg_.h>
 #include <afxwnd.h>

@@ -87,7 +87,6 @@ public:
     CWnd* SetCapture();
     static CWnd* GetCapture();
 
-    int GetWindowTextLength() const;
     void GetWindowText(CString& rString) const;
     void SetWindowText(LPCTSTR lpszString);
     CFont* GetFont() const;
@@ -125,14 +124,13 @@ protected:
     // The window is gone, or couldn't be made; the last call that an object gets from it.
     virtual void PostNcDestroy();
 
-    afx_msg int OnCreate(struct CREATESTRUCT* lpCreateStruct);
+    afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnDestroy() { Default(); }
     afx_msg void OnNcDestroy();
     afx_msg void OnSetFocus(CWnd* /*pOldWnd*/) { Default(); }
     // Tells the objects of all windows in this one too, which nobody else does, unless it is in one itself.
     afx_msg void OnSettingChange(UINT uFlags, LPCTSTR lpszSection);
     afx_msg void OnHScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
-    afx_msg void OnVScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
 
 private:
     friend class Window;
@@ -142,20 +140,6 @@ private:
     DECLARE_MESSAGE_MAP()
 };
 
-struct CREATESTRUCT {
-    void* lpCreateParams;
-    HWND hwndParent;
-    int cy;
-    int cx;
-    int y;
-    int x;
-    LONG style;
-    LPCWSTR lpszName;
-    LPCWSTR lpszClass;
-    DWORD dwExStyle;
-};
-using LPCREATESTRUCT = CREATESTRUCT*;
-
 // Attaches the object to the control of the id, unless it has a window already. Raises the invalid argument
 // exception where there is no such control.
 void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
@@ -163,133 +147,3 @@ void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 // The name of a window class with the style and the background, a system colour's index and 1 (0: none).
 LPCTSTR AfxRegisterWndClass(UINT nClassStyle, HANDLE hCursor = nullptr, HBRUSH hbrBackground = nullptr,
                             HANDLE hIcon = nullptr);
-
-BOOL ReleaseCapture(); // of the thread's window that has it
-
-// Drawing on a window in answer to WM_PAINT: on what has to be painted, and nothing else.
-class CPaintDC : public CDC
-{
-public:
-    explicit CPaintDC(CWnd* pWnd); // raises the resource exception
-};
-
-// Drawing on a window at any time.
-class CClientDC : public CDC
-{
-public:
-    explicit CClientDC(CWnd* pWnd); // raises the resource exception
-    ~CClientDC() override;
-
-protected:
-    HWND m_hWnd;
-};
-
-// ---- Message maps: what each handler is called with
-
-template <auto Handler> LRESULT AfxOnPlain(CCmdTarget* pTarget, WPARAM, LPARAM)
-{
-    AfxCall<Handler>(pTarget);
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnAsked(CCmdTarget* pTarget, WPARAM, LPARAM)
-{
-    return AfxCall<Handler>(pTarget);
-}
-template <auto Handler> LRESULT AfxOnCreate(CCmdTarget* pTarget, WPARAM, LPARAM lParam)
-{
-    return AfxCall<Handler>(pTarget, reinterpret_cast<LPCREATESTRUCT>(lParam));
-}
-template <auto Handler> LRESULT AfxOnEraseBkgnd(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
-{
-    return AfxCall<Handler>(pTarget, CDC::FromHandle(reinterpret_cast<HDC>(wParam)));
-}
-template <auto Handler> LRESULT AfxOnSize(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam),
-                     static_cast<int>(LOWORD(static_cast<UINT_PTR>(lParam))),
-                     static_cast<int>(HIWORD(static_cast<UINT_PTR>(lParam))));
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnEnable(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
-{
-    AfxCall<Handler>(pTarget, static_cast<BOOL>(wParam));
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnFocus(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
-{
-    AfxCall<Handler>(pTarget, CWnd::FromHandle(reinterpret_cast<HWND>(wParam)));
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnActivateApp(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    AfxCall<Handler>(pTarget, static_cast<BOOL>(wParam), static_cast<DWORD>(lParam));
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnMouse(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    const auto position = static_cast<UINT_PTR>(lParam);
-    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam),
-                     CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnKey(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam),
-                     static_cast<UINT>(LOWORD(static_cast<UINT_PTR>(lParam))),
-                     static_cast<UINT>(HIWORD(static_cast<UINT_PTR>(lParam))));
-    return 0;
-}
-// A position goes on 16 bits; the bar is null for a window's own one.
-template <auto Handler> LRESULT AfxOnScroll(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    AfxCall<Handler>(pTarget, static_cast<UINT>(LOWORD(wParam)), static_cast<UINT>(HIWORD(wParam)),
-                     CWnd::FromHandle(reinterpret_cast<HWND>(lParam)));
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnTimer(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
-{
-    AfxCall<Handler>(pTarget, static_cast<UINT_PTR>(wParam));
-    return 0;
-}
-// The point is on the screen; -1, -1 from the keyboard.
-template <auto Handler> LRESULT AfxOnContextMenu(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    const auto position = static_cast<UINT_PTR>(lParam);
-    AfxCall<Handler>(pTarget, CWnd::FromHandle(reinterpret_cast<HWND>(wParam)),
-                     CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
-    return 0;
-}
-// The position is the mouse's on the screen.
-template <auto Handler> LRESULT AfxOnWheel(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    const auto position = static_cast<UINT_PTR>(lParam);
-    return AfxCall<Handler>(
-        pTarget, static_cast<UINT>(LOWORD(wParam)), static_cast<short>(HIWORD(wParam)),
-        CPoint(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))));
-}
-template <auto Handler> LRESULT AfxOnSettingChange(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam), reinterpret_cast<LPCTSTR>(lParam));
-    return 0;
-}
-template <auto Handler> LRESULT AfxOnNotify(CCmdTarget* pTarget, WPARAM, LPARAM lParam)
-{
-    LRESULT result = 0;
-    AfxCall<Handler>(pTarget, reinterpret_cast<NMHDR*>(lParam), &result);
-    return result;
-}
-template <auto Handler> LRESULT AfxOnNotifyRange(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    LRESULT result = 0;
-    AfxCall<Handler>(pTarget, static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), &result);
-    return result;
-}
-template <auto Handler> LRESULT AfxOnMessage(CCmdTarget* pTarget, WPARAM wParam, LPARAM lParam)
-{
-    return AfxCall<Handler>(pTarget, wParam, lParam);
-}
-template <auto Handler> LRESULT AfxOnCommandId(CCmdTarget* pTarget, WPARAM wParam, LPARAM)
-{
-    AfxCall<Handler>(pTarget, static_cast<UINT>(LOWORD(wParam)));
-    return 0;
-}

@@ -49,14 +49,8 @@ struct CRect : RECT {
 
     int Width() const noexcept { return right - left; }
     int Height() const noexcept { return bottom - top; }
-    CPoint TopLeft() const noexcept { return {left, top}; }
-    bool IsRectEmpty() const noexcept { return ::IsRectEmpty(this) != FALSE; }
-    bool PtInRect(POINT point) const noexcept { return ::PtInRect(this, point) != FALSE; }
 
-    void SetRect(int l, int t, int r, int b) noexcept { *this = CRect(l, t, r, b); }
     void InflateRect(int x, int y) noexcept { ::InflateRect(this, x, y); }
-    void DeflateRect(int x, int y) noexcept { ::InflateRect(this, -x, -y); }
-    void OffsetRect(int x, int y) noexcept { ::OffsetRect(this, x, y); }
 };
 
 inline bool operator==(const RECT& first, const RECT& second) noexcept

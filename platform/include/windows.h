@@ -2,11 +2,14 @@
 // the functions declared here are implemented in platform/system.
 #pragma once
 
+#include <winctrl.h>
 #include <windef.h>
 #include <wingdi.h>
+#include <winmetrics.h>
 #include <winmsg.h>
 #include <winreg.h>
 #include <winuser.h>
+#include <winwnd.h>
 
 #define FORCEINLINE inline __attribute__((always_inline))
 #define _T(text) u##text // NOLINT(bugprone-reserved-identifier)

@@ -25,6 +25,7 @@ constexpr BYTE GetBValue(COLORREF color)
     return static_cast<BYTE>(color >> 16);
 }
 constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
+constexpr COLORREF CLR_DEFAULT = 0xFF000000;
 
 // ---- Objects
 //
@@ -94,8 +95,6 @@ constexpr int WHITE_BRUSH = 0;
 constexpr int NULL_BRUSH = 5;
 constexpr int BLACK_PEN = 7;
 constexpr int NULL_PEN = 8;
-constexpr int SYSTEM_FONT = 13;
-constexpr int DEFAULT_PALETTE = 15;
 constexpr int DEFAULT_GUI_FONT = 17;
 
 // One of those above, which nobody deletes; null for another number.
@@ -128,7 +127,6 @@ COLORREF SetBkColor(HDC context, COLORREF color);
 int SetBkMode(HDC context, int mode);
 COLORREF GetTextColor(HDC context);
 COLORREF GetBkColor(HDC context);
-int GetBkMode(HDC context);
 
 BOOL PtVisible(HDC context, int x, int y);
 

@@ -1,10 +1,9 @@
 // Scrolling: of windows with scroll bars of their own, and of the scroll bar as a control.
 #pragma once
 
-#include <winmsg.h>
+#include <winwnd.h>
 
 constexpr UINT WM_HSCROLL = 0x0114; // low half of wParam a code, high half a position, lParam the control
-constexpr UINT WM_VSCROLL = 0x0115;
 
 constexpr UINT SB_LINELEFT = 0;
 constexpr UINT SB_LINERIGHT = 1;
@@ -17,7 +16,6 @@ constexpr UINT SB_RIGHT = 7;
 constexpr UINT SB_ENDSCROLL = 8;
 
 // Which bar: the window's own ones, or the window is the bar.
-constexpr int SB_HORZ = 0;
 constexpr int SB_VERT = 1;
 constexpr int SB_CTL = 2;
 

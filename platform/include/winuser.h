@@ -75,6 +75,3 @@ BOOL InflateRect(LPRECT rectangle, int x, int y);
 BOOL OffsetRect(LPRECT rectangle, int x, int y);
 BOOL PtInRect(LPCRECT rectangle, POINT point);
 BOOL IsRectEmpty(LPCRECT rectangle);
-
-// Gives whether the two have pixels in common; if not, the result is all 0.
-BOOL IntersectRect(LPRECT result, LPCRECT first, LPCRECT second);

@@ -1,4 +1,4 @@
-// A dialog as its template describes it: the window and its controls, in tab order.
+// A dialog template: the window and its controls, in tab order.
 #pragma once
 
 #include "ByteReader.h"
@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-// In dialog units: a quarter of the font's average character width, an eighth of its height. Nothing keeps a
-// template from negative sizes.
+// In dialog units: a quarter of the font's average character width, an eighth of its height. Sizes may be
+// negative.
 struct DialogRect {
     std::int16_t X;
     std::int16_t Y;
@@ -23,35 +23,26 @@ struct DialogRect {
 
 struct DialogFont {
     std::uint16_t PointSize;
-    std::uint16_t Weight; // 100 to 900; 0 for the face's own
     bool Italic;
-    std::uint8_t CharSet;
     std::u16string Face;
 };
 
 struct DialogItem {
-    std::int32_t Id; // -1 for a control that nobody asks for
+    std::int32_t Id; // -1 for a control without a name
     std::uint32_t Style;
-    std::uint32_t ExStyle;
-    std::uint32_t HelpId;
     DialogRect Rect;
-    std::u16string Class;            // by name also where the template has the number of a standard class
-    ResourceName Title;              // a number where a static shows an icon or a picture
-    std::vector<std::byte> Creation; // handed to the control as it is created; mostly empty
+    std::u16string Class; // the name, also where the template has the number of a standard class
+    std::u16string Title; // empty where the template has the number of an icon
 };
 
 struct DialogTemplate {
     std::uint32_t Style;
-    std::uint32_t ExStyle;
-    std::uint32_t HelpId;
     DialogRect Rect;
-    ResourceName Menu;
-    ResourceName Class;
     std::u16string Caption;
-    std::optional<DialogFont> Font; // where the style has DS_SETFONT
+    std::optional<DialogFont> Font; // if the style has DS_SETFONT
     std::vector<DialogItem> Items;
 };
 
-// Reads a resource of type Dialog, in the extended or the older form. Gives nothing where the bytes end too
-// early, claim to be of another version or name a standard class that doesn't exist. Throws std::bad_alloc.
+// Reads a resource of type Dialog, in the extended form (DIALOGEX). Gives nothing if the bytes end too early,
+// are of another form or version, or name a standard class that doesn't exist. Throws std::bad_alloc.
 std::optional<DialogTemplate> ReadDialogTemplate(std::span<const std::byte> bytes);

@@ -78,7 +78,7 @@ void DialogWindow::AddControl(const DialogItem& item)
     Window& control = make(item.Style, this);
     control.Style = item.Style;
     control.Id = item.Id;
-    control.SetText(gdi::ToQString(item.Title.Text));
+    control.SetText(gdi::ToQString(item.Title));
     control.Widget().setGeometry(ToPixels(item.Rect));
     control.Widget().setEnabled((item.Style & WS_DISABLED) == 0);
     control.Widget().setVisible((item.Style & WS_VISIBLE) != 0);

@@ -15,7 +15,6 @@ namespace
 {
 
 constexpr UINT noCommand = static_cast<UINT>(-1);
-constexpr UINT startFlags = MF_GRAYED | MF_DISABLED | MF_CHECKED;
 
 // The framework's object of a popup lives and goes with it.
 class Menu : public QMenu
@@ -43,13 +42,10 @@ QAction* ItemAt(HMENU handle, UINT position)
     return handle != nullptr ? MenuOf(handle)->actions().value(static_cast<qsizetype>(position)) : nullptr;
 }
 
-QAction* NewCommand(QMenu& menu, UINT flags, UINT id, std::u16string_view text)
+QAction* NewCommand(QMenu& menu, UINT id, std::u16string_view text)
 {
     auto* const command = new QAction(gdi::ToQString(text), &menu);
     command->setData(id);
-    command->setEnabled((flags & (MF_GRAYED | MF_DISABLED)) == 0);
-    command->setCheckable((flags & MF_CHECKED) != 0);
-    command->setChecked((flags & MF_CHECKED) != 0);
     return command;
 }
 
@@ -59,7 +55,7 @@ void Fill(Menu& menu, const std::vector<MenuTemplateItem>& items)
         if (item.Kind == MenuItemKind::Separator) {
             menu.addSeparator();
         } else if (item.Kind == MenuItemKind::Command) {
-            menu.addAction(NewCommand(menu, item.Flags, item.Id, item.Text));
+            menu.addAction(NewCommand(menu, item.Id, item.Text));
         } else {
             auto* const popup = new Menu(&menu);
             popup->setTitle(gdi::ToQString(item.Text));
@@ -120,10 +116,10 @@ int CMenu::GetMenuString(UINT nPosition, CString& rString, UINT nFlags) const
 BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR lpszNewItem)
 {
     QAction* const before = ItemAt(m_hMenu, nPosition);
-    if (before == nullptr || (nFlags & ~startFlags) != MF_BYPOSITION)
+    if (before == nullptr || nFlags != MF_BYPOSITION)
         return FALSE;
     Menu& menu = *MenuOf(m_hMenu);
-    menu.insertAction(before, NewCommand(menu, nFlags, static_cast<UINT>(nIDNewItem),
+    menu.insertAction(before, NewCommand(menu, static_cast<UINT>(nIDNewItem),
                                          lpszNewItem != nullptr ? lpszNewItem : _T("")));
     if (before->menu() != nullptr)
         delete before->menu(); // whose action it is

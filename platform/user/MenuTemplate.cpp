@@ -7,13 +7,12 @@
 namespace
 {
 
-constexpr int mostLevels = 16; // more than any user would open, and few enough for the stack
+constexpr int maxLevels = 16; // limits the recursion
 
-// What the flags of an item tell the reader rather than the menu.
+// Flags of an item. Those of its initial state are ignored: all items start enabled and unchecked.
 constexpr std::uint16_t popupFlag = 0x10;      // MF_POPUP
 constexpr std::uint16_t lastFlag = 0x80;       // MF_END
 constexpr std::uint16_t separatorFlag = 0x800; // MF_SEPARATOR
-constexpr std::uint16_t startFlags = 0xFFFF & ~(popupFlag | lastFlag | separatorFlag);
 
 bool ReadItems(ByteReader& in, int levelsLeft, std::vector<MenuTemplateItem>& items)
 {
@@ -23,7 +22,7 @@ bool ReadItems(ByteReader& in, int levelsLeft, std::vector<MenuTemplateItem>& it
         const std::uint16_t flags = in.Word();
         last = (flags & lastFlag) != 0;
         const bool popup = (flags & popupFlag) != 0;
-        MenuTemplateItem item{MenuItemKind::Popup, static_cast<std::uint16_t>(flags & startFlags), 0, {}, {}};
+        MenuTemplateItem item{MenuItemKind::Popup, 0, {}, {}};
         if (!popup)
             item.Id = in.Word();
         item.Text = in.Text();
@@ -48,7 +47,7 @@ std::optional<std::vector<MenuTemplateItem>> ReadMenuTemplate(std::span<const st
     const std::uint16_t restOfHeader = in.Word();
     in.Bytes(restOfHeader);
     std::vector<MenuTemplateItem> items;
-    if (version != 0 || !ReadItems(in, mostLevels, items))
+    if (version != 0 || !ReadItems(in, maxLevels, items))
         return std::nullopt;
     return items;
 }

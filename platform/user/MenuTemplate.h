@@ -12,8 +12,7 @@ enum class MenuItemKind { Command, Popup, Separator };
 
 struct MenuTemplateItem {
     MenuItemKind Kind;
-    std::uint16_t Flags; // how the item starts: MF_GRAYED, MF_CHECKED and the like; none that tell the kind
-    std::uint16_t Id;    // of a command; 0 for a popup or a separator
+    std::uint16_t Id; // of a command; 0 for a popup or a separator
     std::u16string Text;
     std::vector<MenuTemplateItem> Items; // of a popup, which has at least one
 };

@@ -207,9 +207,6 @@ LRESULT Window::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
         if (const auto* const dc = gdi::DeviceContext::FromHandle(reinterpret_cast<HDC>(wParam)))
             dc->Drawing.FillBox(gdi::ToBox(Client().rect()), gdi::ToPixel(GetSysColor(Background - 1)));
         return 1;
-    case WM_CLOSE:
-        Destroy();
-        return 0;
     case WM_CONTEXTMENU:
         if (Window* const parent = m_widget.isWindow() ? nullptr : Parent())
             return parent->Send(message, wParam, lParam);

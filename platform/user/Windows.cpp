@@ -6,7 +6,7 @@
 #include <TextCopy.h>
 #include <algorithm>
 #include <vector>
-#include <winmsg.h>
+#include <winwnd.h>
 
 namespace
 {
@@ -65,15 +65,6 @@ BOOL ScreenToClient(HWND handle, LPPOINT point)
     if (window == nullptr)
         return FALSE;
     *point = gdi::ToPoint(gdi::ToQPoint(*point) - OriginOf(window->Client()));
-    return TRUE;
-}
-
-BOOL ClientToScreen(HWND handle, LPPOINT point)
-{
-    Window* const window = Window::Of(handle);
-    if (window == nullptr)
-        return FALSE;
-    *point = gdi::ToPoint(gdi::ToQPoint(*point) + OriginOf(window->Client()));
     return TRUE;
 }
 

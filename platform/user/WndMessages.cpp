@@ -63,11 +63,6 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
             return TRUE;
         break;
     }
-    case WM_COMPAREITEM:
-        if (ReflectToChild(reinterpret_cast<const COMPAREITEMSTRUCT*>(lParam)->hwndItem, message, wParam,
-                           lParam, pResult))
-            return TRUE;
-        break;
     default:
         break;
     }
@@ -95,8 +90,6 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     const auto* const header = reinterpret_cast<const NMHDR*>(lParam);
-    if (ReflectToChild(header->hwndFrom, WM_NOTIFY, wParam, lParam, pResult))
-        return TRUE;
     const AFX_MSGMAP_ENTRY* const entry =
         FindEntry(GetMessageMap(), WM_NOTIFY, header->code, static_cast<UINT>(header->idFrom));
     if (entry == nullptr)
@@ -113,11 +106,7 @@ BOOL CWnd::ReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lP
 
 BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-    UINT code = 0;
-    if (message == WM_COMMAND)
-        code = HIWORD(wParam);
-    else if (message == WM_NOTIFY)
-        code = reinterpret_cast<const NMHDR*>(lParam)->code;
+    const UINT code = message == WM_COMMAND ? HIWORD(wParam) : 0;
     const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), message + WM_REFLECT_BASE, code, 0);
     if (entry == nullptr)
         return FALSE;

@@ -145,12 +145,6 @@ BOOL ReleaseCapture()
     return TRUE;
 }
 
-int CWnd::GetWindowTextLength() const
-{
-    const Window* const window = Window::Of(m_hWnd);
-    return window != nullptr ? static_cast<int>(window->Text().size()) : 0;
-}
-
 void CWnd::GetWindowText(CString& rString) const
 {
     const Window* const window = Window::Of(m_hWnd);

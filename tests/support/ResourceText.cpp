@@ -12,9 +12,9 @@ namespace
 
 constexpr std::string_view kinds = "cps"; // of MenuItemKind
 
-std::string Of(const ResourceName& name)
+std::string Of(const std::u16string& text)
 {
-    return name.Number ? '#' + std::to_string(name.Number) : '\'' + ToUtf8(name.Text) + '\'';
+    return '\'' + ToUtf8(text) + '\'';
 }
 
 std::ostream& operator<<(std::ostream& out, const DialogRect& r)
@@ -26,8 +26,8 @@ std::ostream& operator<<(std::ostream& out, const DialogRect& r)
 void Write(std::ostream& out, const std::vector<MenuTemplateItem>& items, const std::string& indent = "")
 {
     for (const MenuTemplateItem& item : items) {
-        out << indent << kinds[static_cast<std::size_t>(item.Kind)] << item.Id << ' ' << item.Flags << ' '
-            << ToUtf8(item.Text) << '\n';
+        out << indent << kinds[static_cast<std::size_t>(item.Kind)] << item.Id << ' ' << ToUtf8(item.Text)
+            << '\n';
         Write(out, item.Items, indent + ' ');
     }
 }
@@ -43,19 +43,12 @@ std::string DialogText(std::span<const std::byte> bytes)
     if (!dialog)
         return {};
     std::ostringstream out;
-    out << dialog->HelpId << ' ' << std::hex << dialog->Style << ' ' << dialog->ExStyle << std::dec << " '"
-        << ToUtf8(dialog->Caption) << "' " << dialog->Rect << "; menu " << Of(dialog->Menu) << ", class "
-        << Of(dialog->Class) << '\n';
+    out << std::hex << dialog->Style << std::dec << ' ' << Of(dialog->Caption) << ' ' << dialog->Rect << '\n';
     if (const auto& font = dialog->Font)
-        out << "font " << font->PointSize << ' ' << font->Weight << ' ' << font->Italic << ' '
-            << ToUtf8(font->Face) << '\n';
-    for (const DialogItem& item : dialog->Items) {
+        out << "font " << font->PointSize << ' ' << font->Italic << ' ' << ToUtf8(font->Face) << '\n';
+    for (const DialogItem& item : dialog->Items)
         out << item.Id << ' ' << ToUtf8(item.Class) << ' ' << std::hex << item.Style << std::dec << ' '
-            << Of(item.Title) << ' ' << item.Rect;
-        for (const std::byte byte : item.Creation)
-            out << " +" << std::to_integer<int>(byte);
-        out << (item.ExStyle || item.HelpId ? " extended\n" : "\n");
-    }
+            << Of(item.Title) << ' ' << item.Rect << '\n';
     return out.str();
 }
 

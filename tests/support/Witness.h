@@ -76,12 +76,11 @@ protected:
         return static_cast<LRESULT>(wParam) + lParam;
     }
     afx_msg void OnClicked() { Say("clicked"); }
-    afx_msg void OnRange(UINT id) { Say("command " + std::to_string(id)); }
+    afx_msg void OnMenu() { Say("command"); }
     afx_msg void OnTold(NMHDR* header, LRESULT* result)
     {
         *result = static_cast<LRESULT>(header->idFrom) + 2;
     }
-    afx_msg void OnOwnNotification(NMHDR*, LRESULT* result) { *result = 6; }
     afx_msg void OnContextMenu(CWnd* from, CPoint point)
     {
         Say("menu " + At(point) + " of " + std::to_string(from->GetDlgCtrlID()));
