@@ -42,7 +42,7 @@ TEST_F(ColorDialog, GivesTheColorOrKeepsTheOneAtOpening)
     EXPECT_EQ(m_dialog.GetColor(), picked);
 }
 
-// Those of the program itself are none of the dialog's business.
+// The program's own custom colours are separate.
 TEST_F(ColorDialog, HasCustomColorsOfItsOwn)
 {
     std::vector<COLORREF> custom(16, 0xC0FFEE);

@@ -1,4 +1,4 @@
-// The common controls: what their messages answer, and what the user's doings make of them.
+// The common controls: results of their messages, and notifications of the user's actions.
 #include "support/Gui.h"
 
 namespace
@@ -51,7 +51,7 @@ protected:
         for (const LPCTSTR text : texts)
             Send(CB_ADDSTRING, 0, text);
     }
-    // Whether this is what the parent has been told last, since it was asked last.
+    // Whether these are the notifications since the last call.
     bool HasHeard(UINT code) { return std::exchange(m_parent.m_heard, none) == MAKEWPARAM(controlId, code); }
 
     UINT StateShown()
@@ -83,7 +83,7 @@ TEST_F(Controls, AButtonIsDrawnByItsOwner)
     EXPECT_TRUE(HasHeard(BN_CLICKED));
     m_button.ModifyStyle(0, BS_OWNERDRAW);
     EXPECT_EQ(StateShown(), 0U);
-    test::PressKey(m_button, VK_RETURN); // which is for the dialog's default button
+    test::PressKey(m_button, VK_RETURN); // belongs to the dialog's default button
     m_button.SetFocus();
     test::PressMouse(m_button, {5, 5});
     EXPECT_EQ(StateShown(), ODS_FOCUS | ODS_SELECTED);

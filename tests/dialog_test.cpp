@@ -1,4 +1,4 @@
-// Modal dialogs and menus out of the module's templates, and what a user's choice becomes.
+// Modal dialogs and menus from the module's templates, and the commands of the user.
 #include "support/Gui.h"
 
 #include <Application.h>
@@ -43,7 +43,7 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
         shown.EndDialog(7);
         return TRUE;
     };
-    for (int i = 0; i < 2; ++i) { // as often as one likes
+    for (int i = 0; i < 2; ++i) { // a dialog can be shown again
         EXPECT_EQ(dialog.DoModal(), 7);
         EXPECT_EQ(dialog.m_hWnd, nullptr);
     }
@@ -55,7 +55,7 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
 
 TEST(Dialogs, StandBeforeAWindowOfTheHost)
 {
-    // Of a dialog before that window: its parent, and the id of the window that it stands before.
+    // Of a dialog with that owner: its parent, and the id of its transient parent.
     const auto ownerOf = [](WId id) {
         std::pair<const QWidget*, WId> owner;
         k_Dialog dialog(IDD_CURVE_LAYOUT, CWnd::FromHandle(reinterpret_cast<HWND>(id)));

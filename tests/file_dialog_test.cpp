@@ -10,8 +10,8 @@ namespace
 
 constexpr Qt::Key unasked{};
 
-// What a user gets who types a name, and the key in answer to what the dialog asks then; nothing if the
-// dialog is open after that.
+// The result of typing a name, and of a key that answers the dialog's question; empty if the dialog stays
+// open.
 std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, QString& atOpening)
 {
     bool isAsked = false;
@@ -42,7 +42,7 @@ TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
     const test::TempPrefix prefix;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
     test::WriteWhole(prefix.MakeFolder("a") / "x.layout", "");
-    test::WriteWhole(prefix.MakeFolder("a") / "\xFF.layout", ""); // no text
+    test::WriteWhole(prefix.MakeFolder("a") / "\xFF.layout", ""); // not UTF-8
     prefix.MakeFolder("b");
     const QString root = prefix.Path().c_str();
     const std::u16string native = (prefix.Path() / "n.layout").u16string();
@@ -54,11 +54,11 @@ TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
         std::u16string Picked;
     } cases[] = {
         {TRUE, _T("C:\\a\\x.layout"), _T("C:\\b"), "/drive_c/a x.layout", "x", unasked, u"C:\\a\\x.layout"},
-        {TRUE, _T("x"), _T("C:\\a\\"), "/drive_c/a x", "y", Qt::Key_Escape, u""}, // there is none
+        {TRUE, _T("x"), _T("C:\\a\\"), "/drive_c/a x", "y", Qt::Key_Escape, u""}, // doesn't exist
         {FALSE, _T(""), _T("C:\\b\\no\\such"), "/drive_c/b ", "y", unasked, u"C:\\b\\y.layout"},
         {FALSE, _T("C:\\no\\x"), nullptr, "/drive_c x", "y.txt", unasked, u"C:\\y.txt"},
         {FALSE, _T("D:\\no\\x"), nullptr, " x", QString::fromStdU16String(native), unasked, native},
-        {FALSE, _T("C:\\a\\x"), nullptr, "/drive_c/a x", "x", Qt::Key_Escape, u""}, // not to be overwritten
+        {FALSE, _T("C:\\a\\x"), nullptr, "/drive_c/a x", "x", Qt::Key_Escape, u""}, // refuses to overwrite
         {FALSE, _T("C:\\a\\x"), nullptr, "/drive_c/a x", "x", Qt::Key_Y, u"C:\\a\\x.layout"},
         {FALSE, _T("C:\\a\\\xDC00"), nullptr, QString("/drive_c/a ") + QChar(0xDC00),
          QChar(0xD800) + QString(".e"), unasked, u"C:\\a\\\xD800.e"},

@@ -1,4 +1,4 @@
-// Handles and what becomes of them, memory contexts, and text.
+// Lifetime of handles, memory contexts, text.
 #include "support/Picture.h"
 
 #include <QGuiApplication>
@@ -29,7 +29,7 @@ TEST(Objects, ComeBackFromTheContextAndGoWithTheirSelection)
     EXPECT_EQ(dc.SelectObject(&empty), nullptr);
     HPEN const bare = ::CreatePen(PS_SOLID, 1, ink);
     ::SelectObject(dc.m_hDC, bare);
-    EXPECT_EQ(HPEN(*dc.SelectObject(&second)), bare); // an object that the framework makes
+    EXPECT_EQ(HPEN(*dc.SelectObject(&second)), bare); // a temporary object of the framework
     EXPECT_EQ(gdi::LiveObjects(), before + 3);
     ::DeleteObject(bare);
     first.DeleteObject();
@@ -87,7 +87,7 @@ TEST(MemoryContext, DrawsOnItsBitmapAndIsCopied)
 constexpr UINT measured = DT_CALCRECT | DT_NOPREFIX;
 constexpr UINT label = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
 
-// Without an application object, or with one that has no fonts.
+// Without an application object, or with one without fonts.
 void ExpectNoText()
 {
     Picture picture(60, 20);
@@ -98,7 +98,7 @@ void ExpectNoText()
     rect = CRect(0, 0, 60, 20);
     EXPECT_EQ(picture.Dc().DrawText(_T("text"), rect, label), 0);
     EXPECT_TRUE(picture.Painted() == CRect());
-    EXPECT_EQ(GetSysColor(COLOR_3DLIGHT), RGB(223, 223, 223)); // as the desktop's colours aren't known either
+    EXPECT_EQ(GetSysColor(COLOR_3DLIGHT), RGB(223, 223, 223)); // the desktop's colours aren't known either
 }
 
 TEST(TextWithoutFonts, HasNoSizeAndIsNotDrawn)
@@ -154,7 +154,7 @@ TEST_F(Text, StaysInItsRectangle)
         const CRect painted = drawn.Painted();
         EXPECT_TRUE(painted.left >= rect.left && painted.right <= rect.right);
         EXPECT_TRUE(painted.top >= rect.top && painted.bottom <= rect.bottom);
-        EXPECT_TRUE(looks.insert(drawn.Text()).second); // cut at either end, at both, or told by dots
+        EXPECT_TRUE(looks.insert(drawn.Text()).second); // cut at either end, at both, or with dots
     }
     dc.DrawText(_T("x"), rect, DT_CENTER | label);
     const CRect painted = picture.Painted();

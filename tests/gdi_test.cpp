@@ -1,4 +1,4 @@
-// The floor of drawing: pixels of every primitive, clipping, objects.
+// Drawing: the pixels of every primitive, clipping.
 #include "support/Picture.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace
 
 using namespace test;
 
-// A pen and a brush, selected as long as they live.
+// A pen and a brush that are selected during their lifetime.
 struct Tools {
     Tools(CDC& dc, int style, int width) : m_dc(dc), m_pen(style, width, ink), m_brush(filling)
     {
@@ -47,7 +47,7 @@ std::vector<CPoint> PointsOf(int side)
     return points;
 }
 
-// Whether the pixel is the nearest one at a step of the way, of which the end is no part.
+// Whether the pixel is the nearest one at a step of the line, without its end.
 bool IsOnWay(CPoint pixel, CPoint from, CPoint to)
 {
     const CSize way(to.x - from.x, to.y - from.y);
@@ -68,7 +68,7 @@ TEST(ThinLines, HaveOnePixelAStepAndNotTheirEnd)
         DrawLine(there, middle, to);
         const int steps = std::max(std::abs(to.x - reach), std::abs(to.y - reach));
         ASSERT_EQ(there.Count('#'), steps) << there;
-        // Neither the direction nor a mirror makes a difference, but for the end that is left out.
+        // Reversed and mirrored lines have the same pixels, except for the end point.
         Picture back(side, side);
         DrawLine(back, to, middle);
         Picture mirrored(side, side);

@@ -74,7 +74,6 @@ TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
         COLORREF Background;
     } cases[] = {
         {0, ODA_DRAWENTIRE, ODS_SELECTED, gapColor},
-        {0, ODA_FOCUS, ODS_SELECTED | ODS_FOCUS, gapColor},
         {0, ODA_SELECT, ODS_SELECTED | ODS_DISABLED, highlight},
         {1, ODA_DRAWENTIRE | ODA_SELECT, ODS_SELECTED, highlight},
         {1, ODA_DRAWENTIRE, ODS_SELECTED, light},

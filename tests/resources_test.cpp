@@ -1,4 +1,4 @@
-// The dialogs and the menu as the module carries them, and what their readers make of damaged ones.
+// The dialogs and the menu embedded in the module, and damaged ones.
 #include "support/ResourceText.h"
 
 #include <dialogs/resource.h>
@@ -40,7 +40,7 @@ bool IsReadable(ResourceType type, std::span<const std::byte> bytes)
 TEST(ResourcesTest, TheDialogsAreWhatTheirClassesExpect)
 {
     EXPECT_EQ(DialogText(FindResource(ResourceType::Dialog, IDD_STYLE_ATLAS)), atlasDialog);
-    // Those that show pictures are drawn by their owner and hold no texts; numbers can be typed.
+    // Boxes with pictures are owner-drawn without texts; boxes with numbers are editable.
     const std::string curveDialog = DialogText(FindResource(ResourceType::Dialog, IDD_CURVE_LAYOUT));
     for (const char* const box :
          {"1004 ComboBox 50210023", "1009 ComboBox 50210023", "1019 ComboBox 50210002",
@@ -65,7 +65,7 @@ TEST(ResourcesTest, TheMenuAndTheNumberListsAreInOrder)
     EXPECT_EQ(lists[1], "1 2 3 4 5 6 7 8 9 10 ");
 }
 
-// Copies of just the bytes given, so that the sanitizers see every step past them.
+// Reads exact copies, so that the sanitizers see every read past the end.
 TEST(ResourcesTest, NoShortResourceIsReadPastItsEnd)
 {
     for (const auto& [type, id] : {std::pair(ResourceType::Dialog, IDD_STYLE_ATLAS),

@@ -1,4 +1,4 @@
-// The controls around a table: the scroll bar below it and the header above.
+// The controls around a table: its scroll bar and its header.
 #include "support/Gui.h"
 
 #include <afxcmn.h>
@@ -11,7 +11,7 @@ constexpr DWORD ofChild = WS_CHILD | WS_VISIBLE;
 constexpr UINT barId = 3;
 constexpr UINT headerId = 1;
 
-// Notes what the controls in it say.
+// Records the notifications of its controls.
 class k_Table : public CWnd
 {
 public:
@@ -22,7 +22,7 @@ public:
 
     std::string Heard() { return std::exchange(m_heard, {}); }
 
-    int m_moveTo = -1; // where it sets the scroll bar that tells it of something
+    int m_moveTo = -1; // the position that it sets at a notification
     bool m_throws = false;
     LRESULT m_answer = 0;
 
@@ -112,7 +112,7 @@ TEST_F(ScrollBar, TellsWhatTheUserDoesAndStaysWhereItIs)
     EXPECT_EQ(m_table.Heard(), "5 at 160, 8");
     m_table.m_throws = true;
     EXPECT_NO_THROW(test::TurnWheel(m_bar, -120));
-    EXPECT_EQ(m_table.Heard(), "5 at 220, 8"); // each message is one of its own
+    EXPECT_EQ(m_table.Heard(), "5 at 220, 8"); // each is sent separately
 }
 
 TEST_F(ScrollBar, FollowsTheThumb)

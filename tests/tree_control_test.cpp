@@ -1,4 +1,4 @@
-// The tree: what its messages answer, what its parent hears of the user, and how the parent draws along.
+// The tree: results of its messages, notifications of its parent, custom draw.
 #include "support/Gui.h"
 #include "support/Picture.h"
 
@@ -7,7 +7,7 @@
 namespace
 {
 
-constexpr int square = 19;    // what a row is inset by at each level
+constexpr int square = 19;    // indentation of a level
 constexpr int rowHeight = 16; // with the smallest fonts
 constexpr COLORREF ours = RGB(1, 2, 3);
 
@@ -27,7 +27,7 @@ protected:
     {
         LOGFONTW wanted{};
         wanted.lfHeight = height;
-        CFont font; // goes too early, but the tree has hold of it
+        CFont font; // deleted early, but the tree holds it
         font.CreateFontIndirect(&wanted);
         m_tree.SetFont(&font);
     }
@@ -39,7 +39,7 @@ protected:
         d = Add(_T("d"), a);
         e = Add(_T("e"));
     }
-    HTREEITEM Add(LPCTSTR text, HTREEITEM parent = TVI_ROOT) // unfolded
+    HTREEITEM Add(LPCTSTR text, HTREEITEM parent = TVI_ROOT) // expanded
     {
         constexpr UINT mask = TVIF_TEXT | TVIF_STATE | TVIF_PARAM;
         constexpr UINT state = TVIS_EXPANDED;
@@ -108,7 +108,7 @@ protected:
     HTREEITEM a, b, c, d, e; // a(b(c) d) e
     std::string m_heard;
     std::string m_drawn;
-    bool m_deletesRows = false; // when it hears of anything
+    bool m_deletesRows = false; // at every notification
 };
 
 TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
@@ -123,7 +123,7 @@ TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
     EXPECT_EQ(m_tree.GetItemState(c, TVIS_EXPANDED | TVIS_SELECTED), TVIS_EXPANDED);
     const std::u16string text(1000, u'x');
     EXPECT_EQ(m_tree.GetItemText(Add(text.c_str())), text.c_str());
-    Delete(c); // and b, without one below, is folded before it gets another
+    Delete(c); // then b is collapsed before it gets another child
     TVITEMW folded{TVIF_STATE, b, 0, TVIS_EXPANDED, nullptr, 0, 0, 0, 0, 0};
     m_tree.SetItem(&folded);
     Add(_T("x"), b);
@@ -169,7 +169,7 @@ TEST_F(Tree, TellsItsParentWhatTheUserDoes)
         {[&] { test::PressMouse(m_tree, At(b, 50)); }, " 0"}, // right of a label
         {[&] { test::ClickRight(m_tree, At(b, 3)); }, "right menu 0"},
         {[&] { test::PressMouse(m_tree, At(c, 3)); }, " c"},
-        {[&] { test::PressMouse(m_tree, At(a, -9)); }, "-a a"}, // what is selected stays in view
+        {[&] { test::PressMouse(m_tree, At(a, -9)); }, "-a a"}, // a selected row stays visible
         {[&] { test::ClickTwice(m_tree, At(a, 3)); }, "+a a"},
         {[&] { m_tree.Expand(a, TVE_EXPAND); }, " a"},
         {[&] { m_tree.Expand(b, TVE_COLLAPSE); }, "-b a"},
@@ -187,7 +187,7 @@ TEST_F(Tree, TellsItsParentWhatTheUserDoes)
         act();
         EXPECT_EQ(std::exchange(m_heard, {}) + ' ' + Next(TVGN_CARET), told);
     }
-    // Whoever is told may do anything with the rows, when painting too.
+    // The parent may change any row at a notification, even while painting.
     for (const int index : {3, 4, 7, 11}) {
         Delete(TVI_ROOT);
         Fill();

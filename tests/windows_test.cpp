@@ -1,6 +1,5 @@
-// Windows and messages: what real events become, who sees them in which order, how a window ends, and how it
-// paints itself.
-#include "support/Witness.h"
+// Windows and messages: the messages of real events and their order, creation and destruction, painting.
+#include "support/RecordingWindow.h"
 
 #include <QtWidgets>
 
@@ -8,7 +7,7 @@ namespace
 {
 
 using test::Heard;
-using test::k_Witness;
+using test::k_RecordingWindow;
 using test::PixelOf;
 using test::WidgetOf;
 
@@ -18,8 +17,8 @@ constexpr COLORREF blue = RGB(0, 0, 255);
 
 TEST(Windows, AreCreatedAndDestroyedFromTheInsideOut)
 {
-    k_Witness parent("parent");
-    k_Witness child("child");
+    k_RecordingWindow parent("parent");
+    k_RecordingWindow child("child");
     Heard();
     ASSERT_TRUE(parent.CreatePopup() && child.CreateChild(parent, 3));
     EXPECT_EQ(child.GetDlgCtrlID(), 3);
@@ -38,13 +37,13 @@ TEST(Windows, AreCreatedAndDestroyedFromTheInsideOut)
     parent.m_createResult = -1;
     EXPECT_FALSE(parent.CreatePopup());
     EXPECT_EQ(Heard(), "parent create 60, parent destroy, parent ncdestroy");
-    EXPECT_FALSE(child.CreateChild(parent, 1)); // nothing to be in
+    EXPECT_FALSE(child.CreateChild(parent, 1)); // without a parent window
 }
 
 TEST(Windows, InputBecomesMessages)
 {
-    k_Witness parent("parent");
-    k_Witness child("child");
+    k_RecordingWindow parent("parent");
+    k_RecordingWindow child("child");
     parent.Open(&child);
     test::MoveMouse(parent, {4, 6});
     test::PressMouse(child, {1, 2});
@@ -55,11 +54,11 @@ TEST(Windows, InputBecomesMessages)
     EXPECT_EQ(Heard(), "parent key 37, parent key 107, parent key 109, parent key 187, parent key 231, "
                        "parent key 65");
 
-    parent.m_stopped = WM_KEYDOWN; // a window sees the input of those in it before they do
+    parent.m_stopped = WM_KEYDOWN; // a parent sees the input of its children first
     test::PressKey(child, VK_LEFT);
     child.EnableWindow(FALSE);
     EXPECT_FALSE(child.IsWindowEnabled());
-    test::PressMouse(child, {1, 2}); // is its parent's
+    test::PressMouse(child, {1, 2}); // belongs to its parent
     child.EnableWindow(TRUE);
     test::PressMouse(child, {1, 2});
     EXPECT_EQ(Heard(), "parent stops, child disabled, parent down 11,7 L, child enabled, child down 1,2 L");
@@ -67,8 +66,8 @@ TEST(Windows, InputBecomesMessages)
 
 TEST(Windows, CaptureBringsTheMouseFromEverywhere)
 {
-    k_Witness first("first");
-    k_Witness second("second");
+    k_RecordingWindow first("first");
+    k_RecordingWindow second("second");
     first.Open();
     second.Open();
     second.MoveWindow(200, 100, 60, 50);
@@ -88,7 +87,7 @@ TEST(Windows, CaptureBringsTheMouseFromEverywhere)
 
 TEST(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
 {
-    k_Witness window("window");
+    k_RecordingWindow window("window");
     ASSERT_TRUE(window.CreatePopup(WS_POPUP));
     QWidget& widget = WidgetOf(window);
     window.SetCapture();
@@ -110,8 +109,8 @@ TEST(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
 
 TEST(Windows, CommandsAndNotificationsFindTheirHandlers)
 {
-    k_Witness parent("parent");
-    k_Witness child("child");
+    k_RecordingWindow parent("parent");
+    k_RecordingWindow child("child");
     parent.Open(&child);
     EXPECT_EQ(parent.SendMessage(test::registered, 40, 2), 42);
     for (const UINT id : {7U, 8U, 99U, 100U, 101U})
@@ -124,21 +123,21 @@ TEST(Windows, CommandsAndNotificationsFindTheirHandlers)
     }
 }
 
-// Throws at one message: what the framework throws, standing and on the heap, and what it doesn't.
-class k_Thrower : public k_Witness
+// Throws at one message: exceptions of the framework, static and on the heap, and others.
+class k_Thrower : public k_RecordingWindow
 {
 public:
-    explicit k_Thrower(UINT message) : k_Witness("window"), m_message(message) {}
+    explicit k_Thrower(UINT message) : k_RecordingWindow("window"), m_message(message) {}
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         if (message == WM_SETFONT) {
             EXPECT_THROW(SendMessage(test::registered), CInvalidArgException*);
-            return Default(); // of this message still
+            return Default(); // of the same message
         }
         if (message != m_message)
-            return k_Witness::WindowProc(message, wParam, lParam);
+            return k_RecordingWindow::WindowProc(message, wParam, lParam);
         Say("throws");
         if (message == test::registered)
             AfxThrowInvalidArgException();
@@ -184,8 +183,8 @@ TEST(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
 
 TEST(Windows, AreAskedForMenusAndForTheTextOfTheirToolTip)
 {
-    k_Witness parent("parent");
-    k_Witness child("child");
+    k_RecordingWindow parent("parent");
+    k_RecordingWindow child("child");
     parent.Open(&child);
     for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
         QContextMenuEvent event(reason, {1, 2}, {51, 37});
@@ -199,7 +198,7 @@ TEST(Windows, AreAskedForMenusAndForTheTextOfTheirToolTip)
         return QToolTip::text();
     };
     EXPECT_EQ(rest(), "");
-    EXPECT_EQ(Heard(), ""); // not before it is enabled
+    EXPECT_EQ(Heard(), ""); // unless it is enabled
     parent.EnableToolTips(TRUE);
     EXPECT_EQ(rest(), "");
     EXPECT_EQ(Heard(), "parent text for 0 at 43,34");
@@ -209,19 +208,19 @@ TEST(Windows, AreAskedForMenusAndForTheTextOfTheirToolTip)
 
 TEST(WindowPainting, IsOnTheBackgroundAndAtAnyTime)
 {
-    k_Witness window("window");
+    k_RecordingWindow window("window");
     window.m_fill = red;
     window.Open();
     EXPECT_EQ(PixelOf(window, {5, 5}), red);
     EXPECT_EQ(PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
     CClientDC(&window).FillSolidRect(12, 12, 10, 10, blue);
     test::Settle();
-    EXPECT_EQ(PixelOf(window, {15, 15}), blue); // stays, as nothing was invalid
+    EXPECT_EQ(PixelOf(window, {15, 15}), blue); // persists: nothing was invalid
     window.m_fill = green;
     const RECT part{0, 0, 5, 5};
     window.RedrawWindow(&part);
     EXPECT_EQ(PixelOf(window, {2, 2}), green);
-    EXPECT_EQ(PixelOf(window, {7, 7}), red); // outside of what was invalid
+    EXPECT_EQ(PixelOf(window, {7, 7}), red); // outside of the invalid part
     window.InvalidateRect(nullptr);
     test::Settle();
     EXPECT_EQ(PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
@@ -231,8 +230,8 @@ TEST(WindowPainting, IsOnTheBackgroundAndAtAnyTime)
 
 TEST(WindowPainting, WaitsWhileTheWindowIsLocked)
 {
-    k_Witness window("window");
-    k_Witness other("other");
+    k_RecordingWindow window("window");
+    k_RecordingWindow other("other");
     window.Open();
     other.Open();
     EXPECT_TRUE(LockWindowUpdate(window.m_hWnd));

@@ -12,7 +12,7 @@ namespace
 // Indexed by the states of BM_GETCHECK.
 constexpr Qt::CheckState checkStates[] = {Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked};
 
-// The style tells which kind of button.
+// Chooses the kind of button by the style.
 Window& MakeButton(DWORD style, QWidget* parent)
 {
     switch (style & BS_TYPEMASK) {
@@ -51,7 +51,7 @@ PushButtonWindow::PushButtonWindow(DWORD style, QWidget* parent) : ClickableWind
     PushButtonWindow::OnStyleChanged();
 }
 
-// The return key presses a push button that has the focus, but no button that its owner draws.
+// Return presses a focused push button, but not an owner-drawn one.
 void PushButtonWindow::OnStyleChanged()
 {
     setAutoDefault(Type() == BS_PUSHBUTTON || Type() == BS_DEFPUSHBUTTON);
@@ -98,7 +98,7 @@ LRESULT CheckBoxWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-// Qt would go through the states in another order.
+// Qt has another order of states.
 void CheckBoxWindow::nextCheckState()
 {
     const WPARAM next = Check() + 1;

@@ -1,4 +1,4 @@
-// Buttons of all kinds: push buttons, check boxes, and the frame of a group.
+// Push buttons, check boxes and group boxes.
 #pragma once
 
 #include <QCheckBox>
@@ -22,7 +22,7 @@ protected:
     LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
-// Drawn by its owner if the style says so.
+// Drawn by its owner with BS_OWNERDRAW.
 class PushButtonWindow : public ClickableWindow<QPushButton>
 {
 public:
@@ -34,7 +34,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-// With two states, or three: each click goes on to the next.
+// With two or three states; each click advances to the next.
 class CheckBoxWindow : public ClickableWindow<QCheckBox>
 {
 public:
@@ -48,7 +48,7 @@ protected:
 
 private:
     WPARAM Check() const;
-    void SetCheck(WPARAM check); // a state that the box doesn't have is taken for its last one
+    void SetCheck(WPARAM check); // limited to the last state of the box
 };
 
 class GroupBoxWindow : public WidgetWindow<QGroupBox>

@@ -13,7 +13,7 @@ namespace
 {
 
 constexpr DWORD kindBits = CBS_DROPDOWN | CBS_DROPDOWNLIST;
-constexpr int mostVisibleItems = 30;
+constexpr int maxListItems = 30;
 
 QString TextOf(LPARAM lParam)
 {
@@ -27,14 +27,14 @@ const ControlClass controlClass(u"ComboBox", MakeControl<ComboWindow>);
 ComboWindow::ComboWindow(DWORD style, QWidget* parent) : WidgetWindow(parent)
 {
     Style = style;
-    setMaxVisibleItems(mostVisibleItems);
+    setMaxVisibleItems(maxListItems);
     if (IsOwnerDrawn())
         SetUpOwnerDraw();
     if ((style & kindBits) == CBS_DROPDOWN) {
         setEditable(true);
         setInsertPolicy(NoInsert);
         setCompleter(nullptr);
-        // What is typed selects nothing in the list, not even at the end.
+        // Typing selects nothing in the list, not even when editing ends.
         disconnect(lineEdit(), SIGNAL(editingFinished()), this, nullptr);
         connect(lineEdit(), &QLineEdit::textEdited, this, &ComboWindow::LoseSelection);
     }
@@ -71,7 +71,7 @@ LRESULT ComboWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-// Qt selects the first item of all by itself.
+// Qt selects the first inserted item: undo that.
 LRESULT ComboWindow::Insert(int index, LPARAM lParam)
 {
     if (index < 0 || index > count())
@@ -97,7 +97,7 @@ LRESULT ComboWindow::Select(int index)
     return currentIndex();
 }
 
-// Goes once around, from the item after the start.
+// Searches all items, beginning after the start.
 LRESULT ComboWindow::SelectString(int start, LPARAM lParam)
 {
     const QString text = TextOf(lParam);
@@ -135,7 +135,7 @@ UINT_PTR ComboWindow::DataOf(int index) const
     return itemData(index).toULongLong();
 }
 
-// The field keeps what has been typed.
+// The field keeps the typed text.
 void ComboWindow::LoseSelection()
 {
     if (currentIndex() < 0)
@@ -171,7 +171,7 @@ void CComboBox::GetLBText(int nIndex, CString& rString) const
     const LRESULT length = ::SendMessageW(m_hWnd, CB_GETLBTEXTLEN, index, 0);
     if (length <= 0)
         return;
-    std::u16string text(static_cast<std::size_t>(length), u'\0'); // and one more, for the terminator
+    std::u16string text(static_cast<std::size_t>(length), u'\0'); // and its terminator
     ::SendMessageW(m_hWnd, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
     rString = text.c_str();
 }

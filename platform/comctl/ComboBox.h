@@ -1,5 +1,4 @@
-// The combo box: a list that drops down from a closed field, in which text can be edited if the style says
-// so.
+// The combo box: a field, editable with CBS_DROPDOWN, and a list that drops down from it.
 #pragma once
 
 #include <QComboBox>
@@ -8,17 +7,17 @@
 
 class QStyleOptionViewItem;
 
-// As high as its field, whatever height it is given: the height of the open list follows from its items.
+// As high as its field, whatever height it is given; the open list is as high as its items.
 class ComboWindow : public WidgetWindow<QComboBox>
 {
 public:
     ComboWindow(DWORD style, QWidget* parent);
 
-    // Of the field.
+    // The text of the field.
     QString Text() const override { return currentText(); }
     void SetText(const QString& text) override { setEditText(text); }
 
-    // Has the owner draw an item of the open list.
+    // Lets the owner draw an item of the open list.
     void DrawListItem(QPainter& painter, const QStyleOptionViewItem& option, int index);
 
 protected:
@@ -32,7 +31,7 @@ private:
     bool HasStrings() const { return !IsOwnerDrawn() || (Style & CBS_HASSTRINGS) != 0; }
     bool Has(int index) const { return index >= 0 && index < count(); }
 
-    // What the messages of these names do; lParam is theirs.
+    // Implement the messages of these names; lParam is that of the message.
     LRESULT Insert(int index, LPARAM lParam);
     LRESULT Select(int index);
     LRESULT SelectString(int start, LPARAM lParam);

@@ -1,4 +1,4 @@
-// How the owner of a combo box draws its items.
+// Owner draw of a combo box.
 #include "ComboBox.h"
 #include "OwnerDraw.h"
 
@@ -61,7 +61,7 @@ void ComboWindow::paintEvent(QPaintEvent* event)
               style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this));
 }
 
-// A box without a selection shows the item number -1, whose data is -1 too.
+// Without a selection, item and data are -1.
 void ComboWindow::DrawField(QPainter& painter, const QRect& place)
 {
     const int index = currentIndex();
@@ -76,7 +76,7 @@ void ComboWindow::DrawField(QPainter& painter, const QRect& place)
     DrawByOwner(painter, place, *this, item);
 }
 
-// Each draw is a whole one, and about the selection too where that is to be seen.
+// Always ODA_DRAWENTIRE, with ODA_SELECT for a selected item.
 void ComboWindow::DrawListItem(QPainter& painter, const QStyleOptionViewItem& option, int index)
 {
     DRAWITEMSTRUCT item{};

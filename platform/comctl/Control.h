@@ -12,13 +12,13 @@ template <class Control> Window& MakeControl(DWORD style, QWidget* parent)
 }
 
 struct ControlCreation {
-    LPCTSTR Text; // null is the empty text
+    LPCTSTR Text; // may be null
     DWORD Style;
     RECT Place; // in client coordinates of the parent
     CWnd* Parent;
     UINT Id;
 };
 
-// False, and nothing attached, without a parent's window, for an object that has one already, and when
-// WM_CREATE gave -1. PostNcDestroy ends an object without a window then.
+// Fails, with nothing attached, if the parent has no window, if the object has one already, and if WM_CREATE
+// gave -1. The object has received PostNcDestroy then, if it has no window.
 BOOL CreateControl(CWnd& object, ControlFactory factory, const ControlCreation& creation);

@@ -14,9 +14,9 @@
 namespace
 {
 
-constexpr int spaceAroundText = 7; // above and below together
+constexpr int textPadding = 7; // above and below together
 
-// By the numbers of HDITEMW::fmt.
+// Indexed by HDITEMW::fmt.
 constexpr int alignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
 
 int AlignmentOf(int format)
@@ -42,9 +42,9 @@ HeaderWindow::HeaderWindow(DWORD style, QWidget* parent)
     setSectionsClickable((style & HDS_BUTTONS) != 0);
     connect(this, &QHeaderView::sectionResized, this, &HeaderWindow::OnResized);
     connect(this, &QHeaderView::sectionClicked, this,
-            [this](int index) { TellOfClick(HDN_ITEMCLICKW, index); });
+            [this](int index) { NotifyClick(HDN_ITEMCLICKW, index); });
     connect(this, &QHeaderView::sectionDoubleClicked, this,
-            [this](int index) { TellOfClick(HDN_ITEMDBLCLICKW, index); });
+            [this](int index) { NotifyClick(HDN_ITEMDBLCLICKW, index); });
 }
 
 LRESULT HeaderWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
@@ -93,7 +93,7 @@ LRESULT HeaderWindow::Get(int index, HDITEMW* item) const
     return TRUE;
 }
 
-// The header goes to the top of the rectangle, which loses that part.
+// Takes the top of the rectangle.
 LRESULT HeaderWindow::Layout(const HDLAYOUT* layout) const
 {
     if (layout == nullptr || layout->prc == nullptr || layout->pwpos == nullptr)
@@ -111,7 +111,7 @@ int HeaderWindow::FittingHeight() const
     initStyleOption(&option);
     option.text = QStringLiteral("Xg");
     const int ofStyle = style()->sizeFromContents(QStyle::CT_HeaderSection, &option, QSize(), this).height();
-    return std::max(ofStyle, fontMetrics().height() + spaceAroundText);
+    return std::max(ofStyle, fontMetrics().height() + textPadding);
 }
 
 void HeaderWindow::SetWidth(int index, int width)
@@ -125,7 +125,7 @@ void HeaderWindow::mouseMoveEvent(QMouseEvent* event)
     ScrollAreaWindow::mouseMoveEvent(event);
 }
 
-// Qt asks nobody before: the width goes back until the parent has agreed.
+// Qt has already resized: restore, then ask the parent.
 void HeaderWindow::OnResized(int index, int before, int after)
 {
     if (!m_isDragging)
@@ -135,24 +135,24 @@ void HeaderWindow::OnResized(int index, int before, int after)
     item.mask = HDI_WIDTH;
     item.cxy = after;
     SetWidth(index, before);
-    if (TellOfWidth(HDN_ITEMCHANGINGW, index, item) != 0 || !Has(index))
+    if (NotifyWidth(HDN_ITEMCHANGINGW, index, item) != 0 || !Has(index))
         return;
     SetWidth(index, item.cxy);
     item.cxy = sectionSize(index);
-    TellOfWidth(HDN_ITEMCHANGEDW, index, item);
+    NotifyWidth(HDN_ITEMCHANGEDW, index, item);
 }
 
-LRESULT HeaderWindow::TellOfWidth(int code, int index, HDITEMW& item)
+LRESULT HeaderWindow::NotifyWidth(int code, int index, HDITEMW& item)
 {
-    NMHEADERW told{{}, index, 0, &item};
-    return Notify(told.hdr, code);
+    NMHEADERW notification{{}, index, 0, &item};
+    return Notify(notification.hdr, code);
 }
 
-void HeaderWindow::TellOfClick(int code, int index)
+void HeaderWindow::NotifyClick(int code, int index)
 {
-    NMHEADERW told{{}, index, 0, nullptr};
+    NMHEADERW notification{{}, index, 0, nullptr};
     if (Has(index))
-        Notify(told.hdr, code);
+        Notify(notification.hdr, code);
 }
 
 BOOL CHeaderCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)

@@ -1,4 +1,4 @@
-// The header: headings of columns, whose dividers the user can drag.
+// The header: headings of columns with dividers that the user can drag.
 #pragma once
 
 #include <QHeaderView>
@@ -7,7 +7,7 @@
 
 class QStandardItemModel;
 
-// Asks its parent at each step of a drag, and tells it of clicks. What messages change is told to nobody.
+// Asks its parent at each step of a drag, and notifies it of clicks, but not of changes by messages.
 class HeaderWindow : public ScrollAreaWindow<QHeaderView>
 {
 public:
@@ -20,17 +20,17 @@ protected:
 private:
     bool Has(int index) const { return index >= 0 && index < count(); }
 
-    // What the messages of these names do.
+    // Implement the messages of these names.
     LRESULT Insert(int index, const HDITEMW* item);
     LRESULT Get(int index, HDITEMW* item) const;
     LRESULT Layout(const HDLAYOUT* layout) const;
 
     int FittingHeight() const;
-    void SetWidth(int index, int width); // any number of pixels
+    void SetWidth(int index, int width); // pixels, limited to the possible range
     void OnResized(int index, int before, int after);
-    LRESULT TellOfWidth(int code, int index, HDITEMW& item);
-    void TellOfClick(int code, int index);
+    LRESULT NotifyWidth(int code, int index, HDITEMW& item);
+    void NotifyClick(int code, int index);
 
-    QStandardItemModel* m_items; // texts and their alignment; the view has the widths
+    QStandardItemModel* m_items; // texts and alignments; the view has the widths
     bool m_isDragging = false;
 };

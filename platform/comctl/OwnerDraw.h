@@ -1,4 +1,4 @@
-// Owner draw: the parent of a control is asked to draw what the control shows.
+// Owner draw: the parent of a control draws its items.
 #pragma once
 
 #include <QPainter>
@@ -7,8 +7,7 @@
 
 class Window;
 
-// Sends WM_DRAWITEM to the control's parent, and shows what has been drawn. Number, action, state and data of
-// the item are the caller's to fill in, and its kind, which chooses the colours of the context as the desktop
-// has them. The item's rectangle begins at 0, 0 whatever its place in the control. Nothing is shown without
-// memory for the pixels.
+// Sends WM_DRAWITEM to the control's parent and shows the result. The caller fills in number, action, state
+// and data of the item, and its type, which decides on the initial colours of the context. The item's
+// rectangle begins at 0, 0. Shows nothing without memory for the pixels.
 void DrawByOwner(QPainter& painter, const QRect& place, Window& control, DRAWITEMSTRUCT item);

@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr int wheelStep = 20; // pixels, for each line of a notch
+constexpr int wheelStep = 20; // pixels for each line
 
 struct ActionCode {
     int Action;
@@ -31,26 +31,26 @@ ScrollBarWindow::ScrollBarWindow(DWORD style, QWidget* parent) : WidgetWindow(Qt
     setSingleStep(wheelStep);
     connect(this, &QAbstractSlider::actionTriggered, this, &ScrollBarWindow::OnAction);
     connect(this, &QAbstractSlider::sliderReleased, this,
-            [this] { Tell(SB_THUMBPOSITION, sliderPosition()); });
+            [this] { NotifyScroll(SB_THUMBPOSITION, sliderPosition()); });
 }
 
-// Qt has set the position to where it would go, and will take for the value what stands there afterwards.
+// Qt has set the slider to the new position, and takes the slider position for the value afterwards.
 void ScrollBarWindow::OnAction(int action)
 {
     const int position = sliderPosition();
     if (!isSliderDown())
         setSliderPosition(value());
     if (action == SliderMove) {
-        Tell(SB_THUMBTRACK, position);
+        NotifyScroll(SB_THUMBTRACK, position);
         if (!isSliderDown())
             End();
     } else if (const auto* const found = std::ranges::find(actionCodes, action, &ActionCode::Action);
                found != std::end(actionCodes)) {
-        Tell(found->Code);
+        NotifyScroll(found->Code);
     }
 }
 
-void ScrollBarWindow::Tell(UINT code, int position)
+void ScrollBarWindow::NotifyScroll(UINT code, int position)
 {
     m_isScrolling = code != SB_ENDSCROLL;
     if (Window* const parent = Parent())
@@ -61,7 +61,7 @@ void ScrollBarWindow::Tell(UINT code, int position)
 void ScrollBarWindow::End()
 {
     if (m_isScrolling)
-        Tell(SB_ENDSCROLL);
+        NotifyScroll(SB_ENDSCROLL);
 }
 
 void ScrollBarWindow::mouseReleaseEvent(QMouseEvent* event)

@@ -1,11 +1,11 @@
-// The scroll bar: what the user does on it goes to the parent.
+// The horizontal scroll bar.
 #pragma once
 
 #include <QScrollBar>
 #include <WidgetWindow.h>
 
-// Sends WM_HSCROLL, and stays where it is until somebody sets it; only its thumb follows the mouse that holds
-// it. The wheel is a thumb's move that ends at once.
+// Sends WM_HSCROLL for actions of the user. Its position changes by SetScrollInfo alone; while the user drags
+// the thumb, that follows the mouse. The wheel counts as a drag.
 class ScrollBarWindow : public WidgetWindow<QScrollBar>
 {
 public:
@@ -19,7 +19,7 @@ protected:
 
 private:
     void OnAction(int action);
-    void Tell(UINT code, int position = 0);
+    void NotifyScroll(UINT code, int position = 0);
     void End();
 
     bool m_isScrolling = false;

@@ -15,7 +15,7 @@ namespace
 
 const ControlClass controlClass(u"Static", MakeControl<StaticWindow>);
 
-// Keeps the name at the end for as long as that fits, and as much before it as does.
+// Keeps the name if it fits, and the start of what is before it.
 QString ShortenPath(const QString& path, const QFontMetrics& metrics, int width)
 {
     if (metrics.horizontalAdvance(path) <= width)
@@ -41,7 +41,7 @@ void StaticWindow::SetText(const QString& text)
     update();
 }
 
-// Its background is that of the dialog.
+// Erased in the colour of the dialog.
 LRESULT StaticWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const HDC context = message == WM_ERASEBKGND ? reinterpret_cast<HDC>(wParam) : nullptr;

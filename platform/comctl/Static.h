@@ -1,11 +1,12 @@
-// A text that stands in a dialog, or a place there that an object fills with windows of its own.
+// A text in a dialog, or the place of an object that adds windows of its own.
 #pragma once
 
 #include <WidgetWindow.h>
 #include <winctrl.h>
 
-// The text begins at the top left corner. A text in which SS_PATHELLIPSIS sees a path loses its middle where
-// there is no room for it, and keeps its ampersands; in any other an ampersand underlines the next character.
+// Mouse events go to the parent. The text begins at the top left corner. With SS_PATHELLIPSIS it is a path,
+// which is shortened in the middle and keeps its ampersands; otherwise an ampersand underlines the next
+// character.
 class StaticWindow : public WidgetWindow<QWidget>
 {
 public:

@@ -35,7 +35,7 @@ void ToolTipWindow::Relay(const MSG& message)
     if (text == window->Widget().toolTip())
         return;
     window->Widget().setToolTip(text);
-    QToolTip::hideText(); // it is of the place that the mouse has left
+    QToolTip::hideText(); // belongs to the previous place
 }
 
 QString ToolTipWindow::TextAt(HWND window, QPoint point) const

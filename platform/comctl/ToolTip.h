@@ -1,4 +1,4 @@
-// Texts for rectangles of windows, which show while the mouse rests there.
+// The tooltip control: texts for rectangles of windows.
 #pragma once
 
 #include <QRect>
@@ -6,8 +6,8 @@
 #include <WidgetWindow.h>
 #include <vector>
 
-// Hears of the mouse by TTM_RELAYEVENT, and gives the widget under it the text of the place; when to show
-// that, and when to take it away, is Qt's to know.
+// Never shown itself. At TTM_RELAYEVENT it sets the text of the place as the widget's tooltip; Qt shows and
+// hides that.
 class ToolTipWindow : public WidgetWindow<QWidget>
 {
 public:
@@ -26,7 +26,7 @@ private:
     };
 
     void Relay(const MSG& message);
-    QString TextAt(HWND window, QPoint point) const; // that of the first tool there
+    QString TextAt(HWND window, QPoint point) const; // of the first matching tool
 
     std::vector<Tool> m_tools;
 };

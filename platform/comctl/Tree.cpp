@@ -1,4 +1,4 @@
-// How a tree is created, and which message does what.
+// Creation and messages of a tree, and the framework's tree.
 #include "Tree.h"
 
 #include "Control.h"
@@ -27,7 +27,7 @@ private:
     TreeWindow& m_tree;
 };
 
-// As wide as all windows have been told that such a bar is.
+// As wide as SM_CXVSCROLL.
 class VerticalBar : public QScrollBar
 {
 public:
@@ -39,7 +39,7 @@ public:
     }
 };
 
-// Whether the message is about a structure that it points to.
+// Whether lParam of the message points to a structure.
 bool BringsData(UINT message)
 {
     switch (message) {
@@ -67,7 +67,7 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
     setFrameShape(QFrame::NoFrame);
     setLayoutDirection(Qt::LeftToRight);
     setHeaderHidden(true);
-    setIndentation(0); // a row is Qt's from its left end on: lines, button and label are drawn here
+    setIndentation(0); // lines, button and label are painted here
     setItemDelegate(new RowDelegate(*this));
     setUniformRowHeights(true);
     setVerticalScrollBar(new VerticalBar(this));
@@ -100,7 +100,7 @@ LRESULT TreeWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
         return Reveal(ToHandle(lParam), EnsureVisible) ? TRUE : FALSE;
     case TVM_EXPAND: {
         TreeItem* const item = Find(ToHandle(lParam));
-        return item != nullptr && Fold(*item, wParam) ? TRUE : FALSE;
+        return item != nullptr && Expand(*item, wParam) ? TRUE : FALSE;
     }
     case TVM_GETITEMRECT:
         return GetRect(*reinterpret_cast<LPRECT>(lParam), wParam != 0) ? TRUE : FALSE;
@@ -144,7 +144,7 @@ BOOL CTreeCtrl::ItemHasChildren(HTREEITEM hItem) const
     return GetItem(item) != FALSE && item.cChildren != 0 ? TRUE : FALSE;
 }
 
-// The message doesn't tell how long a text is.
+// The message doesn't give the length of a text.
 CString CTreeCtrl::GetItemText(HTREEITEM hItem) const
 {
     constexpr std::size_t firstRoom = 128;
@@ -190,6 +190,6 @@ HTREEITEM CTreeCtrl::HitTest(CPoint pt, UINT* pFlags) const
 
 BOOL CTreeCtrl::GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) const
 {
-    std::memcpy(lpRect, &hItem, sizeof(HTREEITEM)); // the message wants it in the rectangle's place
+    std::memcpy(lpRect, &hItem, sizeof(HTREEITEM)); // the message takes it from the rectangle
     return static_cast<BOOL>(Ask(TVM_GETITEMRECT, static_cast<WPARAM>(bTextOnly), lpRect));
 }

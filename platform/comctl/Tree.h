@@ -1,5 +1,6 @@
-// The tree: one column of rows that fold. Qt keeps the rows, the selection and the scroll position; what a
-// row looks like and where a point in it is are told here, so that whoever draws along sees the same places.
+// The tree: one column of rows that expand and collapse. Qt keeps the rows, the selection and the scroll
+// position. The rows are painted here, with the same geometry for painting, hit test and the parent's custom
+// draw.
 #pragma once
 
 #include "TreeItems.h"
@@ -39,19 +40,19 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    // Where the parts of a row are in the client area; all empty for a row that is folded away.
+    // The parts of a row in the client area; all empty for a row below a collapsed one.
     struct Places {
         QRect Row;
-        QRect Branch; // left of the label, with the row's line and its button; empty if there is no room
+        QRect Branch; // left of the label, with lines and button; empty if there is no room
         QRect Label;
     };
-    static constexpr int labelPadding = 2; // at the left and the right of the text
+    static constexpr int labelPadding = 2; // on each side of the text
     struct Hit {
         TreeItem* Item;
         UINT Flags; // TVHT_ values
     };
 
-    // What the messages of these names do.
+    // Implement the messages of these names.
     HTREEITEM Insert(const TVINSERTSTRUCTW& row);
     bool Delete(HTREEITEM handle);
     bool Get(TVITEMW& item) const;
@@ -61,16 +62,16 @@ private:
     bool Select(HTREEITEM handle, WPARAM relation);
     bool GetRect(RECT& rectangle, bool isLabel) const;
 
-    // Folds or unfolds a row that has children, by the code of TVM_EXPAND, and tells the parent, who may do
-    // anything with the rows. False if nothing had to be done.
-    bool Fold(TreeItem& item, WPARAM code);
-    void SetUnfolded(TreeItem& item, bool unfolds); // and tells nobody
-    void Toggle(TreeItem& item) { Fold(item, item.IsUnfolded() ? TVE_COLLAPSE : TVE_EXPAND); }
+    // Expands or collapses a row with children, by the code of TVM_EXPAND, and notifies the parent, which may
+    // change any row. False if nothing changed.
+    bool Expand(TreeItem& item, WPARAM code);
+    void SetExpanded(TreeItem& item, bool isExpanded); // without a notification
+    void Toggle(TreeItem& item) { Expand(item, item.IsExpanded() ? TVE_COLLAPSE : TVE_EXPAND); }
 
-    // Unfolds what the row is below of, and scrolls. False if there is no such row, or none any more.
+    // Expands the row's parents and scrolls to it. False if the row doesn't exist, or not any more.
     bool Reveal(HTREEITEM handle, ScrollHint hint);
 
-    void TellFolded(const TreeItem& item, WPARAM code);
+    void NotifyExpanded(const TreeItem& item, WPARAM code);
 
     TreeItem* Find(HTREEITEM handle) const { return m_handles.Find(handle); }
     TreeItem* Caret() const { return static_cast<TreeItem*>(currentItem()); }
@@ -78,11 +79,11 @@ private:
     TreeItem* Sibling(const TreeItem& item, int distance) const; // null if there is none
     UINT StateOf(const TreeItem& item) const;                    // TVIS_ values
 
-    QRect RowOf(const TreeItem& item) const; // as of its places
+    QRect RowOf(const TreeItem& item) const; // see Places
     Places PlacesOf(const TreeItem& item) const;
     Hit HitTest(QPoint point) const;
     bool HasButton(const TreeItem& item) const;
-    bool Selects(UINT flags) const; // whether a click there does
+    bool Selects(UINT flags) const; // for a click with these hit-test flags
     HFONT TextFont() const;
     QFontMetrics Metrics() const;
     void UpdateLayout();

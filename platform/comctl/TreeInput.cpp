@@ -1,46 +1,46 @@
-// What the user does to a tree, and what its parent hears of that.
+// Mouse and keyboard of a tree, and the notifications of its parent.
 #include "Tree.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPointer>
 
-void TreeWindow::TellFolded(const TreeItem& item, WPARAM code)
+void TreeWindow::NotifyExpanded(const TreeItem& item, WPARAM code)
 {
-    NMTREEVIEWW told{};
-    told.action = static_cast<UINT>(code);
-    told.itemNew.mask = TVIF_HANDLE | TVIF_STATE | TVIF_PARAM;
-    told.itemNew.hItem = item.Handle();
-    told.itemNew.state = StateOf(item);
-    told.itemNew.stateMask = TVIS_EXPANDED | TVIS_SELECTED;
-    told.itemNew.lParam = item.Data;
-    Notify(told.hdr, TVN_ITEMEXPANDEDW);
+    NMTREEVIEWW notification{};
+    notification.action = static_cast<UINT>(code);
+    notification.itemNew.mask = TVIF_HANDLE | TVIF_STATE | TVIF_PARAM;
+    notification.itemNew.hItem = item.Handle();
+    notification.itemNew.state = StateOf(item);
+    notification.itemNew.stateMask = TVIS_EXPANDED | TVIS_SELECTED;
+    notification.itemNew.lParam = item.Data;
+    Notify(notification.hdr, TVN_ITEMEXPANDEDW);
 }
 
-bool TreeWindow::Fold(TreeItem& item, WPARAM code)
+bool TreeWindow::Expand(TreeItem& item, WPARAM code)
 {
-    const bool unfolds = code == TVE_EXPAND;
-    if ((!unfolds && code != TVE_COLLAPSE) || item.childCount() == 0 || item.IsUnfolded() == unfolds)
+    const bool expands = code == TVE_EXPAND;
+    if ((!expands && code != TVE_COLLAPSE) || item.childCount() == 0 || item.IsExpanded() == expands)
         return false;
-    SetUnfolded(item, unfolds);
-    TellFolded(item, code);
+    SetExpanded(item, expands);
+    NotifyExpanded(item, code);
     return true;
 }
 
-// What is selected stays in view.
-void TreeWindow::SetUnfolded(TreeItem& item, bool unfolds)
+// A selected row below a collapsed one would be invisible.
+void TreeWindow::SetExpanded(TreeItem& item, bool isExpanded)
 {
-    item.SetUnfolded(unfolds);
-    if (const TreeItem* const caret = Caret(); !unfolds && caret != nullptr && caret->IsBelow(item))
+    item.SetExpanded(isExpanded);
+    if (const TreeItem* const caret = Caret(); !isExpanded && caret != nullptr && caret->IsBelow(item))
         setCurrentItem(&item);
 }
 
 // ---- The mouse
 //
-// Qt's own handling selects all along a row, and while the mouse is dragged.
+// Qt's own handling would select anywhere in a row, and during a drag.
 
-// A click with the right button asks for the menu, not the press. While the mouse is pressed no row that is
-// selected goes from under it.
+// The menu comes at the release of the right button, not at the press. A press doesn't scroll to the selected
+// row: that would move it away from the mouse.
 bool TreeWindow::viewportEvent(QEvent* event)
 {
     switch (event->type()) {
@@ -49,7 +49,7 @@ bool TreeWindow::viewportEvent(QEvent* event)
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
-        const QPointer<QWidget> tree(this); // may be deleted by whatever runs in a loop of a handler
+        const QPointer<QWidget> tree(this); // a handler's event loop may delete it
         setAutoScroll(false);
         const bool result = ScrollAreaWindow::viewportEvent(event);
         if (!tree.isNull())
@@ -93,42 +93,42 @@ void TreeWindow::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::RightButton || !viewport()->rect().contains(event->position().toPoint()))
         return;
-    NMHDR told{};
-    if (Notify(told, NM_RCLICK) == 0)
+    NMHDR notification{};
+    if (Notify(notification, NM_RCLICK) == 0)
         SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Handle()),
                       gdi::ToLParam(event->globalPosition().toPoint()));
 }
 
 // ---- The keyboard
 
-// Folding is done here, since the parent may do anything with the rows when it hears of it.
+// Handles expansion itself, because the parent may change any row when it is notified.
 void TreeWindow::keyPressEvent(QKeyEvent* event)
 {
     TreeItem* const caret = Caret();
     switch (caret != nullptr ? event->key() : 0) {
     case Qt::Key_Left:
-        if (!Fold(*caret, TVE_COLLAPSE) && caret->Parent() != nullptr)
+        if (!Expand(*caret, TVE_COLLAPSE) && caret->Parent() != nullptr)
             setCurrentItem(caret->Parent());
         break;
     case Qt::Key_Right:
-        if (!Fold(*caret, TVE_EXPAND) && caret->childCount() > 0)
+        if (!Expand(*caret, TVE_EXPAND) && caret->childCount() > 0)
             setCurrentItem(caret->child(0));
         break;
     case Qt::Key_Plus:
-        Fold(*caret, TVE_EXPAND);
+        Expand(*caret, TVE_EXPAND);
         break;
     case Qt::Key_Minus:
-        Fold(*caret, TVE_COLLAPSE);
+        Expand(*caret, TVE_COLLAPSE);
         break;
     case Qt::Key_Asterisk:
-        break; // Qt unfolds all that is below, and nobody would hear of it
+        break; // Qt would expand the whole subtree without notifications
     default:
         QTreeWidget::keyPressEvent(event);
         break;
     }
 }
 
-// A tree that gets the focus has a selected row; a menu's end gives it none that it hadn't before.
+// A tree with the focus has a selected row. The end of a menu doesn't select one.
 void TreeWindow::focusInEvent(QFocusEvent* event)
 {
     QTreeWidget::focusInEvent(event);

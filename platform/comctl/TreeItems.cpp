@@ -38,18 +38,18 @@ bool TreeItem::IsBelow(const TreeItem& other) const
     return parent != nullptr;
 }
 
-void TreeItem::SetUnfolded(bool isUnfolded)
+void TreeItem::SetExpanded(bool isExpanded)
 {
-    m_isUnfolded = isUnfolded;
+    m_isExpanded = isExpanded;
     if (childCount() > 0)
-        setExpanded(isUnfolded);
+        setExpanded(isExpanded);
 }
 
 void TreeItem::Append(TreeItem& child)
 {
     addChild(&child);
     if (childCount() == 1)
-        setExpanded(m_isUnfolded); // the view may have heard otherwise when there were others
+        setExpanded(m_isExpanded); // the view may have another state from earlier children
 }
 
 QVariant TreeItem::data(int column, int role) const

@@ -1,4 +1,4 @@
-// What a tree looks like, and how its parent draws along.
+// Painting of a tree, with the parent's custom draw.
 #include "Tree.h"
 
 #include <QPainter>
@@ -15,7 +15,7 @@ struct Colors {
     COLORREF Background;
 };
 
-COLORREF Paper(bool isEnabled)
+COLORREF BackgroundColor(bool isEnabled)
 {
     return GetSysColor(isEnabled ? COLOR_WINDOW : COLOR_BTNFACE);
 }
@@ -24,10 +24,10 @@ Colors ColorsOf(bool isEnabled, bool isHighlighted)
 {
     if (isHighlighted)
         return {GetSysColor(COLOR_HIGHLIGHTTEXT), GetSysColor(COLOR_HIGHLIGHT)};
-    return {GetSysColor(isEnabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), Paper(isEnabled)};
+    return {GetSysColor(isEnabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), BackgroundColor(isEnabled)};
 }
 
-// Every second pixel, the same ones for lines that meet.
+// Every second pixel, so that lines that meet continue each other.
 void DrawDots(const gdi::Canvas& canvas, const QRect& line, gdi::Pixel ink)
 {
     for (int y = line.top(); y <= line.bottom(); ++y) {
@@ -40,8 +40,7 @@ void DrawDots(const gdi::Canvas& canvas, const QRect& line, gdi::Pixel ink)
 
 } // namespace
 
-// A message that brings no context comes by way of Qt: the picture is the same, since the parent draws along
-// on both.
+// WM_PAINT without a context. The parent's custom draw needs a context of the layer's here too.
 void TreeWindow::paintEvent(QPaintEvent* /*event*/)
 {
     QImage image(viewport()->size(), QImage::Format_RGB32);
@@ -62,7 +61,7 @@ void TreeWindow::PaintInto(HDC context)
     const int mode = dc.BackgroundMode;
     const HGDIOBJ font = SelectObject(context, TextFont());
 
-    dc.Drawing.FillBox(gdi::ToBox(viewport()->rect()), gdi::ToPixel(Paper(isEnabled())));
+    dc.Drawing.FillBox(gdi::ToBox(viewport()->rect()), gdi::ToPixel(BackgroundColor(isEnabled())));
     NMTVCUSTOMDRAW all{};
     all.nmcd.hdc = context;
     all.nmcd.rc = gdi::ToRect(viewport()->rect());
@@ -84,7 +83,7 @@ LRESULT TreeWindow::Ask(NMTVCUSTOMDRAW& draw, DWORD stage)
     return Notify(draw.nmcd.hdr, NM_CUSTOMDRAW);
 }
 
-// By their handles, since the parent may do anything with the rows while it draws along.
+// As handles, because the parent may change any row during its custom draw.
 std::vector<HTREEITEM> TreeWindow::VisibleRows() const
 {
     std::vector<HTREEITEM> rows;
@@ -133,8 +132,8 @@ void TreeWindow::PaintRow(HDC context, TreeItem& row, bool asks)
         Ask(draw, CDDS_ITEMPOSTPAINT);
 }
 
-// From the label to the row's line, up to the row before and down to the next of the same parent; and
-// through, in the squares further left, the lines of the rows that this one is below of.
+// From the label to the vertical line, up to the previous row and down to the next sibling; further left, the
+// vertical lines of the parents.
 void TreeWindow::DrawLines(const gdi::Canvas& canvas, const TreeItem& item, QRect square) const
 {
     const gdi::Pixel ink = gdi::ToPixel(GetSysColor(COLOR_BTNSHADOW));
@@ -163,7 +162,7 @@ void TreeWindow::DrawButton(const gdi::Canvas& canvas, const TreeItem& item, con
     canvas.FillBox(gdi::ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
     const int half = buttonSize / 2;
     canvas.FillBox(gdi::ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
-    if (!item.IsUnfolded())
+    if (!item.IsExpanded())
         canvas.FillBox(gdi::ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
 }
 

@@ -1,4 +1,4 @@
-// Where a tree's rows are, and how they come into view.
+// Geometry and scrolling of a tree.
 #include "Tree.h"
 
 #include <QScrollBar>
@@ -10,14 +10,14 @@ namespace
 
 constexpr int branchWidth = 19;
 constexpr int rowPadding = 3; // above and below the text together
-constexpr int leastRowHeight = 16;
+constexpr int minRowHeight = 16;
 
 } // namespace
 
-// Even, so that the dotted lines of one row go on in the next.
+// Even, so that dotted lines continue in the next row.
 int TreeWindow::RowHeight() const
 {
-    return (std::max(Metrics().height() + rowPadding, leastRowHeight) + 1) / 2 * 2;
+    return (std::max(Metrics().height() + rowPadding, minRowHeight) + 1) / 2 * 2;
 }
 
 QRect TreeWindow::RowOf(const TreeItem& item) const
@@ -61,7 +61,7 @@ TreeWindow::Hit TreeWindow::HitTest(QPoint point) const
 
 bool TreeWindow::GetRect(RECT& rectangle, bool isLabel) const
 {
-    HTREEITEM handle = nullptr; // stands where the rectangle will
+    HTREEITEM handle = nullptr; // the message passes it in the rectangle
     std::memcpy(&handle, &rectangle, sizeof(HTREEITEM));
     const TreeItem* const item = Find(handle);
     const Places places = item != nullptr ? PlacesOf(*item) : Places{};
@@ -73,7 +73,7 @@ bool TreeWindow::GetRect(RECT& rectangle, bool isLabel) const
 
 bool TreeWindow::Reveal(HTREEITEM handle, ScrollHint hint)
 {
-    // The parent may change the rows whenever it is told that one has unfolded.
+    // The parent may change any row at each notification.
     std::vector<HTREEITEM> above;
     const TreeItem* const wanted = Find(handle);
     for (const TreeItem* item = wanted != nullptr ? wanted->Parent() : nullptr; item != nullptr;
@@ -81,7 +81,7 @@ bool TreeWindow::Reveal(HTREEITEM handle, ScrollHint hint)
         above.push_back(item->Handle());
     for (auto each = above.rbegin(); each != above.rend(); ++each) {
         if (TreeItem* const item = Find(*each))
-            Fold(*item, TVE_EXPAND);
+            Expand(*item, TVE_EXPAND);
     }
     TreeItem* const item = Find(handle);
     if (item == nullptr)
@@ -92,20 +92,20 @@ bool TreeWindow::Reveal(HTREEITEM handle, ScrollHint hint)
     return true;
 }
 
-// Qt waits with it until the event is over, and for a window that isn't shown until it is.
+// Qt would postpone it to the end of the event, or until the window is shown.
 void TreeWindow::UpdateLayout()
 {
     executeDelayedItemsLayout();
     if (!viewport()->isVisible())
         updateGeometries();
-    setViewportMargins(0, 0, 0, 0); // shows the bar, or takes it away
+    setViewportMargins(0, 0, 0, 0); // shows or hides the bar
 }
 
 bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
 {
     if (bar != SB_VERT)
         return false;
-    const_cast<TreeWindow&>(*this).UpdateLayout(); // to what it is to be anyway
+    const_cast<TreeWindow&>(*this).UpdateLayout(); // would happen later anyway
     const QScrollBar& vertical = *verticalScrollBar();
     info.nMin = 0;
     info.nMax = vertical.maximum() > 0 ? vertical.maximum() + vertical.pageStep() - 1 : 0;
@@ -115,7 +115,7 @@ bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
     return true;
 }
 
-// Qt moves the pixels that it has painted, not those that handlers of WM_PAINT have.
+// Qt scrolls the pixels that it has painted, but not those of the surface.
 void TreeWindow::scrollContentsBy(int dx, int dy)
 {
     ScrollAreaWindow::scrollContentsBy(dx, dy);

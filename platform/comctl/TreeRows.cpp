@@ -1,4 +1,4 @@
-// A tree's rows: what the messages about them do.
+// The messages about the rows of a tree.
 #include "Tree.h"
 
 #include <TextCopy.h>
@@ -32,7 +32,7 @@ HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
     if (parent == nullptr && !IsRoot(row.hParent))
         return nullptr;
     auto* const item = new TreeItem(m_handles);
-    SetContents(*item, row.item); // while the view has nothing to do with it
+    SetContents(*item, row.item); // before the view knows the row
     if (parent != nullptr)
         parent->Append(*item);
     else
@@ -70,7 +70,7 @@ bool TreeWindow::Get(TVITEMW& item) const
     return true;
 }
 
-// Nobody is told: the states are those that a row is to have, not what the user does to it.
+// Without notifications, which are for actions of the user.
 bool TreeWindow::Set(const TVITEMW& item)
 {
     TreeItem* const row = Find(item.hItem);
@@ -86,14 +86,14 @@ void TreeWindow::SetState(TreeItem& row, const TVITEMW& item)
     if ((item.mask & TVIF_STATE) == 0)
         return;
     if ((item.stateMask & TVIS_EXPANDED) != 0)
-        SetUnfolded(row, (item.state & TVIS_EXPANDED) != 0);
+        SetExpanded(row, (item.state & TVIS_EXPANDED) != 0);
     if ((item.stateMask & TVIS_SELECTED) != 0)
         row.setSelected((item.state & TVIS_SELECTED) != 0);
 }
 
 UINT TreeWindow::StateOf(const TreeItem& item) const
 {
-    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.IsUnfolded() ? TVIS_EXPANDED : 0);
+    return (item.isSelected() ? TVIS_SELECTED : 0) | (item.IsExpanded() ? TVIS_EXPANDED : 0);
 }
 
 // ---- Relations

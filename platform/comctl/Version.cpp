@@ -1,4 +1,4 @@
-// The module that the controls pass for, which can be asked for their version.
+// The built-in module comctl32.dll, which gives the version of the controls.
 #include <BuiltInModule.h>
 #include <commctrl.h>
 #include <shlobj.h>

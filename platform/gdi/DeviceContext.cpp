@@ -15,7 +15,7 @@ HDC MakeContext(const Surface& surface, const Box& clip)
     return context == nullptr ? nullptr : context->Handle();
 }
 
-// Sets a member and gives its value before.
+// Sets a member and gives its previous value.
 template <class Value> Value Exchange(HDC context, Value DeviceContext::*member, Value value, Value onFailure)
 {
     if (context == nullptr)

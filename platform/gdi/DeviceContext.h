@@ -1,4 +1,4 @@
-// What the handle of a device context stands for.
+// The object behind the handle of a device context.
 #pragma once
 
 #include "GdiObjects.h"
@@ -10,7 +10,7 @@ class CDC;
 namespace gdi
 {
 
-// The object of one kind that a context has selected; a stock object at first.
+// The selected object of one kind; initially a stock object.
 template <class Object> class Selection
 {
 public:
@@ -23,7 +23,8 @@ public:
     const Object& operator*() const { return *m_object; }
     HGDIOBJ Handle() const { return m_object->Handle(); }
 
-    // Gives the one before; if that has been deleted meanwhile, and so ends here, the stock object.
+    // Gives the previous object. If that was deleted while it was selected, it ends here, and the result is
+    // the stock object.
     HGDIOBJ Replace(Object& object)
     {
         object.Hold();
@@ -44,14 +45,14 @@ public:
     DeviceContext& operator=(const DeviceContext&) = delete;
     ~DeviceContext();
 
-    // Null when the object can't be selected.
+    // Null if the object can't be selected.
     HGDIOBJ Select(GdiObject& object);
 
-    // The strokes of its pen, with the gaps as the background mode wants them.
+    // The stroke of the pen; the background mode decides on the gaps.
     Stroke PenStroke() const;
 
-    // The framework's object for this context: the attached one, else one made on first need that ends with
-    // this.
+    // The framework's object for this context: the attached one, otherwise a temporary one, which is created
+    // on first use and deleted with the context.
     CDC* Wrapper();
     void SetAttached(CDC* wrapper) { m_attached = wrapper; }
     void ForgetAttached(const CDC* wrapper);
@@ -75,8 +76,8 @@ private:
     std::unique_ptr<CDC> m_wrapper;
 };
 
-// A context on somebody else's pixels, which have to outlive it; what is drawn stays within the clip
-// rectangle. Null when there is no memory for it. DeleteDC ends it.
+// A context on pixels of the caller's, which have to outlive it. Nothing is drawn outside of the clip
+// rectangle. Null without memory. To be deleted by DeleteDC.
 HDC CreateSurfaceDC(const Surface& surface, const RECT& clip);
 
 struct ContextEnd {

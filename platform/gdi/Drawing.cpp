@@ -1,4 +1,4 @@
-// Drawing with what is selected into a context.
+// Drawing with the objects selected into a context.
 #include "DeviceContext.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ Point ToPoint(std::int64_t x, std::int64_t y)
     return {Bounded(x), Bounded(y)};
 }
 
-// The box of a shape: its sides in order, and cut at right and bottom where no outline covers these edges.
+// The box of a shape with its sides in order. Without an outline it loses its right and bottom edge.
 Box ShapeBox(const DeviceContext& context, int left, int top, int right, int bottom)
 {
     const Point first = ToPoint(std::min(left, right), std::min(top, bottom));
@@ -40,7 +40,7 @@ void DrawLine(const DeviceContext& context, Point from, Point to)
         DrawThinLine(context.Drawing, from, to, context.PenStroke());
 }
 
-// Clockwise, so that each corner is the start of one side.
+// Clockwise: each corner is the start of one side.
 void DrawFrame(const DeviceContext& context, const Box& box)
 {
     const Stroke stroke = context.PenStroke();
@@ -57,7 +57,7 @@ void DrawFrame(const DeviceContext& context, const Box& box)
     DrawThinLine(canvas, {box.Left, bottom}, {box.Left, box.Top}, stroke);
 }
 
-// Rows in the order in which none is overwritten before it has been read.
+// Takes the rows in an order that reads each before it is overwritten.
 void CopyPixels(const Canvas& to, const Box& box, const Canvas& from, std::int64_t down, std::int64_t across)
 {
     const std::int64_t height = box.Bottom - box.Top;

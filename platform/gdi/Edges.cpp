@@ -9,7 +9,7 @@ namespace gdi
 namespace
 {
 
-// The colours of a border: on the left and top sides, then on the right and bottom sides.
+// The colours of a border: left and top sides, right and bottom sides.
 struct Border {
     UINT Edge;
     int Lit;
@@ -23,7 +23,7 @@ constexpr Border innerBorders[] = {
     {BDR_RAISEDINNER, COLOR_BTNHIGHLIGHT, COLOR_BTNSHADOW},
     {BDR_SUNKENINNER, COLOR_3DDKSHADOW, COLOR_3DLIGHT},
 };
-constexpr std::int64_t arrowsInButton = 4; // as high as the button
+constexpr std::int64_t arrowsInButton = 4; // by height
 
 Pixel SysPixel(int index)
 {
@@ -44,7 +44,7 @@ void DrawBorder(const Canvas& canvas, const Box& box, const Border& border, UINT
         canvas.FillBox({box.Left, box.Bottom - 1, box.Right, box.Bottom}, shaded);
 }
 
-// The box within the named sides.
+// The box without the named sides.
 Box Within(const Box& box, UINT sides)
 {
     return {box.Left + ((sides & BF_LEFT) != 0 ? 1 : 0), box.Top + ((sides & BF_TOP) != 0 ? 1 : 0),
@@ -96,7 +96,7 @@ void DrawScrollButton(const Canvas& canvas, const Box& box, UINT state)
     DrawArrowDown(canvas, box, shift, SysPixel(COLOR_BTNSHADOW));
 }
 
-// By the position of a pixel on the surface, so that it is the same pixels at every call.
+// Chooses by the position on the surface, so that each call inverts the same pixels.
 void InvertEverySecond(const Canvas& canvas, const Box& box)
 {
     const Box visible = box.Intersect(canvas.Clip());

@@ -15,7 +15,7 @@ struct Span {
     std::int64_t Right;
 };
 
-// The ellipse in doubled coordinates around its centre, in which its half axes are the sides of its box.
+// In doubled coordinates around the centre, where the half axes are the sides of the box.
 class EllipseRows
 {
 public:

@@ -21,8 +21,8 @@ struct Span {
     int Right;
 };
 
-// Fills span by span. Filled pixels take the border colour, so that none is entered twice. No more than two
-// seeds wait for each run of free pixels, one from the row above and one from that below.
+// Fills span by span. Filled pixels take the border colour, so that none is visited twice. A run of free
+// pixels has at most two pending seeds, one from the row above and one from the row below.
 class Filler
 {
 public:

@@ -12,9 +12,9 @@ namespace gdi
 namespace
 {
 
-constexpr int longestSide = 32767;
-constexpr std::int64_t mostPixels = std::int64_t{1} << 26;
-constexpr std::int64_t widestPen = std::int64_t{1} << 20;
+constexpr int maxBitmapSide = 32767;
+constexpr std::int64_t maxBitmapPixels = std::int64_t{1} << 26;
+constexpr std::int64_t maxPenWidth = std::int64_t{1} << 20;
 
 // The periods of the styles in pixels, the first pixel in the lowest bit.
 struct DashPattern {
@@ -73,7 +73,7 @@ int LiveObjects()
 GdiObject::GdiObject(Kind kind, bool isStock) : m_kind(kind), m_isStock(isStock)
 {
     if (isStock)
-        Wrapper(); // many threads may share the object, so that it can't be made later
+        Wrapper(); // created now, because threads share the object
     else
         liveObjects.fetch_add(1, std::memory_order_relaxed);
 }
@@ -127,7 +127,7 @@ void GdiObject::ForgetAttached(const CGdiObject* wrapper)
 
 Pen::Pen(int style, int width, COLORREF color, bool isStock)
     : GdiObject(Kind::Pen, isStock), m_isNull(style == PS_NULL),
-      m_width(std::min(std::abs(std::int64_t{width}), widestPen))
+      m_width(std::min(std::abs(std::int64_t{width}), maxPenWidth))
 {
     m_stroke.Ink = ToPixel(color);
     for (const DashPattern& pattern : dashPatterns) {
@@ -168,8 +168,8 @@ HFONT CreateFontIndirectW(const LOGFONTW* font)
 
 HBITMAP CreateCompatibleBitmap(HDC context, int width, int height)
 {
-    if (context == nullptr || width <= 0 || height <= 0 || width > gdi::longestSide ||
-        height > gdi::longestSide || std::int64_t{width} * height > gdi::mostPixels)
+    if (context == nullptr || width <= 0 || height <= 0 || width > gdi::maxBitmapSide ||
+        height > gdi::maxBitmapSide || std::int64_t{width} * height > gdi::maxBitmapPixels)
         return nullptr;
     return gdi::HandleOf<HBITMAP>(gdi::Make<gdi::Bitmap>(width, height));
 }

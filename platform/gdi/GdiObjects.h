@@ -1,4 +1,4 @@
-// What the handles of pens, brushes, fonts, bitmaps and palettes stand for.
+// The objects behind the handles of pens, brushes, fonts, bitmaps and palettes.
 #pragma once
 
 #include "Rasteriser.h"
@@ -16,7 +16,7 @@ constexpr std::int64_t coordinateLimit = std::int64_t{1} << 27;
 
 enum class Kind { Pen, Brush, Font, Bitmap, Palette };
 
-// Counted from its making to its end, unless it is a stock object.
+// Counts against objectLimit, unless it is a stock object.
 class GdiObject
 {
 public:
@@ -27,15 +27,15 @@ public:
     Kind ObjectKind() const { return m_kind; }
     bool IsStock() const { return m_isStock; }
 
-    // Contexts hold what they have selected. A deleted object ends with its last holder: then Release gives
-    // false.
+    // Reference counting: a context holds its selected objects. A deleted object ends with its last holder;
+    // Release gives false then.
     void Hold() { m_holders += m_isStock ? 0 : 1; }
     bool Release();
     void Delete();
     bool IsHeld() const { return m_holders > 0; }
 
-    // The framework's object for this handle: the attached one, else one made on first need that ends with
-    // this.
+    // The framework's object for this handle: the attached one, otherwise a temporary one, which is created
+    // on first use and deleted with this.
     CGdiObject* Wrapper();
     void SetAttached(CGdiObject* wrapper) { m_attached = wrapper; }
     void ForgetAttached(const CGdiObject* wrapper);
@@ -64,7 +64,7 @@ public:
     bool IsWide() const { return m_width > 1; }
     std::int64_t Width() const { return m_width; }
     Pixel Ink() const { return m_stroke.Ink; }
-    const Stroke& ThinStroke() const { return m_stroke; } // without the colour of its gaps
+    const Stroke& ThinStroke() const { return m_stroke; } // without a gap colour
 
 private:
     bool m_isNull;
@@ -79,7 +79,7 @@ public:
         : GdiObject(Kind::Brush, isStock), m_ink(ink)
     {
     }
-    std::optional<Pixel> Ink() const { return m_ink; } // none: paints nothing
+    std::optional<Pixel> Ink() const { return m_ink; } // none for the null brush
 
 private:
     std::optional<Pixel> m_ink;
@@ -104,7 +104,7 @@ public:
     // Raises std::bad_alloc.
     Bitmap(int width, int height, bool isStock = false);
 
-    // Nothing can be drawn on the stock bitmap, which all contexts on memory begin with.
+    // Empty for the stock bitmap, which is initially selected in memory contexts.
     Surface Pixels() const;
 
 private:
@@ -119,14 +119,14 @@ public:
     explicit Palette(bool isStock = false) : GdiObject(Kind::Palette, isStock) {}
 };
 
-// The objects that a context begins with, and the others that nobody has to make.
+// The stock objects.
 Pen& StockPen(int number);
 Brush& StockBrush(int number);
 Font& StockFont();
 Bitmap& StockBitmap();
 Palette& StockPalette();
 
-// How many objects there are that somebody has to delete: a painting step leaves as many as it found.
+// The number of objects that have to be deleted.
 int LiveObjects();
 
 } // namespace gdi

@@ -1,4 +1,4 @@
-// Integer arithmetic that rounds as the rasteriser needs it.
+// Integer arithmetic with the roundings of the rasteriser.
 #pragma once
 
 #include <cmath>
@@ -24,7 +24,7 @@ constexpr std::int64_t CeilDiv(std::int64_t dividend, std::int64_t positiveDivis
 // The largest r with r * r * divisor <= dividend, both below 2^120 and the result below 2^62.
 inline std::int64_t FloorSqrt(Wide dividend, Wide divisor = 1)
 {
-    // The estimate is off by the rounding of floating point alone.
+    // The estimate is off by floating-point rounding only.
     auto root = static_cast<Wide>(std::sqrt(static_cast<double>(dividend) / static_cast<double>(divisor)));
     while (root * root * divisor > dividend)
         --root;

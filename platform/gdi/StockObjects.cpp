@@ -1,4 +1,4 @@
-// The objects that nobody makes or deletes.
+// The stock objects.
 #include "GdiObjects.h"
 
 namespace gdi
@@ -7,7 +7,7 @@ namespace gdi
 namespace
 {
 
-// They never end, since a context in a static object of the host's may outlive every static object here.
+// Never deleted: a context in a static object of the host may outlive every static object here.
 template <class Object, class... Arguments> Object& Standing(Arguments... arguments)
 {
     return *new Object(arguments...);

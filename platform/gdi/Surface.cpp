@@ -26,7 +26,7 @@ void Canvas::FillSpan(std::int64_t y, std::int64_t left, std::int64_t right, Pix
     std::fill(row + left, row + right, ink);
 }
 
-// The rows of a wide box are copied from its first, which is faster than to fill each.
+// Copying the first row of a wide box is faster than filling each row.
 void Canvas::FillBox(const Box& box, Pixel ink) const
 {
     constexpr std::int64_t wide = 16;

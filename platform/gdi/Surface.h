@@ -12,7 +12,7 @@ using Pixel = std::uint32_t; // 0xFFrrggbb
 constexpr Pixel opaqueAlpha = 0xFF000000;
 constexpr Pixel colorBits = 0x00FFFFFF;
 
-// The top byte of a COLORREF, which may tell of a palette, has no meaning here.
+// Ignores the top byte of a COLORREF.
 constexpr Pixel ToPixel(COLORREF color)
 {
     return opaqueAlpha | ((color & 0xFF) << 16) | (color & 0xFF00) | ((color >> 16) & 0xFF);
@@ -23,7 +23,7 @@ constexpr bool IsSameColor(Pixel first, Pixel second)
     return ((first ^ second) & colorBits) == 0;
 }
 
-// Pixels of somebody's: a bitmap's, or those of an image outside the layer. Rows are stride pixels apart.
+// Pixels owned by a bitmap, or by an image outside of the layer. Rows are Stride pixels apart.
 struct Surface {
     Pixel* Pixels = nullptr;
     int Width = 0;
@@ -52,13 +52,13 @@ inline Box ToBox(const RECT& rect)
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-// A surface and the part of it that may be drawn on. What is drawn is computed whole, and cut here.
+// A surface with a clip box.
 class Canvas
 {
 public:
     Canvas() = default;
 
-    // The clip box is cut to the surface.
+    // Limits the clip box to the surface.
     Canvas(const Surface& surface, const Box& clip);
 
     const Surface& Target() const { return m_surface; }
@@ -68,7 +68,7 @@ public:
         return x >= m_clip.Left && x < m_clip.Right && y >= m_clip.Top && y < m_clip.Bottom;
     }
 
-    // Of a point that the clip box contains.
+    // The point has to lie within the clip box.
     Pixel& At(std::int64_t x, std::int64_t y) const { return Row(y)[x]; }
     Pixel* Row(std::int64_t y) const { return m_surface.Pixels + y * m_surface.Stride; }
 

@@ -23,7 +23,7 @@ constexpr COLORREF shadow = RGB(128, 128, 128);
 constexpr COLORREF navy = RGB(0, 0, 128);
 constexpr COLORREF skyBlue = RGB(16, 132, 208);
 
-// Where there is no desktop.
+// Without a desktop.
 constexpr COLORREF classicColors[sysColorCount] = {
     face,               // 0 scroll bar
     RGB(0, 128, 128),   // 1 desktop
@@ -47,10 +47,10 @@ constexpr COLORREF classicColors[sysColorCount] = {
     face,               // 19 text in other captions
     white,              // 20 highlight of a button
     black,              // 21 dark shadow
-    lighterFace,        // 22 light on the sunny side
+    lighterFace,        // 22 light edge
     black,              // 23 text in tooltips
     RGB(255, 255, 225), // 24 tooltip
-    black,              // 25 of no part
+    black,              // 25 unused
     RGB(0, 0, 255),     // 26 link
     skyBlue,            // 27 far end of the active caption
     RGB(181, 181, 181), // 28 far end of other captions
@@ -58,7 +58,7 @@ constexpr COLORREF classicColors[sysColorCount] = {
     face,               // 30 menu bar
 };
 
-// The parts for which the desktop is asked.
+// The colours that come from the desktop.
 struct DesktopPart {
     int Index;
     QPalette::ColorRole Role;
@@ -76,7 +76,7 @@ constexpr DesktopPart desktopParts[] = {
     {COLOR_3DDKSHADOW, QPalette::Shadow},
 };
 
-// Between a button and its highlight; a desktop that has nothing there gets a shade of the button.
+// Between a button and its highlight; a shade of the button, if the desktop has no such colour.
 QColor LightOf(const QPalette& palette)
 {
     constexpr int shadePercent = 106;
@@ -85,8 +85,8 @@ QColor LightOf(const QPalette& palette)
     return light.lightness() >= button.lightness() ? light : button.darker(shadePercent);
 }
 
-// The desktop's colours, worked out anew when its palette has changed: a page of cells asks thousands of
-// times.
+// Caches the desktop's colours until its palette changes: painting a page of cells takes thousands of
+// look-ups.
 class DesktopColors
 {
 public:

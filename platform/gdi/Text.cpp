@@ -1,4 +1,4 @@
-// Text, by Qt, onto the same pixels as everything else.
+// Text, drawn by Qt on the pixels of the context.
 #include "DeviceContext.h"
 #include "QtConvert.h"
 
@@ -13,7 +13,7 @@ namespace gdi
 namespace
 {
 
-constexpr std::size_t longestText = 8192;
+constexpr std::size_t maxTextLength = 8192;
 constexpr char16_t prefix = u'&';
 
 std::u16string_view Bounded(LPCWSTR text, int count)
@@ -21,9 +21,9 @@ std::u16string_view Bounded(LPCWSTR text, int count)
     if (text == nullptr)
         return {};
     if (count >= 0)
-        return {text, std::min(static_cast<std::size_t>(count), longestText)};
+        return {text, std::min(static_cast<std::size_t>(count), maxTextLength)};
     std::size_t length = 0;
-    while (length < longestText && text[length] != u'\0')
+    while (length < maxTextLength && text[length] != u'\0')
         ++length;
     return {text, length};
 }
@@ -33,7 +33,7 @@ struct Line {
     qsizetype Underlined = -1; // position of the character
 };
 
-// Takes the ampersands out; two stand for one that is shown.
+// Removes the ampersands; two in a row are one character.
 Line TakePrefixes(std::u16string_view text)
 {
     std::u16string shown;
@@ -115,7 +115,7 @@ private:
     {
         const int space = m_rect.right - m_rect.left;
         QString text = line.Text;
-        // Measured as everywhere: by itself Qt would shorten a text that overhangs by part of a pixel.
+        // Qt alone would shorten a text that is too wide by a fraction of a pixel.
         if ((m_format & DT_END_ELLIPSIS) != 0 && m_metrics.horizontalAdvance(text) > space)
             text = m_metrics.elidedText(text, Qt::ElideRight, space);
         const int width = m_metrics.horizontalAdvance(text);

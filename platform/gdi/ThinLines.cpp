@@ -11,7 +11,7 @@ namespace gdi
 namespace
 {
 
-// The line from its upper end down: the step j takes one pixel along the longer side.
+// The line from its upper end down, one pixel of the longer side at each step.
 struct Walk {
     Point Start;
     std::int64_t Length; // of the longer side
@@ -24,7 +24,7 @@ struct Walk {
     std::int64_t MajorStart() const { return IsSteep ? Start.Y : Start.X; }
     std::int64_t MinorStart() const { return IsSteep ? Start.X : Start.Y; }
 
-    // Half rounds down, that is towards the start.
+    // Half rounds towards the start.
     std::int64_t MinorNumerator(std::int64_t j) const { return 2 * j * Depth + Length - 1; }
 
     Point At(std::int64_t j) const
@@ -34,7 +34,7 @@ struct Walk {
         return IsSteep ? Point{minor, major} : Point{major, minor};
     }
 
-    // The pixels drawn are those of the steps from first up to, not including, last.
+    // The range of steps that are drawn, half-open.
     std::int64_t First() const { return IsUpwards ? 1 : 0; }
     std::int64_t Last() const { return IsUpwards ? Length + 1 : Length; }
 };
@@ -57,7 +57,7 @@ Walk MakeWalk(Point from, Point to)
             .IsUpwards = isUpwards};
 }
 
-// Narrows the steps to those within the clip box along the longer side.
+// Clips the range of steps along the longer side.
 void ClipSteps(const Walk& walk, const Box& clip, std::int64_t& first, std::int64_t& last)
 {
     const std::int64_t low = (walk.IsSteep ? clip.Top : clip.Left) - walk.MajorStart();
@@ -79,7 +79,7 @@ void DrawSolidStraight(const Canvas& canvas, Point from, Point to, Pixel ink)
         canvas.FillBox({from.X, std::min(from.Y, to.Y + 1), from.X + 1, std::max(from.Y + 1, to.Y)}, ink);
 }
 
-// Calls draw(step, pixel) for each pixel of the steps that the clip box has.
+// Calls draw(step, pixel) for each pixel within the clip box.
 template <class Draw> void WalkPixels(const Canvas& canvas, const Walk& walk, const Draw& draw)
 {
     std::int64_t j = walk.First();

@@ -11,16 +11,16 @@ namespace gdi
 namespace
 {
 
-constexpr std::int64_t farAway = std::int64_t{1} << 40; // past every coordinate
+constexpr std::int64_t farAway = std::int64_t{1} << 40; // beyond all coordinates
 
-// Both ends inside.
+// A closed interval.
 struct Range {
     std::int64_t Low = -farAway;
     std::int64_t High = farAway;
 
     bool IsEmpty() const { return Low > High; }
 
-    // Leaves those x for which factor * x <= limit.
+    // Keeps those x with factor * x <= limit.
     void Limit(std::int64_t factor, std::int64_t limit)
     {
         if (factor > 0)
@@ -32,8 +32,8 @@ struct Range {
     }
 };
 
-// The line in doubled coordinates, in which pixel centres and the corners between them are both whole: the
-// centre of the pixel (x, y) is (2x, 2y), and half the width is the width.
+// In doubled coordinates, where pixel centres and corners are integers: the centre of the pixel (x, y) is
+// (2x, 2y), and half the width is the width.
 class Capsule
 {
 public:
@@ -45,7 +45,7 @@ public:
         const auto down = static_cast<Wide>(std::abs(m_down));
         const Wide length = across * across + down * down;
         m_reach = FloorSqrt(length * static_cast<Wide>(width) * static_cast<Wide>(width));
-        m_way = 2 * static_cast<std::int64_t>(length);
+        m_squaredLength = 2 * static_cast<std::int64_t>(length);
     }
 
     std::int64_t TopRow() const { return CeilDiv(std::min(m_first.Y, m_last.Y) - m_width, 2); }
@@ -80,7 +80,7 @@ private:
         return {CeilDiv(end.X - half, 2), FloorDiv(end.X + half, 2)};
     }
 
-    // Between the lines square to the way through its ends, and no further from the way than the width.
+    // Between the perpendiculars through both ends of the segment, and within the width of it.
     Range PixelsBetween(std::int64_t row) const
     {
         const std::int64_t y = 2 * row - m_first.Y;
@@ -90,8 +90,8 @@ private:
         range.Limit(-2 * m_down, m_reach - cross);
         range.Limit(2 * m_down, m_reach + cross);
         range.Limit(-2 * m_across, dot);
-        range.Limit(2 * m_across, m_way - dot);
-        return m_way == 0 ? Range{1, 0} : range;
+        range.Limit(2 * m_across, m_squaredLength - dot);
+        return m_squaredLength == 0 ? Range{1, 0} : range;
     }
 
     Point m_first;
@@ -99,8 +99,8 @@ private:
     std::int64_t m_width;
     std::int64_t m_across;
     std::int64_t m_down;
-    std::int64_t m_reach; // width times length of the way
-    std::int64_t m_way;   // its squared length, once doubled
+    std::int64_t m_reach;         // width times length of the segment
+    std::int64_t m_squaredLength; // of the segment, times 2
 };
 
 } // namespace

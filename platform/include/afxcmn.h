@@ -4,7 +4,7 @@
 #include <afxwin.h>
 #include <commctrl.h>
 
-// Headings of columns, which the user can drag to another width.
+// Headings of columns that the user can resize.
 class CHeaderCtrl : public CWnd
 {
 public:
@@ -13,13 +13,13 @@ public:
     int GetItemCount() const { return static_cast<int>(::SendMessageW(m_hWnd, HDM_GETITEMCOUNT, 0, 0)); }
 };
 
-// Rows that have children. A handle is good until its row is deleted.
+// Nested rows. A handle is valid until its row is deleted.
 class CTreeCtrl : public CWnd
 {
 public:
     virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
-    // The new row; null if there is no such parent.
+    // The new row; null for an invalid parent.
     HTREEITEM InsertItem(const TVINSERTSTRUCTW* lpInsertStruct)
     {
         return reinterpret_cast<HTREEITEM>(Ask(TVM_INSERTITEMW, 0, lpInsertStruct));
@@ -33,13 +33,13 @@ public:
     }
     BOOL ItemHasChildren(HTREEITEM hItem) const;
     CString GetItemText(HTREEITEM hItem) const;
-    UINT_PTR GetItemData(HTREEITEM hItem) const;               // as TVIF_PARAM set it; 0 for no such row
-    UINT GetItemState(HTREEITEM hItem, UINT nStateMask) const; // TVIS_ values, those of the mask alone
+    UINT_PTR GetItemData(HTREEITEM hItem) const;               // set by TVIF_PARAM; 0 for an invalid handle
+    UINT GetItemState(HTREEITEM hItem, UINT nStateMask) const; // TVIS_ values within the mask
 
-    // The row under a point of the client area, and TVHT_ values if they are asked for; null for no row.
+    // The row at a point of the client area, and TVHT_ values; null for no row.
     HTREEITEM HitTest(CPoint pt, UINT* pFlags = nullptr) const;
 
-    // In client coordinates: of the label alone, or of the whole row. False for a row that isn't shown.
+    // In client coordinates: the label or the whole row. False for a row below a collapsed one.
     BOOL GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) const;
 
     BOOL Expand(HTREEITEM hItem, UINT nCode) { return static_cast<BOOL>(Ask(TVM_EXPAND, nCode, hItem)); }

@@ -6,29 +6,30 @@
 
 class ApplicationHolder;
 
-// Made from a dialog template of the module, as long as DoModal runs. Where the program has no application
-// object, one is there as long as the dialog object, so that fonts and metrics can be asked for before.
+// The window is created from a dialog template of the module, and exists while DoModal runs. A program
+// without an application object has one during the lifetime of the dialog object, so that fonts and metrics
+// are available before.
 class CDialog : public CWnd
 {
 public:
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
     ~CDialog() override;
 
-    // Shows the dialog and gives what EndDialog was given; -1 where it can't be shown, for want of a display,
-    // a template or memory, or because OnInitDialog threw. The parent, if there is one, takes no input
-    // meanwhile. What a handler throws ends with its message, and the dialog stays.
+    // Shows the dialog and gives the argument of EndDialog; -1 without a display, template or memory, and if
+    // OnInitDialog threw. The parent takes no input meanwhile. An exception of a handler ends with its
+    // message, and the dialog stays open.
     virtual INT_PTR DoModal();
 
-    // Ends the modal loop; the window stands until DoModal returns.
+    // Ends the modal loop. The window exists until DoModal returns.
     void EndDialog(int nResult);
 
-    // Called when all controls stand and nothing is shown yet. Carries out the template's init block and the
-    // data exchange; true for the focus to go to the first control.
+    // Called when all controls exist, before the dialog is shown. Runs the template's init block and the data
+    // exchange. TRUE gives the focus to the first control.
     virtual BOOL OnInitDialog();
 
 protected:
-    virtual void OnOK();     // data exchange to the members, and IDOK
-    virtual void OnCancel(); // IDCANCEL
+    virtual void OnOK();     // runs the data exchange to the members, and ends with IDOK
+    virtual void OnCancel(); // ends with IDCANCEL
 
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 

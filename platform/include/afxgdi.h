@@ -7,7 +7,7 @@
 
 class CDC;
 
-// Raised by constructors that can't make their object.
+// Raised by constructors that can't create their object.
 class CResourceException : public CException
 {
 public:
@@ -16,15 +16,15 @@ public:
 
 [[noreturn]] void AfxThrowResourceException();
 
-// Owns a handle: the destructor deletes it. The objects that FromHandle and SelectObject give for handles
-// which no object owns live as long as the handle, and belong to the framework.
+// Owns a handle: the destructor deletes it. For a handle without an owner, FromHandle and SelectObject give a
+// temporary object that lives as long as the handle.
 class CGdiObject : public CObject
 {
 public:
     CGdiObject() = default;
     ~CGdiObject() override;
 
-    // False, and nothing attached, for a null handle.
+    // Fails for a null handle.
     BOOL Attach(HGDIOBJ hObject);
     HGDIOBJ Detach();
     BOOL DeleteObject();

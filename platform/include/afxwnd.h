@@ -1,5 +1,5 @@
-// The class framework's windows. A CWnd is attached to a window, and the messages of the window go through
-// it: through its message map, and what that doesn't name to Default.
+// The class framework's windows. A CWnd is attached to a window and receives its messages: those in its
+// message map go to their handlers, the others to Default.
 #pragma once
 
 #include <afxdc.h>
@@ -9,36 +9,36 @@
 
 class CWnd;
 
-// One exchange of values between the controls of a window and its members.
+// An exchange of values between the controls of a window and the members of its object.
 struct CDataExchange {
     CWnd* m_pDlgWnd;
-    BOOL m_bSaveAndValidate; // from the controls to the members
+    BOOL m_bSaveAndValidate; // TRUE: from the controls to the members
 };
 
 class CWnd : public CCmdTarget
 {
 public:
     CWnd() = default;
-    ~CWnd() override; // destroys the window that is attached
+    ~CWnd() override; // destroys the attached window
 
-    // Makes a window of a class that AfxRegisterWndClass gave, and attaches it. A popup's parent is its
-    // owner. False, and nothing attached, when there is no display to show it on, no such class, or WM_CREATE
-    // gave -1; PostNcDestroy has been called then, and the object may be gone.
+    // Creates a window of a class of AfxRegisterWndClass, and attaches it. A popup's parent is its owner.
+    // Fails, with nothing attached, without a display or class, and if WM_CREATE gave -1; then PostNcDestroy
+    // has been called, and the object may be deleted.
     BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x, int y,
                   int nWidth, int nHeight, HWND hWndParent, UINT nID);
 
-    // Attaches a window that stands already; PreSubclassWindow is told first.
+    // Attaches an existing window and calls PreSubclassWindow.
     BOOL SubclassWindow(HWND hWnd);
     HWND Detach();
 
-    // The object attached to a window; else one that the framework keeps for it as long as the window lives.
-    // Null for a handle that isn't a window. The desktop's id of a window of the host's is a handle too, for
-    // owning dialogs and nothing else: a widget's, or an X window's.
+    // The object attached to a window, otherwise a temporary one during the lifetime of the window. Null for
+    // an invalid handle. The desktop's id of a host's window, a widget or an X window, is valid as the owner
+    // of a dialog only.
     static CWnd* FromHandle(HWND hWnd);
-    static CWnd* FromHandlePermanent(HWND hWnd); // the attached one alone
+    static CWnd* FromHandlePermanent(HWND hWnd); // null if none is attached
     HWND GetSafeHwnd() const { return m_hWnd; }
 
-    // Sends WM_DESTROY, then WM_NCDESTROY as the last message of all.
+    // Sends WM_DESTROY, and WM_NCDESTROY as the last message.
     virtual BOOL DestroyWindow();
 
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
@@ -47,13 +47,13 @@ public:
     }
 
     DWORD GetStyle() const;
-    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd); // whether anything changed
+    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd); // gives whether the style changed
     CWnd* GetParent() const;
     int GetDlgCtrlID() const;
 
     CWnd* GetDlgItem(int nID) const;
 
-    // Runs DoDataExchange.
+    // Calls DoDataExchange.
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
 
     void GetClientRect(LPRECT lpRect) const { ::GetClientRect(m_hWnd, lpRect); }
@@ -69,21 +69,21 @@ public:
         return ::RedrawWindow(m_hWnd, lpRectUpdate, nullptr, flags);
     }
 
-    BOOL EnableWindow(BOOL bEnable = TRUE); // whether it was disabled before
+    BOOL EnableWindow(BOOL bEnable = TRUE); // gives whether it was disabled before
     BOOL IsWindowEnabled() const;
     CWnd* SetFocus();
-    CWnd* SetActiveWindow();       // of the window that this one is in; the one that was active
-    BOOL ShowWindow(int nCmdShow); // SW_SHOW or SW_HIDE; whether it was shown before
+    CWnd* SetActiveWindow();       // of the top-level window; gives the previous one
+    BOOL ShowWindow(int nCmdShow); // SW_SHOW or SW_HIDE; gives whether it was shown before
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
 
     BOOL GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
     BOOL SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
 
-    // From now on the window is sent WM_NOTIFY with TTN_NEEDTEXTW when a tooltip could show at the mouse; no
-    // text, no tooltip.
+    // Makes the window receive WM_NOTIFY with TTN_NEEDTEXTW when the mouse rests on it; an empty text shows
+    // no tooltip.
     BOOL EnableToolTips(BOOL bEnable = TRUE);
 
-    // From SetCapture on all mouse messages come to this window, those outside of it included.
+    // Directs all mouse messages to this window, also those outside of it.
     CWnd* SetCapture();
     static CWnd* GetCapture();
 
@@ -92,43 +92,42 @@ public:
     CFont* GetFont() const;
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
 
-    // Sees every message of input for this window, and for the windows in it, before it is sent; true keeps
-    // it from being sent.
+    // Called before an input message is sent to this window or one inside of it; TRUE suppresses the message.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
 
     HWND m_hWnd = nullptr;
 
 protected:
-    // Called before a window is attached.
+    // Called when an existing window has been attached.
     virtual void PreSubclassWindow();
 
-    // Leads a message through the map; what that doesn't name, to DefWindowProc.
+    // Calls the handler in the message map, or DefWindowProc.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 
-    // A message about this window that its parent has been sent; true when it is dealt with.
+    // A message that the parent reflects to this window; TRUE if it is handled.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 
-    // What the window's own handling makes of the message that is being handled.
+    // Passes the current message to the window's own handling.
     LRESULT Default();
 
-    // Ties controls to members, and moves values, by the DDX functions.
+    // Attaches controls to members, and exchanges values, with the DDX functions.
     virtual void DoDataExchange(CDataExchange* pDX);
 
-    // The message that is being handled, with the mouse's place.
+    // The message that is being handled, with the position of the mouse.
     static const MSG* GetCurrentMessage();
 
-    // The window is gone, or couldn't be made; the last call that an object gets from it.
+    // The last call: the window is destroyed, or couldn't be created.
     virtual void PostNcDestroy();
 
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnDestroy() { Default(); }
     afx_msg void OnNcDestroy();
     afx_msg void OnSetFocus(CWnd* /*pOldWnd*/) { Default(); }
-    // Tells the objects of all windows in this one too, which nobody else does, unless it is in one itself.
+    // A top-level window forwards the message to the objects of all windows inside.
     afx_msg void OnSettingChange(UINT uFlags, LPCTSTR lpszSection);
     afx_msg void OnHScroll(UINT /*nSBCode*/, UINT /*nPos*/, CWnd* /*pScrollBar*/) { Default(); }
 
@@ -140,10 +139,10 @@ private:
     DECLARE_MESSAGE_MAP()
 };
 
-// Attaches the object to the control of the id, unless it has a window already. Raises the invalid argument
-// exception where there is no such control.
+// Attaches the object to the control with the id, unless it has a window already. Raises the invalid argument
+// exception if there is no such control.
 void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 
-// The name of a window class with the style and the background, a system colour's index and 1 (0: none).
+// The name of a window class with this style and background, the index of a system colour plus 1 (0: none).
 LPCTSTR AfxRegisterWndClass(UINT nClassStyle, HANDLE hCursor = nullptr, HBRUSH hbrBackground = nullptr,
                             HANDLE hIcon = nullptr);

@@ -1,4 +1,4 @@
-// Points, sizes and rectangles as the class framework has them.
+// The class framework's points, sizes and rectangles.
 #pragma once
 
 #include <windows.h>

@@ -5,7 +5,7 @@
 #include <winheader.h>
 #include <wintree.h>
 
-// ---- Notifications that all controls know
+// ---- Notifications of all controls
 
 constexpr int NM_RCLICK = -5;
 constexpr int NM_CUSTOMDRAW = -12;
@@ -33,7 +33,7 @@ struct NMCUSTOMDRAW {
 
 struct NMTVCUSTOMDRAW {
     NMCUSTOMDRAW nmcd;
-    COLORREF clrText; // the item's colours, as its state makes them
+    COLORREF clrText; // the item's colours in its state
     COLORREF clrTextBk;
     int iLevel;
 };
@@ -58,7 +58,7 @@ struct NMTTDISPINFOA {
 
 struct NMTTDISPINFOW {
     NMHDR hdr;
-    LPWSTR lpszText; // at szText, unless the answer moves it
+    LPWSTR lpszText; // szText, unless the handler changes it
     WCHAR szText[tooltipTextSize];
     HMODULE hinst;
     UINT uFlags;

@@ -1,9 +1,8 @@
 // Device contexts, the objects selected into them, and drawing. Names, values and contracts are those of
 // Windows; the bodies are in platform/gdi.
 //
-// A context draws on a 32-bit surface, and nothing outside its clip rectangle. Coordinates are pixels; those
-// beyond 2^27 count as 2^27. A null handle makes every function fail, that is give 0; a handle that isn't
-// null has to be one that these functions gave out and that hasn't been deleted.
+// A context draws on a 32-bit surface, within its clip rectangle. Coordinates are pixels and limited to
+// +-2^27. A function fails, that is gives 0, for a null handle; any other handle has to be valid.
 #pragma once
 
 #include <windef.h>
@@ -29,8 +28,8 @@ constexpr COLORREF CLR_DEFAULT = 0xFF000000;
 
 // ---- Objects
 //
-// A process has at most 10000 of them, then none can be made and the functions give null. Who makes an object
-// deletes it. An object that a context still has selected goes when the context lets go of it.
+// A process has at most 10000 of them; more can't be created. The creator deletes an object. A selected
+// object is deleted when the context releases it.
 
 constexpr int PS_SOLID = 0;
 constexpr int PS_DASH = 1;
@@ -39,8 +38,8 @@ constexpr int PS_DASHDOT = 3;
 constexpr int PS_DASHDOTDOT = 4;
 constexpr int PS_NULL = 5;
 
-// A pen of width 0 is one pixel wide, and a negative width counts by its size. A pen wider than one pixel is
-// solid whatever its style, unless that is PS_NULL; so is a pen of a style that doesn't exist.
+// A pen of width 0 is one pixel wide; the sign of the width is ignored. A pen wider than one pixel is solid,
+// except with PS_NULL; so is a pen of an unknown style.
 HPEN CreatePen(int style, int width, COLORREF color);
 
 HBRUSH CreateSolidBrush(COLORREF color);
@@ -49,9 +48,8 @@ constexpr int LF_FACESIZE = 32;
 constexpr LONG FW_NORMAL = 400;
 constexpr LONG FW_BOLD = 700;
 
-// lfHeight: below 0 the height of the letters in pixels, above 0 that of a line, 0 for a common size. Of the
-// rest weight, italic, underline, strike-out and the face name are heeded; an empty name stands for the
-// desktop's font.
+// lfHeight in pixels: negative for letters, positive for lines, 0 for a default. Weight, italic, underline,
+// strike-out and the face name are used, the rest is ignored. An empty name stands for the desktop's font.
 struct LOGFONTW {
     LONG lfHeight;
     LONG lfWidth;
@@ -70,8 +68,8 @@ struct LOGFONTW {
 };
 HFONT CreateFontIndirectW(const LOGFONTW* font);
 
-// A black bitmap; null when a side isn't positive, or there is no memory for it. One context at a time can
-// have it.
+// A black bitmap; null if a side isn't positive, and without memory. It can be selected into one context at a
+// time.
 HBITMAP CreateCompatibleBitmap(HDC context, int width, int height);
 
 struct PALETTEENTRY {
@@ -86,7 +84,7 @@ struct LOGPALETTE {
     PALETTEENTRY palPalEntry[1];
 };
 
-// The surfaces have all colours, so a palette can be selected and realized, and changes nothing.
+// Surfaces have all colours: palettes can be selected and realized, without effect.
 HPALETTE CreatePalette(const LOGPALETTE* palette);
 HPALETTE SelectPalette(HDC context, HPALETTE palette, BOOL forceBackground);
 UINT RealizePalette(HDC context);
@@ -97,14 +95,14 @@ constexpr int BLACK_PEN = 7;
 constexpr int NULL_PEN = 8;
 constexpr int DEFAULT_GUI_FONT = 17;
 
-// One of those above, which nobody deletes; null for another number.
+// One of the objects above, which are never deleted; null for any other number.
 HGDIOBJ GetStockObject(int number);
 
-// Copies the LOGFONTW of a font and gives its size in bytes; 0 for other objects and for a buffer that is too
+// Copies the LOGFONTW of a font and gives its size in bytes; 0 for other objects and if the buffer is too
 // small.
 int GetObjectW(HGDIOBJ object, int size, void* buffer);
 
-// Gives the object that was selected in its place. Null when the bitmap is in another context.
+// Gives the previous object. Null if the bitmap is selected into another context.
 HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 
 BOOL DeleteObject(HGDIOBJ object);
@@ -116,12 +114,12 @@ constexpr int OPAQUE = 2;
 constexpr int RASTERCAPS = 38;
 constexpr int RC_PALETTE = 0x100;
 
-// A context on memory, on which nothing can be drawn until a bitmap is selected into it.
+// A memory context, which draws on the selected bitmap.
 HDC CreateCompatibleDC(HDC context);
 BOOL DeleteDC(HDC context);
-int GetDeviceCaps(HDC context, int index); // 0: no capability that anybody asks for
+int GetDeviceCaps(HDC context, int index); // 0: none of the capabilities
 
-// Each gives the value before; CLR_INVALID or 0 on failure.
+// Each gives the previous value; CLR_INVALID or 0 on failure.
 COLORREF SetTextColor(HDC context, COLORREF color);
 COLORREF SetBkColor(HDC context, COLORREF color);
 int SetBkMode(HDC context, int mode);
@@ -134,30 +132,29 @@ BOOL PtVisible(HDC context, int x, int y);
 
 BOOL MoveToEx(HDC context, int x, int y, LPPOINT previous);
 
-// Strokes from the current position up to, not including, the point, and moves there. The gaps of a styled
-// pen take the background colour in mode OPAQUE and stay untouched in mode TRANSPARENT; its dashes begin anew
-// with each line. A wide pen has round ends, which reach half its width past the first and the last pixel of
-// the line.
+// Draws from the current position up to, not including, the point, and moves there. The gaps of a styled pen
+// take the background colour in mode OPAQUE and stay unchanged in mode TRANSPARENT; the dashes restart with
+// each line. A wide pen has round ends, which reach half its width beyond the first and the last pixel of the
+// line.
 BOOL LineTo(HDC context, int x, int y);
 
-// Outline, one pixel thick whatever the pen's width, and interior of a box without its right and bottom edge.
-// With the null pen the interior fills the box but for one more pixel at the right and the bottom. Sides may
+// Draws outline and interior of a box without its right and bottom edge. The outline has one pixel, whatever
+// the pen's width. With the null pen the interior loses one more pixel at the right and the bottom. Sides may
 // be exchanged.
 BOOL Rectangle(HDC context, int left, int top, int right, int bottom);
 BOOL Ellipse(HDC context, int left, int top, int right, int bottom);
 
-// Paints with the brush from the point on, up, down and sideways, to pixels of the given colour and the edges
-// of the clip rectangle. Fails when the point has that colour or lies outside the clip rectangle.
+// Fills the area around the point with the brush, up to the border colour and the clip rectangle. Fails if
+// the point has that colour or lies outside of the clip rectangle.
 BOOL FloodFill(HDC context, int x, int y, COLORREF border);
 
-// Fails, as no path is ever open.
+// Fails: there are no paths.
 BOOL CloseFigure(HDC context);
 
 constexpr DWORD SRCCOPY = 0x00CC0020;
 
-// Copies pixels; both contexts may be the same. Only SRCCOPY is known.
+// Copies pixels, also within one context. Supports SRCCOPY only.
 BOOL BitBlt(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY, DWORD operation);
 
-// The size of a single line of text in pixels; 0 by 0 while there is no application object that could know
-// fonts.
+// The size of a single line of text in pixels; 0 by 0 without an application object that knows fonts.
 BOOL GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, LPSIZE size);

@@ -15,7 +15,7 @@ constexpr UINT SB_LEFT = 6;
 constexpr UINT SB_RIGHT = 7;
 constexpr UINT SB_ENDSCROLL = 8;
 
-// Which bar: the window's own ones, or the window is the bar.
+// Which bar: the window's own one, or the window itself.
 constexpr int SB_VERT = 1;
 constexpr int SB_CTL = 2;
 
@@ -27,8 +27,8 @@ constexpr UINT SIF_POS = 0x0004;
 constexpr UINT SIF_TRACKPOS = 0x0010;
 constexpr UINT SIF_ALL = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_TRACKPOS;
 
-// From nMin to nMax, both included, of which nPage are seen at a time; so the highest position is
-// nMax - nPage + 1.
+// The range is nMin to nMax, both included, of which nPage are visible; the maximum position is nMax - nPage
+// + 1.
 struct SCROLLINFO {
     UINT cbSize;
     UINT fMask;
@@ -41,8 +41,8 @@ struct SCROLLINFO {
 using LPSCROLLINFO = SCROLLINFO*;
 using LPCSCROLLINFO = const SCROLLINFO*;
 
-// What fMask names is read, or set. False for a window without such a bar. A bar that a window doesn't need
-// has nMin equal to nMax. SetScrollInfo serves SB_CTL alone; it gives the position afterwards.
+// Gets or sets what fMask names. False for a window without such a bar. If all is visible, nMin equals nMax.
+// SetScrollInfo supports SB_CTL only, and gives the new position.
 BOOL GetScrollInfo(HWND window, int bar, LPSCROLLINFO info);
 int SetScrollInfo(HWND window, int bar, LPCSCROLLINFO info, BOOL redraw);
 int GetScrollPos(HWND window, int bar);

@@ -1,5 +1,5 @@
-// The drawing that is common to windows and controls: system colours, edges, marks, text, and rectangles.
-// Names, values and contracts are those of Windows; the bodies are in platform/gdi.
+// System colours, edges, text and rectangles. Names, values and contracts are those of Windows; the bodies
+// are in platform/gdi.
 #pragma once
 
 #include <windef.h>
@@ -19,8 +19,8 @@ constexpr int COLOR_BTNHIGHLIGHT = 20;
 constexpr int COLOR_3DDKSHADOW = 21;
 constexpr int COLOR_3DLIGHT = 22;
 
-// The desktop's present colour for the parts above, once there is an application object; else one of a fixed
-// table. Black for an index that doesn't exist; those from 0 to 30 do.
+// The desktop's current colour for the parts above, if there is an application object, otherwise that of a
+// fixed table. Indexes are 0 to 30; black for any other.
 COLORREF GetSysColor(int index);
 
 // ---- Edges and marks
@@ -37,8 +37,8 @@ constexpr UINT BF_RIGHT = 4;
 constexpr UINT BF_BOTTOM = 8;
 constexpr UINT BF_RECT = BF_LEFT | BF_TOP | BF_RIGHT | BF_BOTTOM;
 
-// Draws the named sides of an edge just inside the rectangle, the outer border first and the inner one within
-// it, each one pixel thick. The right and bottom sides have the corners that they share with the others.
+// Draws the named sides of an edge inside the rectangle: the outer border, and the inner one within it, each
+// one pixel thick. The right and bottom sides own the shared corners.
 BOOL DrawEdge(HDC context, LPRECT rectangle, UINT edge, UINT flags);
 
 constexpr UINT DFC_SCROLL = 3;
@@ -46,10 +46,10 @@ constexpr UINT DFCS_SCROLLDOWN = 1;
 constexpr UINT DFCS_INACTIVE = 0x100;
 constexpr UINT DFCS_PUSHED = 0x200;
 
-// Draws the button of a scroll bar with an arrow that points down. Fails for any other type or mark.
+// Draws the button of a scroll bar with a down arrow. Fails for any other type.
 BOOL DrawFrameControl(HDC context, LPRECT rectangle, UINT type, UINT state);
 
-// Inverts every second pixel along the inside of the rectangle: drawing it again takes it away.
+// Inverts every second pixel along the inside of the rectangle: a second call removes it.
 BOOL DrawFocusRect(HDC context, LPCRECT rectangle);
 
 BOOL FillRect(HDC context, LPCRECT rectangle, HBRUSH brush);
@@ -64,9 +64,9 @@ constexpr UINT DT_NOPREFIX = 0x800;
 constexpr UINT DT_END_ELLIPSIS = 0x8000;
 
 // Draws text into a rectangle and gives the height of its lines. A negative count stands for zero-terminated
-// text. An ampersand underlines the next character unless DT_NOPREFIX is set. DT_CALCRECT draws nothing, and
-// sets right and bottom to what the text needs. Text past 8192 units is cut off. Without an application
-// object that knows fonts the text has no size and nothing is drawn.
+// text. An ampersand underlines the next character, except with DT_NOPREFIX. DT_CALCRECT doesn't draw, but
+// sets right and bottom to the extent of the text. Text is limited to 8192 units. Without an application
+// object that knows fonts, nothing is drawn and the size is 0.
 int DrawTextW(HDC context, LPCWSTR text, int count, LPRECT rectangle, UINT format);
 
 // ---- Rectangles

@@ -29,20 +29,20 @@ void SetQtCustomColors(const CustomColors& colors)
         QColorDialog::setCustomColor(i, colors[static_cast<std::size_t>(i)]);
 }
 
-// Qt has one set of custom colours for the whole program, and keeps it in the user's settings. The host's are
-// lent to a dialog, with the dialog's own in them, and given back before Qt stores them.
-class CustomColorLoan
+// Qt has one set of custom colours for the program, and stores it in the user's settings. During the lifetime
+// of this object it contains the dialog's own colours; the host's are restored before Qt stores them.
+class CustomColorScope
 {
 public:
-    explicit CustomColorLoan(std::span<COLORREF> own) : m_own(own), m_host(QtCustomColors())
+    explicit CustomColorScope(std::span<COLORREF> own) : m_own(own), m_host(QtCustomColors())
     {
         CustomColors colors = m_host;
         std::ranges::transform(m_own, colors.begin(), gdi::ToQColor);
         SetQtCustomColors(colors);
     }
-    CustomColorLoan(const CustomColorLoan&) = delete;
-    CustomColorLoan& operator=(const CustomColorLoan&) = delete;
-    ~CustomColorLoan()
+    CustomColorScope(const CustomColorScope&) = delete;
+    CustomColorScope& operator=(const CustomColorScope&) = delete;
+    ~CustomColorScope()
     {
         const CustomColors colors = QtCustomColors();
         std::transform(colors.begin(), colors.begin() + static_cast<std::ptrdiff_t>(m_own.size()),
@@ -61,12 +61,12 @@ INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
     if (!CanShowWindows())
         return IDCANCEL;
     Window* const window = Window::Of(owner);
-    // The dialog goes with its owner if that goes first.
+    // The owner may delete the dialog.
     const QPointer dialog(new QColorDialog(window != nullptr ? &window->Widget() : nullptr));
     dialog->setOption(QColorDialog::DontUseNativeDialog);
     INT_PTR result = IDCANCEL;
     {
-        const CustomColorLoan loan(std::span(customColors, customColors != nullptr ? customCount : 0));
+        const CustomColorScope scope(std::span(customColors, customColors != nullptr ? customCount : 0));
         dialog->setCurrentColor(gdi::ToQColor(color));
         if (dialog->exec() == QDialog::Accepted && !dialog.isNull()) {
             color = gdi::ToColorRef(dialog->selectedColor());
@@ -87,7 +87,7 @@ CColorDialog::CColorDialog(COLORREF clrInit, DWORD dwFlags, CWnd* pParentWnd)
     m_cc.Flags = dwFlags | CC_RGBINIT;
 }
 
-// What fails is a dialog that the user has given up.
+// A failure counts as IDCANCEL.
 INT_PTR CColorDialog::DoModal()
 {
     COLORREF color = m_cc.rgbResult;

@@ -22,12 +22,11 @@ QString ToQString(const path& native)
 
 CString PathOf(const QString& native)
 {
-    const std::u16string text = DrivePath(
-        ToUtf8({reinterpret_cast<LPCWSTR>(native.utf16()), static_cast<std::size_t>(native.size())}));
+    const std::u16string text = DrivePath(ToUtf8(gdi::ToView(native)));
     return {text.data(), static_cast<int>(text.size())};
 }
 
-// Qt takes the patterns from behind the label, and keeps them from being shown.
+// Qt takes the patterns from the end of the label, and hides them.
 QStringList NameFilters(std::u16string_view filter)
 {
     QStringList filters;
@@ -49,8 +48,7 @@ path NearestFolder(path folder)
     return folder;
 }
 
-// Tells files by their names: Qt would look into each one of a folder, and without end where a link leads to
-// a device.
+// Determines types from names alone: Qt would read every file of a folder, and hang at a link to a device.
 class NameIcons : public QFileIconProvider
 {
 public:
@@ -63,7 +61,7 @@ public:
     }
 };
 
-// The desktop's own dialog would add the extension when it has asked about overwriting already.
+// The desktop's own dialog would add the extension after it has asked about overwriting.
 void SetUp(QFileDialog& dialog, const OPENFILENAMEW& wanted, bool opens)
 {
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
@@ -105,7 +103,7 @@ INT_PTR CFileDialog::DoModal()
     const ApplicationHolder application;
     if (!CanShowWindows())
         return IDCANCEL;
-    // The dialog goes with its owner if that goes first.
+    // The owner may delete the dialog.
     NameIcons icons; // outlives the dialog
     const QPointer dialog(new QFileDialog(DialogOwner(m_ofn.hwndOwner)));
     const auto end = qScopeGuard([&dialog] { delete dialog; });

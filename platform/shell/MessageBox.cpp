@@ -16,19 +16,19 @@ namespace
 
 constexpr int notShown = 0;
 
-// Qt's platforms that nobody looks at: there a box would stay open for ever.
-constexpr const char* blindPlatforms[] = {"minimal", "offscreen"};
+// Qt's platforms without a user, where a box would stay open for ever.
+constexpr const char* platformsWithoutUser[] = {"minimal", "offscreen"};
 
 bool isOpen = false;
 
 bool HasUser()
 {
-    return CanShowWindows() &&
-           std::ranges::find(blindPlatforms, QGuiApplication::platformName()) == std::end(blindPlatforms);
+    return CanShowWindows() && std::ranges::find(platformsWithoutUser, QGuiApplication::platformName()) ==
+                                   std::end(platformsWithoutUser);
 }
 
-// Goes with its owner if that goes first; one that comes back without an answer is none, as Qt shows nothing
-// once the program has been told to end.
+// The owner may delete the box, which counts as an answer. A box that ends without a clicked button hasn't
+// been shown: Qt shows none while the program is quitting.
 int Ask(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
     const QScopedValueRollback opening(isOpen, true);
@@ -42,7 +42,7 @@ int Ask(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     return answer;
 }
 
-// One box at a time: the host lives on behind it, and may call the library for as long as it is open.
+// One box at a time: the host runs on while a box is open, and may call the library.
 int ShowMessage(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
     int answer = notShown;

@@ -16,21 +16,22 @@
 namespace
 {
 
-// Sees the mouse events of the program while a window has the capture, and the program's coming and going.
+// Filters mouse events while a window has the capture, and reports that the program is activated or
+// deactivated.
 class Watcher : public QObject
 {
 public:
     explicit Watcher(QApplication& application) : QObject(&application)
     {
         application.installEventFilter(this);
-        connect(&application, &QGuiApplication::applicationStateChanged, this, &Watcher::TellActivation);
+        connect(&application, &QGuiApplication::applicationStateChanged, this, &Watcher::SendActivation);
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override { return ServeCapture(receiver, event); }
 
 private:
-    // Every top-level window hears of it, with whether the program is active now.
-    void TellActivation(Qt::ApplicationState state)
+    // To all top-level windows.
+    void SendActivation(Qt::ApplicationState state)
     {
         const bool isActive = state == Qt::ApplicationActive;
         if (isActive == m_isActive)
@@ -48,9 +49,9 @@ private:
     bool m_isActive = true;
 };
 
-int holderCount = 0; // all of one thread
+int holderCount = 0; // all on one thread
 
-// No static object, as widgets that are open when the program ends would not survive it.
+// Not a static object: widgets that are open at the end of the program would outlive it.
 QApplication* ownApplication = nullptr;
 
 bool IsMainThread()
@@ -71,7 +72,7 @@ void MakeApplication()
     ownApplication = new QApplication(count, arguments);
 }
 
-// Windows that are to be deleted go first.
+// Deletes windows whose deletion is pending first.
 void EndApplication()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -79,7 +80,7 @@ void EndApplication()
     RestoreXHandlers();
 }
 
-// Null where it is another thread's, or one without widgets.
+// Null if it belongs to another thread or has no widgets.
 QApplication* ApplicationOfThread()
 {
     auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
@@ -95,8 +96,8 @@ QPointer<Watcher>& CurrentWatcher()
 
 } // namespace
 
-// Qt takes the first thread that asks it for anything for the program's main one: nothing is asked before the
-// thread is known to be one for windows.
+// Qt takes the first thread that calls it for the main thread. So it isn't called until this is known to be a
+// thread for windows.
 ApplicationHolder::ApplicationHolder(MakingThread thread)
 {
     if (QCoreApplication::instance() == nullptr && (thread == MakingThread::Calling || IsMainThread()))
@@ -126,7 +127,7 @@ bool CanShowWindows()
            QGuiApplication::primaryScreen() != nullptr && !HasLostXServer();
 }
 
-// A window of ours that has been destroyed is hidden first, and may be the active one for a while still.
+// A destroyed window of ours is hidden, but may remain the active one for a while.
 QWidget* DialogOwner(HWND owner)
 {
     if (Window* const window = Window::Of(owner))

@@ -5,13 +5,13 @@
 
 class QWidget;
 
-// Where an application object may be made for a program that has none: a dialog is opened by the thread of
-// the program's windows, a message comes from any.
+// Which thread may create the application object of a program without one. A dialog is opened by the thread
+// of the program's windows; a message box comes from any thread.
 enum class MakingThread { Calling, Main };
 
-// Holds the application object as long as windows need it. The program's own is left as it is. Where there is
-// none, and a display, the outermost holder makes one and ends it with itself; then nothing of it stays, and
-// the program may make its own. Holders end in reverse order. One on the wrong thread holds nothing.
+// Keeps an application object while windows need it. The program's own is left alone. If there is none, but a
+// display, the outermost holder creates one and deletes it at its end; nothing of it remains, and the program
+// may create its own. Holders end in reverse order. A holder on the wrong thread has no effect.
 class ApplicationHolder
 {
 public:
@@ -24,11 +24,10 @@ private:
     bool m_holds = false;
 };
 
-// Whether this thread can show windows now: there is an application object, of this thread, with a screen,
-// and its X server, if it has one, has not gone away.
+// Whether this thread can show windows now: it has an application object with a screen, and the X server, if
+// there is one, still runs.
 bool CanShowWindows();
 
-// The top-level widget that a dialog stands before: that of the owner, a window of the layer's or of the
-// host's, else the program's active one; null if there is none, and before a foreign window, which is no
-// widget.
+// The top-level widget that owns a dialog: that of the owner, which is a window of the layer or the host,
+// otherwise the active one. Null if there is none, and for a foreign window, which isn't a widget.
 QWidget* DialogOwner(HWND owner);

@@ -5,7 +5,7 @@
 namespace
 {
 
-constexpr std::uint16_t numberMark = 0xFFFF; // in the place of a name's first character
+constexpr std::uint16_t numberMark = 0xFFFF; // instead of the first character of a name
 constexpr std::size_t alignment = 4;
 
 } // namespace

@@ -1,5 +1,4 @@
-// Reads the layouts of compiled resources out of bytes that nobody has checked: little-endian numbers and
-// 16-bit texts, at any address.
+// Reads compiled resources from unchecked bytes: little-endian numbers and 16-bit texts at any address.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +6,16 @@
 #include <span>
 #include <string>
 
-// What resources name by either a number or a text. An empty text with number 0 is "none".
+// A name in a resource: a number or a text. Number 0 with an empty text stands for no name.
 struct ResourceName {
-    std::uint16_t Number = 0; // 0 where the text counts
+    std::uint16_t Number = 0; // 0 if the name is a text
     std::u16string Text;
 
     bool operator==(const ResourceName&) const = default;
 };
 
-// A read past the end spoils the reader: it and every later one give zeros and empty texts, and Good tells so
-// once all is read. The bytes stay the caller's and must outlive the reader.
+// After a read past the end, Good is false, and this and all later reads give zeros and empty texts. The
+// bytes have to outlive the reader.
 class ByteReader
 {
 public:
@@ -32,16 +31,16 @@ public:
     // Two's complement, as coordinates are stored.
     std::int16_t Short() { return static_cast<std::int16_t>(Word()); }
 
-    // Up to a terminating zero, which is passed over.
+    // Up to the terminating zero, which is skipped.
     std::u16string Text();
 
     // 0xFFFF and a number, or a text.
     ResourceName Name();
 
-    // The next bytes as they stand.
+    // The next bytes, unchanged.
     std::span<const std::byte> Bytes(std::size_t count);
 
-    // Moves on to a multiple of 4 bytes from the start, or to the end if that comes first.
+    // Skips to a multiple of 4 bytes from the start, or to the end.
     void Align();
 
 private:

@@ -12,8 +12,8 @@ namespace
 Window* captureWindow = nullptr;
 QPoint messagePosition;
 
-// Shows us the mouse outside of our windows too. A display gives it to none that isn't on the screen yet, as
-// one that waits for its window manager.
+// For mouse events outside of our windows. A display refuses the grab to a window that isn't on the screen
+// yet, for instance because it waits for the window manager.
 void GrabIfExposed()
 {
     QWidget& widget = captureWindow->Client();

@@ -1,4 +1,3 @@
-// What the user hears when a command ends in an exception.
 #include "CommandFailure.h"
 
 #include <afxobj.h>

@@ -1,9 +1,9 @@
-// What the user hears when a command ends in an exception.
+// Reports a command that ended in an exception to the user.
 #pragma once
 
 #include <windef.h>
 
 class PLATFORM_API CException;
 
-// In a message box. Raises the memory exception.
+// Shows a message box. Raises the memory exception.
 void ReportCommandFailure(const CException& failure);

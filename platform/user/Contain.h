@@ -1,10 +1,9 @@
-// The end of the road for what handlers throw: on the other side stands Qt, through which no exception may
-// pass.
+// Exception barrier: nothing may unwind through Qt.
 #pragma once
 
 #include <afxobj.h>
 
-// Runs the body; an exception out of it, of whatever kind, ends here. Gives whether none came.
+// Calls body and ends every exception of it. Gives whether there was none.
 template <class Body> bool Contain(Body body) noexcept
 {
     try {
@@ -12,7 +11,7 @@ template <class Body> bool Contain(Body body) noexcept
         return true;
     } catch (CException* e) {
         e->Delete();
-    } catch (...) { // the message that threw is all that is lost
+    } catch (...) { // only the message that threw is lost
     }
     return false;
 }

@@ -37,7 +37,7 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
 
 CDialog::~CDialog()
 {
-    CWnd::DestroyWindow(); // before what it needs goes
+    CWnd::DestroyWindow(); // while the application object exists
 }
 
 INT_PTR CDialog::DoModal()
@@ -81,7 +81,7 @@ BOOL CDialog::OnInitDialog()
     return TRUE;
 }
 
-// The block's texts are those of list items; its message numbers are those of the 16-bit system.
+// The block adds list items; its message numbers are those of the 16-bit system.
 void CDialog::RunInitBlock()
 {
     for (const DialogInitEntry& entry : InitEntriesOf(m_nIDTemplate)) {

@@ -1,5 +1,4 @@
-// What a dialog's controls are filled with as it opens: its init block, which stands under the dialog's own
-// number.
+// The init block of a dialog: the initial contents of its controls. It has the number of the dialog.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +8,7 @@
 #include <string>
 #include <vector>
 
-// The messages in a block keep their numbers of 16-bit days, whatever the control takes today. This one adds
-// a text to the list of a combo box.
+// Messages in a block have the numbers of the 16-bit system. This one adds a text to the list of a combo box.
 constexpr std::uint16_t initAddToComboBox = 0x0403;
 
 struct DialogInitEntry {
@@ -19,7 +17,6 @@ struct DialogInitEntry {
     std::u16string Text;
 };
 
-// Reads a resource of type DialogInit and gives its entries in order. The texts are 8 bits wide in the block
-// and are taken for UTF-8. Gives nothing where the bytes end too early or a text has no terminator. Throws
-// std::bad_alloc.
+// Reads a resource of type DialogInit and gives its entries in order. The texts in the block are taken for
+// UTF-8. Gives nothing if the bytes end too early or a text has no terminator. Throws std::bad_alloc.
 std::optional<std::vector<DialogInitEntry>> ReadDialogInit(std::span<const std::byte> bytes);

@@ -15,7 +15,7 @@ constexpr int unitsDown = 8;
 constexpr int dotsPerInch = 96;
 constexpr int pointsPerInch = 72;
 
-// The names of the desktop's own font.
+// Names that stand for the desktop's font.
 constexpr std::u16string_view desktopFaces[] = {u"MS Shell Dlg", u"MS Shell Dlg 2"};
 
 constexpr const char16_t* letters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";

@@ -1,4 +1,4 @@
-// The window of a dialog, made from a template.
+// The window of a dialog, created from a template.
 #pragma once
 
 #include "DialogTemplate.h"
@@ -11,20 +11,20 @@ class CDialog;
 class DialogWindow : public WidgetWindow<QDialog>
 {
 public:
-    // The window and its controls, in the template's order; a control whose class nobody knows is left out.
+    // Creates the controls in the template's order, except those of an unknown class.
     DialogWindow(const DialogTemplate& source, QWidget* parent);
 
-    // What a dialog unit is in pixels: of the template's font.
+    // Dialog units depend on the template's font.
     QRect ToPixels(const DialogRect& units) const;
 
     void FocusFirstControl() { focusNextPrevChild(true); }
 
-    // By the user: Escape, or the frame's cross.
+    // The user pressed Escape or closed the window.
     void reject() override;
 
 private:
     void ApplyFont(const DialogTemplate& source);
     void AddControl(const DialogItem& item);
 
-    QSize m_baseUnits; // of four units across and eight down
+    QSize m_baseUnits; // pixels, of four units across and eight down
 };

@@ -19,14 +19,14 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::seconds longestTrial{5};
-constexpr std::chrono::seconds refusalHolds{2};
-constexpr std::chrono::minutes silenceHolds{1};
+constexpr std::chrono::seconds maxDuration{5};
+constexpr std::chrono::seconds failureLifetime{2};
+constexpr std::chrono::minutes timeoutLifetime{1};
 
-// The trial that failed last.
+// The last trial that failed.
 struct Failure {
     std::string Display;
-    Clock::time_point HoldsUntil;
+    Clock::time_point ValidUntil;
 };
 
 Failure& LastFailure()
@@ -41,7 +41,7 @@ void EndTrialAtFatal(QtMsgType type, const QMessageLogContext& /*context*/, cons
         _exit(EXIT_FAILURE);
 }
 
-// None of the host's handlers, files and threads are the child's own.
+// Detaches the child from the host: signal handlers and standard files.
 void LeaveHost()
 {
     for (int number = 1; number < NSIG; ++number)
@@ -49,22 +49,22 @@ void LeaveHost()
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
-    if (const int nowhere = open("/dev/null", O_WRONLY); nowhere >= 0) {
-        dup2(nowhere, STDOUT_FILENO);
-        dup2(nowhere, STDERR_FILENO);
+    if (const int null = open("/dev/null", O_WRONLY); null >= 0) {
+        dup2(null, STDOUT_FILENO);
+        dup2(null, STDERR_FILENO);
     }
 }
 
-// In the child. It begins when it is told to, sends a byte when it has an application object, and ends when
-// the line is closed, or by the alarm. It leaves no trace, and does without the desktop's theme, which may
-// share a connection of the host's to the display.
+// Runs in the child. It waits for a byte, answers with a byte when it has an application object, and ends
+// when the socket is closed or the alarm goes off. It doesn't load the desktop's theme, which might use a
+// connection that the host has open.
 [[noreturn]] void TryInChild(int line)
 {
     LeaveHost();
     char byte = 0;
     if (read(line, &byte, 1) != 1)
         _exit(EXIT_FAILURE);
-    alarm(static_cast<unsigned>(longestTrial.count()) + 1);
+    alarm(static_cast<unsigned>(maxDuration.count()) + 1);
     setenv("QT_QPA_PLATFORMTHEME", "generic", 1);
     unsetenv("SESSION_MANAGER");
     qInstallMessageHandler(EndTrialAtFatal);
@@ -83,16 +83,16 @@ void LeaveHost()
 DisplayTrial::DisplayTrial()
 {
     std::string display = NamedDisplay();
-    if (display.empty() || (display == LastFailure().Display && Clock::now() < LastFailure().HoldsUntil))
+    if (display.empty() || (display == LastFailure().Display && Clock::now() < LastFailure().ValidUntil))
         return;
     Run();
-    if (m_answer == Answer::Refusal)
-        LastFailure() = {std::move(display), Clock::now() + refusalHolds};
-    else if (m_answer == Answer::Silence)
-        LastFailure() = {std::move(display), Clock::now() + silenceHolds};
+    if (m_answer == Answer::Failure)
+        LastFailure() = {std::move(display), Clock::now() + failureLifetime};
+    else if (m_answer == Answer::Timeout)
+        LastFailure() = {std::move(display), Clock::now() + timeoutLifetime};
 }
 
-// The child does nothing before it has its descriptor, so that the number stands for it until then.
+// The child waits until its descriptor is open, so that its process id is valid until then.
 void DisplayTrial::Run()
 {
     int ends[2];
@@ -101,18 +101,18 @@ void DisplayTrial::Run()
     m_line = ends[0];
     const pid_t child = fork();
     if (child == 0) {
-        close(ends[0]); // or the line would never close
+        close(ends[0]); // otherwise the socket would stay open
         TryInChild(ends[1]);
     }
     close(ends[1]);
     m_process = child > 0 ? static_cast<int>(syscall(SYS_pidfd_open, child, 0)) : -1;
     if (m_process >= 0 && send(m_line, "", 1, MSG_NOSIGNAL) == 1)
-        m_answer = Hear();
+        m_answer = WaitForAnswer();
 }
 
-DisplayTrial::Answer DisplayTrial::Hear() const
+DisplayTrial::Answer DisplayTrial::WaitForAnswer() const
 {
-    const auto end = Clock::now() + longestTrial;
+    const auto end = Clock::now() + maxDuration;
     for (;;) {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
         pollfd source{m_line, POLLIN, 0};
@@ -120,9 +120,9 @@ DisplayTrial::Answer DisplayTrial::Hear() const
         if (ready < 0 && errno == EINTR)
             continue;
         if (ready == 0)
-            return Answer::Silence;
+            return Answer::Timeout;
         char byte = 0;
-        return ready == 1 && read(m_line, &byte, 1) == 1 ? Answer::Success : Answer::Refusal;
+        return ready == 1 && read(m_line, &byte, 1) == 1 ? Answer::Success : Answer::Failure;
     }
 }
 

@@ -1,14 +1,14 @@
-// Whether there is a display to show windows on.
+// Whether there is a display for windows.
 #pragma once
 
-// Tries to make an application object, in a child process: Qt aborts where a display doesn't answer, and
-// where its plugin is missing or doesn't load, which can be neither foretold nor undone. Where that can't be
-// told from the environment it takes tens of milliseconds, or five seconds where the display doesn't answer.
-// A refusal holds for two seconds, and the silence of a display, which costs so much more, for a minute.
+// Tries to create an application object in a child process: Qt aborts if the display doesn't answer or the
+// platform plugin doesn't load, which can't be predicted or caught. If the environment names a display, the
+// trial takes tens of milliseconds, or five seconds for a display that doesn't answer. A failure is
+// remembered for two seconds, a timeout for a minute.
 //
-// The child stays connected to the display as long as the trial lives: an X server that loses its last client
-// starts anew, and refuses who comes meanwhile. It is known by a descriptor alone, since its number may be
-// another's as soon as the host, or the system for it, has reaped it.
+// The child keeps its connection during the lifetime of the trial: an X server that loses its last client
+// resets, and refuses connections meanwhile. The child is identified by a descriptor, because its process id
+// may be reused as soon as the host has reaped it.
 class DisplayTrial
 {
 public:
@@ -20,12 +20,12 @@ public:
     bool HasSucceeded() const { return m_answer == Answer::Success; }
 
 private:
-    enum class Answer { Success, Refusal, Silence };
+    enum class Answer { Success, Failure, Timeout };
 
     void Run();
-    Answer Hear() const;
+    Answer WaitForAnswer() const;
 
     int m_process = -1; // the child's descriptor
-    int m_line = -1;    // to and from the child, which ends when it closes
-    Answer m_answer = Answer::Refusal;
+    int m_line = -1;    // socket to the child, which ends when it is closed
+    Answer m_answer = Answer::Failure;
 };

@@ -14,7 +14,7 @@
 namespace
 {
 
-// A question to the X server that waits for its answer.
+// A request whose reply is pending.
 struct XCookie {
     unsigned Sequence;
 };
@@ -40,8 +40,8 @@ std::uintptr_t NumberOf(HWND id)
     return reinterpret_cast<std::uintptr_t>(id);
 }
 
-// Whether this is the thread of an application with widgets, which alone can be asked about windows.
-bool CanTell()
+// Windows can be looked up only on the thread of an application with widgets.
+bool CanLookUp()
 {
     const auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
     return application != nullptr && application->thread() == QThread::currentThread();
@@ -54,7 +54,7 @@ CWnd* ForeignObject(HWND id)
     static auto* const objects = new std::map<HWND, CWnd>;
     const bool isWindow = QCoreApplication::instance() == nullptr
                               ? id != nullptr
-                              : CanTell() && (ForeignWidget(id) != nullptr || IsForeignXWindow(id));
+                              : CanLookUp() && (ForeignWidget(id) != nullptr || IsForeignXWindow(id));
     if (!isWindow)
         return nullptr;
     CWnd& object = (*objects)[id];
@@ -77,7 +77,7 @@ ForeignOwner::ForeignOwner(QWidget& dialog, HWND id)
     if (dialog.parentWidget() != nullptr || !IsForeignXWindow(id))
         return;
     m_window.reset(QWindow::fromWinId(NumberOf(id)));
-    dialog.winId(); // gives it a window of the desktop
+    dialog.winId(); // creates its native window
     dialog.windowHandle()->setTransientParent(m_window.get());
 }
 

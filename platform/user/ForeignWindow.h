@@ -1,4 +1,4 @@
-// Windows that the layer hasn't made, by the desktop's ids: what a host gives for the owner of a dialog.
+// Windows of the host, by the desktop's ids: possible owners of dialogs.
 #pragma once
 
 #include <memory>
@@ -8,19 +8,19 @@ class CWnd;
 class QWidget;
 class QWindow;
 
-// The object of a window that a host names: a widget of this program, or a window of the X display; null for
-// an id that names neither. As long as the program has no application object every id but 0 is taken for one,
-// as nobody can tell yet. The object stays until the process ends.
+// The object of a host's window: a widget of this program or an X window; null for any other id. Without an
+// application object that can't be decided, and every id but 0 is accepted. The object is kept until the
+// process ends.
 CWnd* ForeignObject(HWND id);
 
-// The widget of this program with the id; null if there is none.
+// The widget with the id; null if there is none.
 QWidget* ForeignWidget(HWND id);
 
-// Whether the id is of an X window that is no widget's.
+// Whether the id is that of an X window of another toolkit.
 bool IsForeignXWindow(HWND id);
 
-// Has a dialog that isn't shown yet stand before a window of another toolkit, as long as the object lives.
-// Nothing happens where the id names none, and for a dialog that has a widget for its parent.
+// Makes an X window of another toolkit the transient parent of a dialog that isn't shown yet, during the
+// lifetime of the object. No effect for any other id, and for a dialog with a parent widget.
 class ForeignOwner
 {
 public:

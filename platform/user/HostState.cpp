@@ -9,31 +9,31 @@ namespace
 
 constexpr const char* plainLocale = "C";
 
-bool isMakingOurs = false;
+bool isCreatingOurs = false;
 
-// The locale that Qt has set, until the host gets it.
-std::string& OwedLocale()
+// The locale that Qt has set, until the host's application object needs it.
+std::string& PendingLocale()
 {
     static auto& locale = *new std::string;
     return locale;
 }
 
-// Qt runs it with each application object.
-void PayLocale()
+// Qt calls it for each application object.
+void SetPendingLocale()
 {
-    if (isMakingOurs || OwedLocale().empty())
+    if (isCreatingOurs || PendingLocale().empty())
         return;
-    std::setlocale(LC_ALL, OwedLocale().c_str());
-    OwedLocale().clear();
+    std::setlocale(LC_ALL, PendingLocale().c_str());
+    PendingLocale().clear();
 }
 
 constexpr const char* xLibrary = "libX11.so.6";
 constexpr const char* handlerSetters[] = {"XSetErrorHandler", "XSetIOErrorHandler"};
 
 using XHandler = int (*)();
-XHandler keptHandlers[std::size(handlerSetters)];
+XHandler savedHandlers[std::size(handlerSetters)];
 
-// Sets the handlers, if the program has the library of X, and keeps those of before in their place.
+// Exchanges the handlers with the saved ones, if the program has loaded the X library.
 void SwapXHandlers()
 {
     void* const library = dlopen(xLibrary, RTLD_LAZY | RTLD_NOLOAD);
@@ -41,35 +41,35 @@ void SwapXHandlers()
         return;
     for (std::size_t i = 0; i < std::size(handlerSetters); ++i) {
         const auto set = reinterpret_cast<XHandler (*)(XHandler)>(dlsym(library, handlerSetters[i]));
-        keptHandlers[i] = set(keptHandlers[i]);
+        savedHandlers[i] = set(savedHandlers[i]);
     }
     dlclose(library);
 }
 
 } // namespace
 
-// Qt never leaves this locale, as it wants one with UTF-8: one that is there afterwards has not been set.
+// Qt always replaces this locale, which isn't UTF-8. If it is still set afterwards, Qt hasn't set any.
 HostLocale::HostLocale() : m_before(std::setlocale(LC_ALL, nullptr))
 {
     std::setlocale(LC_ALL, plainLocale);
-    isMakingOurs = true;
+    isCreatingOurs = true;
 }
 
 HostLocale::~HostLocale()
 {
     const std::string after = std::setlocale(LC_ALL, nullptr);
     if (after != plainLocale) {
-        OwedLocale() = after;
-        qAddPreRoutine(&PayLocale);
+        PendingLocale() = after;
+        qAddPreRoutine(&SetPendingLocale);
     }
     std::setlocale(LC_ALL, m_before.c_str());
-    isMakingOurs = false;
+    isCreatingOurs = false;
 }
 
 void KeepXHandlers()
 {
-    for (XHandler& handler : keptHandlers)
-        handler = nullptr; // stands for the library's own
+    for (XHandler& handler : savedHandlers)
+        handler = nullptr; // the library's default
     SwapXHandlers();
 }
 

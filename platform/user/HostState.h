@@ -1,11 +1,11 @@
-// What Qt changes in a program beyond its own objects, and what an application object of ours gives back.
+// Global state of the host that Qt changes, and that is restored.
 #pragma once
 
 #include <string>
 
-// Around the making of an application object of ours. Qt sets the program's locale with the first one in the
-// process, whoever makes it, and never again: the locale is as before afterwards, and the first application
-// object that the host makes later finds the one that Qt would have set for it.
+// Exists while an application object of ours is created. Qt sets the program's locale with the first
+// application object of the process only. The locale is restored, and set when the host creates its first
+// application object, as Qt would have done.
 class HostLocale
 {
 public:
@@ -18,7 +18,7 @@ private:
     std::string m_before;
 };
 
-// The program's handlers for errors of X, in whose place Qt puts its own: kept before an application object
-// is made, put back when it has ended.
+// Saves and restores the program's X error handlers, which Qt replaces: before an application object is
+// created, and after it is deleted.
 void KeepXHandlers();
 void RestoreXHandlers();

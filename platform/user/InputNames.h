@@ -1,4 +1,4 @@
-// What messages call the keys and the buttons of input.
+// The messages' names of keys and buttons.
 #pragma once
 
 #include <Qt>
@@ -7,11 +7,11 @@
 class QKeyEvent;
 class QMouseEvent;
 
-// 0 for a key that no message names. Letters and digits have the numbers of their characters; all other
-// characters, whose numbers are those of other keys, share one.
+// 0 for a key without a name. Letters and digits have their character codes. All other characters share one
+// name, because their codes are the names of other keys.
 UINT VirtualKeyOf(const QKeyEvent& event);
 
-// 0 for a button that no message names.
+// 0 for a button without messages.
 UINT MouseMessageOf(const QMouseEvent& event);
 
 // MK_ bits.

@@ -1,4 +1,4 @@
-// Menus are Qt's: what an item is stands in its action.
+// A menu is a QMenu; the command id is the data of its action.
 #include "Application.h"
 #include "MenuTemplate.h"
 #include "ResourceFile.h"
@@ -16,7 +16,7 @@ namespace
 
 constexpr UINT noCommand = static_cast<UINT>(-1);
 
-// The framework's object of a popup lives and goes with it.
+// Owns the framework's object of a popup.
 class Menu : public QMenu
 {
 public:
@@ -122,13 +122,13 @@ BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR
     menu.insertAction(before, NewCommand(menu, static_cast<UINT>(nIDNewItem),
                                          lpszNewItem != nullptr ? lpszNewItem : _T("")));
     if (before->menu() != nullptr)
-        delete before->menu(); // whose action it is
+        delete before->menu(); // which owns the action
     else
         delete before;
     return TRUE;
 }
 
-// The window gets the command when the program is at rest again, as it may destroy this menu and itself.
+// The command is sent from the event loop, because its handler may destroy the menu and the window.
 BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*lpRect*/)
 {
     Window* const owner = Window::Of(pWnd != nullptr ? pWnd->GetSafeHwnd() : nullptr);
@@ -143,13 +143,13 @@ BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*
     if (chosen == nullptr || widget.isNull())
         return TRUE;
     const auto send = [window = widget.data(), id = chosen->data().toUInt()] {
-        if (Window* const side = Window::Of(window))
-            side->SendContained(WM_COMMAND, MAKEWPARAM(id, 0));
+        if (Window* const target = Window::Of(window))
+            target->SendContained(WM_COMMAND, MAKEWPARAM(id, 0));
     };
-    auto* const rest = new QTimer(widget.data());
-    rest->setSingleShot(true); // the window may run a loop of its own meanwhile
-    QObject::connect(rest, &QTimer::timeout, send);
-    QObject::connect(rest, &QTimer::timeout, rest, &QObject::deleteLater);
-    rest->start(0);
+    auto* const timer = new QTimer(widget.data());
+    timer->setSingleShot(true); // an event loop of the window may run meanwhile
+    QObject::connect(timer, &QTimer::timeout, send);
+    QObject::connect(timer, &QTimer::timeout, timer, &QObject::deleteLater);
+    timer->start(0);
     return TRUE;
 }

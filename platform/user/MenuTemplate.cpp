@@ -26,7 +26,7 @@ bool ReadItems(ByteReader& in, int levelsLeft, std::vector<MenuTemplateItem>& it
         if (!popup)
             item.Id = in.Word();
         item.Text = in.Text();
-        // An older compiler writes a separator as an item of nothing.
+        // Some compilers write a separator as an item without id and text.
         if (!popup)
             item.Kind = (flags & separatorFlag) || (item.Id == 0 && item.Text.empty())
                             ? MenuItemKind::Separator

@@ -1,4 +1,4 @@
-// A menu as its template describes it: items, and popups with items of their own.
+// A menu template: items and nested popups.
 #pragma once
 
 #include <cstddef>
@@ -17,6 +17,6 @@ struct MenuTemplateItem {
     std::vector<MenuTemplateItem> Items; // of a popup, which has at least one
 };
 
-// Reads a resource of type Menu and gives the items of its bar in order. Gives nothing where the bytes end
-// too early, are of another version or hold popups more than 16 levels deep. Throws std::bad_alloc.
+// Reads a resource of type Menu and gives the items of its bar in order. Gives nothing if the bytes end too
+// early, are of another version or nest popups more than 16 levels deep. Throws std::bad_alloc.
 std::optional<std::vector<MenuTemplateItem>> ReadMenuTemplate(std::span<const std::byte> bytes);

@@ -5,7 +5,7 @@
 namespace
 {
 
-constexpr std::uint32_t sizesLength = 8; // of the two sizes that begin an entry, and count in the second
+constexpr std::uint32_t sizesLength = 8; // of the two sizes at the start of an entry, part of the second one
 
 } // namespace
 

@@ -1,24 +1,22 @@
-// The resources of a module, as the resource compiler writes them: one file of entries, each with a type, a
-// name and bytes. It stands in the module itself.
+// The resources of a module, in the format of the resource compiler: a file of entries, each with a type, a
+// name and bytes, that is embedded in the module.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
-// The types that the layer reads. The bytes of each have a reader of their own: MenuTemplate.h,
-// DialogTemplate.h, DialogInit.h.
+// The types that the layer reads: see MenuTemplate.h, DialogTemplate.h, DialogInit.h.
 enum class ResourceType : std::uint16_t { Menu = 4, Dialog = 5, DialogInit = 240 };
 
-// Gives the bytes of the first resource of this type and number in a compiled resource file, in whatever
-// language it is; empty where there is none. Entries behind damaged ones are not found. They stay the file's.
+// The bytes of the first resource of this type and number, in any language; empty if there is none. Entries
+// after a damaged one aren't found. The bytes belong to the file.
 std::span<const std::byte> FindResource(std::span<const std::byte> file, ResourceType type, std::uint16_t id);
 
-// The same in the file that this module carries. The bytes stay as long as the module. A module that carries
-// none has no resources.
+// The same in the file that is embedded in this module; empty if there is none.
 std::span<const std::byte> FindResource(ResourceType type, std::uint16_t id);
 
-// The file that a module carries: an object that the module defines, made by the build from its script.
+// The embedded file, an object that the build generates from the resource script.
 struct EmbeddedResources {
     const unsigned char* Bytes;
     std::size_t Size;

@@ -1,4 +1,4 @@
-// What a window's scroll bars say, and how one that is a window is set.
+// The functions for scroll bars.
 #include "Window.h"
 
 #include <afxwnd.h>

@@ -1,4 +1,4 @@
-// The one window that shows no change for a while.
+// The one window whose painting is locked.
 #include "Window.h"
 
 #include <QPointer>
@@ -6,7 +6,7 @@
 BOOL LockWindowUpdate(HWND handle)
 {
     static QPointer<QWidget> locked;
-    // A window is gone before its widget is.
+    // A window is gone before its widget is deleted.
     const bool isHeld = Window::Of(locked.data()) != nullptr;
     if (handle == nullptr) {
         if (isHeld)

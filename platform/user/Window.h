@@ -27,9 +27,8 @@ public:
     virtual ~Window();
 
     // Creates the window of a framework object with a factory, which gives null on failure, and sends
-    // WM_CREATE. Fails, with nothing attached, if the object has a window already, if a child has no parent
-    // or the owner isn't a window, without a display, and if WM_CREATE gave -1 or threw. An object that had
-    // no window has received PostNcDestroy then, and may be deleted.
+    // WM_CREATE. Fails, with nothing attached, if the object has a window already, without a display or a
+    // valid parent, and if WM_CREATE gave -1 or threw; PostNcDestroy may have deleted the object then.
     using Factory = std::function<Window*(QWidget* parent)>;
     static bool Create(CWnd& object, struct CREATESTRUCT creation, UINT id, const Factory& factory);
 
@@ -45,11 +44,9 @@ public:
     // The window that contains or owns this one; null if there is none.
     Window* Parent();
 
-    // Passes a message to the attached object; without one, to Default.
+    // Passes a message to the attached object; without one, to Default. SendContained is for callers that Qt
+    // has called: it ends exceptions of handlers, with failure as the result.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-
-    // The same for callers that Qt has called: an exception of a handler ends here, with failure as the
-    // result.
     LRESULT SendContained(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, LRESULT failure = 0) noexcept;
 
     // The window's own handling: Qt's, if the message is the translation of the current event and Qt hasn't
@@ -98,10 +95,8 @@ protected:
 
     EventTranslator& Events() { return m_events; }
 
-    // Handles a message that stands for no event of Qt's, as this kind of window does.
+    // Handles a message as this kind of window does, if Qt doesn't; WM_PAINT with a context is for PaintInto.
     virtual LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam);
-
-    // Paints the client area into the context that WM_PAINT carries.
     virtual void PaintInto(HDC /*context*/) {}
 
 private:

@@ -1,4 +1,4 @@
-// Windows of the library's own classes.
+// Window classes registered by the library, and their windows.
 #include "WidgetWindow.h"
 
 #include <QEvent>
@@ -13,7 +13,7 @@ struct WindowClass {
     int Background; // a system colour's index and 1
 };
 
-// By name; the names stay where they are.
+// By name. References to the names stay valid.
 std::map<std::u16string, WindowClass>& WindowClasses()
 {
     static auto* const classes = new std::map<std::u16string, WindowClass>;

@@ -1,4 +1,4 @@
-// How the framework's object of a window gets it.
+// Creates the window of a framework object.
 #include "Application.h"
 #include "Contain.h"
 #include "Window.h"
@@ -11,7 +11,7 @@ namespace
 
 constexpr LRESULT notCreated = -1;
 
-// Null where there can be no such window.
+// Null on failure.
 Window* Make(const CREATESTRUCT& creation, UINT id, const Window::Factory& factory)
 {
     Window* window = nullptr;

@@ -1,4 +1,4 @@
-// The functions that take a window's handle.
+// The functions that take the handle of a window.
 #include "Capture.h"
 #include "Window.h"
 

@@ -1,4 +1,4 @@
-// How the framework's objects get their windows, and lose them.
+// Attachment of framework objects to windows.
 #include "ForeignWindow.h"
 #include "Window.h"
 
@@ -10,7 +10,7 @@
 namespace
 {
 
-// The objects that the framework keeps for windows which nobody attached one to.
+// The temporary objects of windows without an attached one.
 std::map<HWND, std::unique_ptr<CWnd>>& KeptObjects()
 {
     static auto* const kept = new std::map<HWND, std::unique_ptr<CWnd>>;

@@ -1,4 +1,4 @@
-// How a message reaches its handler, and what the framework's own handlers do.
+// The way of a message to its handler, and the framework's own handlers.
 #include "Window.h"
 
 #include <afxwin.h>
@@ -18,7 +18,7 @@ bool Fits(const AFX_MSGMAP_ENTRY& entry, UINT message, UINT code, UINT id)
     return !hasId || (id >= entry.nID && id <= entry.nLastID);
 }
 
-// The entry of the map, or of the nearest map below it; null if no map names the message.
+// Searches the map and its base maps; null if none has an entry for the message.
 const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message, UINT code, UINT id)
 {
     for (; map != nullptr; map = map->pfnGetBaseMap != nullptr ? map->pfnGetBaseMap() : nullptr) {
@@ -73,7 +73,7 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     return TRUE;
 }
 
-// A control's notification goes back to the control first.
+// The notification of a control is reflected to the control first.
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     LRESULT result = 0;

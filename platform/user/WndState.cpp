@@ -1,4 +1,4 @@
-// What the framework's objects ask of their windows: style, place, focus, capture, text and font.
+// State of a window that its framework object gets and sets: style, place, focus, capture, text, font.
 #include "Capture.h"
 #include "Window.h"
 
@@ -10,7 +10,7 @@
 namespace
 {
 
-// Null for a widget that isn't a window of the layer's.
+// Null for a widget that isn't a window of the layer.
 CWnd* ObjectOf(const QWidget* widget)
 {
     Window* const window = Window::Of(widget);

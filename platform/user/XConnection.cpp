@@ -11,7 +11,7 @@ using ConnectionCall = int (*)(xcb_connection_t*);
 
 } // namespace
 
-// Other platforms than X lend the interface too, without a connection.
+// Other platforms than X may have the interface too, but no connection.
 xcb_connection_t* XConnection()
 {
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();

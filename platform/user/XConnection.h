@@ -5,15 +5,14 @@
 
 struct xcb_connection_t;
 
-// That of the application object; null where it has none.
+// That of the application object; null if it has none.
 xcb_connection_t* XConnection();
 
-// A function of the library that the connection belongs to; null if there is no such.
+// A function of the xcb library; null if there is none.
 template <class Function> Function XFunction(const char* name)
 {
     return reinterpret_cast<Function>(QLibrary::resolve(QStringLiteral("xcb"), 1, name));
 }
 
-// Whether the server at the other end has gone away. Asks the machine alone, not the server. Qt ends a
-// program as soon as it handles an event after that.
+// Whether the connection to the server is lost, without a round trip. Qt exits at the next event after that.
 bool HasLostXServer();

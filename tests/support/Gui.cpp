@@ -10,7 +10,7 @@
 namespace
 {
 
-// Windows can be shown from the first test to the last.
+// Keeps an application object during all tests.
 class Desktop : public testing::Environment
 {
     void SetUp() override { m_application = std::make_unique<ApplicationHolder>(); }
@@ -20,7 +20,7 @@ class Desktop : public testing::Environment
 };
 [[maybe_unused]] testing::Environment* const desktop = testing::AddGlobalTestEnvironment(new Desktop);
 
-// The same colours on every desktop, and such that a picture tells one part from another.
+// Distinct colours that are the same on every desktop.
 [[maybe_unused]] const bool hasFixedColors = [] {
     QPalette palette(Qt::black, QColor(192, 192, 192), Qt::white, QColor(128, 128, 128),
                      QColor(160, 160, 160), Qt::black, Qt::white);

@@ -1,4 +1,4 @@
-// The user of a test: mouse, keyboard and eyes, on the platform without a screen.
+// Acts for the user on the offscreen platform: mouse, keyboard, pixels.
 #pragma once
 
 #include <QApplication>
@@ -14,7 +14,7 @@
 namespace test
 {
 
-// Lets everything happen that waits to happen.
+// Handles all pending events.
 void Settle();
 
 QWidget& WidgetOf(const CWnd& window);
@@ -43,7 +43,7 @@ private:
     QPalette m_before = QApplication::palette();
 };
 
-// Magenta for all windows and buttons of the desktop, and back.
+// Makes all windows and buttons of the desktop magenta, calls meanwhile, and restores them.
 void ChangeSettings(const std::function<void()>& meanwhile = [] {});
 
 // Answers the next modal dialog of this class, once the program is idle.
@@ -54,7 +54,7 @@ template <class Dialog> void AnswerNext(std::function<void(Dialog&)> answer)
     });
 }
 
-// What the window shows at a point.
+// The colour that the window shows at a point.
 COLORREF PixelOf(CWnd& window, CPoint point);
 
 CRect PlaceOf(const CWnd& window); // on the screen

@@ -1,4 +1,4 @@
-// A small surface that is drawn on and then read as text, one character a pixel.
+// A small surface that is drawn on and compared as text, one character for each pixel.
 #pragma once
 
 #include <DeviceContext.h>
@@ -11,7 +11,7 @@
 namespace test
 {
 
-// The colours that a picture knows; every other one shows as '?'.
+// The colours with a character; any other is '?'.
 constexpr COLORREF paper = RGB(10, 20, 30);          // '.'
 constexpr COLORREF ink = RGB(200, 0, 0);             // '#'
 constexpr COLORREF filling = RGB(0, 150, 0);         // 'o'
@@ -32,7 +32,7 @@ public:
     gdi::Pixel PixelAt(int x, int y) const { return m_pixels.at(IndexOf(x, y)); }
     int Count(char kind) const;
 
-    // The smallest rectangle that holds all pixels of other colours than the paper's.
+    // The bounding rectangle of all pixels that differ from the paper.
     CRect Painted() const;
 
     friend bool operator==(const Picture& first, const Picture& second)

@@ -1,4 +1,4 @@
-#include "Witness.h"
+#include "RecordingWindow.h"
 
 namespace test
 {
@@ -15,9 +15,9 @@ LPCTSTR ClassWith(int color)
 
 } // namespace
 
-const UINT registered = RegisterWindowMessageW(_T("Witness"));
+const UINT registered = RegisterWindowMessageW(_T("RecordingWindow"));
 
-BEGIN_MESSAGE_MAP(k_Witness, CWnd)
+BEGIN_MESSAGE_MAP(k_RecordingWindow, CWnd)
 ON_WM_CREATE()
 ON_WM_DESTROY()
 ON_WM_NCDESTROY()
@@ -51,18 +51,18 @@ std::string At(CPoint point)
     return std::to_string(point.x) + ',' + std::to_string(point.y);
 }
 
-BOOL k_Witness::CreatePopup(DWORD style)
+BOOL k_RecordingWindow::CreatePopup(DWORD style)
 {
     return CreateEx(0, ClassWith(COLOR_BTNFACE), _T("title"), style, 40, 30, 60, 50, nullptr, 0);
 }
 
-BOOL k_Witness::CreateChild(CWnd& parent, UINT id)
+BOOL k_RecordingWindow::CreateChild(CWnd& parent, UINT id)
 {
     return CreateEx(0, ClassWith(COLOR_WINDOW), _T(""), WS_CHILD | WS_VISIBLE, 10, 5, 20, 20, parent.m_hWnd,
                     id);
 }
 
-void k_Witness::Open(k_Witness* child)
+void k_RecordingWindow::Open(k_RecordingWindow* child)
 {
     ASSERT_TRUE(CreatePopup() && (child == nullptr || child->CreateChild(*this, 3)));
     Settle();

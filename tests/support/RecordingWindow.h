@@ -1,4 +1,4 @@
-// A window that notes what it is sent.
+// A window that records its messages.
 #pragma once
 
 #include "Gui.h"
@@ -10,23 +10,23 @@ namespace test
 
 void Note(const std::string& event);
 
-// What was noted since the last call, with a comma between two.
+// The records since the last call, separated by commas.
 std::string Heard();
 
 std::string At(CPoint point); // "3,4"
 
 extern const UINT registered; // a message
 
-class k_Witness : public CWnd
+class k_RecordingWindow : public CWnd
 {
 public:
-    explicit k_Witness(std::string name) : m_name(std::move(name)) {}
+    explicit k_RecordingWindow(std::string name) : m_name(std::move(name)) {}
 
     BOOL CreatePopup(DWORD style = WS_POPUP | WS_VISIBLE); // at 40, 30, of 60 x 50 pixels
     BOOL CreateChild(CWnd& parent, UINT id);               // at 10, 5, of 20 x 20 pixels
 
-    // Creates and shows the window, and the child as number 3 in it, and forgets what they heard meanwhile.
-    void Open(k_Witness* child = nullptr);
+    // Creates and shows the window with the child, whose id is 3, and drops the records.
+    void Open(k_RecordingWindow* child = nullptr);
 
     BOOL PreTranslateMessage(MSG* pMsg) override
     {
