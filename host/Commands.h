@@ -1,6 +1,5 @@
-// Commands.h: what the program can do. Each command prints on standard output, tells what is wrong on
-// standard error, and returns the program's exit status. The host has named itself before, but for the
-// commands on layout files and their folder, which do without the style atlas.
+// Commands.h: what the program can do. Each command prints its results on standard output and errors on
+// standard error, and returns the exit status. The host must have named itself before.
 #pragma once
 
 #include <cstdint>
@@ -14,10 +13,6 @@ constexpr int Succeeded = 0;
 constexpr int Failed = 1;     // a file could not be read, the output not be written, a window not be shown
 constexpr int WrongUsage = 2; // the command line was not understood
 constexpr int Cancelled = 3;  // the user left the editor without OK
-
-// Of two layout files, as of any two files that are compared.
-constexpr int LayoutsDiffer = 1;
-constexpr int ComparisonFailed = 2;
 
 constexpr const char* ProgramName = "atlas-host";
 
@@ -50,19 +45,5 @@ int ShowWindow(std::string_view hostName, std::span<const char* const> paths);
 // Shows the editor of the styles alone. Returns Succeeded after OK, Cancelled after Cancel, and Failed where
 // it cannot be shown.
 int ShowEditor();
-
-// Makes the folder of the host's layout file, and prints it. Throws std::filesystem::filesystem_error.
-int PrepareFolder(std::string_view hostName);
-
-// Prints what stands in layout files; of a damaged one what stands before the damage.
-int ShowLayouts(std::span<const char* const> paths);
-
-// Tells of each layout file whether it is good, or where it is damaged and how. Failed where one is damaged.
-int CheckLayouts(std::span<const char* const> paths);
-
-// Prints the rows and the styles in which two layout files differ, and nothing where they are the same; the
-// order of rows counts for nothing. Returns Succeeded or LayoutsDiffer; throws std::runtime_error where a
-// file cannot be read or is damaged.
-int CompareLayouts(const char* oldPath, const char* newPath);
 
 } // namespace atlashost

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "PlotData.h"
-#include "SymbolPicture.h"
+
+#include <bindings/qt/SymbolPicture.h>
 
 #include <QPainter>
 #include <QPoint>
@@ -20,7 +21,7 @@ class CurvePainter
 public:
     enum class Symbols { OfAll, OfSome };
 
-    CurvePainter(QPainter& painter, const CurveStyle& style);
+    CurvePainter(QPainter& painter, const styleatlas::Style& style);
 
     // Draws the curve into the frame, whose edges are the ends of the ranges. The line ends at missing
     // readings; between two of them, a lone reading that has no symbol is drawn as a dot. Where readings
@@ -39,8 +40,8 @@ private:
     QPoint PointOf(const Reading& reading) const;
 
     QPainter& m_painter;
-    CurveStyle m_style;
-    SymbolPicture m_symbol;
+    styleatlas::Style m_style;
+    styleatlas::qt::SymbolPicture m_symbol;
     QRect m_frame;
     Range m_times;
     Range m_values;

@@ -1,17 +1,19 @@
 #include "InputFiles.h"
 
 #include "Commands.h"
-#include "Text.h"
 
-#include <algorithm>
+#include <bindings/terminal/Text.h>
+
 #include <iostream>
-#include <limits>
 #include <stdexcept>
 
 namespace atlashost
 {
 namespace
 {
+
+using styleatlas::terminal::NoLimit;
+using styleatlas::terminal::Printable;
 
 void FindQuantities(InputFile& file, const QuantityNames& names, const Teller& tell)
 {
@@ -25,12 +27,6 @@ void FindQuantities(InputFile& file, const QuantityNames& names, const Teller& t
 
 } // namespace
 
-std::int16_t InputFile::StyleColumn() const
-{
-    constexpr std::size_t LastColumn = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::min(fileColumn, LastColumn));
-}
-
 void Tell(const std::string& message)
 {
     std::cerr << ProgramName << ": " << message << '\n';
@@ -40,10 +36,11 @@ int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, 
                 const std::function<void(InputFile&)>& handle)
 {
     int status = Succeeded;
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        InputFile file{i, Printable(paths[i], std::string::npos), {}, {}};
+    int fileColumn = 0;
+    for (const char* const path : paths) {
+        InputFile file{fileColumn++, Printable(path, NoLimit), {}, {}};
         try {
-            file.content = ReadMeasuredFile(paths[i]);
+            file.content = ReadMeasuredFile(path);
             for (const std::string& remark : file.content.remarks)
                 tell(file.shownPath + ":" + remark);
             FindQuantities(file, names, tell);

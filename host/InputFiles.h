@@ -4,8 +4,6 @@
 #include "MeasuredFile.h"
 #include "QuantityNames.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
@@ -15,13 +13,10 @@ namespace atlashost
 {
 
 struct InputFile {
-    std::size_t fileColumn = 0; // the place on the command line, counted from 0
-    std::string shownPath;      // fit to be printed
+    int fileColumn = 0;    // the place on the command line, counted from 0
+    std::string shownPath; // fit to be printed
     MeasuredFile content;
     std::vector<const MeasuredQuantity*> quantities; // of each column; null where none fits
-
-    // The file column under which the style atlas is asked.
-    std::int16_t StyleColumn() const;
 };
 
 // Tells the user something on standard error.

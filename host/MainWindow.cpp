@@ -1,10 +1,10 @@
 #include "MainWindow.h"
 
-#include "Display.h"
 #include "FileList.h"
 #include "PictureFile.h"
 #include "PlotView.h"
-#include "Text.h"
+
+#include <bindings/terminal/Text.h>
 
 #include <QActionGroup>
 #include <QDragEnterEvent>
@@ -29,6 +29,8 @@ namespace atlashost
 {
 namespace
 {
+
+using styleatlas::terminal::Counted;
 
 constexpr QSize GoodWindow{1280, 860};
 constexpr int SideWidth = 230;
@@ -58,8 +60,7 @@ std::size_t CurveCount(const Plot& plot)
 
 } // namespace
 
-MainWindow::MainWindow(const QString& hostName, LibraryCalls calls)
-    : m_hostName{hostName}, m_calls{calls}, m_settings{FirstSettings(hostName)}
+MainWindow::MainWindow(const QString& hostName, LibraryCalls calls) : m_hostName{hostName}, m_calls{calls}
 {
     setWindowTitle(hostName.isEmpty() ? "Curves" : "Curves - " + hostName);
     setAcceptDrops(true);
@@ -196,6 +197,13 @@ void MainWindow::ReloadStyles()
 
 void MainWindow::SwitchUser()
 {
+    try {
+        if (m_settings.root.isEmpty())
+            m_settings = FirstSettings(m_hostName);
+    } catch (const std::runtime_error& error) {
+        Warn(error.what());
+        return;
+    }
     if (!AskForSettings(this, m_settings))
         return;
     CallLibrary([this] {

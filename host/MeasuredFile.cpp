@@ -2,8 +2,9 @@
 
 #include "Calendar.h"
 #include "CsvReader.h"
-#include "Text.h"
-#include "WholeFile.h"
+#include "FileContent.h"
+
+#include <bindings/terminal/Text.h>
 
 #include <charconv>
 #include <cmath>
@@ -18,6 +19,8 @@ namespace atlashost
 {
 namespace
 {
+
+using styleatlas::terminal::Printable;
 
 constexpr std::size_t MaxFields = 16'000'000; // in memory, a short field takes more room than in the file
 constexpr std::size_t MaxRemarks = 20;
@@ -129,9 +132,18 @@ private:
 
 } // namespace
 
+std::string_view WithoutBlanks(std::string_view text)
+{
+    constexpr std::string_view Blanks = " \t";
+    const std::size_t first = text.find_first_not_of(Blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
 MeasuredFile ReadMeasuredFile(const std::string& path)
 {
-    const std::string content = ReadWholeFile(path);
+    const std::string content = ReadFileContent(path);
     return Reader{content}.Read();
 }
 

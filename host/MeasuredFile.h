@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace atlashost
@@ -33,5 +34,8 @@ struct MeasuredFile {
 // that can be printed: where the file cannot be read, is not a regular one, is larger than 64 MiB, has more
 // than 16 million fields (those that short rows lack are counted), or has no curve.
 MeasuredFile ReadMeasuredFile(const std::string& path);
+
+// The text without the blanks at its ends.
+std::string_view WithoutBlanks(std::string_view text);
 
 } // namespace atlashost

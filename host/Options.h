@@ -11,26 +11,14 @@
 namespace atlashost
 {
 
-enum class Action {
-    List,
-    Plot,
-    Table,
-    Window,
-    Edit,
-    Prepare,
-    ShowLayout,
-    CheckLayout,
-    CompareLayouts,
-    Help,
-    Version
-};
+enum class Action { List, Plot, Table, Window, Edit, Prepare, Layout, Help, Version };
 
 struct Options {
     Action action = Action::Help;
     std::string_view hostName = "AirLab";
     std::int16_t fileColumn = 0;
     PlotTarget plot;
-    std::span<const char* const> files; // as many as the action takes
+    std::span<const char* const> files; // as many as the action takes; of Layout, the arguments of the tool
 };
 
 // What is wrong with a command line, in words.

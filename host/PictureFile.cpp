@@ -1,6 +1,6 @@
 #include "PictureFile.h"
 
-#include "Text.h"
+#include <bindings/terminal/Text.h>
 
 #include <QBuffer>
 #include <QByteArray>
@@ -19,11 +19,14 @@ namespace atlashost
 namespace
 {
 
+using styleatlas::terminal::NoLimit;
+using styleatlas::terminal::Printable;
+
 constexpr int Permissions = 0666; // as far as the user's mask lets them
 
 [[noreturn]] void ThrowError(const char* path, const char* reason)
 {
-    throw std::runtime_error{Printable(path, std::string::npos) + " cannot be written: " + reason};
+    throw std::runtime_error{Printable(path, NoLimit) + " cannot be written: " + reason};
 }
 
 class OutputFile

@@ -1,12 +1,12 @@
 #include "Commands.h"
 
-#include "Display.h"
 #include "InputFiles.h"
 #include "PictureFile.h"
 #include "PlotData.h"
 #include "PlotLayout.h"
 #include "PlotPainter.h"
 #include "PlotWindow.h"
+#include "QtStartup.h"
 
 #include <QApplication>
 #include <QImage>
@@ -32,7 +32,7 @@ char offscreen[] = "offscreen";
 
 void DrawIntoFile(const Plot& plot, const PlotTarget& target)
 {
-    EndWhereQtWouldAbort();
+    ExitWhereQtWouldAbort();
     QtArguments arguments{3, {programName, platformOption, offscreen}};
     const QGuiApplication application{arguments.count, arguments.words.data()};
     const QSize size = target.width > 0 ? QSize{target.width, target.height} : GoodSize(plot.panels.size());

@@ -1,7 +1,8 @@
 #include "PlotData.h"
 
 #include "Calendar.h"
-#include "Text.h"
+
+#include <bindings/terminal/Text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -16,6 +17,8 @@ namespace atlashost
 {
 namespace
 {
+
+using styleatlas::terminal::Printable;
 
 constexpr int FinestColumns = 16384;           // more than any picture has
 constexpr std::size_t MostOfFinestColumn = 16; // more can be told apart nowhere
@@ -82,7 +85,7 @@ Range DivisibleTimes(Range times, TimeKind kind)
 
 void RenewStyle(Curve& curve)
 {
-    curve.style = StyleOf(curve.styleColumn, curve.quantity).value_or(CurveStyle{});
+    curve.style = styleatlas::StyleOf(curve.fileColumn, curve.key).value_or(styleatlas::Style{});
 }
 
 class PlotMaker
@@ -134,10 +137,10 @@ private:
                    "\" has no readings, it is left out");
             return;
         }
-        Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps, quantity, file.StyleColumn()};
+        Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps, quantity.key, file.fileColumn};
         RenewStyle(curve);
         const Range times{all.front().time, all.back().time};
-        curve.readings = Thinned(all, Divisible(times), FinestColumns, MostOfFinestColumn);
+        curve.readings = Downsampled(all, Divisible(times), FinestColumns, MostOfFinestColumn);
         m_readingCount += curve.readings.size();
         if (m_readingCount > MaxReadings)
             throw std::runtime_error{"more than 32 million readings in all"};

@@ -3,7 +3,6 @@
 
 #include "InputFiles.h"
 #include "MeasuredFile.h"
-#include "StyleWords.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -36,11 +35,11 @@ bool IsGap(const Reading& reading);
 
 struct Curve {
     std::string fileName;
-    CurveStyle style;
-    std::vector<Reading> readings; // in the order of time, thinned to what the largest picture can show
+    styleatlas::Style style;
+    std::vector<Reading> readings; // in the order of time, downsampled for the largest picture
     std::size_t readingCount = 0;  // before that, without gaps
-    MeasuredQuantity quantity = {};
-    std::int16_t styleColumn = 0; // the file column under which the style atlas is asked
+    styleatlas::Key key;
+    int fileColumn = 0;
 };
 
 // The curves of one quantity over one kind of time.
@@ -66,11 +65,11 @@ Plot ReadPlot(std::span<const char* const> paths, const Teller& tell);
 // Asks the style atlas for the styles of all curves again.
 void RenewStyles(Plot& plot);
 
-// The readings that can be told apart in a picture of so many columns of pixels: where a column has more than
-// mostOfColumn readings, the first, the lowest, the highest and the last of them are left. A gap within a
-// column is not to be seen. The readings are in the order of time.
-std::vector<Reading> Thinned(std::span<const Reading> readings, Range times, int columns,
-                             std::size_t mostOfColumn);
+// The readings that a picture of so many pixel columns can show: of a column with more than maxPerColumn
+// readings, the first, the lowest, the highest and the last are kept. A gap within one column is dropped. The
+// readings must be in the order of time.
+std::vector<Reading> Downsampled(std::span<const Reading> readings, Range times, int columns,
+                                 std::size_t maxPerColumn);
 
 // The column of pixels in which a time is drawn, from 0 up to, not including, columns.
 int ColumnOf(double time, Range times, int columns);

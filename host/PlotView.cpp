@@ -3,6 +3,7 @@
 #include "PlotPainter.h"
 
 #include <QPainter>
+#include <QScreen>
 
 namespace atlashost
 {
@@ -29,6 +30,11 @@ void PlotView::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), palette().base());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+}
+
+QSize FittingSize(const QWidget& widget, QSize size)
+{
+    return size.boundedTo(widget.screen()->availableSize() * 9 / 10);
 }
 
 } // namespace atlashost

@@ -26,4 +26,7 @@ private:
     QString m_hint;
 };
 
+// The size, limited to what the widget's screen has room for.
+QSize FittingSize(const QWidget& widget, QSize size);
+
 } // namespace atlashost

@@ -1,8 +1,9 @@
 // QuantityNames.h: the quantities of the unit library, and which of them the head of a column means.
 #pragma once
 
+#include <styleatlas.hpp>
+
 #include <cstddef>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,11 +14,7 @@ namespace atlashost
 {
 
 struct MeasuredQuantity {
-    std::uint16_t device = 0;
-    std::uint16_t quantity = 0;
-    std::uint8_t subQuantity = 0;
-    std::uint8_t index = 0;
-    std::uint32_t flags = 0;
+    styleatlas::Key key;
     std::string symbol; // both in UTF-8
     std::string name;
 };

@@ -13,7 +13,7 @@ struct UserSettings {
     QString subKey; // below the root
 };
 
-// The settings that a host of this name begins with.
+// The settings that a host of this name begins with. Throws std::runtime_error if they can't be found out.
 UserSettings FirstSettings(const QString& hostName);
 
 // Shows the settings above the window for the user to change. False, and nothing changed, where the user

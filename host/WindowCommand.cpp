@@ -1,9 +1,9 @@
 #include "Commands.h"
 
-#include "Display.h"
 #include "InputFiles.h"
 #include "LibraryCalls.h"
 #include "MainWindow.h"
+#include "QtStartup.h"
 
 #include <string>
 

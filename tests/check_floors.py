@@ -3,7 +3,7 @@
 
   - Includes: frame, dialogs, controls and model know the class framework, each other downward, the language library, the
     public header and the C++ library; no Qt, no POSIX, nothing of the layer's inside. The layer knows nothing above it;
-    bindings know the public headers, and what paints there takes figures, dashes and rasteriser from the library. The
+    tools stand on the model and the layer's floor without windows. bindings know the public headers, and what paints there takes figures, dashes and rasteriser from the library. The
     host knows the public headers, bindings and the unit library's header. No circle of files.
   - Links: no archive needs a symbol that only an archive of a floor above it defines.
 """
@@ -25,6 +25,7 @@ BELOW = {
     'model': ['framework', 'language'],
     'platform': [],
     'components': ['framework', 'system'],
+    'tools': ['bindings', 'model', 'include', 'framework', 'system', 'units'],
     'bindings': ['include', 'figures', 'dashes', 'rasteriser'],
     'host': ['bindings', 'include', 'units'],
     'include': [],
@@ -46,8 +47,8 @@ ARCHIVES = [
     ['controls/libstyleatlas_controls.a', 'controls/libstyleatlas_color_messages.a'],
     ['dialogs/libstyleatlas_dialogs.a'],
     ['frame/CMakeFiles/styleatlas_module.dir', 'frame/CMakeFiles/styleatlas_exports.dir'],
-    ['bindings/libstyleatlas_qt.a'],
-    ['host/libatlas_host_parts.a'],
+    ['bindings/libstyleatlas_qt.a', 'bindings/libstyleatlas_terminal.a'],
+    ['tools/CMakeFiles/atlas-layout.dir', 'host/libatlas_host_parts.a'],
 ]
 
 

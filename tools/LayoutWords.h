@@ -1,38 +1,38 @@
-// LayoutWords.h: the contents of a layout file in words.
+// The contents of a layout file in words.
 #pragma once
 
-#include "LayoutFile.h"
+#include "LayoutReader.h"
 
 #include <cstddef>
 #include <string>
 #include <utility>
 
-namespace atlashost
+namespace atlaslayout
 {
 
 // "damaged at byte 8: ..."
 std::string DamageWords(const LayoutDamage& damage);
 
 // "version 1, 32 file columns"
-std::string HeadWords(const LayoutFile& file);
+std::string HeadWords(const LayoutReader& file);
 
-// "O_3: device 1, quantity 10, sub-quantity 2, index 0, flags 0x0"; without the symbol where the unit library
-// does not know the quantity.
-std::string IdentityWords(const RowIdentity& identity);
+// "O_3: device 1, quantity 10, sub-quantity 2, index 0, flags 0x0"; without the symbol if the unit library
+// doesn't know the quantity.
+std::string KeyWords(const QuantityKey& key);
 
 // "level 0, 32 records"
 std::string RowWords(const LayoutRow& row);
 
-// How the curve is drawn, and what of the record is of no use for that but is not 0.
+// The style, and the unused fields that are not 0.
 std::string RecordWords(const LayoutRecord& record);
 
-// The fields in which the record is unlike another, as the numbers that they are.
+// The numbers of the fields in which the record differs from the other.
 std::string FieldWords(const LayoutRecord& record, const LayoutRecord& other);
 
 // "file column 3", "file columns 0 to 3"
 std::string ColumnWords(std::size_t first, std::size_t last);
 
-// Calls use(first, last, key) for each run of neighbours, of the numbers from 0 up to count, with equal keys.
+// Divides the numbers below count into runs of equal keyOf(number), and calls use(first, last, key) for each.
 template <class KeyOf, class Use> void ForEachRun(std::size_t count, KeyOf keyOf, Use use)
 {
     if (count == 0)
@@ -50,4 +50,4 @@ template <class KeyOf, class Use> void ForEachRun(std::size_t count, KeyOf keyOf
     use(first, count - 1, key);
 }
 
-} // namespace atlashost
+} // namespace atlaslayout
