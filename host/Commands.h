@@ -16,34 +16,34 @@ constexpr int Cancelled = 3;  // the user left the editor without OK
 
 constexpr const char* ProgramName = "atlas-host";
 
-// Shows the curves of the files and how each is drawn. The first file is file column 0, and so on; a file
-// that cannot be read keeps its column, and the others are shown.
+// Lists the curves of the files and how each is drawn. The first file is file column 0, and so on; a file
+// that can't be read keeps its column.
 int ListCurves(std::span<const char* const> paths);
 
 // The sides of a picture, in pixels.
-constexpr int SmallestSide = 100;
-constexpr int LargestSide = 8192;
+constexpr int MinSide = 100;
+constexpr int MaxSide = 8192;
 
-// Where a plot goes: into a PNG file, or, without one, into a window until the user closes it.
+// A PNG file, or a window that the user closes.
 struct PlotTarget {
-    const char* png = nullptr; // the path, null for the window
+    const char* png = nullptr; // a path, or null for the window
     int width = 0;             // of the picture in pixels; 0 for a size that suits the plot
     int height = 0;
 };
 
-// Draws the curves of the files, a panel for each quantity, in the styles that the style atlas gives. A
-// window wants the Desktop. Throws std::runtime_error where the picture cannot be written.
+// Draws the curves of the files, a panel for each quantity. A window needs the QtApplication. Throws
+// std::runtime_error if the picture can't be written.
 int PlotCurves(std::span<const char* const> paths, const PlotTarget& target);
 
-// Shows every quantity of the unit library and how it is drawn in one file column.
+// Lists every quantity of the unit library and how it is drawn in one file column.
 int ShowTable(std::int16_t fileColumn);
 
-// Shows the files in a window, in which more of them can be opened and the styles be edited, until the user
-// closes it. Wants the Desktop.
+// Shows the files in a window, in which more can be opened and the styles can be edited, until the user
+// closes it. Needs the QtApplication.
 int ShowWindow(std::string_view hostName, std::span<const char* const> paths);
 
-// Shows the editor of the styles alone. Returns Succeeded after OK, Cancelled after Cancel, and Failed where
-// it cannot be shown.
+// Shows the editor of the styles. Returns Succeeded after OK, Cancelled after Cancel, Failed if it can't be
+// shown.
 int ShowEditor();
 
 } // namespace atlashost

@@ -1,5 +1,7 @@
 #include "CurvePainter.h"
 
+#include "Downsampling.h"
+
 #include <bindings/qt/StylePen.h>
 
 #include <algorithm>
@@ -15,9 +17,9 @@ namespace
 
 using styleatlas::LineStyle;
 
-constexpr std::size_t MostLinePoints = 4;  // of one column of pixels
-constexpr std::size_t MostSymbols = 16;    // of one column of pixels
-constexpr std::size_t FewReadings = 16;    // they always have their symbols
+constexpr std::size_t MaxLinePoints = 4;   // in a pixel column
+constexpr std::size_t MaxSymbols = 16;     // in a pixel column
+constexpr std::size_t FewReadings = 16;    // always have their symbols
 constexpr int DistanceOfSparseSymbols = 2; // in sizes of the symbol
 
 } // namespace
@@ -36,11 +38,11 @@ CurvePainter::Symbols CurvePainter::DrawCurve(const Curve& curve, QRect frame, R
     m_painter.setRenderHint(QPainter::Antialiasing, false);
     m_painter.setPen(styleatlas::qt::MakePen(m_style));
     if (m_style.lineStyle != LineStyle::None)
-        DrawLine(Downsampled(curve.readings, times, frame.width(), MostLinePoints));
+        DrawLine(Downsampled(curve.readings, times, frame.width(), MaxLinePoints));
     int distance = 0;
     if (!m_symbol.image.isNull()) {
         distance = SymbolDistance(curve);
-        DrawSymbols(Downsampled(curve.readings, times, frame.width(), MostSymbols), distance);
+        DrawSymbols(Downsampled(curve.readings, times, frame.width(), MaxSymbols), distance);
     }
     m_painter.restore();
     return distance > 0 ? Symbols::OfSome : Symbols::OfAll;
@@ -80,7 +82,7 @@ void CurvePainter::DrawRun(std::vector<QPoint> points)
         m_painter.drawPoint(points.front());
 }
 
-void CurvePainter::DrawSymbols(std::span<const Reading> readings, int smallestDistance)
+void CurvePainter::DrawSymbols(std::span<const Reading> readings, int minDistance)
 {
     int before = std::numeric_limits<int>::min() / 2;
     for (std::size_t i = 0; i < readings.size(); ++i) {
@@ -89,14 +91,14 @@ void CurvePainter::DrawSymbols(std::span<const Reading> readings, int smallestDi
         const bool isLone =
             (i == 0 || IsGap(readings[i - 1])) && (i + 1 == readings.size() || IsGap(readings[i + 1]));
         const QPoint point = PointOf(readings[i]);
-        if (!isLone && point.x() - before < smallestDistance)
+        if (!isLone && point.x() - before < minDistance)
             continue;
         before = point.x();
         m_painter.drawImage(point - m_symbol.centre, m_symbol.image);
     }
 }
 
-// Symbols that hide each other by more than half tell less than a few of them do.
+// Symbols that would cover each other by more than half are drawn two sizes apart.
 int CurvePainter::SymbolDistance(const Curve& curve) const
 {
     if (curve.readingCount <= FewReadings || m_style.lineStyle == LineStyle::None)

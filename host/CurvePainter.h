@@ -15,7 +15,7 @@
 namespace atlashost
 {
 
-// Draws in whole pixels, without antialiasing. The painter outlives it.
+// Draws in whole pixels, without antialiasing. The painter must outlive it.
 class CurvePainter
 {
 public:
@@ -23,10 +23,9 @@ public:
 
     CurvePainter(QPainter& painter, const styleatlas::Style& style);
 
-    // Draws the curve into the frame, whose edges are the ends of the ranges. The line ends at missing
-    // readings; between two of them, a lone reading that has no symbol is drawn as a dot. Where readings
-    // stand too close for their symbols, only some have one, unless there is no line to show the others; the
-    // result says so.
+    // Draws the curve into the frame, whose edges are the ends of the ranges. The line is interrupted at
+    // gaps; a lone reading between gaps is a dot if it has no symbol. Where readings are too close for their
+    // symbols, only some have one (Symbols::OfSome), unless there is no line to show the others.
     Symbols DrawCurve(const Curve& curve, QRect frame, Range times, Range values);
 
     // The style as the legend shows it: a line through the middle with a symbol over it.

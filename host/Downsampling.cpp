@@ -1,4 +1,4 @@
-#include "PlotData.h"
+#include "Downsampling.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,26 +9,26 @@ namespace atlashost
 namespace
 {
 
-// The readings of one column of pixels.
+// The readings of one pixel column.
 class Column
 {
 public:
-    explicit Column(std::vector<Reading>& result) : m_kept{result} {}
+    explicit Column(std::vector<Reading>& kept) : m_kept{kept} {}
 
     bool IsEmpty() const { return m_first == m_last; }
 
     void Begin(const Reading* first) { m_first = m_last = first; }
     void Add(const Reading* reading) { m_last = reading + 1; }
 
-    // Hands on what is left of it, in the order of time.
-    void Finish(std::size_t most)
+    // Appends the readings to keep, in the order of time, and empties the column.
+    void Finish(std::size_t maxCount)
     {
         const auto isLower = [](const Reading& a, const Reading& b) { return a.value < b.value; };
         const std::size_t begin = m_kept.size();
         std::copy_if(m_first, m_last, std::back_inserter(m_kept),
                      [](const Reading& reading) { return !IsGap(reading); });
         const auto first = m_kept.begin() + static_cast<std::ptrdiff_t>(begin);
-        if (m_kept.size() - begin > most) {
+        if (m_kept.size() - begin > maxCount) {
             auto [lowest, highest] = std::minmax_element(first, m_kept.end(), isLower);
             const Reading kept[] = {*first, *std::min(lowest, highest), *std::max(lowest, highest),
                                     m_kept.back()};
@@ -45,11 +45,6 @@ private:
 };
 
 } // namespace
-
-bool IsGap(const Reading& reading)
-{
-    return std::isnan(reading.value);
-}
 
 int ColumnOf(double time, Range times, int columns)
 {

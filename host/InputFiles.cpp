@@ -4,7 +4,6 @@
 
 #include <bindings/terminal/Text.h>
 
-#include <iostream>
 #include <stdexcept>
 
 namespace atlashost
@@ -15,24 +14,19 @@ namespace
 using styleatlas::terminal::NoLimit;
 using styleatlas::terminal::Printable;
 
-void FindQuantities(InputFile& file, const QuantityNames& names, const Teller& tell)
+void FindQuantities(InputFile& file, const QuantityNames& names, const Report& report)
 {
     for (const MeasuredColumn& column : file.content.columns) {
         file.quantities.push_back(names.Find(column.header));
         if (file.quantities.back() == nullptr)
-            tell(file.shownPath + ": no quantity fits the column \"" + Printable(column.header) +
-                 "\", it is left out");
+            report(file.shownPath + ": no quantity fits the column \"" + Printable(column.header) +
+                   "\", it is left out");
     }
 }
 
 } // namespace
 
-void Tell(const std::string& message)
-{
-    std::cerr << ProgramName << ": " << message << '\n';
-}
-
-int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Teller& tell,
+int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Report& report,
                 const std::function<void(InputFile&)>& handle)
 {
     int status = Succeeded;
@@ -42,11 +36,11 @@ int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, 
         try {
             file.content = ReadMeasuredFile(path);
             for (const std::string& remark : file.content.remarks)
-                tell(file.shownPath + ":" + remark);
-            FindQuantities(file, names, tell);
+                report(file.shownPath + ":" + remark);
+            FindQuantities(file, names, report);
             handle(file);
         } catch (const std::runtime_error& error) {
-            tell(file.shownPath + ": " + error.what());
+            report(file.shownPath + ": " + error.what());
             status = Failed;
         }
     }

@@ -67,7 +67,7 @@ int ListCurves(std::span<const char* const> paths)
     const QuantityNames names;
     CurveList list;
     const int status =
-        ForEachFile(paths, names, Tell, [&list](const InputFile& file) { list.AddFile(file); });
+        ForEachFile(paths, names, PrintError, [&list](const InputFile& file) { list.AddFile(file); });
     list.Print();
     return status;
 }

@@ -65,8 +65,7 @@ constexpr option LongOptions[] = {
     {},
 };
 
-// The option that getopt_long stopped at: a short one, of which none is known, can stand in the middle of a
-// word.
+// The option that getopt_long rejected. A short one can be in the middle of a word.
 std::string StoppedAt(const char* word)
 {
     return "\"" + (optopt > ' ' ? std::string{'-', static_cast<char>(optopt)} : Printable(word)) + "\"";
@@ -89,14 +88,14 @@ void ParseSize(std::string_view text, PlotTarget& target)
     const char* const end = text.data() + text.size();
     const auto [cross, widthError] = std::from_chars(text.data(), end, target.width);
     const bool hasCross = widthError == std::errc{} && cross != end && *cross == 'x';
-    const auto isSide = [](int side) { return side >= SmallestSide && side <= LargestSide; };
+    const auto isSide = [](int side) { return side >= MinSide && side <= MaxSide; };
     if (hasCross) {
         const auto [stop, heightError] = std::from_chars(cross + 1, end, target.height);
         if (heightError == std::errc{} && stop == end && isSide(target.width) && isSide(target.height))
             return;
     }
-    throw UsageError{"--size takes a width and a height from " + std::to_string(SmallestSide) + " to " +
-                     std::to_string(LargestSide) + " as in 1200x800, not \"" + Printable(text) + "\""};
+    throw UsageError{"--size takes a width and a height from " + std::to_string(MinSide) + " to " +
+                     std::to_string(MaxSide) + " as in 1200x800, not \"" + Printable(text) + "\""};
 }
 
 constexpr std::size_t AnyNumber = std::numeric_limits<std::size_t>::max();

@@ -10,14 +10,14 @@ namespace atlashost
 namespace
 {
 
-constexpr QSize Smallest{320, 200};
+constexpr QSize MinSize{320, 200};
 
 } // namespace
 
 PlotView::PlotView(const Plot& plot, QWidget* parent) : QWidget{parent}, m_plot{plot}
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(Smallest);
+    setMinimumSize(MinSize);
 }
 
 void PlotView::paintEvent(QPaintEvent* /*event*/)

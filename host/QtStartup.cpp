@@ -1,7 +1,7 @@
 #include "QtStartup.h"
 
 #include "Commands.h"
-#include "InputFiles.h"
+#include "Report.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -21,7 +21,7 @@ void ExitOnFatal(QtMsgType type, const QMessageLogContext& context, const QStrin
         reason = message.section('\n', 0, 0);
     if (type != QtFatalMsg)
         return;
-    Tell("nothing can be drawn: " + reason.toStdString());
+    PrintError("nothing can be drawn: " + reason.toStdString());
     std::_Exit(Failed);
 }
 

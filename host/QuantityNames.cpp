@@ -15,7 +15,7 @@ namespace
 
 using styleatlas::terminal::ToUtf8;
 
-// Letters and digits, and whatever is not ASCII: names are in any language.
+// Letters and digits of any language.
 constexpr bool IsOfWord(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||

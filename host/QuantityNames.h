@@ -1,4 +1,4 @@
-// QuantityNames.h: the quantities of the unit library, and which of them the head of a column means.
+// QuantityNames.h: the quantities of the unit library by their names.
 #pragma once
 
 #include <styleatlas.hpp>
@@ -19,7 +19,7 @@ struct MeasuredQuantity {
     std::string name;
 };
 
-// A copy of the unit library's list, taken when it is made.
+// A copy of the unit library's list at the time of construction.
 class QuantityNames
 {
 public:
@@ -27,9 +27,8 @@ public:
 
     std::span<const MeasuredQuantity> All() const { return m_quantities; }
 
-    // The quantity that a column is headed with: by its symbol, else by its symbol in any case, else by the
-    // first word of its name in any case. Of several that fit in one way, the first of the list. Null where
-    // none fits.
+    // The quantity of a column heading: by symbol, else by symbol in any case, else by the first word of the
+    // name in any case. The first of the list if several fit equally well, null if none fits.
     const MeasuredQuantity* Find(std::string_view header) const;
 
 private:

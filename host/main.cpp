@@ -1,10 +1,10 @@
-// atlas-host: a measurement host. It reads files of measured data, knows the quantities from the unit
+// atlas-host: a measurement host. It reads files of measured data, finds their quantities in the unit
 // library, and asks the style atlas how each curve is drawn.
 #include "Commands.h"
-#include "InputFiles.h"
 #include "LayoutTool.h"
 #include "Options.h"
 #include "QtStartup.h"
+#include "Report.h"
 
 #include "styleatlas.h"
 
@@ -42,7 +42,7 @@ bool PrepareHost(std::string_view hostName)
     try {
         return PrepareFolder(hostName).status != WrongUsage;
     } catch (const std::runtime_error& error) {
-        Tell(error.what());
+        PrintError(error.what());
         return true;
     }
 }
@@ -54,8 +54,8 @@ int PrintFolder(std::string_view hostName)
     return result.status;
 }
 
-// A command that the style atlas answers. The editor alone goes without an application object of the
-// program's own, as in the many hosts that know nothing of Qt.
+// Runs a command that calls the style atlas. The command edit makes no application object, as a host without
+// Qt would.
 int RunAsHost(const Options& options)
 {
     if (!PrepareHost(options.hostName))
@@ -63,9 +63,9 @@ int RunAsHost(const Options& options)
     std::optional<QtApplication> application;
     if (HasWindow(options)) {
         if (!HasDisplay()) {
-            Tell(options.action == Action::Window
-                     ? "there is no display to show the window on"
-                     : "there is no display to show the plot on; --png FILE writes it into a file");
+            PrintError(options.action == Action::Window
+                           ? "there is no display to show the window on"
+                           : "there is no display to show the plot on; --png FILE writes it into a file");
             return Failed;
         }
         application.emplace();
@@ -111,9 +111,9 @@ int RunAndFlush(const Options& options)
         const int status = Run(options);
         if (std::cout.flush())
             return status;
-        Tell("the output cannot be written");
+        PrintError("the output cannot be written");
     } catch (const std::exception& error) {
-        Tell(error.what());
+        PrintError(error.what());
     }
     return Failed;
 }
@@ -127,7 +127,7 @@ int main(int argc, char** argv)
     try {
         return atlashost::RunAndFlush(atlashost::ReadOptions(argc, argv));
     } catch (const atlashost::UsageError& error) {
-        atlashost::Tell(std::string{error.what()} + "; try --help");
+        atlashost::PrintError(std::string{error.what()} + "; try --help");
         return atlashost::WrongUsage;
     }
 }

@@ -2,9 +2,10 @@
 """Holds the sources and the archives against the floors of the house: check_floors.py BUILD_FOLDER
 
   - Includes: frame, dialogs, controls and model know the class framework, each other downward, the language library, the
-    public header and the C++ library; no Qt, no POSIX, nothing of the layer's inside. The layer knows nothing above it;
-    tools stand on the model and the layer's floor without windows. bindings know the public headers, and what paints there takes figures, dashes and rasteriser from the library. The
-    host knows the public headers, bindings and the unit library's header. No circle of files.
+    public header and the C++ library; no Qt, no POSIX, nothing of the layer's inside. The layer knows nothing above it.
+    Tools know the model and the layer's floor without windows. Bindings know the public headers; what paints there takes
+    figures, dashes and rasteriser from the library. The host knows the public headers, the bindings and the unit
+    library's header. No circle of files.
   - Links: no archive needs a symbol that only an archive of a floor above it defines.
 """
 import re

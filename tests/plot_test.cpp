@@ -2,6 +2,7 @@
 #include "Axis.h"
 #include "Calendar.h"
 #include "CurvePainter.h"
+#include "Downsampling.h"
 #include "PlotLayout.h"
 #include "PlotPainter.h"
 #include "PlotWindow.h"

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
 
 namespace atlaslayout
 {
@@ -31,23 +30,5 @@ std::string FieldWords(const LayoutRecord& record, const LayoutRecord& other);
 
 // "file column 3", "file columns 0 to 3"
 std::string ColumnWords(std::size_t first, std::size_t last);
-
-// Divides the numbers below count into runs of equal keyOf(number), and calls use(first, last, key) for each.
-template <class KeyOf, class Use> void ForEachRun(std::size_t count, KeyOf keyOf, Use use)
-{
-    if (count == 0)
-        return;
-    std::size_t first = 0;
-    auto key = keyOf(first);
-    for (std::size_t i = 1; i < count; ++i) {
-        auto next = keyOf(i);
-        if (next == key)
-            continue;
-        use(first, i - 1, key);
-        first = i;
-        key = std::move(next);
-    }
-    use(first, count - 1, key);
-}
 
 } // namespace atlaslayout
