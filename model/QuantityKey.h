@@ -17,5 +17,5 @@ struct QuantityKey {
     short Device = 0; // -1: no device
     DWORD Flags = 0;
 
-    friend auto operator<=>(const QuantityKey&, const QuantityKey&) = default;
+    auto operator<=>(const QuantityKey&) const = default; // NOLINT(modernize-use-nullptr): no pointers
 };
