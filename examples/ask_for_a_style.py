@@ -27,7 +27,7 @@ def utf16(text):
 
 
 def make_layout_folder(host):
-    """Makes the folder of the host's layout file. Without it the styles are told, but cannot be saved."""
+    """Makes the folder of the host's layout file. Without it styles can be asked for, but not be saved."""
     data = os.environ.get("XDG_DATA_HOME", "")
     data = Path(data) if os.path.isabs(data) else Path.home() / ".local/share"
     prefix = Path(os.environ.get("STYLEATLAS_PREFIX") or data / "styleatlas")

@@ -6,31 +6,13 @@
 #include <dialogs/EditorModule.h>
 #include <include/styleatlas.h>
 #include <model/Host.h>
+#include <model/HostSettings.h>
 #include <model/StyleAtlas.h>
 
 namespace
 {
 
-struct HostSettings {
-    const TCHAR* Name;
-    const TCHAR* SubKey; // below HKEY_USERS
-};
-constexpr HostSettings knownHosts[] = {
-    {_T("Quorvia"), _T(".DEFAULT\\Software\\Halvorn\\Quorvia")},
-    {_T("Tandrell"), _T(".DEFAULT\\Software\\Halvorn\\Tandrell\\General")},
-};
-constexpr const TCHAR* otherHostSubKey = _T(".DEFAULT\\Software\\Halvorn");
-
 constexpr int dialogNotShown = -1;
-
-const TCHAR* SubKeyOf(const TCHAR* hostName)
-{
-    for (const HostSettings& host : knownHosts) {
-        if (_wcsicmp(hostName, host.Name) == 0)
-            return host.SubKey;
-    }
-    return otherHostSubKey;
-}
 
 // Runs the body of an export in the module's state. Returns the failure if there is an exception, which can
 // be of any type, as the unit library may raise its own.
@@ -113,7 +95,7 @@ void StyleAtlasSetApplication(const char16_t* applicationName)
 {
     RunExport([&] {
         g_ApplicationName = applicationName;
-        const CString subKey = SubKeyOf(applicationName);
+        const CString subKey = k_HostSettings::SubKeyOf(applicationName);
         g_StyleAtlas.SetRegistryPath(subKey);
         g_RegistryPath = subKey;
         LoadTable();

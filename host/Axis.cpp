@@ -13,11 +13,11 @@ namespace atlashost
 namespace
 {
 
-constexpr double LargestPlain = 1e7; // numbers from here on are written with an exponent
-constexpr int MostDecimals = 5;      // steps of more decimals, too
-constexpr int MostDigits = 16;       // behind the decimal mark of a number with an exponent
-constexpr int GapCharacters = 2;     // between two labels
-constexpr int ShortestLabel = 4;     // in characters
+constexpr double MaxPlain = 1e7;    // numbers from here on are written with an exponent
+constexpr int MaxPlainDecimals = 5; // so are steps with more decimals
+constexpr int MaxDigits = 16;       // after the decimal mark of a number with an exponent
+constexpr int GapCharacters = 2;    // between two labels
+constexpr int MinLabelLength = 4;   // characters
 
 // One, two or five times a power of ten.
 struct DecimalStep {
@@ -37,18 +37,18 @@ DecimalStep StepAtLeast(double size)
     return {1, exponent + 1};
 }
 
-// Numbers on an axis all have the decimals of the step.
+// All numbers of an axis have as many decimals as its step.
 std::string NumberText(double value, DecimalStep step, double largest)
 {
     std::array<char, 64> text;
     const auto write = [&](std::chars_format format, int digits) {
         return std::to_chars(text.data(), text.data() + text.size(), value, format, digits).ptr;
     };
-    const bool isPlain = largest < LargestPlain && -step.exponent <= MostDecimals;
+    const bool isPlain = largest < MaxPlain && -step.exponent <= MaxPlainDecimals;
     const int exponent = static_cast<int>(std::floor(std::log10(largest)));
     const char* const end =
         isPlain ? write(std::chars_format::fixed, std::max(0, -step.exponent))
-                : write(std::chars_format::scientific, std::clamp(exponent - step.exponent, 0, MostDigits));
+                : write(std::chars_format::scientific, std::clamp(exponent - step.exponent, 0, MaxDigits));
     return std::string{static_cast<const char*>(text.data()), end};
 }
 
@@ -56,7 +56,7 @@ std::vector<Tick> NumberTicks(Range range, DecimalStep step)
 {
     const double value = step.Value();
     const double largest = std::max(std::abs(range.low), std::abs(range.high));
-    constexpr double Slack = 1e-6; // of a step, for ends that rounding has moved
+    constexpr double Slack = 1e-6; // of a step: tolerates rounding at the ends
     const auto first = static_cast<std::int64_t>(std::ceil(range.low / value - Slack));
     const auto last = static_cast<std::int64_t>(std::floor(range.high / value + Slack));
     std::vector<Tick> ticks;
@@ -69,24 +69,24 @@ std::vector<Tick> NumberTicks(Range range, DecimalStep step)
 
 std::vector<Tick> LongEnoughNumberTicks(Range range, int length, int characterWidth)
 {
-    int characters = ShortestLabel;
+    int characters = MinLabelLength;
     while (true) {
-        const int mostSteps = std::max(1, length / ((characters + GapCharacters) * characterWidth));
-        std::vector<Tick> ticks = NumberTicks(range, StepAtLeast((range.high - range.low) / mostSteps));
-        std::size_t longest = 0;
+        const int maxSteps = std::max(1, length / ((characters + GapCharacters) * characterWidth));
+        std::vector<Tick> ticks = NumberTicks(range, StepAtLeast((range.high - range.low) / maxSteps));
+        std::size_t maxLength = 0;
         for (const Tick& tick : ticks)
-            longest = std::max(longest, tick.label.size());
-        if (static_cast<int>(longest) <= characters)
+            maxLength = std::max(maxLength, tick.label.size());
+        if (static_cast<int>(maxLength) <= characters)
             return ticks;
-        characters = static_cast<int>(longest);
+        characters = static_cast<int>(maxLength);
     }
 }
 
 } // namespace
 
-Axis ValueAxis(Range values, int mostSteps)
+Axis ValueAxis(Range values, int maxSteps)
 {
-    const DecimalStep step = StepAtLeast((values.high - values.low) / std::max(1, mostSteps));
+    const DecimalStep step = StepAtLeast((values.high - values.low) / std::max(1, maxSteps));
     const double value = step.Value();
     const Range range{std::floor(values.low / value) * value, std::ceil(values.high / value) * value};
     return {range, NumberTicks(range, step)};

@@ -1,4 +1,4 @@
-// Axis.h: where the ticks of an axis stand, and what is written at them.
+// Axis.h: the ticks of an axis and their labels.
 #pragma once
 
 #include "PlotData.h"
@@ -19,12 +19,12 @@ struct Axis {
     std::vector<Tick> ticks; // within the range, rising
 };
 
-// An axis for values: steps of 1, 2 or 5 times a power of ten, at most so many of them, and a range that
-// begins and ends with a step. The range is a divisible one.
-Axis ValueAxis(Range values, int mostSteps);
+// An axis for values: at most maxSteps steps of 1, 2 or 5 times a power of ten. Its range begins and ends
+// with a step. The values must be a divisible range.
+Axis ValueAxis(Range values, int maxSteps);
 
-// An axis for times over the range as it is. The steps of dates are those of clock and calendar. The axis is
-// so many pixels long, and its labels, of characters of the given width, stay clear of each other.
+// An axis for times over exactly the given range, with clock and calendar steps for dates. Length and width
+// of a character are in pixels; labels don't overlap.
 Axis TimeAxis(Range times, TimeKind kind, int length, int characterWidth);
 
 } // namespace atlashost

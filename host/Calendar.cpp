@@ -13,7 +13,7 @@ namespace
 constexpr int SecondsOfHour = 3600;
 constexpr int SecondsOfMinute = 60;
 
-// Takes texts off the front of a text, and keeps whether all of them were there.
+// Takes parts off the front of a text, and remembers whether all of them were there.
 class Scanner
 {
 public:
@@ -44,7 +44,7 @@ public:
 
     void Expect(std::string_view characters) { m_isGood = TakeAnyOf(characters) && m_isGood; }
 
-    // The digits behind a decimal mark.
+    // The digits after a decimal mark.
     double Fraction()
     {
         double value = 0;

@@ -14,7 +14,7 @@ namespace atlashost
 namespace
 {
 
-// The forms of labels. A part that is the same as at the tick before is left out where another one follows.
+// The forms of labels and the parts that a label omits if the previous tick has the same.
 constexpr std::string_view YearForm = "1973";
 constexpr std::string_view MonthForm = "1973-05";
 constexpr std::string_view YearPart = "1973-";
@@ -23,17 +23,17 @@ constexpr std::string_view DatePart = "1973-05-01 ";
 constexpr std::string_view MinuteForm = "07:30";
 constexpr std::string_view SecondForm = "07:30:15";
 
-constexpr int FinestDecimals = 6; // of seconds
+constexpr int MaxDecimals = 6; // of seconds
 constexpr int FinestFactors[] = {1, 2, 5};
 
-// Each divides a day, so that the first tick of a day is its beginning.
+// Each divides a day, so that each day begins with a tick.
 constexpr int SecondSteps[] = {1,   2,   5,    10,   15,   30,    60,    120,  300,
                                600, 900, 1800, 3600, 7200, 10800, 21600, 43200};
 
-// Steps of days begin anew with each month; a last one that is less than two thirds of a step is left out.
+// Steps of days start anew each month; a last step shorter than two thirds is omitted.
 struct DayStep {
     int days;
-    int smallestDistance; // at the end of a February
+    int minDistance; // at the end of a February
 };
 constexpr DayStep DaySteps[] = {{1, 1}, {2, 2}, {5, 4}, {10, 8}, {15, 13}};
 constexpr int DaysOfShortestMonth = 28;
@@ -54,7 +54,7 @@ std::vector<CalendarTick> ClockTicks(double from, double to, double step, int de
     std::string dateBefore;
     for (std::int64_t i = first; i <= last; ++i) {
         const double time = static_cast<double>(i) * step;
-        // Rounding may have put the time a little below what it stands for.
+        // Rounding may have put the time slightly below the step.
         const double shown = time + step / 1000;
         const std::string date = DateText(shown);
         const std::string timeOfDay = TimeOfDayText(shown, seconds, decimals);
@@ -64,8 +64,7 @@ std::vector<CalendarTick> ClockTicks(double from, double to, double step, int de
     return ticks;
 }
 
-// Calls add(day) for the first day of each month from the one of a time on, in steps of so many months that
-// begin with a year.
+// Calls add(day) for the first day of each step of months between two times. Steps are aligned to the year.
 template <class Add> void ForEachMonth(double from, double to, int step, const Add& add)
 {
     const std::chrono::year_month_day day = DayOf(from);
@@ -100,7 +99,7 @@ std::vector<CalendarTick> DayTicks(double from, double to, int step)
                 ticks.push_back({time, DateText(time)});
         }
     });
-    // From the last one on, as each is compared with the one before it.
+    // Backwards, as each label is compared with the whole label before it.
     for (std::size_t i = ticks.size(); i-- > 1;) {
         if (ticks[i].label.starts_with(ticks[i - 1].label.substr(0, YearPart.size())))
             ticks[i].label.erase(0, YearPart.size());
@@ -112,25 +111,25 @@ std::vector<CalendarTick> DayTicks(double from, double to, int step)
 
 std::vector<CalendarTick> CalendarTicks(double from, double to, const LabelsFit& fit)
 {
-    // Of two neighbours one at most has both parts.
-    const auto fitsMostly = [&fit](double seconds, std::size_t length, std::size_t partLength) {
+    // At most one of two neighbouring labels is a full one.
+    const auto fitsAlternating = [&fit](double seconds, std::size_t length, std::size_t partLength) {
         return fit(seconds, length + (partLength + 1) / 2);
     };
-    for (int decimals = FinestDecimals; decimals > 0; --decimals) {
+    for (int decimals = MaxDecimals; decimals > 0; --decimals) {
         const std::size_t length = SecondForm.size() + 1 + static_cast<std::size_t>(decimals);
         for (const int factor : FinestFactors) {
             if (const double step = factor * std::pow(10.0, -decimals);
-                fitsMostly(step, length, DatePart.size()))
+                fitsAlternating(step, length, DatePart.size()))
                 return ClockTicks(from, to, step, decimals);
         }
     }
     for (const int step : SecondSteps) {
         const std::size_t length = step < 60 ? SecondForm.size() : MinuteForm.size();
-        if (fitsMostly(step, length, DatePart.size()))
+        if (fitsAlternating(step, length, DatePart.size()))
             return ClockTicks(from, to, step, 0);
     }
     for (const DayStep& step : DaySteps) {
-        if (fitsMostly(step.smallestDistance * SecondsOfDay, DayForm.size(), YearPart.size()))
+        if (fitsAlternating(step.minDistance * SecondsOfDay, DayForm.size(), YearPart.size()))
             return DayTicks(from, to, step.days);
     }
     for (const int step : MonthSteps) {

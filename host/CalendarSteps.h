@@ -14,11 +14,11 @@ struct CalendarTick {
     std::string label;
 };
 
-// Says whether labels of so many characters have room, if they stand so many seconds apart.
+// Whether labels of so many characters fit at a distance of so many seconds.
 using LabelsFit = std::function<bool(double seconds, std::size_t characters)>;
 
-// The ticks from one time to another, in the smallest step of which the labels fit. A label leaves out the
-// year before a day, and the date before a time of day, where it is the same as at the tick before.
+// The ticks between two times, in the smallest step whose labels fit. A label omits the year before a day,
+// and the date before a time of day, if the previous tick has the same.
 std::vector<CalendarTick> CalendarTicks(double from, double to, const LabelsFit& fit);
 
 } // namespace atlashost

@@ -9,15 +9,15 @@
 namespace atlashost
 {
 
-// Records end with LF or CR LF, the last one with the text. A field that begins with a quotation mark goes on
-// to the next lone one: commas and line ends inside it belong to it, and a doubled mark stands for one.
+// Records end with LF, CR LF or the end of the text. A field in quotation marks can hold commas and line
+// ends; a doubled mark in it stands for one.
 class CsvReader
 {
 public:
     // Fields of a record past this number are counted, but not kept.
     static constexpr std::size_t MaxFields = 4096;
 
-    // The content stays the caller's, and has to outlive the reader. A byte order mark is passed over.
+    // The content must outlive the reader. A byte order mark is skipped.
     explicit CsvReader(std::string_view content);
 
     // Reads the next record that is not an empty line; false at the end.

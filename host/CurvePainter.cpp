@@ -1,8 +1,8 @@
 #include "CurvePainter.h"
 
-#include "styleatlas.h"
+#include "Downsampling.h"
 
-#include <QPen>
+#include <bindings/qt/StylePen.h>
 
 #include <algorithm>
 #include <cmath>
@@ -15,41 +15,17 @@ namespace atlashost
 namespace
 {
 
-constexpr int WidestLine = 256;
-constexpr std::size_t MostLinePoints = 4;  // of one column of pixels
-constexpr std::size_t MostSymbols = 16;    // of one column of pixels
-constexpr std::size_t FewReadings = 16;    // they always have their symbols
+using styleatlas::LineStyle;
+
+constexpr std::size_t MaxLinePoints = 4;   // in a pixel column
+constexpr std::size_t MaxSymbols = 16;     // in a pixel column
+constexpr std::size_t FewReadings = 16;    // always have their symbols
 constexpr int DistanceOfSparseSymbols = 2; // in sizes of the symbol
-
-// On and off by turns, in pixels. Wider lines than one pixel are solid.
-const QList<qreal>& DashesOf(int lineStyle)
-{
-    static const QList<qreal> Dashes[] = {
-        {}, {18, 6}, {3, 3}, {9, 6, 3, 6}, {9, 3, 3, 3, 3, 3},
-    };
-    const bool isDashed = lineStyle >= STYLEATLAS_LINE_DASHED && lineStyle <= STYLEATLAS_LINE_DASH_DOT_DOT;
-    return Dashes[isDashed ? lineStyle : 0];
-}
-
-QPen PenOf(const CurveStyle& style)
-{
-    if (style.lineStyle == STYLEATLAS_LINE_NONE)
-        return Qt::NoPen;
-    const int width = std::clamp(std::abs(int{style.lineWidth}), 1, WidestLine);
-    QPen pen{ToQColor(style.useSymbolColor != 0 ? style.symbolColor : style.lineColor)};
-    pen.setWidth(width);
-    pen.setCosmetic(true);
-    pen.setCapStyle(width > 1 ? Qt::RoundCap : Qt::FlatCap);
-    pen.setJoinStyle(Qt::RoundJoin);
-    if (const QList<qreal>& dashes = DashesOf(style.lineStyle); width == 1 && !dashes.empty())
-        pen.setDashPattern(dashes);
-    return pen;
-}
 
 } // namespace
 
-CurvePainter::CurvePainter(QPainter& painter, const CurveStyle& style)
-    : m_painter{painter}, m_style{style}, m_symbol{MakeSymbolPicture(style)}
+CurvePainter::CurvePainter(QPainter& painter, const styleatlas::Style& style)
+    : m_painter{painter}, m_style{style}, m_symbol{styleatlas::qt::MakeSymbolPicture(style)}
 {
 }
 
@@ -60,13 +36,13 @@ CurvePainter::Symbols CurvePainter::DrawCurve(const Curve& curve, QRect frame, R
     m_values = values;
     m_painter.save();
     m_painter.setRenderHint(QPainter::Antialiasing, false);
-    m_painter.setPen(PenOf(m_style));
-    if (m_style.lineStyle != STYLEATLAS_LINE_NONE)
-        DrawLine(Thinned(curve.readings, times, frame.width(), MostLinePoints));
+    m_painter.setPen(styleatlas::qt::MakePen(m_style));
+    if (m_style.lineStyle != LineStyle::None)
+        DrawLine(Downsampled(curve.readings, times, frame.width(), MaxLinePoints));
     int distance = 0;
     if (!m_symbol.image.isNull()) {
         distance = SymbolDistance(curve);
-        DrawSymbols(Thinned(curve.readings, times, frame.width(), MostSymbols), distance);
+        DrawSymbols(Downsampled(curve.readings, times, frame.width(), MaxSymbols), distance);
     }
     m_painter.restore();
     return distance > 0 ? Symbols::OfSome : Symbols::OfAll;
@@ -78,7 +54,7 @@ void CurvePainter::DrawSample(QRect rect)
     m_painter.save();
     m_painter.setRenderHint(QPainter::Antialiasing, false);
     m_painter.setClipRect(rect);
-    m_painter.setPen(PenOf(m_style));
+    m_painter.setPen(styleatlas::qt::MakePen(m_style));
     m_painter.drawLine(rect.left(), centre.y(), rect.left() + rect.width(), centre.y());
     if (!m_symbol.image.isNull())
         m_painter.drawImage(centre - m_symbol.centre, m_symbol.image);
@@ -106,7 +82,7 @@ void CurvePainter::DrawRun(std::vector<QPoint> points)
         m_painter.drawPoint(points.front());
 }
 
-void CurvePainter::DrawSymbols(std::span<const Reading> readings, int smallestDistance)
+void CurvePainter::DrawSymbols(std::span<const Reading> readings, int minDistance)
 {
     int before = std::numeric_limits<int>::min() / 2;
     for (std::size_t i = 0; i < readings.size(); ++i) {
@@ -115,17 +91,17 @@ void CurvePainter::DrawSymbols(std::span<const Reading> readings, int smallestDi
         const bool isLone =
             (i == 0 || IsGap(readings[i - 1])) && (i + 1 == readings.size() || IsGap(readings[i + 1]));
         const QPoint point = PointOf(readings[i]);
-        if (!isLone && point.x() - before < smallestDistance)
+        if (!isLone && point.x() - before < minDistance)
             continue;
         before = point.x();
         m_painter.drawImage(point - m_symbol.centre, m_symbol.image);
     }
 }
 
-// Symbols that hide each other by more than half tell less than a few of them do.
+// Symbols that would cover each other by more than half are drawn two sizes apart.
 int CurvePainter::SymbolDistance(const Curve& curve) const
 {
-    if (curve.readingCount <= FewReadings || m_style.lineStyle == STYLEATLAS_LINE_NONE)
+    if (curve.readingCount <= FewReadings || m_style.lineStyle == LineStyle::None)
         return 0;
     const int size = m_symbol.centre.x() * 2;
     const int left = ColumnOf(curve.readings.front().time, m_times, m_frame.width());

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "PlotData.h"
-#include "SymbolPicture.h"
+
+#include <bindings/qt/SymbolPicture.h>
 
 #include <QPainter>
 #include <QPoint>
@@ -14,18 +15,17 @@
 namespace atlashost
 {
 
-// Draws in whole pixels, without antialiasing. The painter outlives it.
+// Draws in whole pixels, without antialiasing. The painter must outlive it.
 class CurvePainter
 {
 public:
     enum class Symbols { OfAll, OfSome };
 
-    CurvePainter(QPainter& painter, const CurveStyle& style);
+    CurvePainter(QPainter& painter, const styleatlas::Style& style);
 
-    // Draws the curve into the frame, whose edges are the ends of the ranges. The line ends at missing
-    // readings; between two of them, a lone reading that has no symbol is drawn as a dot. Where readings
-    // stand too close for their symbols, only some have one, unless there is no line to show the others; the
-    // result says so.
+    // Draws the curve into the frame, whose edges are the ends of the ranges. The line is interrupted at
+    // gaps; a lone reading between gaps is a dot if it has no symbol. Where readings are too close for their
+    // symbols, only some have one (Symbols::OfSome), unless there is no line to show the others.
     Symbols DrawCurve(const Curve& curve, QRect frame, Range times, Range values);
 
     // The style as the legend shows it: a line through the middle with a symbol over it.
@@ -39,8 +39,8 @@ private:
     QPoint PointOf(const Reading& reading) const;
 
     QPainter& m_painter;
-    CurveStyle m_style;
-    SymbolPicture m_symbol;
+    styleatlas::Style m_style;
+    styleatlas::qt::SymbolPicture m_symbol;
     QRect m_frame;
     Range m_times;
     Range m_values;

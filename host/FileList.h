@@ -1,4 +1,4 @@
-// FileList.h: the files that a window shows, one below the other.
+// FileList.h: the list of files in a window.
 #pragma once
 
 #include <QByteArrayList>
@@ -10,17 +10,17 @@
 namespace atlashost
 {
 
-// Each file stands with the number of its file column, counted from 1 as the editor's headings count them.
-// Where one goes, those below it move up.
+// Shows each file with the number of its file column, counted from 1 as in the headings of the editor. When a
+// file is removed, those below it move up.
 class FileList : public QListWidget
 {
 public:
     explicit FileList(QWidget* parent = nullptr);
 
-    // Paths are in the encoding of the file system, which a text need not hold whole.
+    // Paths are bytes, in any encoding.
     void Add(const QByteArrayList& paths);
 
-    // False where none is selected.
+    // False if none is selected.
     bool RemoveSelected();
 
     std::vector<std::string> Paths() const;

@@ -1,11 +1,9 @@
 #include "InputFiles.h"
 
 #include "Commands.h"
-#include "Text.h"
 
-#include <algorithm>
-#include <iostream>
-#include <limits>
+#include <bindings/terminal/Text.h>
+
 #include <stdexcept>
 
 namespace atlashost
@@ -13,43 +11,36 @@ namespace atlashost
 namespace
 {
 
-void FindQuantities(InputFile& file, const QuantityNames& names, const Teller& tell)
+using styleatlas::terminal::NoLimit;
+using styleatlas::terminal::Printable;
+
+void FindQuantities(InputFile& file, const QuantityNames& names, const Report& report)
 {
     for (const MeasuredColumn& column : file.content.columns) {
         file.quantities.push_back(names.Find(column.header));
         if (file.quantities.back() == nullptr)
-            tell(file.shownPath + ": no quantity fits the column \"" + Printable(column.header) +
-                 "\", it is left out");
+            report(file.shownPath + ": no quantity fits the column \"" + Printable(column.header) +
+                   "\", it is left out");
     }
 }
 
 } // namespace
 
-std::int16_t InputFile::StyleColumn() const
-{
-    constexpr std::size_t LastColumn = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::min(fileColumn, LastColumn));
-}
-
-void Tell(const std::string& message)
-{
-    std::cerr << ProgramName << ": " << message << '\n';
-}
-
-int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Teller& tell,
+int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Report& report,
                 const std::function<void(InputFile&)>& handle)
 {
     int status = Succeeded;
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        InputFile file{i, Printable(paths[i], std::string::npos), {}, {}};
+    int fileColumn = 0;
+    for (const char* const path : paths) {
+        InputFile file{fileColumn++, Printable(path, NoLimit), {}, {}};
         try {
-            file.content = ReadMeasuredFile(paths[i]);
+            file.content = ReadMeasuredFile(path);
             for (const std::string& remark : file.content.remarks)
-                tell(file.shownPath + ":" + remark);
-            FindQuantities(file, names, tell);
+                report(file.shownPath + ":" + remark);
+            FindQuantities(file, names, report);
             handle(file);
         } catch (const std::runtime_error& error) {
-            tell(file.shownPath + ": " + error.what());
+            report(file.shownPath + ": " + error.what());
             status = Failed;
         }
     }

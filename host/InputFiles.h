@@ -1,11 +1,10 @@
-// InputFiles.h: the measured files of a command line, read one after the other.
+// InputFiles.h: reads the measured files of a command line one by one.
 #pragma once
 
 #include "MeasuredFile.h"
 #include "QuantityNames.h"
+#include "Report.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
@@ -15,24 +14,15 @@ namespace atlashost
 {
 
 struct InputFile {
-    std::size_t fileColumn = 0; // the place on the command line, counted from 0
-    std::string shownPath;      // fit to be printed
+    int fileColumn = 0;    // its place on the command line
+    std::string shownPath; // printable
     MeasuredFile content;
     std::vector<const MeasuredQuantity*> quantities; // of each column; null where none fits
-
-    // The file column under which the style atlas is asked.
-    std::int16_t StyleColumn() const;
 };
 
-// Tells the user something on standard error.
-void Tell(const std::string& message);
-
-// Where else to tell it, in a form that can be printed.
-using Teller = std::function<void(const std::string& message)>;
-
-// Reads the files, and hands each that can be read to the function, which may take it apart. What is wrong
-// with a file or a column is told. Returns Failed where a file could not be read, else Succeeded.
-int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Teller& tell,
+// Reads the files and calls handle, which may move from its argument, for each that can be read. Reports what
+// is wrong with a file or a column. Returns Failed if a file could not be read, else Succeeded.
+int ForEachFile(std::span<const char* const> paths, const QuantityNames& names, const Report& report,
                 const std::function<void(InputFile&)>& handle);
 
 } // namespace atlashost

@@ -1,5 +1,4 @@
-// LibraryCalls.h: what the program's window asks of the style atlas beside the styles. A test puts calls of
-// its own in their place.
+// LibraryCalls.h: the calls of the style atlas by the program's window, which a test can replace.
 #pragma once
 
 #include "styleatlas.h"

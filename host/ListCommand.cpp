@@ -1,9 +1,10 @@
 #include "Commands.h"
 
 #include "InputFiles.h"
-#include "StyleWords.h"
-#include "Text.h"
 #include "TextTable.h"
+
+#include <bindings/terminal/StyleWords.h>
+#include <bindings/terminal/Text.h>
 
 #include <iostream>
 #include <string>
@@ -12,6 +13,11 @@ namespace atlashost
 {
 namespace
 {
+
+using styleatlas::terminal::ColorDepth;
+using styleatlas::terminal::ColorsOfOutput;
+using styleatlas::terminal::Printable;
+using styleatlas::terminal::StyleCell;
 
 class CurveList
 {
@@ -28,7 +34,7 @@ public:
             m_curves.AddRow({fileColumn, Printable(column.header), Printable(quantity->symbol),
                              Printable(quantity->name), std::to_string(column.readings),
                              std::to_string(column.missing),
-                             StyleCell(StyleOf(file.StyleColumn(), *quantity), m_colors)});
+                             StyleCell(styleatlas::StyleOf(file.fileColumn, quantity->key), m_colors)});
         }
     }
 
@@ -61,7 +67,7 @@ int ListCurves(std::span<const char* const> paths)
     const QuantityNames names;
     CurveList list;
     const int status =
-        ForEachFile(paths, names, Tell, [&list](const InputFile& file) { list.AddFile(file); });
+        ForEachFile(paths, names, PrintError, [&list](const InputFile& file) { list.AddFile(file); });
     list.Print();
     return status;
 }

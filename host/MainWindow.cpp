@@ -1,10 +1,10 @@
 #include "MainWindow.h"
 
-#include "Display.h"
 #include "FileList.h"
 #include "PictureFile.h"
 #include "PlotView.h"
-#include "Text.h"
+
+#include <bindings/terminal/Text.h>
 
 #include <QActionGroup>
 #include <QDragEnterEvent>
@@ -30,10 +30,12 @@ namespace atlashost
 namespace
 {
 
+using styleatlas::terminal::Counted;
+
 constexpr QSize GoodWindow{1280, 860};
 constexpr int SideWidth = 230;
 constexpr int RemarksHeight = 160;
-constexpr int MostRemarks = 1000;   // lines
+constexpr int MaxRemarks = 1000;    // lines
 constexpr int MessageTime = 10'000; // milliseconds
 constexpr const char* NoFiles = "Open measured files (Ctrl+O), or drop them here.";
 constexpr const char* NoCurves = "There is no curve to plot.";
@@ -58,8 +60,7 @@ std::size_t CurveCount(const Plot& plot)
 
 } // namespace
 
-MainWindow::MainWindow(const QString& hostName, LibraryCalls calls)
-    : m_hostName{hostName}, m_calls{calls}, m_settings{FirstSettings(hostName)}
+MainWindow::MainWindow(const QString& hostName, LibraryCalls calls) : m_hostName{hostName}, m_calls{calls}
 {
     setWindowTitle(hostName.isEmpty() ? "Curves" : "Curves - " + hostName);
     setAcceptDrops(true);
@@ -75,7 +76,7 @@ void MainWindow::MakeParts()
     m_remarks = new QPlainTextEdit;
     m_remarks->setReadOnly(true);
     m_remarks->setAcceptDrops(false);
-    m_remarks->setMaximumBlockCount(MostRemarks);
+    m_remarks->setMaximumBlockCount(MaxRemarks);
     m_view = new PlotView{m_plot};
     auto* const side = new QSplitter{Qt::Vertical};
     side->addWidget(m_files);
@@ -147,14 +148,14 @@ void MainWindow::ReadFiles()
     std::vector<const char*> pointers(paths.size());
     std::ranges::transform(paths, pointers.begin(), [](const std::string& path) { return path.c_str(); });
     m_remarks->clear();
-    const auto tell = [this](const std::string& message) {
+    const auto report = [this](const std::string& message) {
         m_remarks->appendPlainText(QString::fromStdString(message));
     };
     try {
-        m_plot = ReadPlot(pointers, tell);
+        m_plot = ReadPlot(pointers, report);
     } catch (const std::exception& error) { // too many readings
         m_plot = {};
-        tell(error.what());
+        report(error.what());
     }
     m_remarks->setVisible(!m_remarks->document()->isEmpty());
     m_view->SetHint(paths.empty() ? NoFiles : NoCurves);
@@ -196,6 +197,13 @@ void MainWindow::ReloadStyles()
 
 void MainWindow::SwitchUser()
 {
+    try {
+        if (m_settings.root.isEmpty())
+            m_settings = FirstSettings(m_hostName);
+    } catch (const std::runtime_error& error) {
+        Warn(error.what());
+        return;
+    }
     if (!AskForSettings(this, m_settings))
         return;
     CallLibrary([this] {
@@ -205,8 +213,8 @@ void MainWindow::SwitchUser()
     ShowNewStyles("The styles are those of the user " + m_settings.root + ".");
 }
 
-// While a call of the style atlas shows a window of its own, events go on arriving here, and none of them may
-// lead to another call. Painting needs none, as the plot holds the styles that it was drawn with.
+// While a call of the style atlas shows a window of its own, this window still gets events, and none of them
+// may lead to another call. Painting makes no call: the plot holds its styles.
 void MainWindow::CallLibrary(const std::function<void()>& call)
 {
     m_commands->setEnabled(false);

@@ -1,4 +1,4 @@
-// MainWindow.h: the window of the program: measured files, their plot, and the way to their styles.
+// MainWindow.h: the window of the program: measured files, their plot, and the commands for their styles.
 #pragma once
 
 #include "LibraryCalls.h"
@@ -22,15 +22,15 @@ namespace atlashost
 class FileList;
 class PlotView;
 
-// Files come in through the menu, by drag and drop, or from the program; the first is file column 0, and so
-// on. What is wrong with one is shown below their list.
+// Files are added by the menu, by drag and drop, or by the program; the first is file column 0, and so on.
+// Errors in files are shown below the list of files.
 class MainWindow : public QMainWindow
 {
 public:
-    // The host has named itself to the style atlas before.
+    // The host must have named itself to the style atlas before.
     explicit MainWindow(const QString& hostName, LibraryCalls calls = {});
 
-    // Paths are in the encoding of the file system.
+    // Paths are bytes, in any encoding.
     void AddFiles(const QByteArrayList& paths);
 
 protected:

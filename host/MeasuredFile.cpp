@@ -2,8 +2,9 @@
 
 #include "Calendar.h"
 #include "CsvReader.h"
-#include "Text.h"
-#include "WholeFile.h"
+#include "FileContent.h"
+
+#include <bindings/terminal/Text.h>
 
 #include <charconv>
 #include <cmath>
@@ -19,12 +20,14 @@ namespace atlashost
 namespace
 {
 
-constexpr std::size_t MaxFields = 16'000'000; // in memory, a short field takes more room than in the file
+using styleatlas::terminal::Printable;
+
+constexpr std::size_t MaxFields = 16'000'000; // a short field takes more room in memory than in the file
 constexpr std::size_t MaxRemarks = 20;
-constexpr std::size_t LongestQuote = 30; // characters of a field or header in a remark
+constexpr std::size_t MaxQuoteLength = 30; // characters of a field or header in a remark
 constexpr double NoValue = std::numeric_limits<double>::quiet_NaN();
 
-// Independent of the locale, whose decimal mark can be another one than the file's.
+// Not by the locale, whose decimal mark may differ from the file's.
 std::optional<double> ParseNumber(std::string_view text)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))
@@ -76,8 +79,8 @@ private:
         if (m_file.rows > MaxFields / expected)
             throw std::runtime_error{"more than 16 million fields"};
         if (m_csv.FieldCount() > expected)
-            Tell("the line has " + std::to_string(m_csv.FieldCount()) + " fields, the head line " +
-                 std::to_string(expected));
+            AddRemark("the line has " + std::to_string(m_csv.FieldCount()) + " fields, the head line " +
+                      std::to_string(expected));
         m_file.times.push_back(TimeOf(WithoutBlanks(m_csv.Fields().front())));
         for (std::size_t i = 1; i < expected; ++i)
             Take(m_file.columns[i - 1], i < m_csv.Fields().size() ? WithoutBlanks(m_csv.Fields()[i]) : "");
@@ -106,17 +109,17 @@ private:
         }
         ++column.missing;
         if (!field.empty())
-            Tell('"' + Printable(field, LongestQuote) + "\" in column " +
-                 Printable(column.header, LongestQuote) + " is not a number");
+            AddRemark('"' + Printable(field, MaxQuoteLength) + "\" in column " +
+                      Printable(column.header, MaxQuoteLength) + " is not a number");
     }
 
     void TellOfOpenQuote()
     {
         if (m_csv.HasOpenQuote())
-            Tell("a quotation mark is never closed");
+            AddRemark("a quotation mark is never closed");
     }
 
-    void Tell(const std::string& remark)
+    void AddRemark(const std::string& remark)
     {
         if (++m_remarkCount <= MaxRemarks)
             m_file.remarks.push_back(std::to_string(m_csv.Line()) + ": " + remark);
@@ -129,9 +132,18 @@ private:
 
 } // namespace
 
+std::string_view WithoutBlanks(std::string_view text)
+{
+    constexpr std::string_view Blanks = " \t";
+    const std::size_t first = text.find_first_not_of(Blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
 MeasuredFile ReadMeasuredFile(const std::string& path)
 {
-    const std::string content = ReadWholeFile(path);
+    const std::string content = ReadFileContent(path);
     return Reader{content}.Read();
 }
 

@@ -1,10 +1,8 @@
 #include "Options.h"
 
-#include "SettingsFolder.h"
-#include "StyleWords.h"
-#include "Text.h"
-
 #include "styleatlas.h"
+
+#include <bindings/terminal/Text.h>
 
 #include <algorithm>
 #include <charconv>
@@ -16,6 +14,8 @@
 namespace atlashost
 {
 
+using styleatlas::terminal::Printable;
+
 const char* const Usage =
     R"(Usage: atlas-host [options] list FILE.csv...
        atlas-host [options] plot FILE.csv...
@@ -23,9 +23,7 @@ const char* const Usage =
        atlas-host [options] window [FILE.csv...]
        atlas-host [options] edit
        atlas-host [options] prepare
-       atlas-host layout show FILE...
-       atlas-host layout check FILE...
-       atlas-host layout diff OLD NEW
+       atlas-host layout ARGUMENT...
 
 Shows how the curves of measured data are drawn.
 
@@ -36,9 +34,7 @@ Shows how the curves of measured data are drawn.
   edit                  the editor of the styles alone
   prepare               makes the folder of the host's layout file, and prints it
 
-  layout show FILE...   what stands in layout files
-  layout check FILE...  whether they are good, or where they are damaged and how
-  layout diff OLD NEW   the rows and styles in which two layout files differ
+  layout ARGUMENT...    runs atlas-layout, which shows, checks and compares layout files
 
   --host NAME           the name by which this host is known to the style atlas (AirLab)
   --column N            the file column of the command table, 0 to 31 (0)
@@ -47,12 +43,11 @@ Shows how the curves of measured data are drawn.
   --help                show this text
   --version             show the version
 
-What list, plot --png, table, prepare and layout have to tell goes to standard error, with a display too.
+The messages of list, plot --png, table, prepare and layout go to standard error, with a display too.
 
-Exit status: 0 where all went well; 1 where something could not be read, written or shown, or a layout file
-is damaged; 2 where the command line was not understood. The command edit ends with 0 after OK and 3 after
-Cancel; the command layout diff with 0 where the files are the same, 1 where they differ, and 2 where one
-cannot be compared.
+Exit status: 0 where all went well; 1 where something could not be read, written or shown; 2 where the command
+line was not understood. The command edit ends with 0 after OK and 3 after Cancel; the command layout as
+atlas-layout does.
 )";
 
 namespace
@@ -70,8 +65,7 @@ constexpr option LongOptions[] = {
     {},
 };
 
-// The option that getopt_long stopped at: a short one, of which none is known, can stand in the middle of a
-// word.
+// The option that getopt_long rejected. A short one can be in the middle of a word.
 std::string StoppedAt(const char* word)
 {
     return "\"" + (optopt > ' ' ? std::string{'-', static_cast<char>(optopt)} : Printable(word)) + "\"";
@@ -94,23 +88,25 @@ void ParseSize(std::string_view text, PlotTarget& target)
     const char* const end = text.data() + text.size();
     const auto [cross, widthError] = std::from_chars(text.data(), end, target.width);
     const bool hasCross = widthError == std::errc{} && cross != end && *cross == 'x';
-    const auto isSide = [](int side) { return side >= SmallestSide && side <= LargestSide; };
+    const auto isSide = [](int side) { return side >= MinSide && side <= MaxSide; };
     if (hasCross) {
         const auto [stop, heightError] = std::from_chars(cross + 1, end, target.height);
         if (heightError == std::errc{} && stop == end && isSide(target.width) && isSide(target.height))
             return;
     }
-    throw UsageError{"--size takes a width and a height from " + std::to_string(SmallestSide) + " to " +
-                     std::to_string(LargestSide) + " as in 1200x800, not \"" + Printable(text) + "\""};
+    throw UsageError{"--size takes a width and a height from " + std::to_string(MinSide) + " to " +
+                     std::to_string(MaxSide) + " as in 1200x800, not \"" + Printable(text) + "\""};
 }
 
 constexpr std::size_t AnyNumber = std::numeric_limits<std::size_t>::max();
 
+constexpr std::string_view LayoutCommand = "layout";
+
 struct Command {
-    std::string_view words;
+    std::string_view name;
     Action action;
-    std::size_t fewestFiles;
-    std::size_t mostFiles;
+    std::size_t minFiles;
+    std::size_t maxFiles;
 };
 constexpr Command Commands[] = {
     {"list", Action::List, 1, AnyNumber},
@@ -119,32 +115,25 @@ constexpr Command Commands[] = {
     {"window", Action::Window, 0, AnyNumber},
     {"edit", Action::Edit, 0, 0},
     {"prepare", Action::Prepare, 0, 0},
-    {"layout show", Action::ShowLayout, 1, AnyNumber},
-    {"layout check", Action::CheckLayout, 1, AnyNumber},
-    {"layout diff", Action::CompareLayouts, 2, 2},
+    {LayoutCommand, Action::Layout, 0, AnyNumber},
 };
-constexpr std::string_view GroupOfCommands = "layout";
 
 const char* FilesOf(const Command& command)
 {
-    return command.mostFiles == 0 ? "no files" : command.mostFiles == 2 ? "two files" : "at least one file";
+    return command.maxFiles == 0 ? "no files" : "at least one file";
 }
 
 void ReadCommand(std::span<const char* const> words, Options& options)
 {
     if (words.empty())
         throw UsageError{"a command is missing"};
-    std::string name = words.front();
-    if (words.size() > 1 && name == GroupOfCommands) {
-        words = words.subspan(1);
-        name.append(" ").append(words.front());
-    }
-    const auto command = std::ranges::find(Commands, name, &Command::words);
+    const std::string name = words.front();
+    const auto* const command = std::ranges::find(Commands, name, &Command::name);
     if (command == std::ranges::end(Commands))
         throw UsageError{"unknown command \"" + Printable(name) + "\""};
     options.action = command->action;
     options.files = words.subspan(1);
-    if (options.files.size() < command->fewestFiles || options.files.size() > command->mostFiles)
+    if (options.files.size() < command->minFiles || options.files.size() > command->maxFiles)
         throw UsageError{"the command " + name + " takes " + FilesOf(*command)};
 }
 
@@ -153,13 +142,16 @@ void ReadCommand(std::span<const char* const> words, Options& options)
 Options ReadOptions(int argc, char** argv)
 {
     Options options;
+    const std::span<const char* const> words{argv, static_cast<std::size_t>(argc)};
+    if (words.size() > 1 && words[1] == LayoutCommand) { // the options behind it are the tool's
+        ReadCommand(words.subspan(1), options);
+        return options;
+    }
     opterr = 0;
     for (int option = 0; (option = getopt_long(argc, argv, ":", LongOptions, nullptr)) != -1;) {
         switch (option) {
         case Host:
             options.hostName = optarg;
-            if (!IsHostName(options.hostName))
-                throw UsageError{"\"" + Printable(options.hostName) + "\" cannot be the name of a folder"};
             break;
         case Column:
             options.fileColumn = ParseColumn(optarg);
@@ -182,7 +174,7 @@ Options ReadOptions(int argc, char** argv)
             throw UsageError{"unknown option " + StoppedAt(argv[optind - 1])};
         }
     }
-    ReadCommand({argv + optind, static_cast<std::size_t>(argc - optind)}, options);
+    ReadCommand(words.subspan(static_cast<std::size_t>(optind)), options);
     return options;
 }
 

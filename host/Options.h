@@ -11,29 +11,17 @@
 namespace atlashost
 {
 
-enum class Action {
-    List,
-    Plot,
-    Table,
-    Window,
-    Edit,
-    Prepare,
-    ShowLayout,
-    CheckLayout,
-    CompareLayouts,
-    Help,
-    Version
-};
+enum class Action { List, Plot, Table, Window, Edit, Prepare, Layout, Help, Version };
 
 struct Options {
     Action action = Action::Help;
     std::string_view hostName = "AirLab";
     std::int16_t fileColumn = 0;
     PlotTarget plot;
-    std::span<const char* const> files; // as many as the action takes
+    std::span<const char* const> files; // as many as the action takes; of Layout, the arguments of the tool
 };
 
-// What is wrong with a command line, in words.
+// What is wrong with a command line.
 class UsageError : public std::runtime_error
 {
 public:
@@ -42,7 +30,7 @@ public:
 
 extern const char* const Usage;
 
-// Reads the command line. The texts stay where they are in argv, whose order it changes: options come first.
+// Reads the command line and moves the options to the front of argv. The result refers to the texts of argv.
 // Throws UsageError.
 Options ReadOptions(int argc, char** argv);
 

@@ -1,6 +1,6 @@
 #include "PictureFile.h"
 
-#include "Text.h"
+#include <bindings/terminal/Text.h>
 
 #include <QBuffer>
 #include <QByteArray>
@@ -19,17 +19,20 @@ namespace atlashost
 namespace
 {
 
-constexpr int Permissions = 0666; // as far as the user's mask lets them
+using styleatlas::terminal::NoLimit;
+using styleatlas::terminal::Printable;
+
+constexpr int Permissions = 0666; // less the user's mask
 
 [[noreturn]] void ThrowError(const char* path, const char* reason)
 {
-    throw std::runtime_error{Printable(path, std::string::npos) + " cannot be written: " + reason};
+    throw std::runtime_error{Printable(path, NoLimit) + " cannot be written: " + reason};
 }
 
 class OutputFile
 {
 public:
-    // Without O_NONBLOCK a pipe would hold the program until somebody reads it.
+    // Without O_NONBLOCK the opening of a pipe would wait for a reader.
     explicit OutputFile(const char* path)
         : m_path{path}, m_descriptor{open(path,
                                           O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
@@ -58,7 +61,7 @@ public:
         }
     }
 
-    // Some file systems tell only here that the disk is full.
+    // Some file systems report a full disk only here.
     void Close()
     {
         if (close(std::exchange(m_descriptor, -1)) != 0)

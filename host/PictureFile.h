@@ -1,4 +1,4 @@
-// PictureFile.h: pictures on their way to the disk.
+// PictureFile.h: writes pictures.
 #pragma once
 
 #include <QImage>
@@ -6,8 +6,8 @@
 namespace atlashost
 {
 
-// Writes the picture as a PNG file, over whatever is there. Throws std::runtime_error, whose text names the
-// path and the reason; the file can then be there in part.
+// Writes the picture as a PNG file and replaces an old one. Throws std::runtime_error, which names the path
+// and the reason; a part of the file may have been written then.
 void WritePng(const QImage& picture, const char* path);
 
 } // namespace atlashost

@@ -1,12 +1,12 @@
 #include "Commands.h"
 
-#include "Display.h"
-#include "InputFiles.h"
 #include "PictureFile.h"
 #include "PlotData.h"
 #include "PlotLayout.h"
 #include "PlotPainter.h"
 #include "PlotWindow.h"
+#include "QtStartup.h"
+#include "Report.h"
 
 #include <QApplication>
 #include <QImage>
@@ -21,7 +21,7 @@ namespace atlashost
 namespace
 {
 
-// The application keeps references to both.
+// The application keeps references to both members.
 struct QtArguments {
     int count;
     std::array<char*, 3> words;
@@ -32,7 +32,7 @@ char offscreen[] = "offscreen";
 
 void DrawIntoFile(const Plot& plot, const PlotTarget& target)
 {
-    EndWhereQtWouldAbort();
+    ExitWhereQtWouldAbort();
     QtArguments arguments{3, {programName, platformOption, offscreen}};
     const QGuiApplication application{arguments.count, arguments.words.data()};
     const QSize size = target.width > 0 ? QSize{target.width, target.height} : GoodSize(plot.panels.size());
@@ -41,7 +41,7 @@ void DrawIntoFile(const Plot& plot, const PlotTarget& target)
         throw std::runtime_error{"the memory does not hold a picture of this size"};
     QPainter painter{&picture};
     if (const std::size_t missing = DrawPlot(painter, size, plot); missing > 0)
-        Tell("quantities that have no room in the picture: " + std::to_string(missing));
+        PrintError("quantities that have no room in the picture: " + std::to_string(missing));
     painter.end();
     WritePng(picture, target.png);
 }
@@ -57,9 +57,9 @@ void ShowWindow(const Plot& plot)
 
 int PlotCurves(std::span<const char* const> paths, const PlotTarget& target)
 {
-    const Plot plot = ReadPlot(paths, Tell);
+    const Plot plot = ReadPlot(paths, PrintError);
     if (plot.panels.empty()) {
-        Tell("there is no curve to plot");
+        PrintError("there is no curve to plot");
         return Failed;
     }
     if (target.png != nullptr)

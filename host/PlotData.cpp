@@ -1,7 +1,9 @@
 #include "PlotData.h"
 
 #include "Calendar.h"
-#include "Text.h"
+#include "Downsampling.h"
+
+#include <bindings/terminal/Text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -17,12 +19,14 @@ namespace atlashost
 namespace
 {
 
-constexpr int FinestColumns = 16384;           // more than any picture has
-constexpr std::size_t MostOfFinestColumn = 16; // more can be told apart nowhere
+using styleatlas::terminal::Printable;
+
+constexpr int MaxColumns = 16384;        // more than any picture has
+constexpr std::size_t MaxPerColumn = 16; // more can't be distinguished
 constexpr std::size_t MaxReadings = 32'000'000;
-constexpr double Farthest = 1e300;   // differences and sums of such numbers do not overflow
-constexpr double Smallest = 1e-290;  // fractions of such a number do not underflow
-constexpr double Resolution = 1e-13; // of values that are not equal but for rounding
+constexpr double MaxValue = 1e300;   // sums and differences of such numbers don't overflow
+constexpr double MinSize = 1e-290;   // fractions of such a number don't underflow
+constexpr double Resolution = 1e-13; // relative; closer values are equal but for rounding
 
 // "Wind speed, mean of 07:00 and 10:00, mph" is a title and a unit.
 std::pair<std::string, std::string> TitleAndUnit(const MeasuredQuantity& quantity)
@@ -35,8 +39,7 @@ std::pair<std::string, std::string> TitleAndUnit(const MeasuredQuantity& quantit
             Printable(WithoutBlanks(name.substr(comma + 1)))};
 }
 
-// Short names, as room is scarce where they are shown. Files that bear one name are told apart by their
-// folders.
+// Short names to save room; files with the same name are shown with their folders.
 std::vector<std::string> FileNames(std::span<const char* const> paths)
 {
     const auto shortName = [](std::string_view path) {
@@ -82,14 +85,14 @@ Range DivisibleTimes(Range times, TimeKind kind)
 
 void RenewStyle(Curve& curve)
 {
-    curve.style = StyleOf(curve.styleColumn, curve.quantity).value_or(CurveStyle{});
+    curve.style = styleatlas::StyleOf(curve.fileColumn, curve.key).value_or(styleatlas::Style{});
 }
 
 class PlotMaker
 {
 public:
-    PlotMaker(std::span<const char* const> paths, const Teller& tell)
-        : m_fileNames{FileNames(paths)}, m_tell{tell}
+    PlotMaker(std::span<const char* const> paths, const Report& report)
+        : m_fileNames{FileNames(paths)}, m_report{report}
     {
     }
 
@@ -97,8 +100,8 @@ public:
     {
         const MeasuredFile& content = file.content;
         if (const auto count = std::ranges::count_if(content.times, [](double t) { return std::isnan(t); }))
-            m_tell(file.shownPath + ": rows left out, as their first field is no " +
-                   (content.timeKind == TimeKind::Date ? "date" : "number") + ": " + std::to_string(count));
+            m_report(file.shownPath + ": rows left out, as their first field is no " +
+                     (content.timeKind == TimeKind::Date ? "date" : "number") + ": " + std::to_string(count));
         for (std::size_t i = 0; i < file.quantities.size(); ++i) {
             if (file.quantities[i] != nullptr)
                 AddCurve(file, *file.quantities[i], file.content.columns[i]);
@@ -130,14 +133,14 @@ private:
         const std::vector<Reading> all = ReadingsInOrder(file.content.times, values);
         const auto gaps = static_cast<std::size_t>(std::ranges::count_if(all, IsGap));
         if (gaps == all.size()) {
-            m_tell(file.shownPath + ": the column \"" + Printable(column.header) +
-                   "\" has no readings, it is left out");
+            m_report(file.shownPath + ": the column \"" + Printable(column.header) +
+                     "\" has no readings, it is left out");
             return;
         }
-        Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps, quantity, file.StyleColumn()};
+        Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps, quantity.key, file.fileColumn};
         RenewStyle(curve);
         const Range times{all.front().time, all.back().time};
-        curve.readings = Thinned(all, Divisible(times), FinestColumns, MostOfFinestColumn);
+        curve.readings = Downsampled(all, Divisible(times), MaxColumns, MaxPerColumn);
         m_readingCount += curve.readings.size();
         if (m_readingCount > MaxReadings)
             throw std::runtime_error{"more than 32 million readings in all"};
@@ -172,7 +175,7 @@ private:
         return entry;
     }
 
-    // In the order of time, panels that overlap the ones before them belong together.
+    // Panels whose times overlap, in the order of time, get one range.
     void ShareTimes()
     {
         std::vector<PanelInProgress*> ordered;
@@ -197,7 +200,7 @@ private:
     Plot m_plot;
     std::vector<PanelInProgress> m_panels;
     const std::vector<std::string> m_fileNames;
-    const Teller& m_tell;
+    const Report& m_report;
     std::size_t m_readingCount = 0;
 };
 
@@ -205,22 +208,22 @@ private:
 
 Range Divisible(Range range)
 {
-    range = {std::clamp(range.low, -Farthest, Farthest), std::clamp(range.high, -Farthest, Farthest)};
+    range = {std::clamp(range.low, -MaxValue, MaxValue), std::clamp(range.high, -MaxValue, MaxValue)};
     const double size = std::max(std::abs(range.low), std::abs(range.high));
-    if (size < Smallest)
+    if (size < MinSize)
         return {-1, 1};
-    const double smallest = std::max(size * Resolution, Smallest);
-    if (range.high - range.low >= smallest)
+    const double minWidth = std::max(size * Resolution, MinSize);
+    if (range.high - range.low >= minWidth)
         return range;
-    const double margin = std::max(size / 10, Smallest);
+    const double margin = std::max(size / 10, MinSize);
     return {range.low - margin, range.high + margin};
 }
 
-Plot ReadPlot(std::span<const char* const> paths, const Teller& tell)
+Plot ReadPlot(std::span<const char* const> paths, const Report& report)
 {
     const QuantityNames names;
-    PlotMaker maker{paths, tell};
-    const int status = ForEachFile(paths, names, tell, [&maker](InputFile& file) { maker.AddFile(file); });
+    PlotMaker maker{paths, report};
+    const int status = ForEachFile(paths, names, report, [&maker](InputFile& file) { maker.AddFile(file); });
     Plot plot = maker.Finish();
     plot.status = status;
     return plot;

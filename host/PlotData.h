@@ -1,12 +1,11 @@
-// PlotData.h: what a plot shows, apart from any picture: panels, and the curves in them.
+// PlotData.h: the content of a plot: panels, and the curves in them.
 #pragma once
 
 #include "InputFiles.h"
 #include "MeasuredFile.h"
-#include "StyleWords.h"
 
+#include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -14,17 +13,17 @@
 namespace atlashost
 {
 
-// Both ends inside.
+// Includes both ends.
 struct Range {
     double low = 0;
     double high = 0;
 
-    // The place of a value as a share of the range, 0 at its low end, 1 at its high one.
+    // 0 for a value at the low end, 1 for one at the high end.
     double ShareOf(double value) const { return (value - low) / (high - low); }
 };
 
-// The range with room to divide: a range of one value, or of values that differ by rounding alone, is
-// widened. Its ends stay clear of what overflows.
+// The range, widened if its ends are equal but for rounding, and bounded so that sums and differences of its
+// ends don't overflow.
 Range Divisible(Range range);
 
 struct Reading {
@@ -32,47 +31,41 @@ struct Reading {
     double value = 0; // NaN where a reading is missing
 };
 
-bool IsGap(const Reading& reading);
+inline bool IsGap(const Reading& reading)
+{
+    return std::isnan(reading.value);
+}
 
 struct Curve {
     std::string fileName;
-    CurveStyle style;
-    std::vector<Reading> readings; // in the order of time, thinned to what the largest picture can show
-    std::size_t readingCount = 0;  // before that, without gaps
-    MeasuredQuantity quantity = {};
-    std::int16_t styleColumn = 0; // the file column under which the style atlas is asked
+    styleatlas::Style style;
+    std::vector<Reading> readings; // in the order of time, downsampled for the largest picture
+    std::size_t readingCount = 0;  // before downsampling, without gaps
+    styleatlas::Key key;
+    int fileColumn = 0;
 };
 
 // The curves of one quantity over one kind of time.
 struct Panel {
     std::string title; // the quantity's name without the unit
-    std::string unit;  // empty where the name ends with none
+    std::string unit;  // empty if the name has none
     TimeKind timeKind = TimeKind::Row;
     std::string timeTitle; // as the first file heads it
-    Range times;           // that of all panels with which the panel has some time in common; divisible
+    Range times;           // shared by all panels whose times overlap; divisible
     Range values;          // divisible
     std::vector<Curve> curves;
 };
 
 struct Plot {
-    std::vector<Panel> panels; // in the order in which their quantities turned up
-    int status = 0;            // Failed where a file could not be read, else Succeeded
+    std::vector<Panel> panels; // in the order of their first curves
+    int status = 0;            // Failed if a file could not be read, else Succeeded
 };
 
 // Reads the files and asks the style atlas for the style of each curve. A column without readings makes no
-// curve; one without a style is drawn as a plain black line.
-Plot ReadPlot(std::span<const char* const> paths, const Teller& tell);
+// curve; a curve without a style is a plain black line.
+Plot ReadPlot(std::span<const char* const> paths, const Report& report);
 
 // Asks the style atlas for the styles of all curves again.
 void RenewStyles(Plot& plot);
-
-// The readings that can be told apart in a picture of so many columns of pixels: where a column has more than
-// mostOfColumn readings, the first, the lowest, the highest and the last of them are left. A gap within a
-// column is not to be seen. The readings are in the order of time.
-std::vector<Reading> Thinned(std::span<const Reading> readings, Range times, int columns,
-                             std::size_t mostOfColumn);
-
-// The column of pixels in which a time is drawn, from 0 up to, not including, columns.
-int ColumnOf(double time, Range times, int columns);
 
 } // namespace atlashost

@@ -17,15 +17,15 @@ constexpr int Margin = 12; // around the picture, and between panels
 constexpr int Padding = 6; // between the parts of a panel
 constexpr int TickLength = 4;
 
-constexpr int GoodPanelHeight = 120; // lower ones only where there is no room at the side
-constexpr int LowestPanel = 90;
-constexpr int NarrowestPanel = 400;
+constexpr int GoodPanelHeight = 120; // lower only if there is no room for more columns
+constexpr int MinPanelHeight = 90;
+constexpr int MinPanelWidth = 400;
 
 constexpr int SampleWidth = 44;
 constexpr int LegendRow = 18;
-constexpr int LegendShare = 3;       // it takes at most one part in so many of a panel
-constexpr int LegendFromWidth = 260; // narrower panels have none
-constexpr int ValueStep = 28;        // pixels for a step of the values, or more
+constexpr int LegendShare = 3;         // at most one part in so many of a panel's width
+constexpr int MinWidthForLegend = 260; // narrower panels have none
+constexpr int ValueStep = 28;          // at least so many pixels for a step of the values
 
 constexpr int GoodWidth = 1200;
 constexpr int GoodRow = 210;
@@ -42,16 +42,16 @@ int CeilDiv(int count, int divisor)
     return (count + divisor - 1) / divisor;
 }
 
-// One column if its panels are high enough, else as few more as make them so.
+// The fewest columns that make panels high enough.
 Grid GridFor(int panels, QSize size)
 {
-    const int mostColumns = std::max(1, size.width() / NarrowestPanel);
-    for (const int height : {GoodPanelHeight, LowestPanel}) {
+    const int maxColumns = std::max(1, size.width() / MinPanelWidth);
+    for (const int height : {GoodPanelHeight, MinPanelHeight}) {
         const int rows = std::max(1, size.height() / height);
-        if (const int columns = CeilDiv(panels, rows); columns <= mostColumns)
+        if (const int columns = CeilDiv(panels, rows); columns <= maxColumns)
             return {columns, CeilDiv(panels, columns)};
     }
-    return {mostColumns, std::max(1, std::min(size.height() / LowestPanel, CeilDiv(panels, mostColumns)))};
+    return {maxColumns, std::max(1, std::min(size.height() / MinPanelHeight, CeilDiv(panels, maxColumns)))};
 }
 
 int WidthOf(const QFontMetrics& metrics, const std::string& text)
@@ -97,10 +97,10 @@ private:
         return std::max(1, m_cell.height() - 2 * m_lineHeight - 2 * Padding - TickLength);
     }
 
-    // What is wide in one panel is as wide in all.
+    // Each part is as wide as the widest of all panels.
     void MeasureParts(int shown)
     {
-        int longestName = 0;
+        int maxNameWidth = 0;
         for (const Panel& panel : std::span{m_plot.panels}.first(static_cast<std::size_t>(shown))) {
             m_values.push_back(ValueAxis(panel.values, FrameHeight() / ValueStep));
             for (const Tick& tick : m_values.back().ticks)
@@ -108,10 +108,10 @@ private:
             if (!panel.unit.empty())
                 m_unitWidth = m_lineHeight + Padding / 2;
             for (const Curve& curve : panel.curves)
-                longestName = std::max(longestName, WidthOf(m_metrics, curve.fileName));
+                maxNameWidth = std::max(maxNameWidth, WidthOf(m_metrics, curve.fileName));
         }
-        if (m_cell.width() >= LegendFromWidth)
-            m_legendWidth = std::min(SampleWidth + 2 * Padding + longestName, m_cell.width() / LegendShare);
+        if (m_cell.width() >= MinWidthForLegend)
+            m_legendWidth = std::min(SampleWidth + 2 * Padding + maxNameWidth, m_cell.width() / LegendShare);
     }
 
     PanelLayout PanelAt(QPoint corner, const Panel& panel)
@@ -134,7 +134,7 @@ private:
         return layout;
     }
 
-    // Beside the frame, or beside the title too where it needs the room.
+    // Beside the frame, and beside the title too if it needs the room.
     void PlaceLegend(PanelLayout& layout, int curves) const
     {
         const int rowHeight = std::max(LegendRow, m_lineHeight);
@@ -186,8 +186,8 @@ PlotLayout LayOut(const Plot& plot, QSize size, const QFontMetrics& metrics)
 QSize GoodSize(std::size_t panels)
 {
     const std::size_t columns = panels <= PanelsOfOneColumn ? 1 : panels <= PanelsOfTwoColumns ? 2 : 3;
-    const auto rows = static_cast<int>(std::min<std::size_t>((panels + columns - 1) / columns, LargestSide));
-    return {GoodWidth, std::min(Margin + rows * GoodRow, LargestSide)};
+    const auto rows = static_cast<int>(std::min<std::size_t>((panels + columns - 1) / columns, MaxSide));
+    return {GoodWidth, std::min(Margin + rows * GoodRow, MaxSide)};
 }
 
 } // namespace atlashost

@@ -1,4 +1,4 @@
-// PlotLayout.h: where everything of a plot stands in its picture.
+// PlotLayout.h: the places of the parts of a plot.
 #pragma once
 
 #include "Axis.h"
@@ -18,12 +18,12 @@ struct PanelLayout {
     QRect all;
     QRect title;
     QRect unit;       // left of the labels, read from below
-    QRect frame;      // of the curves: its edges are the ends of the axes
+    QRect frame;      // around the curves: its edges are the ends of the axes
     QRect timeLabels; // below the frame, and as wide as the panel
     Axis times;
     Axis values;
-    std::vector<QRect> legend; // of a file each, from the first on; a picture of its style, then its name
-    QRect moreFiles;           // says how many others there are; null if there are none
+    std::vector<QRect> legend; // an entry for each of the first files: a sample of the style, then the name
+    QRect moreFiles;           // for the number of the others; null if there are none
 };
 
 // The parts of an entry of the legend.
@@ -31,16 +31,16 @@ QRect LegendSample(QRect entry);
 QRect LegendName(QRect entry);
 
 struct PlotLayout {
-    std::vector<PanelLayout> panels; // as many of the plot's, from the first on, as have room, at least one
+    std::vector<PanelLayout> panels; // the first panels of the plot, as many as fit; at least one
     std::size_t missingPanels = 0;
-    QRect footer; // says so; null if all have room
+    QRect footer; // for their number; null if all fit
 };
 
-// Lays out a plot of one panel or more. The frames of all panels are alike, so that times stand below each
-// other; panels stand side by side where they would become too low otherwise.
+// Lays out a plot of at least one panel. The frames of all panels have one size, so that times line up;
+// panels are put side by side where they would become too low otherwise.
 PlotLayout LayOut(const Plot& plot, QSize size, const QFontMetrics& metrics);
 
-// The size in which a plot of so many panels shows well.
+// A good size for a plot of so many panels.
 QSize GoodSize(std::size_t panels);
 
 } // namespace atlashost

@@ -1,6 +1,7 @@
 #include "PlotPainter.h"
 
 #include "CurvePainter.h"
+#include "Downsampling.h"
 #include "PlotLayout.h"
 
 #include <QColor>
@@ -71,7 +72,7 @@ private:
         m_painter.setFont(PlotFont());
     }
 
-    // Left out where the title leaves no room.
+    // Omitted if the title leaves no room.
     void DrawNote(const QString& note)
     {
         QRect room = m_layout.title;
@@ -131,7 +132,7 @@ private:
         DrawTimeTitle(end);
     }
 
-    // Dates speak for themselves. The title stands below the legend, if the labels leave room there.
+    // Dates need no title. It goes below the legend if the labels leave room there.
     void DrawTimeTitle(int endOfLabels)
     {
         if (m_panel.timeKind == TimeKind::Date)
@@ -158,7 +159,7 @@ private:
         for (std::size_t i = 0; i < m_layout.legend.size(); ++i) {
             const Curve& curve = m_panel.curves[i];
             CurvePainter{m_painter, curve.style}.DrawSample(LegendSample(m_layout.legend[i]));
-            // The ends of names tell more than what they begin with.
+            // The ends of names differ more than their beginnings.
             Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter, curve.fileName,
                   Qt::ElideLeft);
         }

@@ -12,12 +12,12 @@
 namespace atlashost
 {
 
-// Draws a plot of one panel or more into the rectangle of the given size at the painter's origin. Returns the
-// number of panels that have no room there. Takes a time that grows with the size of the picture and the
-// number of curves, whatever the number of their readings.
+// Draws a plot of at least one panel into a rectangle of the given size at the painter's origin. Returns the
+// number of panels that don't fit. The time depends on the size of the picture and the number of curves, not
+// on the number of readings.
 std::size_t DrawPlot(QPainter& painter, QSize size, const Plot& plot);
 
-// The font of a plot, without which it would depend on the desktop's settings.
+// The font of a plot, independent of the desktop's settings.
 QFont PlotFont();
 
 } // namespace atlashost

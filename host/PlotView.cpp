@@ -3,20 +3,21 @@
 #include "PlotPainter.h"
 
 #include <QPainter>
+#include <QScreen>
 
 namespace atlashost
 {
 namespace
 {
 
-constexpr QSize Smallest{320, 200};
+constexpr QSize MinSize{320, 200};
 
 } // namespace
 
 PlotView::PlotView(const Plot& plot, QWidget* parent) : QWidget{parent}, m_plot{plot}
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(Smallest);
+    setMinimumSize(MinSize);
 }
 
 void PlotView::paintEvent(QPaintEvent* /*event*/)
@@ -29,6 +30,11 @@ void PlotView::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), palette().base());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+}
+
+QSize FittingSize(const QWidget& widget, QSize size)
+{
+    return size.boundedTo(widget.screen()->availableSize() * 9 / 10);
 }
 
 } // namespace atlashost

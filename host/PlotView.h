@@ -9,13 +9,13 @@
 namespace atlashost
 {
 
-// Shows a plot, which outlives it, in whatever size it is given; call update() where the plot has changed.
+// Shows a plot, which must outlive it, in any size. Call update() when the plot has changed.
 class PlotView : public QWidget
 {
 public:
     explicit PlotView(const Plot& plot, QWidget* parent = nullptr);
 
-    // What stands there in the place of a plot without panels.
+    // The text that is shown instead of a plot without panels.
     void SetHint(const QString& hint) { m_hint = hint; }
 
 protected:
@@ -25,5 +25,8 @@ private:
     const Plot& m_plot;
     QString m_hint;
 };
+
+// The size, limited to what the widget's screen has room for.
+QSize FittingSize(const QWidget& widget, QSize size);
 
 } // namespace atlashost

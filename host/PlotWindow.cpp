@@ -1,6 +1,5 @@
 #include "PlotWindow.h"
 
-#include "Display.h"
 #include "PlotLayout.h"
 
 #include <QKeyEvent>

@@ -6,7 +6,7 @@
 namespace atlashost
 {
 
-// The plot alone, of one panel or more. Esc closes the window.
+// A plot of at least one panel and nothing else. Esc closes the window.
 class PlotWindow : public PlotView
 {
 public:

@@ -1,9 +1,11 @@
 #include "QuantityNames.h"
 
-#include "Text.h"
-
 #include "mensura.h"
 
+#include <bindings/terminal/Text.h>
+
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace atlashost
@@ -11,11 +13,22 @@ namespace atlashost
 namespace
 {
 
-// Letters and digits, and whatever is not ASCII: names are in any language.
+using styleatlas::terminal::ToUtf8;
+
+// Letters and digits of any language.
 constexpr bool IsOfWord(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            static_cast<unsigned char>(c) >= 0x80;
+}
+
+std::string Folded(std::string_view text)
+{
+    std::string folded;
+    std::ranges::transform(text, std::back_inserter(folded), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+    });
+    return folded;
 }
 
 std::string_view FirstWord(std::string_view name)
@@ -38,17 +51,13 @@ QuantityNames::QuantityNames()
     int count = 0;
     MensuraGetQuantitiesW(&devices, &quantities, &subQuantities, &indexes, &flags, &count);
     for (int i = 0; i < count; ++i) {
-        MeasuredQuantity entry{devices[i],
-                               quantities[i],
-                               static_cast<std::uint8_t>(subQuantities[i]),
-                               static_cast<std::uint8_t>(indexes[i]),
-                               flags[i],
-                               {},
-                               {}};
-        entry.symbol = ToUtf8(MensuraGetSymbolW(entry.quantity, entry.subQuantity, entry.flags, entry.device,
-                                                entry.index, MENSURA_SYMBOL));
-        entry.name = ToUtf8(
-            MensuraGetNameW(entry.quantity, entry.subQuantity, entry.flags, entry.device, entry.index));
+        const styleatlas::Key key{quantities[i], static_cast<std::uint8_t>(subQuantities[i]),
+                                  static_cast<std::uint8_t>(indexes[i]), devices[i], flags[i]};
+        MeasuredQuantity entry{
+            key,
+            ToUtf8(MensuraGetSymbolW(key.quantity, key.subQuantity, key.flags, key.device, key.index,
+                                     MENSURA_SYMBOL)),
+            ToUtf8(MensuraGetNameW(key.quantity, key.subQuantity, key.flags, key.device, key.index))};
         const std::size_t position = m_quantities.size();
         m_bySymbol.try_emplace(entry.symbol, position);
         m_byFoldedSymbol.try_emplace(Folded(entry.symbol), position);

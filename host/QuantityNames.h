@@ -1,8 +1,9 @@
-// QuantityNames.h: the quantities of the unit library, and which of them the head of a column means.
+// QuantityNames.h: the quantities of the unit library by their names.
 #pragma once
 
+#include <styleatlas.hpp>
+
 #include <cstddef>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,16 +14,12 @@ namespace atlashost
 {
 
 struct MeasuredQuantity {
-    std::uint16_t device = 0;
-    std::uint16_t quantity = 0;
-    std::uint8_t subQuantity = 0;
-    std::uint8_t index = 0;
-    std::uint32_t flags = 0;
+    styleatlas::Key key;
     std::string symbol; // both in UTF-8
     std::string name;
 };
 
-// A copy of the unit library's list, taken when it is made.
+// A copy of the unit library's list at the time of construction.
 class QuantityNames
 {
 public:
@@ -30,9 +27,8 @@ public:
 
     std::span<const MeasuredQuantity> All() const { return m_quantities; }
 
-    // The quantity that a column is headed with: by its symbol, else by its symbol in any case, else by the
-    // first word of its name in any case. Of several that fit in one way, the first of the list. Null where
-    // none fits.
+    // The quantity of a column heading: by symbol, else by symbol in any case, else by the first word of the
+    // name in any case. The first of the list if several fit equally well, null if none fits.
     const MeasuredQuantity* Find(std::string_view header) const;
 
 private:

@@ -1,15 +1,22 @@
 #include "Commands.h"
 
 #include "QuantityNames.h"
-#include "StyleWords.h"
-#include "Text.h"
 #include "TextTable.h"
+
+#include <bindings/terminal/StyleWords.h>
+#include <bindings/terminal/Text.h>
 
 #include <iostream>
 #include <string>
 
 namespace atlashost
 {
+
+using styleatlas::terminal::ColorDepth;
+using styleatlas::terminal::ColorsOfOutput;
+using styleatlas::terminal::Hexadecimal;
+using styleatlas::terminal::Printable;
+using styleatlas::terminal::StyleCell;
 
 int ShowTable(std::int16_t fileColumn)
 {
@@ -24,10 +31,10 @@ int ShowTable(std::int16_t fileColumn)
                      {"Name"},
                      {"Style"}}};
     for (const MeasuredQuantity& quantity : names.All())
-        table.AddRow({std::to_string(quantity.device), std::to_string(quantity.quantity),
-                      std::to_string(quantity.subQuantity), std::to_string(quantity.index),
-                      Hexadecimal(quantity.flags), Printable(quantity.symbol), Printable(quantity.name),
-                      StyleCell(StyleOf(fileColumn, quantity), colors)});
+        table.AddRow({std::to_string(quantity.key.device), std::to_string(quantity.key.quantity),
+                      std::to_string(quantity.key.subQuantity), std::to_string(quantity.key.index),
+                      Hexadecimal(quantity.key.flags), Printable(quantity.symbol), Printable(quantity.name),
+                      StyleCell(styleatlas::StyleOf(fileColumn, quantity.key), colors)});
     if (table.IsEmpty())
         std::cout << "The unit library has no quantities.\n";
     else

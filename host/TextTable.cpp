@@ -1,6 +1,6 @@
 #include "TextTable.h"
 
-#include "Text.h"
+#include <bindings/terminal/Text.h>
 
 #include <algorithm>
 #include <ostream>
@@ -8,6 +8,8 @@
 
 namespace atlashost
 {
+
+using styleatlas::terminal::DisplayWidth;
 
 constexpr const char* Gap = "  ";
 

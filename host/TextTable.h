@@ -16,13 +16,13 @@ struct TextColumn {
     Align align = Align::Left;
 };
 
-// The last column is never filled up with blanks, so that its cells may hold escape sequences.
+// The last column is not padded, so that its cells may hold escape sequences.
 class TextTable
 {
 public:
     explicit TextTable(std::vector<TextColumn> columns);
 
-    // One cell a column.
+    // One cell for each column.
     void AddRow(std::vector<std::string> cells);
     bool IsEmpty() const { return m_rows.empty(); }
 

@@ -1,5 +1,7 @@
 #include "UserDialog.h"
 
+#include "LayoutTool.h"
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -10,19 +12,6 @@ namespace atlashost
 {
 namespace
 {
-
-constexpr const char* AllUsers = ".DEFAULT";
-constexpr const char* CommonSubKey = "Software\\Halvorn";
-
-// Hosts that have settings of their own, whatever the case of their name.
-struct KnownHost {
-    const char* name;
-    const char* subKey;
-};
-constexpr KnownHost KnownHosts[] = {
-    {"Quorvia", "Software\\Halvorn\\Quorvia"},
-    {"Tandrell", "Software\\Halvorn\\Tandrell\\General"},
-};
 
 constexpr int FieldWidth = 320; // pixels
 
@@ -38,11 +27,9 @@ QLineEdit* AddField(QFormLayout& layout, const char* label, const QString& text)
 
 UserSettings FirstSettings(const QString& hostName)
 {
-    for (const KnownHost& host : KnownHosts) {
-        if (hostName.compare(host.name, Qt::CaseInsensitive) == 0)
-            return {AllUsers, host.subKey};
-    }
-    return {AllUsers, CommonSubKey};
+    const ToolResult result = RunLayoutTool({"key", "--", hostName.toStdString()});
+    const QString key = QString::fromStdString(result.output).trimmed();
+    return {key.section('\\', 0, 0), key.section('\\', 1)};
 }
 
 bool AskForSettings(QWidget* parent, UserSettings& settings)

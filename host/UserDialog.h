@@ -1,4 +1,4 @@
-// UserDialog.h: asks whose settings the style atlas is to use.
+// UserDialog.h: asks for the user whose settings the style atlas is to use.
 #pragma once
 
 #include <QString>
@@ -13,11 +13,11 @@ struct UserSettings {
     QString subKey; // below the root
 };
 
-// The settings that a host of this name begins with.
+// The settings that a host of this name begins with. Throws std::runtime_error if they can't be found out.
 UserSettings FirstSettings(const QString& hostName);
 
-// Shows the settings above the window for the user to change. False, and nothing changed, where the user
-// cancels.
+// Lets the user change the settings in a dialog above the window. False, and nothing is changed, after
+// Cancel.
 bool AskForSettings(QWidget* parent, UserSettings& settings);
 
 } // namespace atlashost

@@ -1,9 +1,9 @@
 #include "Commands.h"
 
-#include "Display.h"
-#include "InputFiles.h"
 #include "LibraryCalls.h"
 #include "MainWindow.h"
+#include "QtStartup.h"
+#include "Report.h"
 
 #include <string>
 
@@ -19,8 +19,8 @@ int ShowWindow(std::string_view hostName, std::span<const char* const> paths)
     return Succeeded;
 }
 
-// No application object of Qt is made here: the style atlas brings its own, and tells for itself whether
-// there is a display.
+// Makes no application object of Qt: the style atlas brings its own, and finds out itself whether there is a
+// display.
 int ShowEditor()
 {
     switch (EditStyleAtlas(0)) {
@@ -29,8 +29,8 @@ int ShowEditor()
     case STYLEATLAS_EDIT_CANCELLED:
         return Cancelled;
     default:
-        Tell(HasDisplay() ? "the editor cannot be shown; does the display answer?"
-                          : "there is no display to show the editor on");
+        PrintError(HasDisplay() ? "the editor cannot be shown; does the display answer?"
+                                : "there is no display to show the editor on");
         return Failed;
     }
 }

@@ -1,17 +1,17 @@
-// atlas-host: a measurement host. It reads files of measured data, knows the quantities from the unit
+// atlas-host: a measurement host. It reads files of measured data, finds their quantities in the unit
 // library, and asks the style atlas how each curve is drawn.
 #include "Commands.h"
-#include "Display.h"
-#include "InputFiles.h"
+#include "LayoutTool.h"
 #include "Options.h"
-#include "SettingsFolder.h"
-#include "Text.h"
+#include "QtStartup.h"
+#include "Report.h"
 
 #include "styleatlas.h"
 
+#include <bindings/terminal/Text.h>
+
 #include <clocale>
 #include <exception>
-#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -22,39 +22,56 @@ namespace atlashost
 namespace
 {
 
+using styleatlas::terminal::ToUtf16;
+
 bool HasWindow(const Options& options)
 {
     return options.action == Action::Window ||
            (options.action == Action::Plot && options.plot.png == nullptr);
 }
 
-// Without the folder a layout cannot be saved; the styles are shown all the same.
-void PrepareSettings(std::string_view hostName)
+ToolResult PrepareFolder(std::string_view hostName)
+{
+    return RunLayoutTool({"prepare", "--", std::string{hostName}});
+}
+
+// Makes the folder of the layout. Without it a layout cannot be saved, but the styles are shown all the same.
+// False if the name of the host is not a valid one.
+bool PrepareHost(std::string_view hostName)
 {
     try {
-        CreateSettingsFolder(hostName);
-    } catch (const std::filesystem::filesystem_error& error) {
-        Tell(std::string{"the folder for the layout cannot be made: "} + error.what());
+        return PrepareFolder(hostName).status != WrongUsage;
+    } catch (const std::runtime_error& error) {
+        PrintError(error.what());
+        return true;
     }
 }
 
-// A command that the style atlas answers. The editor alone goes without an application object of the
-// program's own, as in the many hosts that know nothing of Qt.
+int PrintFolder(std::string_view hostName)
+{
+    const ToolResult result = PrepareFolder(hostName);
+    std::cout << result.output;
+    return result.status;
+}
+
+// Runs a command that calls the style atlas. The command edit makes no application object, as a host without
+// Qt would.
 int RunAsHost(const Options& options)
 {
-    std::optional<Desktop> desktop;
+    if (!PrepareHost(options.hostName))
+        return WrongUsage;
+    std::optional<QtApplication> application;
     if (HasWindow(options)) {
         if (!HasDisplay()) {
-            Tell(options.action == Action::Window
-                     ? "there is no display to show the window on"
-                     : "there is no display to show the plot on; --png FILE writes it into a file");
+            PrintError(options.action == Action::Window
+                           ? "there is no display to show the window on"
+                           : "there is no display to show the plot on; --png FILE writes it into a file");
             return Failed;
         }
-        desktop.emplace();
+        application.emplace();
     } else if (options.action != Action::Edit) {
         ForgetDisplay();
     }
-    PrepareSettings(options.hostName);
     StyleAtlasSetApplication(ToUtf16(options.hostName).c_str());
     switch (options.action) {
     case Action::List:
@@ -80,13 +97,9 @@ int Run(const Options& options)
         std::cout << ProgramName << " " ATLAS_HOST_VERSION "\n";
         return Succeeded;
     case Action::Prepare:
-        return PrepareFolder(options.hostName);
-    case Action::ShowLayout:
-        return ShowLayouts(options.files);
-    case Action::CheckLayout:
-        return CheckLayouts(options.files);
-    case Action::CompareLayouts:
-        return CompareLayouts(options.files[0], options.files[1]);
+        return PrintFolder(options.hostName);
+    case Action::Layout:
+        BecomeLayoutTool(options.files);
     default:
         return RunAsHost(options);
     }
@@ -98,11 +111,11 @@ int RunAndFlush(const Options& options)
         const int status = Run(options);
         if (std::cout.flush())
             return status;
-        Tell("the output cannot be written");
+        PrintError("the output cannot be written");
     } catch (const std::exception& error) {
-        Tell(error.what());
+        PrintError(error.what());
     }
-    return options.action == Action::CompareLayouts ? ComparisonFailed : Failed;
+    return Failed;
 }
 
 } // namespace
@@ -114,7 +127,7 @@ int main(int argc, char** argv)
     try {
         return atlashost::RunAndFlush(atlashost::ReadOptions(argc, argv));
     } catch (const atlashost::UsageError& error) {
-        atlashost::Tell(std::string{error.what()} + "; try --help");
+        atlashost::PrintError(std::string{error.what()} + "; try --help");
         return atlashost::WrongUsage;
     }
 }

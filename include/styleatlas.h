@@ -42,7 +42,7 @@
  * "styleatlas" in $XDG_DATA_HOME, if that is absolute, else ~/.local/share/styleatlas. Its folder drive_c/ is
  * drive C. A host's layout file is by default C:\ProgramData\Halvorn\<host name>\Style.Atlas. The library
  * doesn't create the folder of this file; unless an installer or the host does, nothing can be saved.
- * "atlas-host prepare" does it in one step. The environment is read at each call, so no other thread may
+ * "atlas-layout prepare" does it in one step. The environment is read at each call, so no other thread may
  * change it during a call. Only the user's language and the folder of translations are fixed when the first
  * text is shown.
  *

@@ -1,6 +1,7 @@
 // The identity of a measured quantity.
 #pragma once
 
+#include <compare>
 #include <windows.h>
 
 // SubQuantity of a row that represents a whole group of a Quantity.
@@ -16,5 +17,5 @@ struct QuantityKey {
     short Device = 0; // -1: no device
     DWORD Flags = 0;
 
-    friend bool operator==(const QuantityKey&, const QuantityKey&) = default;
+    auto operator<=>(const QuantityKey&) const = default; // NOLINT(modernize-use-nullptr): no pointers
 };

@@ -1,5 +1,6 @@
 // The layout file format: writer and reader of the atlas, its rows and their records, side by side. See
 // docs/layout-format.md.
+#include "LayoutHead.h"
 #include "OwnedElement.h"
 #include "StyleAtlas.h"
 
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <map>
 #include <new>
-#include <tuple>
 #include <utility>
 
 namespace
@@ -15,14 +15,6 @@ namespace
 
 // Cap on preallocation from an untrusted count: beyond it a list grows as its records are read.
 constexpr int maxPreallocated = 64;
-
-// Records per row: a host's file column is a signed 16-bit number and can't go beyond. Limits the memory for
-// a sparse file, whose size isn't limited by the disk.
-constexpr int maxRecords = 1 << 15;
-
-// Stored rows that replace another, beyond one for each row of the catalogue. Limits the time for a sparse
-// file.
-constexpr INT_PTR maxReplacements = 1 << 20;
 
 // A record as stored. Read and written in one piece, as a table has a hundred thousand of them.
 #pragma pack(push, 1)
@@ -39,17 +31,6 @@ struct k_StoredStyle {
 };
 #pragma pack(pop)
 static_assert(sizeof(k_StoredStyle) == 21);
-
-// Any strict order will do. Not a hash: a hostile file could make its keys collide.
-struct k_KeyOrder {
-    bool operator()(const QuantityKey& first, const QuantityKey& second) const
-    {
-        const auto members = [](const QuantityKey& key) {
-            return std::tie(key.Quantity, key.SubQuantity, key.Device, key.Index, key.Flags);
-        };
-        return members(first) < members(second);
-    }
-};
 
 // Maps each key to the position of its first row.
 class k_RowIndex
@@ -73,7 +54,7 @@ public:
     }
 
 private:
-    std::map<QuantityKey, INT_PTR, k_KeyOrder> m_positions;
+    std::map<QuantityKey, INT_PTR> m_positions; // not a hash: a hostile file could make its keys collide
 };
 
 void WriteStyles(CArchive& ar, const k_LineDefList& styles)
@@ -90,7 +71,7 @@ void WriteStyles(CArchive& ar, const k_LineDefList& styles)
 void ReadStyles(CArchive& ar, k_LineDefList& styles, int count)
 {
     styles.Cut(count); // raises an exception for a negative count
-    if (count > maxRecords)
+    if (count > k_MaxStoredRecords)
         AfxThrowArchiveException(CArchiveException::genericException, nullptr);
     styles.SetSize(std::max<INT_PTR>(styles.GetSize(), std::min(count, maxPreallocated)));
     for (int i = 0; i < count; ++i) {
@@ -121,7 +102,7 @@ void k_StyleAtlas::WriteRows(CArchive& ar)
     DWORD filled = 0;
     for (INT_PTR i = 0; i < Rows.GetSize(); ++i)
         filled += GetRow(i) != nullptr ? 1 : 0;
-    ar << Version << ColumnCount << filled;
+    k_SerializeLayoutHead(ar, Version, ColumnCount, filled);
     for (INT_PTR i = 0; i < Rows.GetSize(); ++i) {
         if (k_QuantityDesc* const pRow = GetRow(i)) {
             pRow->Serialize(ar);
@@ -136,10 +117,10 @@ void k_StyleAtlas::WriteRows(CArchive& ar)
 void k_StyleAtlas::ReadRows(CArchive& ar)
 {
     DWORD stored = 0;
-    ar >> Version >> ColumnCount >> stored;
+    k_SerializeLayoutHead(ar, Version, ColumnCount, stored);
     if (stored == 0)
         return;
-    INT_PTR replacementsLeft = Rows.GetSize() + maxReplacements;
+    INT_PTR replacementsLeft = Rows.GetSize() + k_MaxReplacedRows;
     try {
         k_RowIndex index(*this);
         std::unique_ptr<k_QuantityDesc> row;
@@ -164,6 +145,14 @@ void k_StyleAtlas::ReadRows(CArchive& ar)
     } catch (const std::bad_alloc&) {
         AfxThrowMemoryException();
     }
+}
+
+void k_SerializeLayoutHead(CArchive& ar, DWORD& version, DWORD& columnCount, DWORD& rowCount)
+{
+    if (ar.IsStoring())
+        ar << version << columnCount << rowCount;
+    else
+        ar >> version >> columnCount >> rowCount;
 }
 
 void k_QuantityDesc::Serialize(CArchive& ar)

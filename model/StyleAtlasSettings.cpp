@@ -1,9 +1,9 @@
 // The choice of the layout file: the one that the registry names, or else one at a default path.
 #include "Host.h"
+#include "HostSettings.h"
 #include "StyleAtlas.h"
 
 #include <afxwin.h>
-#include <shlobj.h>
 
 namespace
 {
@@ -70,18 +70,6 @@ private:
     HKEY m_key = nullptr;
 };
 
-CString DefaultPath()
-{
-    TCHAR folder[MAX_PATH] = {};
-    SHGetFolderPathW(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_DEFAULT, folder);
-    CString path;
-    if (g_ApplicationName.IsEmpty())
-        path.Format(_T("%s\\Halvorn\\Style.Atlas"), folder);
-    else
-        path.Format(_T("%s\\Halvorn\\%s\\Style.Atlas"), folder, g_ApplicationName.GetString());
-    return path;
-}
-
 // The path, shortened to what the buffer of a registry value holds, without splitting a character.
 CString CutToBuffer(const CString& path)
 {
@@ -105,7 +93,7 @@ void k_StyleAtlas::ReadFilePath()
     key.OpenOrCreate();
     CString path;
     if (!key.ReadPath(path)) {
-        path = DefaultPath();
+        path = k_HostSettings::DefaultPathOf(g_ApplicationName);
         key.WritePath(path);
         path = CutToBuffer(path);
     }

@@ -1,6 +1,6 @@
-# The Debian packages: the libraries, the editor, what is needed to build against them, and the sample host. They take
-# the files of the release build as they are: libraries and program find each other and their data by relative paths,
-# so that the prefix of the build doesn't matter, and debugging information is stripped on the way.
+# The Debian packages: the libraries, the editor, what is needed to build against them, the tool for layout files, and
+# the sample host. They take the files of the release build as they are: libraries and programs find each other and their
+# data by relative paths, so that the prefix of the build doesn't matter, and debugging information is stripped on the way.
 set(maintainer "Style Atlas developers <developers@styleatlas.invalid>")
 
 set(CPACK_GENERATOR DEB)
@@ -12,11 +12,12 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/OpenFolders.cmake)
 
-set(CPACK_COMPONENTS_ALL runtime editor development host)
+set(CPACK_COMPONENTS_ALL runtime editor development tool host)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_COMPONENT_EDITOR_DEPENDS runtime)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
-set(CPACK_COMPONENT_HOST_DEPENDS runtime editor)
+set(CPACK_COMPONENT_TOOL_DEPENDS runtime)
+set(CPACK_COMPONENT_HOST_DEPENDS runtime editor tool)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
@@ -66,6 +67,14 @@ its curve is drawn: by which symbol and by which line.
 
 This package has what a measurement program is built with: the headers, the
 CMake package, the pkg-config file, documentation and examples.")
+
+set(CPACK_DEBIAN_TOOL_PACKAGE_NAME atlas-layout)
+set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)
+set(CPACK_COMPONENT_TOOL_DESCRIPTION
+"shows, checks and compares layout files of the style atlas
+The style atlas keeps the styles of a measurement program in a layout file.
+The program shows such files, says where they are damaged, compares them, and
+makes the folder in which they are kept. It needs no display.")
 
 set(CPACK_DEBIAN_HOST_PACKAGE_NAME atlas-host)
 set(CPACK_DEBIAN_HOST_PACKAGE_SECTION science)

@@ -2,8 +2,10 @@
 """Holds the sources and the archives against the floors of the house: check_floors.py BUILD_FOLDER
 
   - Includes: frame, dialogs, controls and model know the class framework, each other downward, the language library, the
-    public header and the C++ library; no Qt, no POSIX, nothing of the layer's inside. The layer knows nothing above it;
-    the host knows the public header and the unit library's. No circle of files.
+    public header and the C++ library; no Qt, no POSIX, nothing of the layer's inside. The layer knows nothing above it.
+    Tools know the model and the layer's floor without windows. Bindings know the public headers; what paints there takes
+    figures, dashes and rasteriser from the library. The host knows the public headers, the bindings and the unit
+    library's header. No circle of files.
   - Links: no archive needs a symbol that only an archive of a floor above it defines.
 """
 import re
@@ -24,13 +26,17 @@ BELOW = {
     'model': ['framework', 'language'],
     'platform': [],
     'components': ['framework', 'system'],
-    'host': ['include', 'units'],
+    'tools': ['bindings', 'model', 'include', 'framework', 'system', 'units'],
+    'bindings': ['include', 'figures', 'dashes', 'rasteriser'],
+    'host': ['bindings', 'include', 'units'],
     'include': [],
 }
 PLACES = {'framework': 'platform/include/', 'system': 'platform/system/',
-          'language': 'components/glossa/Glossa.h', 'units': 'components/mensura/mensura.h'}
+          'language': 'components/glossa/Glossa.h', 'units': 'components/mensura/mensura.h',
+          'figures': 'model/SymbolFigure.h', 'dashes': 'platform/gdi/DashPattern.h',
+          'rasteriser': 'platform/gdi/Rasteriser.h'}
 WITH_FRAMEWORK_ALONE = ['frame', 'dialogs', 'controls', 'model']
-SEARCH = ['', 'platform/include', 'platform/system', 'components/glossa', 'components/mensura']
+SEARCH = ['', 'include', 'platform/include', 'platform/system', 'platform/gdi', 'components/glossa', 'components/mensura']
 
 # From the ground up; those in a row are of one floor. A folder stands for the objects of an object library.
 ARCHIVES = [
@@ -42,6 +48,8 @@ ARCHIVES = [
     ['controls/libstyleatlas_controls.a', 'controls/libstyleatlas_color_messages.a'],
     ['dialogs/libstyleatlas_dialogs.a'],
     ['frame/CMakeFiles/styleatlas_module.dir', 'frame/CMakeFiles/styleatlas_exports.dir'],
+    ['bindings/libstyleatlas_qt.a', 'bindings/libstyleatlas_terminal.a'],
+    ['tools/CMakeFiles/atlas-layout.dir', 'host/libatlas_host_parts.a'],
 ]
 
 

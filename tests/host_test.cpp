@@ -93,7 +93,7 @@ protected:
 
 TEST_F(Host, TellsQuantityAndFileBySymbolAndColor)
 {
-    // In the last the symbol tells the file.
+    // In the last, the symbol stands for the file.
     for (const auto& [options, isOtherRule] :
          {std::pair(Words{}, false), {{"--host=Tandrell 2"}, false}, {{"--host", "tANDRELL"}, true}}) {
         const Result result = RunOnMonths(options);

@@ -134,16 +134,18 @@ $message
 $message
 status 1
 the window: 0" "$(xvfb-run --auto-servernum --server-args=-noreset bash on_display.sh "$layout")"
-gunzip -c moved/share/man/man1/atlas-host.1.gz | sed 's/\\-/-/g' >man_page
-for word in $(moved/bin/atlas-host --help | grep -oE '^  (--)?[a-z]+( [a-z]+)?'); do
-    grep -q -- "$word" man_page || fail "the man page has nothing of $word"
+for program in atlas-host atlas-layout; do
+    gunzip -c moved/share/man/man1/$program.1.gz | sed 's/\\-/-/g' >man_page
+    for word in $(moved/bin/$program --help | grep -oE '^  (--)?[a-z]+'); do
+        grep -q -- "$word" man_page || fail "the man page of $program has nothing of $word"
+    done
 done
 
 (umask 077 && cpack -G DEB --config "$build/CPackConfig.cmake" -B packages >cpack.log 2>&1) || fail "$(cat cpack.log)"
 version=$(moved/bin/atlas-host --version | cut -d ' ' -f 2)
 field() { dpkg-deb -f "packages/$1_${version}_$(dpkg --print-architecture).deb" "$2"; }
 mkdir -p root
-for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev atlas-host; do
+for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev atlas-layout atlas-host; do
     package=packages/${name}_${version}_$(dpkg --print-architecture).deb
     dpkg-deb -c "$package" >>contents
     dpkg-deb -x "$package" "root/$name"
@@ -153,7 +155,7 @@ expect 'the modes and owners in the packages' \
     '-rw-r--r-- root/root, -rwxr-xr-x root/root, drwxr-xr-x root/root, lrwxrwxrwx root/root' \
     "$(awk '{ print $1, $2 }' contents | sort -u | paste -sd , | sed 's/,/, /g')"
 expect 'the files of all packages' "$(cd moved && find . | sort)" "$(cd root/all/usr && find . | sort)"
-expect 'what can be executed' 'atlas-host' "$(find root/all -type f -perm /111 -printf '%f\n')"
+expect 'what can be executed' 'atlas-host atlas-layout' "$(find root/all -type f -perm /111 -printf '%f\n' | sort | xargs)"
 ! grep -rlF "$sources" root/all || fail 'a packaged file names a folder of the sources'
 while read -r file; do
     ! readelf -SW "$file" | grep -q '\.debug_' || fail "$file is packaged with debugging information"
@@ -164,10 +166,12 @@ find root/libstyleatlas1 | grep -E '/include|\.cmake$|\.pc$' && fail 'the runtim
 [[ $(field libstyleatlas1 Depends) != *qt* ]] || fail 'the runtime package depends on Qt'
 expect 'what the runtime package recommends' libstyleatlas-editor "$(field libstyleatlas1 Recommends)"
 [[ $(field libstyleatlas-editor Depends) = *libqt6widgets6* ]] || fail 'the editor lacks a dependency'
-for name in libstyleatlas-editor libstyleatlas-dev atlas-host; do
+for name in libstyleatlas-editor libstyleatlas-dev atlas-layout atlas-host; do
     [[ ", $(field $name Depends)," = *", libstyleatlas1 (= $version),"* ]] || fail "$name does not depend on its libraries"
 done
 [[ $(field atlas-host Depends) = *libqt6widgets6* ]] || fail 'the program lacks a dependency'
+[[ $(field atlas-host Depends) = *atlas-layout* ]] || fail 'the program lacks its tool'
+[[ $(field atlas-layout Depends) != *qt* ]] || fail 'the tool depends on Qt'
 expect 'the soname' 'libstyleatlas.so.1' \
     "$(objdump -p "$(find root/libstyleatlas1 -name libstyleatlas.so.1)" | awk '$1 == "SONAME" { print $2 }')"
 expect 'the packaged program' "$(cat table.txt)" "$(LC_ALL=de_DE.UTF-8 root/all/usr/bin/atlas-host table 2>/dev/null)"

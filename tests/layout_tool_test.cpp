@@ -1,4 +1,4 @@
-// The layout tool of the sample host, on a file that the style atlas wrote and on what may become of it.
+// The layout tool, run through the sample host, on a file that the style atlas wrote and on damaged ones.
 #include "support/LayoutBytes.h"
 #include "support/Process.h"
 #include "support/TempPrefix.h"
@@ -78,16 +78,16 @@ TEST_F(LayoutTool, TellsWhereAFileIsDamaged)
 {
     const std::tuple<std::size_t, std::size_t, std::string_view, const char*> cases[] = {
         {109, 0, "", "good, 2 rows with 3 records"},
-        {109, 8, "\1"sv, "good, 1 row with 3 records; 17 bytes that nobody reads at the end"},
-        {11, 0, "", "damaged at byte 0: the file ends within its head"},
-        {28, 0, "", "damaged at byte 12: the file claims 2 rows, but ends within the head of row 0"},
+        {109, 8, "\1"sv, "good, 1 row with 3 records; 17 bytes at the end that nothing reads"},
+        {11, 0, "", "damaged at byte 11: the file ends within its head"},
+        {28, 0, "", "damaged at byte 28: the file claims 2 rows, but ends within the head of row 0"},
         {109, 8, "\3"sv, "damaged at byte 109: the file claims 3 rows, but ends within the head of row 2"},
         {109, 12, "\xFE\xFF\xFF\xFF"sv,
-         "damaged at byte 12: row 0 claims -2 records, of which 0 to 32768 are allowed"},
+         "damaged at byte 29: row 0 claims -2 records, of which 0 to 32768 are allowed"},
         {109, 12, "\1\x80\0\0"sv,
-         "damaged at byte 12: row 0 claims 32769 records, of which 0 to 32768 are allowed"},
+         "damaged at byte 29: row 0 claims 32769 records, of which 0 to 32768 are allowed"},
         {109, 12, "\0\x80\0\0"sv,
-         "damaged at byte 92: row 0 claims 32768 records, but the file ends within record 3"},
+         "damaged at byte 109: row 0 claims 32768 records, but the file ends within record 3"},
     };
     for (const auto& [size, at, bytes, verdict] : cases) {
         const std::string path = File("case.layout", size, at, bytes);
@@ -95,10 +95,15 @@ TEST_F(LayoutTool, TellsWhereAFileIsDamaged)
         EXPECT_EQ(checked.Output, path + ": " + verdict + "\n");
         EXPECT_EQ(checked.Status, verdict[0] == 'g' ? 0 : 1);
     }
+    // A file with holes, which takes no room on the disk, takes neither memory nor time.
+    const std::string sparse = File("sparse.layout", 109, 8, "\xFF\xFF\xFF\xFF"sv);
+    std::filesystem::resize_file(sparse, std::uintmax_t{1} << 40);
+    EXPECT_EQ(Run({"check", sparse}).Output,
+              sparse + ": damaged at byte 17825935: more than 1048576 rows replace earlier ones\n");
     const std::string pipe = m_prefix.Path() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const test::Outcome unread = Run({"check", pipe, File("good.layout")});
-    EXPECT_EQ(unread.Errors, "atlas-host: " + pipe + ": not a regular file\n");
+    EXPECT_EQ(unread.Errors, "atlas-layout: " + pipe + ": not a regular file\n");
     EXPECT_TRUE(unread.Status == 1 && !unread.Output.empty());
 }
 

@@ -2,11 +2,10 @@
 #include "Axis.h"
 #include "Calendar.h"
 #include "CurvePainter.h"
+#include "Downsampling.h"
 #include "PlotLayout.h"
 #include "PlotPainter.h"
 #include "PlotWindow.h"
-
-#include "styleatlas.h"
 
 #include <QApplication>
 
@@ -19,7 +18,8 @@ namespace
 {
 
 const double Missing = std::nan("");
-const CurveStyle Crosses{0x0000FF, STYLEATLAS_SHAPE_CROSS, 8, 1, 0xFF0000, STYLEATLAS_LINE_SOLID, 1, 0};
+const styleatlas::Style Crosses{{0x0000FF}, styleatlas::SymbolShape::Cross, 8, styleatlas::SymbolFill::Empty,
+                                {0xFF0000}, styleatlas::LineStyle::Solid,   1};
 
 // A row of text for each row of the rectangle: red "#", blue "-", other colours ".".
 std::string Text(const QImage& image, QRect rect)
@@ -42,7 +42,8 @@ TEST(Plot, DrawsReadingsAndGapsInPictureAndWindow)
     char* words[] = {name, nullptr};
     const QApplication application{count, words};
     const std::vector<Reading> readings = {{0, 1}, {1, 3}, {2, Missing}, {3, 2}, {4, Missing}, {5, 3}};
-    const Panel panel{"Title", "V", TimeKind::Number, "t", {0, 5}, {1, 3}, {{"file", Crosses, readings, 4}}};
+    const Panel panel{
+        "Title", "V", TimeKind::Number, "t", {0, 5}, {1, 3}, {{"file", Crosses, readings, 4, {}, 0}}};
     const Plot plot{{panel}, 0};
     QImage image{640, 400, QImage::Format_RGB32};
     QPainter painter{&image};
@@ -69,16 +70,15 @@ TEST(Plot, DrawsReadingsAndGapsInPictureAndWindow)
     EXPECT_EQ(window.grab().toImage().convertToFormat(image.format()), image);
 }
 
-// What stands out is what one measures for.
-TEST(Plot, ThinsOutWhatPixelsCannotTellApart)
+TEST(Plot, KeepsOutliersWhenItDownsamples)
 {
     std::vector<Reading> readings;
     for (int i = 0; i < 100000; ++i)
         readings.push_back({double(i), i == 777 ? 9.0 : i == 50001 ? -9.0 : i % 3 == 0 ? Missing : i % 7});
-    std::vector<Reading> thinned = Thinned(readings, {0, 99999}, 100, 4);
-    std::erase_if(thinned, IsGap);
-    EXPECT_LE(thinned.size(), 400U);
-    const auto [lowest, highest] = std::ranges::minmax(thinned, {}, &Reading::value);
+    std::vector<Reading> kept = Downsampled(readings, {0, 99999}, 100, 4);
+    std::erase_if(kept, IsGap);
+    EXPECT_LE(kept.size(), 400U);
+    const auto [lowest, highest] = std::ranges::minmax(kept, {}, &Reading::value);
     EXPECT_EQ(std::pair(lowest.time, highest.time), std::pair(50001.0, 777.0));
 }
 

@@ -1,5 +1,7 @@
 #include "GdiObjects.h"
 
+#include "DashPattern.h"
+
 #include <afxgdi.h>
 #include <algorithm>
 #include <atomic>
@@ -15,19 +17,6 @@ namespace
 constexpr int maxBitmapSide = 32767;
 constexpr std::int64_t maxBitmapPixels = std::int64_t{1} << 26;
 constexpr std::int64_t maxPenWidth = std::int64_t{1} << 20;
-
-// The periods of the styles in pixels, the first pixel in the lowest bit.
-struct DashPattern {
-    int Style;
-    std::uint32_t Dashes;
-    int Period;
-};
-constexpr DashPattern dashPatterns[] = {
-    {PS_DASH, 0x03FFFF, 24},       // 18 on, 6 off
-    {PS_DOT, 0x07, 6},             // 3 on, 3 off
-    {PS_DASHDOT, 0x0381FF, 24},    // 9 on, 6 off, 3 on, 6 off
-    {PS_DASHDOTDOT, 0x1C71FF, 24}, // 9 on, 3 off, 3 on, 3 off, 3 on, 3 off
-};
 
 std::atomic<int> liveObjects = 0;
 
@@ -130,11 +119,9 @@ Pen::Pen(int style, int width, COLORREF color, bool isStock)
       m_width(std::min(std::abs(std::int64_t{width}), maxPenWidth))
 {
     m_stroke.Ink = ToPixel(color);
-    for (const DashPattern& pattern : dashPatterns) {
-        if (pattern.Style == style) {
-            m_stroke.Dashes = pattern.Dashes;
-            m_stroke.Period = pattern.Period;
-        }
+    if (const DashPattern* const pattern = FindDashPattern(style)) {
+        m_stroke.Dashes = pattern->Bits();
+        m_stroke.Period = pattern->Period();
     }
 }
 

@@ -23,6 +23,9 @@ public:
 
     void Close(); // flushes, and detaches the file
 
+    // The number of bytes that a load has taken out; at the end of the file, all of them.
+    ULONGLONG GetPosition() const { return m_nBytesRead - static_cast<ULONGLONG>(m_lpReadEnd - m_lpBufCur); }
+
     // Raw bytes. One comparison covers the wrong direction too, in which there is neither room nor data. A
     // read past the end of the file raises endOfFile.
     void Write(const void* lpBuf, UINT nMax)
@@ -86,6 +89,7 @@ private:
     UINT m_nMode;
     CFile* m_pFile;
     int m_nBufSize;
+    ULONGLONG m_nBytesRead = 0; // into the buffer
     std::unique_ptr<BYTE[]> m_lpBufStart;
     BYTE* m_lpBufCur;   // the next byte to read or to write
     BYTE* m_lpReadEnd;  // of the bytes read; m_lpBufStart when storing

@@ -67,7 +67,9 @@ void CArchive::ReadThrough(BYTE* to, UINT nCount)
     while (nCount > 0) {
         if (m_lpBufCur == m_lpReadEnd) {
             m_lpBufCur = m_lpReadEnd = m_lpBufStart.get();
-            m_lpReadEnd += m_pFile->Read(m_lpBufCur, static_cast<UINT>(m_nBufSize));
+            const UINT read = m_pFile->Read(m_lpBufCur, static_cast<UINT>(m_nBufSize));
+            m_lpReadEnd += read;
+            m_nBytesRead += read;
             if (m_lpBufCur == m_lpReadEnd)
                 AfxThrowArchiveException(CArchiveException::endOfFile, m_pFile->GetFilePath());
         }

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <iterator>
 
-namespace atlashost
+namespace styleatlas::terminal
 {
 namespace
 {
@@ -27,7 +26,7 @@ struct Range {
     char32_t last;
 };
 
-// Characters that stand on the one before them, or show nothing at all.
+// Combining and invisible characters.
 constexpr Range NoColumn[] = {{0x0300, 0x036F}, {0x1AB0, 0x1AFF}, {0x1DC0, 0x1DFF}, {0x200B, 0x200F},
                               {0x202A, 0x202E}, {0x2060, 0x2064}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F},
                               {0xFE20, 0xFE2F}, {0xFEFF, 0xFEFF}};
@@ -40,10 +39,11 @@ template <std::size_t Size> bool IsIn(const Range (&ranges)[Size], char32_t valu
     return std::ranges::any_of(ranges, [value](Range r) { return value >= r.first && value <= r.last; });
 }
 
-// Takes one code point off the front; a byte that begins none is taken alone, as the replacement character.
+// Removes one code point from the front. An invalid byte is removed alone and gives the replacement
+// character.
 char32_t TakeUtf8(std::string_view& text)
 {
-    constexpr char32_t SmallestOfLength[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr char32_t MinOfLength[] = {0, 0, 0x80, 0x800, 0x10000};
     const auto first = static_cast<unsigned char>(text.front());
     const std::size_t length = first < 0x80 ? 1 : first < 0xC0 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
     char32_t value = length == 1 ? first : first & (0x7Fu >> length);
@@ -53,7 +53,7 @@ char32_t TakeUtf8(std::string_view& text)
         isValid = (byte & 0xC0) == 0x80;
         value = (value << 6) | (byte & 0x3Fu);
     }
-    isValid = isValid && value >= SmallestOfLength[length] && value <= LastCodePoint && !IsSurrogate(value);
+    isValid = isValid && value >= MinOfLength[length] && value <= LastCodePoint && !IsSurrogate(value);
     text.remove_prefix(isValid ? length : 1);
     return isValid ? value : Replacement;
 }
@@ -113,11 +113,11 @@ std::string ToUtf8(std::u16string_view utf16)
     return text;
 }
 
-std::string Printable(std::string_view utf8, std::size_t longest)
+std::string Printable(std::string_view utf8, std::size_t maxLength)
 {
     std::string text;
     for (std::size_t count = 0; !utf8.empty(); ++count) {
-        if (count == longest)
+        if (count == maxLength)
             return text + "...";
         const char32_t value = TakeUtf8(utf8);
         AppendUtf8(text, IsControl(value) ? Replacement : value);
@@ -136,24 +136,6 @@ std::size_t DisplayWidth(std::string_view utf8)
     return width;
 }
 
-std::string Folded(std::string_view text)
-{
-    std::string folded;
-    std::ranges::transform(text, std::back_inserter(folded), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-    });
-    return folded;
-}
-
-std::string_view WithoutBlanks(std::string_view text)
-{
-    constexpr std::string_view Blanks = " \t";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
 std::string Counted(std::size_t count, const char* noun)
 {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
@@ -166,4 +148,4 @@ std::string Hexadecimal(std::uint32_t bits)
     return text;
 }
 
-} // namespace atlashost
+} // namespace styleatlas::terminal

@@ -1,10 +1,7 @@
-#include "Display.h"
+#include "QtStartup.h"
 
 #include "Commands.h"
-#include "InputFiles.h"
-
-#include <QScreen>
-#include <QWidget>
+#include "Report.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -16,7 +13,7 @@ namespace
 
 constexpr const char* DisplayVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 
-// The fatal message itself says only that there is no platform; why is in what its plugin said before.
+// The fatal message says only that there is no platform; the reason is in an earlier message of its plugin.
 void ExitOnFatal(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     static QString reason;
@@ -24,7 +21,7 @@ void ExitOnFatal(QtMsgType type, const QMessageLogContext& context, const QStrin
         reason = message.section('\n', 0, 0);
     if (type != QtFatalMsg)
         return;
-    Tell("nothing can be drawn: " + reason.toStdString());
+    PrintError("nothing can be drawn: " + reason.toStdString());
     std::_Exit(Failed);
 }
 
@@ -44,19 +41,14 @@ void ForgetDisplay()
         unsetenv(name);
 }
 
-void EndWhereQtWouldAbort()
+void ExitWhereQtWouldAbort()
 {
     qInstallMessageHandler(ExitOnFatal);
 }
 
-QSize FittingSize(const QWidget& widget, QSize size)
+QtApplication::QtApplication()
 {
-    return size.boundedTo(widget.screen()->availableSize() * 9 / 10);
-}
-
-Desktop::Desktop()
-{
-    EndWhereQtWouldAbort();
+    ExitWhereQtWouldAbort();
     m_application.emplace(m_count, m_words);
 }
 

@@ -1,4 +1,4 @@
-#include "WholeFile.h"
+#include "FileContent.h"
 
 #include <array>
 #include <cerrno>
@@ -15,6 +15,8 @@ namespace atlashost
 namespace
 {
 
+constexpr std::size_t MaxMebibytes = 64;
+
 struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
@@ -25,7 +27,7 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
     throw std::runtime_error{std::strerror(errno)};
 }
 
-// Without O_NONBLOCK a pipe would hold the program until somebody writes into it.
+// Without O_NONBLOCK the opening of a pipe would wait for a writer.
 File OpenRegular(const std::string& path)
 {
     const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -44,15 +46,15 @@ File OpenRegular(const std::string& path)
 
 } // namespace
 
-std::string ReadWholeFile(const std::string& path, std::size_t mostMebibytes)
+std::string ReadFileContent(const std::string& path)
 {
     const File file = OpenRegular(path);
     std::string content;
     std::array<char, 65536> buffer;
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
         content.append(buffer.data(), count);
-        if (content.size() > mostMebibytes << 20)
-            throw std::runtime_error{"larger than " + std::to_string(mostMebibytes) + " MiB"};
+        if (content.size() > MaxMebibytes << 20)
+            throw std::runtime_error{"larger than " + std::to_string(MaxMebibytes) + " MiB"};
     }
     if (std::ferror(file.get()) != 0)
         ThrowSystemError();

@@ -1,51 +1,52 @@
 #include "StyleWords.h"
 
-#include "styleatlas.h"
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <span>
+#include <iterator>
 #include <string_view>
 
 #include <unistd.h>
 
-namespace atlashost
+namespace styleatlas::terminal
 {
 namespace
 {
 
-struct Word {
-    int value;
+template <class Number> struct Word {
+    Number value;
     const char* text;
 };
 
-constexpr Word Shapes[] = {
-    {STYLEATLAS_SHAPE_NONE, "no symbol"},    {STYLEATLAS_SHAPE_CROSS, "cross"},
-    {STYLEATLAS_SHAPE_TRIANGLE, "triangle"}, {STYLEATLAS_SHAPE_TRIANGLE_2, "triangle 2"},
-    {STYLEATLAS_SHAPE_SQUARE, "square"},     {STYLEATLAS_SHAPE_PLUS, "plus"},
-    {STYLEATLAS_SHAPE_ASTERISK, "asterisk"}, {STYLEATLAS_SHAPE_DIAMOND, "diamond"},
-    {STYLEATLAS_SHAPE_CIRCLE, "circle"},     {STYLEATLAS_SHAPE_POINT, "point"},
+constexpr Word<SymbolShape> Shapes[] = {
+    {SymbolShape::None, "no symbol"},    {SymbolShape::Cross, "cross"},
+    {SymbolShape::Triangle, "triangle"}, {SymbolShape::Triangle2, "triangle 2"},
+    {SymbolShape::Square, "square"},     {SymbolShape::Plus, "plus"},
+    {SymbolShape::Asterisk, "asterisk"}, {SymbolShape::Diamond, "diamond"},
+    {SymbolShape::Circle, "circle"},     {SymbolShape::Point, "point"},
 };
-constexpr Word Fills[] = {
-    {STYLEATLAS_FILL_FILLED, "filled"},
-    {STYLEATLAS_FILL_EMPTY, "empty"},
-    {STYLEATLAS_FILL_EMPTY_WITH_DOT, "empty with dot"},
+constexpr Word<SymbolFill> Fills[] = {
+    {SymbolFill::Filled, "filled"},
+    {SymbolFill::Empty, "empty"},
+    {SymbolFill::EmptyWithDot, "empty with dot"},
 };
-constexpr Word Lines[] = {
-    {STYLEATLAS_LINE_SOLID, "solid line"},
-    {STYLEATLAS_LINE_DASHED, "dashed line"},
-    {STYLEATLAS_LINE_DOTTED, "dotted line"},
-    {STYLEATLAS_LINE_DASH_DOTTED, "dash-dotted line"},
-    {STYLEATLAS_LINE_DASH_DOT_DOT, "dash-dot-dot line"},
-    {STYLEATLAS_LINE_NONE, "no line"},
+constexpr Word<LineStyle> Lines[] = {
+    {LineStyle::Solid, "solid line"},
+    {LineStyle::Dashed, "dashed line"},
+    {LineStyle::Dotted, "dotted line"},
+    {LineStyle::DashDotted, "dash-dotted line"},
+    {LineStyle::DashDotDot, "dash-dot-dot line"},
+    {LineStyle::None, "no line"},
 };
 
-// A layout file can bring any number.
-std::string WordFor(std::span<const Word> words, int value, const char* kind)
+// A layout file can hold any number.
+template <class Number, std::size_t Size>
+std::string WordFor(const Word<Number> (&words)[Size], Number value, const char* kind)
 {
-    const auto found = std::ranges::find(words, value, &Word::value);
-    return found != words.end() ? found->text : std::string{"unknown "} + kind + " " + std::to_string(value);
+    const auto found = std::ranges::find(words, value, &Word<Number>::value);
+    if (found != std::end(words))
+        return found->text;
+    return std::string{"unknown "} + kind + " " + std::to_string(static_cast<int>(value));
 }
 
 struct Rgb {
@@ -54,13 +55,12 @@ struct Rgb {
     int blue;
 };
 
-constexpr Rgb Parts(std::uint32_t color)
+constexpr Rgb Parts(Color color)
 {
-    return {static_cast<int>(STYLEATLAS_RED(color)), static_cast<int>(STYLEATLAS_GREEN(color)),
-            static_cast<int>(STYLEATLAS_BLUE(color))};
+    return {color.Red(), color.Green(), color.Blue()};
 }
 
-std::string Hex(std::uint32_t color)
+std::string Hex(Color color)
 {
     const auto [red, green, blue] = Parts(color);
     char text[8];
@@ -105,7 +105,7 @@ int NearestPaletteEntry(Rgb color)
                                                                : CubeBase + 36 * red + 6 * green + blue;
 }
 
-std::string Background(std::uint32_t color, ColorDepth depth)
+std::string Background(Color color, ColorDepth depth)
 {
     const Rgb parts = Parts(color);
     if (depth == ColorDepth::Palette256)
@@ -122,28 +122,16 @@ std::string_view Environment(const char* name)
 
 } // namespace
 
-std::optional<CurveStyle> StyleOf(std::int16_t fileColumn, const MeasuredQuantity& quantity)
-{
-    CurveStyle style;
-    if (GetStyleAtlas(fileColumn, quantity.quantity, quantity.subQuantity, quantity.index, quantity.device,
-                      quantity.flags, &style.symbolColor, &style.symbolShape, &style.symbolSize,
-                      &style.symbolFill, &style.lineColor, &style.lineStyle, &style.lineWidth,
-                      &style.useSymbolColor) == STYLEATLAS_NOT_FOUND)
-        return std::nullopt;
-    return style;
-}
-
-std::string InWords(const CurveStyle& style)
+std::string InWords(const Style& style)
 {
     std::string words = WordFor(Shapes, style.symbolShape, "symbol");
-    if (style.symbolShape != STYLEATLAS_SHAPE_NONE)
+    if (style.symbolShape != SymbolShape::None)
         words += ", " + WordFor(Fills, style.symbolFill, "fill") + ", size " +
                  std::to_string(style.symbolSize) + ", " + Hex(style.symbolColor);
     words += "; " + WordFor(Lines, style.lineStyle, "line");
-    if (style.lineStyle != STYLEATLAS_LINE_NONE)
-        words +=
-            ", width " + std::to_string(style.lineWidth) + ", " +
-            (style.useSymbolColor != 0 ? Hex(style.symbolColor) + " as the symbol" : Hex(style.lineColor));
+    if (style.lineStyle != LineStyle::None)
+        words += ", width " + std::to_string(style.lineWidth) + ", " + Hex(style.DrawnLineColor()) +
+                 (style.useSymbolColor ? " as the symbol" : "");
     return words;
 }
 
@@ -155,17 +143,17 @@ ColorDepth ColorsOfOutput()
     return colors == "truecolor" || colors == "24bit" ? ColorDepth::TrueColor : ColorDepth::Palette256;
 }
 
-std::string Swatch(const CurveStyle& style, ColorDepth depth)
+std::string Swatch(const Style& style, ColorDepth depth)
 {
     if (depth == ColorDepth::None)
         return {};
-    const std::uint32_t lineColor = style.useSymbolColor != 0 ? style.symbolColor : style.lineColor;
-    return Background(style.symbolColor, depth) + "  " + Background(lineColor, depth) + "  \x1b[0m ";
+    return Background(style.symbolColor, depth) + "  " + Background(style.DrawnLineColor(), depth) +
+           "  \x1b[0m ";
 }
 
-std::string StyleCell(const std::optional<CurveStyle>& style, ColorDepth depth)
+std::string StyleCell(const std::optional<Style>& style, ColorDepth depth)
 {
     return style ? Swatch(*style, depth) + InWords(*style) : "no style";
 }
 
-} // namespace atlashost
+} // namespace styleatlas::terminal

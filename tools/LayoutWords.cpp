@@ -1,34 +1,37 @@
 #include "LayoutWords.h"
 
-#include "Text.h"
-
-#include "mensura.h"
+#include <bindings/terminal/StyleWords.h>
+#include <bindings/terminal/Text.h>
+#include <mensura.h>
 
 #include <cstdint>
 #include <vector>
 
-namespace atlashost
+namespace atlaslayout
 {
 namespace
 {
 
-constexpr int NoDevice = -1;
+using styleatlas::Color;
+using styleatlas::Style;
+using namespace styleatlas::terminal;
 
-// Empty where the unit library does not know the quantity, which it tells by a "#" and the number.
-std::string SymbolOf(const RowIdentity& identity)
+constexpr short noDevice = -1;
+
+// Empty if the unit library doesn't know the quantity: it answers with "#" and the number then.
+std::string SymbolOf(const QuantityKey& key)
 {
-    static_assert(RowIdentity::WholeGroup == MENSURA_WHOLE_QUANTITY);
-    const std::string symbol = ToUtf8(
-        MensuraGetSymbolW(identity.quantity, identity.subQuantity, identity.flags,
-                          static_cast<std::uint16_t>(identity.device), identity.index, MENSURA_SYMBOL));
-    const bool isKnown = symbol != std::string{"#"}.append(std::to_string(identity.quantity));
+    static_assert(k_GroupSubQuantity == MENSURA_WHOLE_QUANTITY);
+    const std::string symbol =
+        ToUtf8(MensuraGetSymbolW(key.Quantity, key.SubQuantity, key.Flags,
+                                 static_cast<std::uint16_t>(key.Device), key.Index, MENSURA_SYMBOL));
+    const bool isKnown = symbol != std::string{"#"}.append(std::to_string(key.Quantity));
     return isKnown ? Printable(symbol) : std::string{};
 }
 
-// The highest byte of a colour has no meaning.
-void AddHighByte(std::string& words, const char* name, std::uint32_t color)
+void AddUnusedByte(std::string& words, const char* name, Color color)
 {
-    if (const std::uint32_t byte = color >> 24; byte != 0)
+    if (const std::uint32_t byte = color.value >> 24; byte != 0)
         words += std::string{"; "} + name + " with " + Hexadecimal(byte);
 }
 
@@ -39,14 +42,14 @@ struct Field {
 
 std::vector<Field> FieldsOf(const LayoutRecord& record)
 {
-    const CurveStyle& style = record.style;
-    return {{"shape", std::to_string(style.symbolShape)},
-            {"fill", std::to_string(style.symbolFill)},
+    const Style& style = record.style;
+    return {{"shape", std::to_string(static_cast<int>(style.symbolShape))},
+            {"fill", std::to_string(static_cast<int>(style.symbolFill))},
             {"size", std::to_string(style.symbolSize)},
-            {"symbol colour", Hexadecimal(style.symbolColor)},
-            {"line", std::to_string(style.lineStyle)},
+            {"symbol colour", Hexadecimal(style.symbolColor.value)},
+            {"line", std::to_string(static_cast<int>(style.lineStyle))},
             {"width", std::to_string(style.lineWidth)},
-            {"line colour", Hexadecimal(style.lineColor)},
+            {"line colour", Hexadecimal(style.lineColor.value)},
             {"use of the symbol's colour", std::to_string(style.useSymbolColor)},
             {"reserved", Hexadecimal(record.reserved)}};
 }
@@ -58,21 +61,20 @@ std::string DamageWords(const LayoutDamage& damage)
     return "damaged at byte " + std::to_string(damage.byte) + ": " + damage.reason;
 }
 
-std::string HeadWords(const LayoutFile& file)
+std::string HeadWords(const LayoutReader& file)
 {
     return "version " + std::to_string(file.Version()) + ", " + Counted(file.ColumnCount(), "file column");
 }
 
-std::string IdentityWords(const RowIdentity& identity)
+std::string KeyWords(const QuantityKey& key)
 {
-    const std::string symbol = SymbolOf(identity);
+    const std::string symbol = SymbolOf(key);
     std::string words = symbol.empty() ? "" : symbol + ": ";
-    words += identity.device == NoDevice ? "no device" : "device " + std::to_string(identity.device);
-    words += ", quantity " + std::to_string(identity.quantity) + ", ";
-    words += identity.subQuantity == RowIdentity::WholeGroup
-                 ? "the whole group"
-                 : "sub-quantity " + std::to_string(identity.subQuantity);
-    return words + ", index " + std::to_string(identity.index) + ", flags " + Hexadecimal(identity.flags);
+    words += key.Device == noDevice ? "no device" : "device " + std::to_string(key.Device);
+    words += ", quantity " + std::to_string(key.Quantity) + ", ";
+    words += key.SubQuantity == k_GroupSubQuantity ? "the whole group"
+                                                   : "sub-quantity " + std::to_string(key.SubQuantity);
+    return words + ", index " + std::to_string(key.Index) + ", flags " + Hexadecimal(key.Flags);
 }
 
 std::string RowWords(const LayoutRow& row)
@@ -86,8 +88,8 @@ std::string RecordWords(const LayoutRecord& record)
     std::string words = InWords(record.style);
     if (record.reserved != 0)
         words += "; reserved " + Hexadecimal(record.reserved);
-    AddHighByte(words, "symbol colour", record.style.symbolColor);
-    AddHighByte(words, "line colour", record.style.lineColor);
+    AddUnusedByte(words, "symbol colour", record.style.symbolColor);
+    AddUnusedByte(words, "line colour", record.style.lineColor);
     return words;
 }
 
@@ -109,4 +111,4 @@ std::string ColumnWords(std::size_t first, std::size_t last)
                          : "file columns " + std::to_string(first) + " to " + std::to_string(last);
 }
 
-} // namespace atlashost
+} // namespace atlaslayout

@@ -1,0 +1,15 @@
+// The line of a style as a pen.
+#pragma once
+
+#include <styleatlas.hpp>
+
+#include <QPen>
+
+namespace styleatlas::qt
+{
+
+// A cosmetic pen for painting without antialiasing. Its width is at least 1 and at most 256; a pen wider than
+// 1 is solid. Qt::NoPen for a style without a line.
+QPen MakePen(const Style& style);
+
+} // namespace styleatlas::qt

@@ -1,0 +1,54 @@
+// The dashes of pens one pixel wide.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <span>
+#include <windows.h>
+
+namespace gdi
+{
+
+struct DashPattern {
+    int Style;
+    std::span<const int> Lengths; // in pixels: on, off, on, off ...
+
+    constexpr int Period() const
+    {
+        int period = 0;
+        for (const int length : Lengths)
+            period += length;
+        return period;
+    }
+
+    // Bit i: the pixel i steps into a period is inked.
+    constexpr std::uint32_t Bits() const
+    {
+        std::uint32_t bits = 0;
+        int position = 0;
+        for (std::size_t i = 0; i < Lengths.size(); position += Lengths[i++]) {
+            if (i % 2 == 0)
+                bits |= ((std::uint32_t{1} << Lengths[i]) - 1) << position;
+        }
+        return bits;
+    }
+};
+
+inline constexpr int dashLengths[] = {18, 6};
+inline constexpr int dotLengths[] = {3, 3};
+inline constexpr int dashDotLengths[] = {9, 6, 3, 6};
+inline constexpr int dashDotDotLengths[] = {9, 3, 3, 3, 3, 3};
+inline constexpr DashPattern dashPatterns[] = {{PS_DASH, dashLengths},
+                                               {PS_DOT, dotLengths},
+                                               {PS_DASHDOT, dashDotLengths},
+                                               {PS_DASHDOTDOT, dashDotDotLengths}};
+
+// Null for a style without dashes.
+constexpr const DashPattern* FindDashPattern(int style)
+{
+    const auto* const found = std::ranges::find(dashPatterns, style, &DashPattern::Style);
+    return found != std::end(dashPatterns) ? found : nullptr;
+}
+
+} // namespace gdi
