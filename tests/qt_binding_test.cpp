@@ -15,12 +15,8 @@ constexpr int side = 80;
 constexpr int middle = side / 2;
 constexpr COLORREF white = RGB(255, 255, 255);
 
-struct QtBinding : testing::Test {
-    const test::SystemColors windowColor{{{COLOR_WINDOW, white}}};
-};
-
 // Black is the colour that a transparent pixel could be taken for, white that of the paper.
-TEST_F(QtBinding, MakesThePictureOfEachSymbol)
+TEST(QtBinding, MakesThePictureOfEachSymbol)
 {
     for (const COLORREF color : {COLORREF{0}, white, test::ink}) {
         for (int i = 0; i < 10 * 3 * 30; ++i) {
@@ -48,7 +44,7 @@ TEST_F(QtBinding, MakesThePictureOfEachSymbol)
     }
 }
 
-TEST_F(QtBinding, MakesThePenOfEachLine)
+TEST(QtBinding, MakesThePenOfEachLine)
 {
     for (short lineStyle = 0; lineStyle < 6; ++lineStyle) {
         k_LineDef style;

@@ -19,6 +19,7 @@ public:
     virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags);
     virtual UINT Read(void* lpBuf, UINT nCount); // fewer bytes only at the end of the file
     virtual void Write(const void* lpBuf, UINT nCount);
+    virtual ULONGLONG GetLength() const; // in bytes
     virtual void Close();
     virtual void Abort(); // closes, and raises nothing
     CString GetFilePath() const { return m_strFileName; }

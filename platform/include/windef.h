@@ -24,6 +24,7 @@ using UINT = unsigned int;
 using LONG = std::int32_t;
 using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
+using ULONGLONG = std::uint64_t;
 using COLORREF = DWORD; // red in the lowest byte, then green, then blue
 using HRESULT = LONG;
 

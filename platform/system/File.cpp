@@ -122,6 +122,15 @@ void CFile::Write(const void* lpBuf, UINT nCount)
         ThrowSystemError(error);
 }
 
+ULONGLONG CFile::GetLength() const
+{
+    struct stat status {
+    };
+    if (fstat(m_hFile, &status) != 0)
+        ThrowSystemError(errno);
+    return static_cast<ULONGLONG>(status.st_size);
+}
+
 void CFile::Close()
 {
     if (m_hFile == hFileNull)
