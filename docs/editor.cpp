@@ -10,6 +10,7 @@
 #include <controls/StyleSelection.h>
 #include <cstdio>
 #include <cstdlib>
+#include <dialogs/CurveLayoutDlg.h>
 #include <dialogs/StyleAtlasDialog.h>
 #include <functional>
 
