@@ -111,7 +111,7 @@ TEST_F(Exports, ReloadTakesInWhatTheUnitLibraryReportsNow)
     Expect({m_open, "reload", "get=0,77,0,0,0,0", "user=S-1|Software", "get=0,20,0,0,0,0"}, first + none);
 }
 
-TEST_F(Exports, EndNoHostWithoutUnitLibraryAndWhereNobodySeesAWindow)
+TEST_F(Exports, EndNoHostWithoutUnitLibraryOrDisplay)
 {
     Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME});
     const std::string message = "StyleAtlas: " + cannotLoad;

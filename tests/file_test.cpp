@@ -17,20 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr const TCHAR* drivePath = _T("C:\\file");
 constexpr int bufferSize = 4096;
-constexpr int valueBytes = 14; // written by WriteValues
-
-void WriteValues(CArchive& ar)
-{
-    ar << true << static_cast<BYTE>(0x12) << static_cast<WORD>(0xFEDC) << static_cast<short>(-2)
-       << static_cast<DWORD>(0x89ABCDEF) << -559038737;
-}
-
-void ExpectValues(CArchive& ar)
-{
-    std::tuple<bool, BYTE, WORD, short, DWORD, int> values;
-    std::apply([&ar](auto&... value) { (ar >> ... >> value); }, values);
-    EXPECT_EQ(values, std::tuple(true, 0x12, 0xFEDC, -2, 0x89ABCDEFU, -559038737));
-}
+constexpr int valueBytes = 14; // of the values behind the padding
 
 void WritePadded(int padding, int bufSize)
 {
@@ -39,7 +26,8 @@ void WritePadded(int padding, int bufSize)
     CArchive ar(&file, CArchive::store, bufSize);
     for (int i = 0; i < padding; ++i)
         ar << static_cast<BYTE>(i);
-    WriteValues(ar);
+    ar << true << static_cast<BYTE>(0x12) << static_cast<WORD>(0xFEDC) << static_cast<short>(-2)
+       << static_cast<DWORD>(0x89ABCDEF) << -559038737;
     ar.Close();
     file.Close();
 }
@@ -79,7 +67,9 @@ TEST(FileTest, ValuesCrossTheEdgeOfTheBuffer)
                 ar >> byte;
                 ASSERT_EQ(byte, static_cast<BYTE>(i));
             }
-            ExpectValues(ar);
+            std::tuple<bool, BYTE, WORD, short, DWORD, int> values;
+            std::apply([&ar](auto&... value) { (ar >> ... >> value); }, values);
+            EXPECT_EQ(values, std::tuple(true, 0x12, 0xFEDC, -2, 0x89ABCDEFU, -559038737));
             BYTE end = 0;
             EXPECT_EQ(CauseOf([&] { ar >> end; }), CArchiveException::endOfFile);
             EXPECT_EQ(CauseOf([&ar] { ar << 1; }), CArchiveException::readOnly) << "the wrong direction";
@@ -117,7 +107,7 @@ TEST(FileTest, ReadsOrdinaryFilesOnlyAndNeverWaits)
 }
 
 // A standard error that is never read, or broken, must not stop the host.
-TEST(MessageTest, AFullOrBrokenPipeOnStandardErrorHurtsNobody)
+TEST(MessageTest, AFullOrBrokenPipeOnStandardErrorHoldsNothingUp)
 {
     const auto showMessages = [] {
         int full[2];

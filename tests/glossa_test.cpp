@@ -77,7 +77,7 @@ protected:
     }
 
     // The same, with a catalogue reported as left out for this reason, or none for an empty reason.
-    static void ExpectTold(const std::string& reason, const TCHAR* text, std::u16string_view shown)
+    static void ExpectReported(const std::string& reason, const TCHAR* text, std::u16string_view shown)
     {
         testing::internal::CaptureStderr();
         EXPECT_EQ(Shown(text), shown);
@@ -171,7 +171,7 @@ TEST_F(Glossa, RefusesADamagedCatalogueAndReportsIt)
     for (const std::string& bytes : bad) {
         SCOPED_TRACE(testing::Message() << "case " << &bytes - bad.data());
         Write("xx", bytes);
-        ExpectTold("xx/LC_MESSAGES/glossa.mo is left out", _T("Cancel"), u"Cancel");
+        ExpectReported("xx/LC_MESSAGES/glossa.mo is left out", _T("Cancel"), u"Cancel");
     }
 }
 
@@ -179,11 +179,11 @@ TEST_F(Glossa, NeitherMissingNorStrangeFilesHoldUp)
 {
     UseLanguage("xx");
     m_folder.Put((m_prefix.Path() / "nowhere").c_str());
-    ExpectTold("", _T("Device_5"), u"Device_5");
+    ExpectReported("", _T("Device_5"), u"Device_5");
     Write("en", Compile({{"Styleatlas\4Device_5", "a name"}}));
     const fs::path file = Write("xx", "");
     ASSERT_TRUE(fs::remove(file) && mkfifo(file.c_str(), 0600) == 0);
-    ExpectTold("not a regular file", _T("Device_5"), u"a name");
+    ExpectReported("not a regular file", _T("Device_5"), u"a name");
 }
 
 TEST_F(Glossa, HostileLanguageListStaysInBounds)
@@ -194,7 +194,7 @@ TEST_F(Glossa, HostileLanguageListStaysInBounds)
     for (const std::string& value :
          {list + "de", std::string(100000, 'd'), std::string(100000, ':').append("de")}) {
         UseLanguage(value.c_str());
-        ExpectTold("", _T("Device_5"), u"thermal chamber");
+        ExpectReported("", _T("Device_5"), u"thermal chamber");
     }
     // Names that lead out of the folder of languages.
     for (const char* const language : {".", "xx"})

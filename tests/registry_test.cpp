@@ -95,7 +95,7 @@ TEST_F(RegistryTest, FindsKeysAndNamesWithoutRegardToCase)
     EXPECT_EQ(same.Get(_T("\u00C9T\u00C9")), "2");
 }
 
-TEST_F(RegistryTest, WhatIsNotAllowedIsTold)
+TEST_F(RegistryTest, ReportsWhatIsNotAllowed)
 {
     EXPECT_EQ(Key().Get(), "error 6 2048"); // ERROR_INVALID_HANDLE, for the null handle
     EXPECT_EQ(Key().Set("x"), ERROR_INVALID_HANDLE);
@@ -126,7 +126,7 @@ TEST_F(RegistryTest, WhatIsNoRegistryIsPutAsideOnce)
     EXPECT_EQ(test::RunInChild([] { return UseAsHost() != ERROR_SUCCESS ? 0 : 1; }), 0);
     fs::remove(file);
     test::WriteWhole(file, "");
-    EXPECT_EQ(UseAsHost(), ERROR_SUCCESS) << "an empty file is a registry that nobody has written to";
+    EXPECT_EQ(UseAsHost(), ERROR_SUCCESS) << "an empty file is a registry without keys";
 }
 
 // Another program's file may have computed columns: of changing size, or so large that they fill the memory.

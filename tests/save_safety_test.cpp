@@ -153,7 +153,7 @@ TEST_F(SaveTest, AFileWithOtherNamesKeepsThem)
     EXPECT_EQ(test::ReadWhole(file), "short");
 }
 
-TEST_F(SaveTest, AFullDiskIsToldAndKeepsTheOldFile)
+TEST_F(SaveTest, AFullDiskIsReportedAndTheOldFileKept)
 {
     const auto saveAtlas = [] {
         k_StyleAtlas atlas;
@@ -194,7 +194,7 @@ TEST_F(SaveTest, LinksStayAndTheirTargetIsReplaced)
     fs::permissions(links, fs::perms{01777});
     EXPECT_EQ(lchown((links / "absolute").c_str(), test::userWithoutRights, 0), 0);
     for (const TCHAR* const path : {_T("C:\\links\\absolute"), _T("C:\\links\\winding")})
-        EXPECT_EQ(Save(path, "x"), otherFailure) << "somebody else may have laid the link";
+        EXPECT_EQ(Save(path, "x"), otherFailure) << "another user may have made the link";
     EXPECT_EQ(test::ReadWhole(file), "winding");
 }
 
