@@ -82,6 +82,8 @@ TEST_F(LayoutTool, ReportsWhereAFileIsDamaged)
         {11, 0, "", "damaged at byte 11: the file ends within its head"},
         {28, 0, "", "damaged at byte 28: the file claims 2 rows, but ends within the head of row 0"},
         {109, 8, "\3"sv, "damaged at byte 109: the file claims 3 rows, but ends within the head of row 2"},
+        {109, 12, "\xFE\xFF\xFF\xFF"sv,
+         "damaged at byte 29: row 0 claims -2 records, of which 0 to 32768 are allowed"},
         {109, 12, "\1\x80\0\0"sv,
          "damaged at byte 29: row 0 claims 32769 records, of which 0 to 32768 are allowed"},
         {109, 12, "\0\x80\0\0"sv,
