@@ -9,12 +9,7 @@
 namespace
 {
 
-struct Seed {
-    const char* Name;
-    void (*Apply)(k_StyleAtlas&);
-};
-
-constexpr Seed layouts[] = {
+constexpr std::pair<const char*, void (*)(k_StyleAtlas&)> layouts[] = {
     {"catalogue", [](k_StyleAtlas& atlas) { atlas.ApplyDefaultStyles(); }},
     {"no-rows", [](k_StyleAtlas& atlas) { atlas.Clear(); }},
     {"unknown-row", [](k_StyleAtlas& atlas) { atlas.AddRow({.Quantity = 900, .Index = 3}, 2); }},
@@ -34,11 +29,11 @@ using Folder = std::filesystem::path;
 void MakeLayouts(const Folder& folder)
 {
     test::SetUnits(fuzz::CatalogueEntries());
-    for (const Seed& seed : layouts) {
+    for (const auto& [name, apply] : layouts) {
         k_StyleAtlas atlas;
         atlas.BuildCatalogue();
-        seed.Apply(atlas);
-        test::WriteWhole(folder / seed.Name, test::BytesOf(atlas));
+        apply(atlas);
+        test::WriteWhole(folder / name, test::BytesOf(atlas));
     }
 }
 
@@ -48,10 +43,7 @@ void MakeValues(const Folder& folder)
     for (const std::u16string& text : {u"C:\\a\\Style.Atlas"s, u"/a/\xD83D\xDE00"s,
                                        std::u16string(1023, u'a'), std::u16string(1024, u'a')}) {
         const std::string bytes(reinterpret_cast<const char*>(text.c_str()), 2 * text.size() + 2);
-        for (const char type : {REG_SZ, REG_EXPAND_SZ}) {
-            const std::string name = std::to_string(text.size()) + '-' + std::to_string(type);
-            test::WriteWhole(folder / name, type + bytes);
-        }
+        test::WriteWhole(folder / std::to_string(text.size()), static_cast<char>(REG_SZ) + bytes);
     }
 }
 

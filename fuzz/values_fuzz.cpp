@@ -2,6 +2,7 @@
 // text is the path; anything else is replaced by the default.
 #include "Fuzz.h"
 
+#include <RegistryKey.h>
 #include <TempPrefix.h>
 #include <cstring>
 #include <model/StyleAtlas.h>
@@ -30,14 +31,9 @@ void fuzz::Try(std::string_view bytes)
         return;
     const auto type = static_cast<DWORD>(bytes.front());
     bytes.remove_prefix(1);
-    HKEY key = nullptr;
-    Require(RegCreateKeyExW(HKEY_USERS, _T("S-1\\Any"), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr) ==
-                ERROR_SUCCESS,
-            "no key");
-    Require(RegSetValueExW(key, _T("StyleAtlas"), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
-                           static_cast<DWORD>(bytes.size())) == ERROR_SUCCESS,
-            "no value");
-    RegCloseKey(key);
+    test::RegistryKey key;
+    Require(key.Create(_T("S-1\\Any")) == ERROR_SUCCESS, "no key");
+    Require(key.Set(std::string(bytes), _T("StyleAtlas"), type) == ERROR_SUCCESS, "no value");
 
     std::u16string text(bytes.size() / 2, u'\0');
     std::memcpy(text.data(), bytes.data(), 2 * text.size());

@@ -91,7 +91,7 @@ protected:
     Words m_environment = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "MENSURA_CATALOGUE"};
 };
 
-TEST_F(Host, TellsQuantityAndFileBySymbolAndColor)
+TEST_F(Host, ShowsQuantityAndFileBySymbolAndColor)
 {
     // In the last, the symbol stands for the file.
     for (const auto& [options, isOtherRule] :
@@ -129,19 +129,19 @@ TEST_F(Host, ReadsFilesOfAllSorts)
     const Result result = Run({"list", path});
     const Words voltage = result.LineOf({"0", "voltage", "U_rms"});
     EXPECT_EQ(result.LineOf({"0", "u_RMS l1", "U_rms L1"})[4] + voltage[4] + voltage[5], "323");
-    const std::string said = "atlas-host: " + path;
-    EXPECT_EQ(result.Errors, said + ":4: \"x\uFFFD\" in column voltage is not a number\n" + said +
-                                 ":6: the line has 6 fields, the head line 5\n" + said +
-                                 ":7: \"inf\" in column u_RMS l1 is not a number\n" + said +
-                                 ":8: a quotation mark is never closed\n" + said +
-                                 ":8: \"1;5\" in column u_RMS l1 is not a number\n" + said +
-                                 ":8: \"+-1\" in column voltage is not a number\n" + said +
-                                 ": no quantity fits the column \"Wi\"nd\", it is left out\n" + said +
+    const std::string at = "atlas-host: " + path;
+    EXPECT_EQ(result.Errors, at + ":4: \"x\uFFFD\" in column voltage is not a number\n" + at +
+                                 ":6: the line has 6 fields, the head line 5\n" + at +
+                                 ":7: \"inf\" in column u_RMS l1 is not a number\n" + at +
+                                 ":8: a quotation mark is never closed\n" + at +
+                                 ":8: \"1;5\" in column u_RMS l1 is not a number\n" + at +
+                                 ":8: \"+-1\" in column voltage is not a number\n" + at +
+                                 ": no quantity fits the column \"Wi\"nd\", it is left out\n" + at +
                                  ": no quantity fits the column \"\uFFFD[2J\", it is left out\n");
     EXPECT_EQ(result.Output.find('\x1b'), std::string::npos);
 }
 
-TEST_F(Host, TellsWhichFileCannotBeReadAndShowsTheOthers)
+TEST_F(Host, ReportsAFileThatCannotBeReadAndShowsTheOthers)
 {
     const std::string huge = File("huge.csv", "Date,Wind\n1,2\n");
     fs::resize_file(huge, std::uintmax_t{1} << 40);
@@ -185,7 +185,7 @@ TEST_F(Host, PlotsIntoAFileWithoutDisplayAndFonts)
     EXPECT_EQ(QImage{QString::fromStdString(png)}.size(), QSize(900, 700));
 }
 
-TEST_F(Host, TellsWhatItCannotDo)
+TEST_F(Host, ReportsWhatItCannotDo)
 {
     for (const Words& command : {Words{"plot", Month(0)}, {"window"}, {"edit"}}) {
         const Result result = Run(command);

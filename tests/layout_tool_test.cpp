@@ -74,7 +74,7 @@ TEST_F(LayoutTool, ShowsAFileInWords)
     EXPECT_EQ(shown.Status, 1);
 }
 
-TEST_F(LayoutTool, TellsWhereAFileIsDamaged)
+TEST_F(LayoutTool, ReportsWhereAFileIsDamaged)
 {
     const std::tuple<std::size_t, std::size_t, std::string_view, const char*> cases[] = {
         {109, 0, "", "good, 2 rows with 3 records"},

@@ -39,29 +39,24 @@ TEST(PathsTest, AHostThatActsForAnotherUserTakesThatUsersFolder)
     if (geteuid() != 0)
         GTEST_SKIP() << "needs two users";
     const test::ScopedVariable prefix("STYLEATLAS_PREFIX", "/p");
-    const auto actForAnother = [] {
-        const std::string home = getpwuid(test::userWithoutRights)->pw_dir;
-        return seteuid(test::userWithoutRights) == 0 && PrefixFolder() == home + "/.local/share/styleatlas";
-    };
-    EXPECT_EQ(test::RunInChild([&] { return actForAnother() ? 0 : 1; }), 0);
+    const std::string expected =
+        getpwuid(test::userWithoutRights)->pw_dir + std::string("/.local/share/styleatlas");
+    EXPECT_EQ(test::RunInChild([&] {
+                  return seteuid(test::userWithoutRights) == 0 && PrefixFolder() == expected ? 0 : 1;
+              }),
+              0);
 }
 
 TEST(PathsTest, TakesANameWithoutRegardToCaseWhereItIsNotThereAsWritten)
 {
     const test::TempPrefix prefix;
-    for (const char* const folder : {"Both", "BOTH",
-                                     "\xC3\x84"
-                                     "a"})
+    for (const char* const folder : {"Both", "BOTH", "\u00C4a"})
         prefix.MakeFolder(folder);
     test::WriteWhole(prefix.Native("Both/File"), "");
     constexpr std::pair<std::u16string_view, const char*> cases[] = {
-        {u"C:\\Both\\File", "Both/File"},
-        {u"\\Both\\FILE", "Both/File"},
-        {u"C:\\BOTH\\FILE", "BOTH/FILE"},
-        {u"C:\\both\\file", "BOTH/file"}, // the first in byte order
-        {u"C:\\\u00E4A\\New", "\xC3\x84"
-                              "a/New"},
-        {u"C:\\None\\New", "None/New"},
+        {u"C:\\Both\\File", "Both/File"},     {u"\\Both\\FILE", "Both/File"},
+        {u"C:\\BOTH\\FILE", "BOTH/FILE"},     {u"C:\\both\\file", "BOTH/file"}, // the first in byte order
+        {u"C:\\\u00E4A\\New", "\u00C4a/New"}, {u"C:\\None\\New", "None/New"},
     };
     for (const auto& [path, expected] : cases)
         EXPECT_EQ(NativePath(path), prefix.Native(expected)) << "of " << ::testing::PrintToString(path);

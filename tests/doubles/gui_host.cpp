@@ -1,10 +1,10 @@
-// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own", "gui"
-// and "core" make an application object, with widgets, with windows or without; "window" shows a window and
-// runs until it is closed; "open" and "close" do so with the library; "edit" opens the editor; "deaf" has the
-// system reap all children; "state" prints whose application object there is, the locale, and whether another
+// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own"
+// and "gui" make an application object, with widgets or without; "window" shows a window and runs until it is
+// closed; "open=FILE" and "close" load and unload the library; "edit" opens the editor; "deaf" has the system
+// reap all children; "state" prints whose application object there is, the locale, and whether another
 // handler of errors has come to X; "!COMMAND" is for the shell; any other is a name for
-// StyleAtlasSetApplication. What is in capitals is done by another thread. Somebody reads out each message
-// box and closes it, and each dialog.
+// StyleAtlasSetApplication. What is in capitals is done by another thread. A timer prints the text of each
+// message box, and closes it and every other dialog.
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -19,7 +19,7 @@
 #include <thread>
 #include <vector>
 
-// Nobody is to send signals by the number of a process.
+// No process may be signalled by its number.
 extern "C" [[gnu::visibility("default")]] int kill(pid_t, int) noexcept
 {
     std::puts("kill");
@@ -60,9 +60,9 @@ void CloseWindow()
 
 void Attend()
 {
-    auto* const eyes = new QTimer(QCoreApplication::instance());
-    QObject::connect(eyes, &QTimer::timeout, &CloseWindow);
-    eyes->start(20);
+    auto* const timer = new QTimer(QCoreApplication::instance());
+    QObject::connect(timer, &QTimer::timeout, &CloseWindow);
+    timer->start(20);
 }
 Q_COREAPP_STARTUP_FUNCTION(Attend)
 
@@ -98,15 +98,13 @@ int main(int argc, char** argv)
             own = new QApplication(argc, argv);
         else if (call == "gui")
             own = new QGuiApplication(argc, argv);
-        else if (call == "core")
-            own = new QCoreApplication(argc, argv);
         else if (call == "window") {
             QWidget window;
             window.show();
             QTimer::singleShot(0, &window, &QWidget::close);
             std::printf("window: %d\n", QApplication::exec());
-        } else if (call == "open")
-            library = dlopen("libstyleatlas.so.1", RTLD_NOW);
+        } else if (call.starts_with("open="))
+            library = dlopen(call.c_str() + 5, RTLD_NOW);
         else if (call == "close")
             dlclose(library);
         else if (call == "deaf")

@@ -1,12 +1,15 @@
-/* A host that loads the library itself. Its arguments are steps, carried out in order:
- *   open=FILE    loads it
- *   name         names the host
- *   get          asks for the style of the catalogue's first quantity: the query's result
- *   edit         opens the editor: its result
- *   close        unloads it
- *   mapped       which libraries of windows, and which of the style atlas, are in the process
- *   late         has every function called once more when the program ends, after the library's objects have
- * gone */
+/* A host in plain C that loads the library itself. Its arguments are steps, carried out in order:
+ *   open=FILE      loads it
+ *   close          unloads it
+ *   name=TEXT      StyleAtlasSetApplication
+ *   user=ROOT|KEY  StyleAtlasChangeUserInfo
+ *   reload         ReloadStyleAtlas
+ *   edit           EditStyleAtlas: its result
+ *   get=COLUMN,QUANTITY,SUB,INDEX,DEVICE,FLAGS
+ *                  GetStyleAtlas: its result and the eight values, which are 7 beforehand
+ *   !COMMAND       is for the shell
+ *   late           has every function called once more when the program ends, after the library's objects
+ *                  have gone; it comes before "open" */
 #include <include/styleatlas.h>
 
 #include <dlfcn.h>
@@ -14,46 +17,50 @@
 #include <stdlib.h>
 #include <string.h>
 
-static void* library;
+enum { maxText = 4096 };
 
-/* As a program does that has looked the function up. */
-static void* Find(const char* name)
+static __typeof__(&StyleAtlasSetApplication) setApplication;
+static __typeof__(&ReloadStyleAtlas) reload;
+static __typeof__(&StyleAtlasChangeUserInfo) changeUser;
+static __typeof__(&EditStyleAtlas) edit;
+static __typeof__(&GetStyleAtlas) get;
+
+static void* Open(const char* file)
 {
-    void* const found = dlsym(library, name);
-    if (found == NULL) {
-        printf("no %s\n", name);
-        exit(EXIT_FAILURE);
-    }
-    return found;
-}
-
-static void (*setApplication)(const char16_t*);
-static void (*reload)(void);
-static void (*changeUser)(const char16_t*, const char16_t*);
-static int (*edit)(uintptr_t);
-static int (*get)(int16_t, uint16_t, uint8_t, uint8_t, uint16_t, uint32_t, uint32_t*, int16_t*, int16_t*,
-                  int16_t*, uint32_t*, int16_t*, int16_t*, uint8_t*);
-
-static void Open(const char* file)
-{
-    library = dlopen(file, RTLD_NOW);
+    void* const library = dlopen(file, RTLD_NOW);
     if (library == NULL) {
         puts(dlerror());
         exit(EXIT_FAILURE);
     }
-    *(void**)&setApplication = Find("StyleAtlasSetApplication");
-    *(void**)&reload = Find("ReloadStyleAtlas");
-    *(void**)&changeUser = Find("StyleAtlasChangeUserInfo");
-    *(void**)&edit = Find("EditStyleAtlas");
-    *(void**)&get = Find("GetStyleAtlas");
+    *(void**)&setApplication = dlsym(library, "StyleAtlasSetApplication");
+    *(void**)&reload = dlsym(library, "ReloadStyleAtlas");
+    *(void**)&changeUser = dlsym(library, "StyleAtlasChangeUserInfo");
+    *(void**)&edit = dlsym(library, "EditStyleAtlas");
+    *(void**)&get = dlsym(library, "GetStyleAtlas");
+    return library;
 }
 
-static int Get(void)
+static const char16_t* Wide(const char* text, size_t length, char16_t* buffer)
 {
-    uint32_t color = 0;
-    int16_t number = 0;
-    uint8_t flag = 0;
-    return get(0, 20, 1, 0, 1, 0, &color, &number, &number, &number, &color, &number, &number, &flag);
+    size_t i = 0;
+    for (; i < length && i < maxText - 1; ++i)
+        buffer[i] = (char16_t)text[i];
+    buffer[i] = 0;
+    return buffer;
+}
+
+static void Get(const char* text)
+{
+    unsigned n[6] = {0};
+    (void)sscanf(text, "%u,%u,%u,%u,%u,%u", &n[0], &n[1], &n[2], &n[3], &n[4], &n[5]); /* NOLINT */
+    uint32_t colors[2] = {7, 7};
+    int16_t numbers[5] = {7, 7, 7, 7, 7};
+    uint8_t flag = 7;
+    const int found =
+        get((int16_t)n[0], (uint16_t)n[1], (uint8_t)n[2], (uint8_t)n[3], (uint16_t)n[4], n[5], &colors[0],
+            &numbers[0], &numbers[1], &numbers[2], &colors[1], &numbers[3], &numbers[4], &flag);
+    printf("%d: %06X %d %d %d %06X %d %d %d\n", found, (unsigned)colors[0], numbers[0], numbers[1],
+           numbers[2], (unsigned)colors[1], numbers[3], numbers[4], flag);
 }
 
 static void CallLate(void)
@@ -61,49 +68,38 @@ static void CallLate(void)
     setApplication(u"Late");
     reload();
     changeUser(u"S-1", u"Software");
-    printf("late: %d %d\n", Get(), edit(0));
+    Get("0,20,1,0,1,0");
+    printf("late: %d\n", edit(0));
     fflush(stdout);
-}
-
-static void ShowMapped(void)
-{
-    static const char* const names[] = {"libQt6", "libstyleatlas.", "libstyleatlas-core",
-                                        "libstyleatlas-editor"};
-    FILE* const maps = fopen("/proc/self/maps", "r");
-    char line[4096];
-    int found[4] = {0};
-    while (maps != NULL && fgets(line, sizeof line, maps) != NULL) {
-        for (int i = 0; i < 4; ++i)
-            found[i] |= strstr(line, names[i]) != NULL;
-    }
-    if (maps != NULL)
-        fclose(maps);
-    printf("mapped:");
-    for (int i = 0; i < 4; ++i) {
-        if (found[i])
-            printf(" %s", names[i]);
-    }
-    printf("\n");
 }
 
 int main(int argc, char** argv)
 {
+    static char16_t first[maxText];
+    static char16_t second[maxText];
+    void* library = NULL;
     for (int i = 1; i < argc; ++i) {
         const char* const step = argv[i];
+        const char* const rest = step + 5;
         if (strncmp(step, "open=", 5) == 0)
-            Open(step + 5);
-        else if (strcmp(step, "name") == 0)
-            setApplication(u"Bench");
-        else if (strcmp(step, "get") == 0)
-            printf("get: %d\n", Get());
-        else if (strcmp(step, "edit") == 0)
-            printf("edit: %d\n", edit(0));
+            library = Open(rest);
         else if (strcmp(step, "close") == 0)
             dlclose(library);
-        else if (strcmp(step, "mapped") == 0)
-            ShowMapped();
+        else if (strncmp(step, "name=", 5) == 0)
+            setApplication(Wide(rest, strlen(rest), first));
+        else if (strncmp(step, "user=", 5) == 0) {
+            const size_t length = strcspn(rest, "|");
+            changeUser(Wide(rest, length, first), Wide(rest + length + 1, strlen(rest + length + 1), second));
+        } else if (strcmp(step, "reload") == 0)
+            reload();
+        else if (strcmp(step, "edit") == 0)
+            printf("edit: %d\n", edit(0));
+        else if (strncmp(step, "get=", 4) == 0)
+            Get(step + 4);
+        else if (step[0] == '!')
+            (void)!system(step + 1); /* NOLINT */
         else if (strcmp(step, "late") == 0)
-            atexit(CallLate); /* before "open", to run after the library's objects are destroyed */
+            atexit(CallLate);
         else
             return EXIT_FAILURE;
         fflush(stdout);

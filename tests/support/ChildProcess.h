@@ -25,7 +25,7 @@ public:
             throw std::system_error(errno, std::generic_category(), "fork");
         if (m_id > 0)
             return;
-        alarm(longestLife);
+        alarm(maxLifetime);
         try {
             _exit(body());
         } catch (...) {
@@ -58,7 +58,7 @@ public:
 
 private:
     static constexpr int threw = 100;
-    static constexpr unsigned longestLife = 60; // seconds
+    static constexpr unsigned maxLifetime = 60; // seconds
 
     pid_t m_id;
 };

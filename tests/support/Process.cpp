@@ -1,6 +1,7 @@
 #include "Process.h"
 
 #include "ChildProcess.h"
+#include "TempPrefix.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -13,13 +14,10 @@ constexpr int notFound = 99;
 
 using TempFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
+// The whole file, from its beginning.
 std::string Contents(std::FILE& file)
 {
-    std::string bytes;
-    std::rewind(&file);
-    for (int c = std::fgetc(&file); c != EOF; c = std::fgetc(&file))
-        bytes += static_cast<char>(c);
-    return bytes;
+    return test::ReadWhole("/proc/self/fd/" + std::to_string(fileno(&file)));
 }
 
 } // namespace

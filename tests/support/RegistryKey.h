@@ -4,7 +4,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -36,7 +35,8 @@ public:
         return RegSetValueExW(m_key, name, 0, type, data, static_cast<DWORD>(bytes.size()));
     }
 
-    // The value, where a buffer of that many bytes holds it; else "error", its number and the size told.
+    // The value, if a buffer of that many bytes holds it; else "error", its number and the reported size.
+    // "overrun" if the size is wrong or bytes after the value are changed.
     std::string Get(LPCTSTR name = _T("StyleAtlas"), DWORD room = 2048, DWORD* type = nullptr) const
     {
         constexpr BYTE untouched = 0xCC;
@@ -45,9 +45,12 @@ public:
         DWORD ignored = 0;
         const LONG result =
             RegQueryValueExW(m_key, name, nullptr, type ? type : &ignored, buffer.data(), &size);
+        const DWORD used = result == ERROR_SUCCESS ? std::min(size, room) : 0;
+        if ((result == ERROR_SUCCESS && size > room) || (result == ERROR_MORE_DATA && size <= room) ||
+            std::any_of(buffer.begin() + used, buffer.end(), [](BYTE b) { return b != untouched; }))
+            return "overrun";
         if (result == ERROR_SUCCESS)
-            return {buffer.begin(), buffer.begin() + size};
-        EXPECT_EQ(std::count(buffer.begin(), buffer.end(), untouched), static_cast<std::ptrdiff_t>(room));
+            return {buffer.begin(), buffer.begin() + used};
         return "error " + std::to_string(result) + " " + std::to_string(size);
     }
 
