@@ -19,13 +19,6 @@ public:
         CDialog::OnInitDialog();
         return m_init(*this);
     }
-    CRect PlaceOf(int id)
-    {
-        CRect place = test::PlaceOf(*GetDlgItem(id));
-        ScreenToClient(&place);
-        return place;
-    }
-
     std::function<BOOL(k_Dialog&)> m_init;
 };
 
@@ -38,8 +31,9 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
         // template's.
         RECT client;
         shown.GetClientRect(&client);
-        EXPECT_NEAR(double(shown.PlaceOf(IDOK).left) / client.right, 251.0 / 317, 0.01);
-        EXPECT_NEAR(double(shown.PlaceOf(IDC_SYMBOL_SHAPE).top) / client.bottom, 21.0 / 198, 0.01);
+        const QPoint ok = test::WidgetOf(*shown.GetDlgItem(IDOK)).pos();
+        EXPECT_NEAR(double(ok.x()) / client.right, 251.0 / 317, 0.01);
+        EXPECT_NEAR(double(ok.y()) / client.bottom, 7.0 / 198, 0.01);
         shown.EndDialog(7);
         return TRUE;
     };
@@ -106,34 +100,26 @@ TEST(Menus, SendTheUsersChoiceToTheirOwner)
     ASSERT_TRUE(menu.LoadMenu(IDR_STYLE_ATLAS_MENU));
     CMenu& popup = *menu.GetSubMenu(0);
     EXPECT_TRUE(popup.ModifyMenu(5, MF_BYPOSITION, ID_EXPAND_ALL, _T("E&xpand all")));
-    EXPECT_FALSE(popup.ModifyMenu(7, MF_BYPOSITION, 1, _T("")));
-    CString text;
-    popup.GetMenuString(7, text, MF_BYPOSITION);
-    EXPECT_EQ(text, _T(""));
-    const struct {
-        void (*Act)(QMenu& shown);
-        CPoint Point;
-        bool IsChosen;
-    } cases[] = {
-        {[](QMenu& shown) { QTest::keyClick(&shown, Qt::Key_X); }, {-1, -1}, true},
-        {[](QMenu& shown) { QTest::keyClick(&shown, Qt::Key_Escape); }, {200, 100}, false},
-        {[](QMenu& shown) {
-             const QPoint item = shown.actionGeometry(shown.actions().at(5)).center();
-             QTest::mouseClick(&shown, Qt::RightButton, {}, item);
-         },
-         {200, 100},
-         true},
+    const auto press = [](Qt::Key key) { return [key](QMenu& shown) { QTest::keyClick(&shown, key); }; };
+    const auto clickRight = [](QMenu& shown) {
+        const QPoint item = shown.actionGeometry(shown.actions().at(5)).center();
+        QTest::mouseClick(&shown, Qt::RightButton, {}, item);
     };
-    for (const auto& c : cases) {
-        QTimer::singleShot(0, [&c] {
+    const std::tuple<std::function<void(QMenu&)>, CPoint, QPoint, bool> cases[] = {
+        {press(Qt::Key_X), {-1, -1}, {40, 30}, true}, // opened by the keyboard: at the owner
+        {press(Qt::Key_Escape), {200, 100}, {200, 100}, false},
+        {clickRight, {200, 100}, {200, 100}, true},
+    };
+    for (const auto& [act, point, place, isChosen] : cases) {
+        QTimer::singleShot(0, [&act = act, &place = place] {
             auto& shown = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
-            EXPECT_EQ(shown.pos(), c.Point.x == -1 ? QPoint(40, 30) : QPoint(c.Point.x, c.Point.y));
-            c.Act(shown);
+            EXPECT_EQ(shown.pos(), place);
+            act(shown);
         });
-        EXPECT_TRUE(popup.TrackPopupMenu(TPM_RIGHTBUTTON, c.Point.x, c.Point.y, &owner));
+        EXPECT_TRUE(popup.TrackPopupMenu(TPM_RIGHTBUTTON, point.x, point.y, &owner));
         EXPECT_FALSE(owner.m_isToldToExpand) << "posted";
         test::Settle();
-        EXPECT_EQ(std::exchange(owner.m_isToldToExpand, false), c.IsChosen);
+        EXPECT_EQ(std::exchange(owner.m_isToldToExpand, false), isChosen);
     }
     QTimer::singleShot(0, [&owner] { owner.DestroyWindow(); });
     EXPECT_TRUE(popup.TrackPopupMenu(0, 0, 0, &owner)) << "closes with it";

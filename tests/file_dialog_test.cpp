@@ -15,8 +15,7 @@ constexpr Qt::Key unasked{};
 std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, QString& atOpening)
 {
     bool isAsked = false;
-    QTimer::singleShot(0, [&] {
-        auto& shown = dynamic_cast<QFileDialog&>(*QApplication::activeModalWidget());
+    test::AnswerNext<QFileDialog>([&](QFileDialog& shown) {
         test::Settle();
         auto& name = *shown.findChild<QLineEdit*>();
         const auto& types = *shown.findChild<QComboBox*>("fileTypeCombo");

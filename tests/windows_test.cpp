@@ -107,22 +107,6 @@ TEST(Windows, CaptureOfAWindowThatIsNotShownYetBeginsWhenItIs)
     EXPECT_EQ(moved, "window move 260,170");
 }
 
-TEST(Windows, CommandsAndNotificationsFindTheirHandlers)
-{
-    k_RecordingWindow parent("parent");
-    k_RecordingWindow child("child");
-    parent.Open(&child);
-    EXPECT_EQ(parent.SendMessage(test::registered, 40, 2), 42);
-    for (const UINT id : {7U, 8U, 99U, 100U, 101U})
-        parent.SendMessage(WM_COMMAND, MAKEWPARAM(id, BN_CLICKED));
-    EXPECT_EQ(Heard(), "parent clicked, parent command");
-    const std::pair<int, LRESULT> notifications[] = {{-5, 5}, {-7, 0}};
-    for (const auto& [code, answer] : notifications) {
-        NMHDR header{child.m_hWnd, 3, static_cast<UINT>(code)};
-        EXPECT_EQ(parent.SendMessage(WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header)), answer);
-    }
-}
-
 // Throws at one message: exceptions of the framework, static and on the heap, and others.
 class k_Thrower : public k_RecordingWindow
 {
@@ -133,13 +117,13 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         if (message == WM_SETFONT) {
-            EXPECT_THROW(SendMessage(test::registered), CInvalidArgException*);
+            EXPECT_THROW(SendMessage(WM_ENABLE), CInvalidArgException*);
             return Default(); // of the same message
         }
         if (message != m_message)
             return k_RecordingWindow::WindowProc(message, wParam, lParam);
         Say("throws");
-        if (message == test::registered)
+        if (message == WM_ENABLE)
             AfxThrowInvalidArgException();
         if (message == WM_PAINT)
             throw std::bad_alloc();
@@ -173,7 +157,7 @@ TEST(Windows, WhatAHandlerThrowsEndsWithItsMessageUnlessCodeSentIt)
         EXPECT_NE(Heard().find("window throws"), std::string::npos) << message;
         EXPECT_EQ(IsWindow(window.m_hWnd) != FALSE, message != WM_DESTROY && message != WM_NCDESTROY);
     }
-    k_Thrower window(test::registered);
+    k_Thrower window(WM_ENABLE);
     window.Open();
     const auto font = reinterpret_cast<LRESULT>(::GetStockObject(DEFAULT_GUI_FONT));
     window.SendMessage(WM_SETFONT, static_cast<WPARAM>(font));

@@ -30,6 +30,8 @@ class Desktop : public testing::Environment
     return true;
 }();
 
+std::string heard;
+
 QWidget& ClientOf(const CWnd& window)
 {
     return Window::Of(window.m_hWnd)->Client();
@@ -65,6 +67,16 @@ void Settle()
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     }
+}
+
+void Note(const std::string& event)
+{
+    heard += (heard.empty() ? "" : ", ") + event;
+}
+
+std::string Heard()
+{
+    return std::exchange(heard, {});
 }
 
 QWidget& WidgetOf(const CWnd& window)

@@ -8,6 +8,7 @@
 #include <afxwin.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -16,6 +17,10 @@ namespace test
 
 // Handles all pending events.
 void Settle();
+
+// Records an event, and gives the events since the last call, separated by commas.
+void Note(const std::string& event);
+std::string Heard();
 
 QWidget& WidgetOf(const CWnd& window);
 

@@ -1,4 +1,4 @@
-// A window that records its messages.
+// A window of 60 x 50 pixels at 40, 30, or a child of 20 x 20 pixels at 10, 5, that records its messages.
 #pragma once
 
 #include "Gui.h"
@@ -8,25 +8,28 @@
 namespace test
 {
 
-void Note(const std::string& event);
-
-// The records since the last call, separated by commas.
-std::string Heard();
-
-std::string At(CPoint point); // "3,4"
-
-extern const UINT registered; // a message
-
 class k_RecordingWindow : public CWnd
 {
 public:
     explicit k_RecordingWindow(std::string name) : m_name(std::move(name)) {}
 
-    BOOL CreatePopup(DWORD style = WS_POPUP | WS_VISIBLE); // at 40, 30, of 60 x 50 pixels
-    BOOL CreateChild(CWnd& parent, UINT id);               // at 10, 5, of 20 x 20 pixels
-
+    BOOL CreatePopup(DWORD style = WS_POPUP | WS_VISIBLE)
+    {
+        const LPCTSTR face = ClassWith(COLOR_BTNFACE);
+        return CreateEx(0, face, _T("title"), style, 40, 30, 60, 50, nullptr, 0);
+    }
+    BOOL CreateChild(CWnd& parent, UINT id)
+    {
+        const LPCTSTR white = ClassWith(COLOR_WINDOW);
+        return CreateEx(0, white, _T(""), WS_CHILD | WS_VISIBLE, 10, 5, 20, 20, parent.m_hWnd, id);
+    }
     // Creates and shows the window with the child, whose id is 3, and drops the records.
-    void Open(k_RecordingWindow* child = nullptr);
+    void Open(k_RecordingWindow* child = nullptr)
+    {
+        ASSERT_TRUE(CreatePopup() && (child == nullptr || child->CreateChild(*this, 3)));
+        Settle();
+        Heard();
+    }
 
     BOOL PreTranslateMessage(MSG* pMsg) override
     {
@@ -44,57 +47,68 @@ public:
 protected:
     void Say(const std::string& event) const { Note(m_name + ' ' + event); }
 
-    afx_msg int OnCreate(LPCREATESTRUCT creation)
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        Say("create " + std::to_string(creation->cx));
-        return m_createResult;
+        const CPoint point(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
+        switch (message) {
+        case WM_CREATE:
+            Say("create " + std::to_string(reinterpret_cast<LPCREATESTRUCT>(lParam)->cx));
+            return m_createResult;
+        case WM_DESTROY:
+        case WM_NCDESTROY:
+            Say(message == WM_DESTROY ? "destroy" : "ncdestroy");
+            break;
+        case WM_PAINT:
+            Paint();
+            return 0;
+        case WM_SIZE:
+        case WM_MOUSEMOVE:
+            Say((message == WM_SIZE ? "size " : "move ") + At(point));
+            return 0;
+        case WM_ENABLE:
+            Say(wParam != FALSE ? "enabled" : "disabled");
+            return 0;
+        case WM_LBUTTONDOWN:
+            Say("down " + At(point) + ((wParam & MK_LBUTTON) != 0 ? " L" : ""));
+            return 0;
+        case WM_LBUTTONUP:
+            Say("up " + At(point) + " at " + At(MessagePoint()));
+            return 0;
+        case WM_KEYDOWN:
+            Say("key " + std::to_string(wParam));
+            return 0;
+        case WM_CONTEXTMENU:
+            Say("menu " + At(point) + " of " +
+                std::to_string(FromHandle(reinterpret_cast<HWND>(wParam))->GetDlgCtrlID()));
+            break;
+        case WM_NOTIFY:
+            Say("text for " + std::to_string(wParam) + " at " + At(GetCurrentMessage()->pt));
+            std::u16string(_T("a <b>")).copy(reinterpret_cast<NMTTDISPINFOW*>(lParam)->szText, m_tipLength);
+            return TRUE;
+        default:
+            break;
+        }
+        return CWnd::WindowProc(message, wParam, lParam);
     }
-    afx_msg void OnDestroy() { Say("destroy"), Default(); }
-    afx_msg void OnNcDestroy() { Say("ncdestroy"), CWnd::OnNcDestroy(); }
-    afx_msg void OnPaint()
+
+private:
+    static LPCTSTR ClassWith(INT_PTR color)
+    {
+        return AfxRegisterWndClass(0, nullptr, reinterpret_cast<HBRUSH>(color + 1));
+    }
+    static std::string At(CPoint point) { return std::to_string(point.x) + ',' + std::to_string(point.y); }
+    static CPoint MessagePoint()
+    {
+        return {static_cast<short>(LOWORD(GetMessagePos())), HIWORD(GetMessagePos())};
+    }
+    void Paint()
     {
         ++m_paints;
         CPaintDC dc(this);
         if (m_fill != CLR_INVALID)
             dc.FillSolidRect(0, 0, 10, 10, m_fill);
     }
-    afx_msg void OnSize(UINT, int cx, int cy) { Say("size " + At({cx, cy})); }
-    afx_msg void OnEnable(BOOL enable) { Say(enable != FALSE ? "enabled" : "disabled"); }
-    afx_msg void OnMouseMove(UINT, CPoint point) { Say("move " + At(point)); }
-    afx_msg void OnLButtonDown(UINT flags, CPoint point)
-    {
-        Say("down " + At(point) + ((flags & MK_LBUTTON) != 0 ? " L" : ""));
-    }
-    afx_msg void OnLButtonUp(UINT, CPoint point)
-    {
-        const CPoint onScreen(static_cast<short>(LOWORD(GetMessagePos())), HIWORD(GetMessagePos()));
-        Say("up " + At(point) + " at " + At(onScreen));
-    }
-    afx_msg void OnKeyDown(UINT key, UINT, UINT) { Say("key " + std::to_string(key)); }
-    afx_msg LRESULT OnRegistered(WPARAM wParam, LPARAM lParam)
-    {
-        return static_cast<LRESULT>(wParam) + lParam;
-    }
-    afx_msg void OnClicked() { Say("clicked"); }
-    afx_msg void OnMenu() { Say("command"); }
-    afx_msg void OnTold(NMHDR* header, LRESULT* result)
-    {
-        *result = static_cast<LRESULT>(header->idFrom) + 2;
-    }
-    afx_msg void OnContextMenu(CWnd* from, CPoint point)
-    {
-        Say("menu " + At(point) + " of " + std::to_string(from->GetDlgCtrlID()));
-        Default();
-    }
-    afx_msg void OnNeedText(UINT id, NMHDR* header, LRESULT*)
-    {
-        Say("text for " + std::to_string(id) + " at " + At(GetCurrentMessage()->pt));
-        std::u16string(_T("a <b>")).copy(reinterpret_cast<NMTTDISPINFOW*>(header)->szText, m_tipLength);
-    }
 
-    DECLARE_MESSAGE_MAP()
-
-private:
     std::string m_name;
 };
 
