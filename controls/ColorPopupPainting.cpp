@@ -39,7 +39,6 @@ void k_ColorPopup::PaintMoreCell(CDC* dc)
 {
     CRect rect(m_moreRect);
     rect.top += 2 * m_margin;
-    dc->FillSolidRect(&rect, ::GetSysColor(COLOR_BTNFACE));
 
     const int lineLeft = m_moreRect.left + 2 * m_margin;
     const int lineWidth = m_moreRect.right - m_moreRect.left - 4 * m_margin;
@@ -55,7 +54,6 @@ void k_ColorPopup::PaintMoreCell(CDC* dc)
 void k_ColorPopup::PaintDefaultCell(CDC* dc)
 {
     CRect rect(m_defaultRect);
-    dc->FillSolidRect(&rect, ::GetSysColor(COLOR_BTNFACE));
     rect.InflateRect(-1, -1);
     dc->FillSolidRect(&rect, MarkedFill(CELL_DEFAULT, COLOR_3DLIGHT));
 

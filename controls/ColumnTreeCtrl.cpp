@@ -55,12 +55,10 @@ void k_ColumnTreeCtrl::Initialize()
 {
     if (m_Tree.m_hWnd != nullptr)
         return;
-    CRect client;
-    GetClientRect(&client);
     m_Tree.Create(treeStyle, CRect(), this, treeId);
-    m_Header.Create(headerStyle, client, this, headerId);
-    m_CornerHeader.Create(cornerHeaderStyle, client, this, cornerHeaderId);
-    m_HorScroll.Create(scrollBarStyle, client, this, scrollBarId);
+    m_Header.Create(headerStyle, CRect(), this, headerId);
+    m_CornerHeader.Create(cornerHeaderStyle, CRect(), this, cornerHeaderId);
+    m_HorScroll.Create(scrollBarStyle, CRect(), this, scrollBarId);
 
     CFont* const font = m_Tree.GetFont();
     m_Header.SetFont(font, TRUE);
@@ -130,7 +128,6 @@ void k_ColumnTreeCtrl::ClearSelection()
 
 HTREEITEM k_ColumnTreeCtrl::HitTest(CTVHITTESTINFO* pInfo) const
 {
-    pInfo->flags = 0;
     pInfo->hItem = m_Tree.HitTest(CPoint(pInfo->pt.x, pInfo->pt.y - m_headerHeight), &pInfo->flags);
     pInfo->iSubItem = 0;
     if ((pInfo->flags & (TVHT_ONITEMLABEL | TVHT_ONITEMRIGHT)) == 0)

@@ -33,13 +33,10 @@ public:
     }
     k_UnderlinedFont(const k_UnderlinedFont&) = delete;
     k_UnderlinedFont& operator=(const k_UnderlinedFont&) = delete;
-    ~k_UnderlinedFont() { Restore(); }
-
-    void Restore()
+    ~k_UnderlinedFont()
     {
         if (m_isSelected)
             m_dc.SelectObject(m_treeFont);
-        m_isSelected = false;
     }
 
 private:
@@ -56,8 +53,7 @@ public:
     k_RowPainter(const k_ColumnTreeCtrl& frame, const NMTVCUSTOMDRAW& draw, CDC& dc)
         : m_frame(frame), m_draw(draw), m_dc(dc), m_item(reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec)),
           m_columnCount(frame.m_Header.GetItemCount()), m_isEnabled(frame.IsWindowEnabled() != FALSE),
-          m_isFullRow((frame.m_Tree.GetStyle() & TVS_FULLROWSELECT) != 0), m_row(draw.nmcd.rc),
-          m_pQuantity(frame.GetRowData(m_item))
+          m_row(draw.nmcd.rc), m_pQuantity(frame.GetRowData(m_item))
     {
         m_frame.m_Tree.GetItemRect(m_item, &m_label, TRUE);
     }
@@ -72,14 +68,9 @@ public:
         PaintBand(background);
 
         const bool isHot = (m_frame.m_Tree.GetStyle() & TVS_TRACKSELECT) != 0 && m_draw.nmcd.uItemState != 0;
-        k_UnderlinedFont hotFont(m_dc, m_frame.m_Tree, isHot);
+        const k_UnderlinedFont hotFont(m_dc, m_frame.m_Tree, isHot);
         PaintLabel(text);
-        if (!m_isFullRow)
-            hotFont.Restore();
-
         m_dc.SetBkMode(TRANSPARENT);
-        if (m_isEnabled && !m_isFullRow)
-            m_dc.SetTextColor(::GetSysColor(COLOR_MENUTEXT));
         PaintCells();
     }
 
@@ -159,7 +150,6 @@ private:
     HTREEITEM m_item;
     int m_columnCount;
     bool m_isEnabled;
-    bool m_isFullRow;
     CRect m_row;
     CRect m_label;
     k_QuantityDesc* m_pQuantity;
