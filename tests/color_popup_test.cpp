@@ -256,6 +256,7 @@ TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
     EXPECT_EQ(Row(104 + m_high, 2, 8), "fhhhhh");
     Hover(CELL_MORE);
     EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "fffffffhhhhhfhffff");
+    EXPECT_NE(Row(102 + m_high / 2, 54, 94), std::string(40, 'f')) << "no text";
 
     Open(defaults, none, CLR_DEFAULT); // from 3, 3 to 145, 13 + m_high; its frame from 7, 7
     EXPECT_EQ(Row(2, 2, 10) + Row(3, 2, 10) + Row(6, 2, 10), "fffffffffsssssssfsllllll");

@@ -1,8 +1,13 @@
 // The column tree in its dialog: where its windows stand, how it scrolls, what is selected, what opens for
 // editing, and which tables it has to stand.
 #include "support/AtlasDialog.h"
+#include "support/ColorListener.h"
 
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QToolTip>
 #include <algorithm>
+#include <dialogs/resource.h>
 
 namespace
 {
@@ -49,6 +54,13 @@ protected:
     {
         const k_QuantityDesc* const pRow = Frame().GetRowData(row);
         return pRow == nullptr ? "?" : std::to_string(pRow->Quantity - 1);
+    }
+    void ExpectInView(HTREEITEM row)
+    {
+        CRect label, shown;
+        Tree().GetItemRect(row, &label, TRUE);
+        Tree().GetClientRect(&shown);
+        EXPECT_TRUE(label.top >= 0 && label.bottom <= shown.bottom) << RowName(row) << " at " << label.top;
     }
     // All rows, folded ones too, each with the one that it hangs below.
     std::string Hierarchy()
@@ -113,7 +125,13 @@ TEST_F(ColumnTree, PlacesItsWindows)
             EXPECT_EQ(PlaceOf(Tree()), each.Tree) << &each - cases;
             EXPECT_EQ(PlaceOf(Frame().m_HorScroll), each.Bar) << &each - cases;
             EXPECT_EQ(PlaceOf(Frame().m_CornerHeader), each.Corner) << &each - cases;
+            const auto& scrollBar = dynamic_cast<QScrollBar&>(test::WidgetOf(Frame().m_HorScroll));
+            EXPECT_TRUE(each.Bar.empty() || scrollBar.pageStep() == each.Width);
         }
+        const QImage corner = test::PictureOf(Frame().m_CornerHeader);
+        EXPECT_NE(corner.pixel(1, head - 1), corner.pixel(1, 9)) << "no heading";
+        for (int x = 0; x < bar; ++x)
+            EXPECT_GT(qGray(corner.pixel(x, head / 2)), 128) << "with a text";
         EXPECT_EQ(test::PixelOf(Frame(), CPoint(299, head + 40 + bar - 1)), ::GetSysColor(COLOR_BTNFACE));
         Resize(400, 300);
         test::ChangeSettings();
@@ -179,6 +197,8 @@ TEST_F(ColumnTree, GuardsTheWidths)
         tell(HDN_ITEMCHANGEDW, 1, 60);
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 1) << "every change refuses the next one";
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 0);
+        test::Click(Frame().m_Header, {180, 5});
+        EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 1) << "and so does a click";
         for (const NMHDR& each : m_dialog.Notifications)
             EXPECT_TRUE(int(each.code) != HDN_ITEMCHANGINGW && int(each.code) != HDN_ITEMCHANGEDW);
     });
@@ -192,8 +212,9 @@ TEST_F(ColumnTree, FindsTheColumnOfAPoint)
                                               {140, 0}, {150, 0}, {151, 1}, {210, 1},
                                               {211, 2}, {390, 4}, {391, -1}};
         for (const auto& [x, column] : points) {
-            CTVHITTESTINFO info{{x, y}, 0, nullptr, -1};
-            EXPECT_EQ(Frame().HitTest(&info), column < 0 ? nullptr : Row(5)) << x;
+            CTVHITTESTINFO info{{x, y}, 0, Row(0), -1};
+            EXPECT_EQ(Frame().HitTest(&info), info.hItem);
+            EXPECT_EQ(info.hItem, column < 0 ? nullptr : Row(5)) << x;
             EXPECT_EQ(info.flags, column < 0 ? TVHT_NOWHERE : TVHT_ONITEMLABEL);
             EXPECT_TRUE(column < 0 || info.iSubItem == column) << x;
         }
@@ -221,8 +242,15 @@ TEST_F(ColumnTree, SelectsByClicks)
         test::Click(Frame().m_Header, {150 + 60 + 30, 5});
         EXPECT_EQ(Selection(), "cell -1 of 5, column 2");
         EXPECT_TRUE(m_dialog.Notifications.empty());
-        Click(Label(0));
+        Click(Label(2));
+        EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 2");
+        Click({9, Label(0).y}); // its button
         EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 0");
+        Click({9, Label(0).y});
+        Click(Cell(0, 3));
+        m_dialog.GetDlgItem(IDOK)->SetFocus();
+        test::WidgetOf(Tree()).setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(Selection(), "cell 3 of 0, column -1") << "no row is selected beside the cell";
 
         QTimer::singleShot(0, [] { QApplication::activePopupWidget()->close(); });
         test::ClickRight(Tree(), Cell(1, 1));
@@ -275,6 +303,11 @@ TEST_F(ColumnTree, WalksByKeys)
         EXPECT_EQ(int(m_dialog.Notifications.back().code), TVN_ITEMEXPANDEDW);
         test::PressKey(Tree(), VK_ADD);
         EXPECT_EQ(RowName(Row(1)), "1");
+        Resize(400, Frame().m_headerHeight + Label(2).y); // room for two rows
+        for (int i = 0; i < 10; ++i) {
+            test::PressKey(Tree(), i < 5 ? VK_DOWN : VK_UP);
+            ExpectInView(Frame().m_cellItem);
+        }
         test::PressKey(Tree(), VK_ESCAPE);
         EXPECT_FALSE(test::WidgetOf(m_dialog).isVisible()) << "the dialog's own key";
     });
@@ -334,19 +367,56 @@ TEST_F(ColumnTree, NamesTheRowUnderTheMouse)
 {
     RunInside([&] {
         const auto ask = [&](CPoint point) {
-            test::MoveMouse(Tree(), point);
-            NMTTDISPINFOW info{};
-            info.hdr = {Tree().m_hWnd, 2, static_cast<UINT>(TTN_NEEDTEXTW)};
-            std::ranges::fill(info.szText, u'#');
-            EXPECT_EQ(Tree().SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&info)), 0);
-            return CString(info.szText);
+            QWidget& client = test::ClientOf(Tree());
+            const QPoint local(point.x, point.y);
+            QHelpEvent event(QEvent::ToolTip, local, client.mapToGlobal(local));
+            QApplication::sendEvent(&client, &event);
+            return QToolTip::text();
         };
-        EXPECT_EQ(ask(Label(5)), _T("")) << "no device to name";
-        const CString longText(std::u16string(200, u'x').c_str());
-        Frame().InsertItem(longText, TVI_ROOT);
-        EXPECT_EQ(ask(Label(6)), CString(longText, 79))
+        EXPECT_EQ(ask(Label(5)), "") << "no device to name";
+        EXPECT_EQ(ask({100, 280}), "");
+        Frame().InsertItem(CString(std::u16string(200, u'x').c_str()), TVI_ROOT);
+        EXPECT_EQ(ask(Label(6)), QString(79, 'x'))
             << "a row without data shows its own text, as far as it fits";
-        EXPECT_EQ(ask({100, 280}), _T(""));
+        NMTTDISPINFOA info{};
+        info.hdr = {Tree().m_hWnd, 2, static_cast<UINT>(TTN_NEEDTEXTA)};
+        EXPECT_EQ(Tree().SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&info)), 0);
+        EXPECT_EQ(info.szText, std::string(79, 'x'));
+    });
+}
+
+TEST_F(ColumnTree, HasTheFontOfTheDesktop)
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(40);
+    QApplication::setFont(large);
+    test::AtlasDialog dialog;
+    QTimer::singleShot(0, [&dialog] {
+        for (const CWnd* const part :
+             std::initializer_list<const CWnd*>{&dialog.m_ColumnTree.m_Tree, &dialog.m_ColumnTree.m_Header})
+            EXPECT_EQ(test::WidgetOf(*part).font().pixelSize(), 40);
+        dialog.EndDialog(IDCANCEL);
+    });
+    dialog.DoModal();
+    QApplication::setFont(before);
+}
+
+TEST_F(ColumnTree, KeepsTheSelectedRowInViewWhenAllRowsFold)
+{
+    std::vector<BYTE> levels;
+    for (int i = 0; i < 60 * 3; ++i)
+        levels.push_back(i % 3 == 0 ? 0 : 1);
+    test::SetTable(levels);
+    RunInside([&] {
+        Tree().CollapseAll();
+        Tree().Select(Row(50), TVGN_CARET);
+        for (const int command : {ID_EXPAND_ALL, ID_COLLAPSE_ALL}) {
+            test::TurnWheel(Tree(), 120 * 100);
+            m_dialog.SendMessage(WM_COMMAND, static_cast<WPARAM>(command));
+            EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 150");
+            ExpectInView(Tree().GetNextItem(nullptr, TVGN_CARET));
+        }
     });
 }
 

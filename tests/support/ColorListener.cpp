@@ -1,5 +1,6 @@
 #include "ColorListener.h"
 
+#include <algorithm>
 #include <sstream>
 
 namespace test
@@ -44,17 +45,21 @@ LRESULT k_ColorListener::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return CWnd::WindowProc(message, wParam, lParam);
 }
 
-std::string RowOf(CWnd& window, int y, int left, int right)
+std::string RowOf(const CWnd& window, int y, int left, int right)
 {
+    const std::pair<int, char> kinds[] = {{COLOR_BTNFACE, 'f'},
+                                          {COLOR_BTNSHADOW, 's'},
+                                          {COLOR_BTNHIGHLIGHT, 'h'},
+                                          {COLOR_3DLIGHT, 'l'},
+                                          {COLOR_3DDKSHADOW, 'd'}};
+    const QImage picture = PictureOf(window);
     std::string row;
     for (int x = left; x < right; ++x) {
-        const COLORREF color = PixelOf(window, {x, y});
-        row += color == GetSysColor(COLOR_BTNFACE)        ? 'f'
-               : color == GetSysColor(COLOR_BTNSHADOW)    ? 's'
-               : color == GetSysColor(COLOR_BTNHIGHLIGHT) ? 'h'
-               : color == GetSysColor(COLOR_3DLIGHT)      ? 'l'
-               : color == GetSysColor(COLOR_3DDKSHADOW)   ? 'd'
-                                                          : 'c';
+        const QRgb pixel = picture.pixel(x, y);
+        const COLORREF color = RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
+        const auto* const kind = std::ranges::find_if(
+            kinds, [color](const auto& each) { return GetSysColor(each.first) == color; });
+        row += kind != std::end(kinds) ? kind->second : 'c';
     }
     return row;
 }

@@ -33,6 +33,6 @@ private:
 };
 
 // The pixels of a row by the colours of the system: face, shadow, highlight, light, dark, and c for others.
-std::string RowOf(CWnd& window, int y, int left, int right);
+std::string RowOf(const CWnd& window, int y, int left, int right);
 
 } // namespace test

@@ -2,6 +2,7 @@
 
 #include <Application.h>
 #include <QContextMenuEvent>
+#include <QScreen>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 #include <map>
@@ -30,15 +31,10 @@ class Desktop : public testing::Environment
     return true;
 }();
 
-QWidget& ClientOf(const CWnd& window)
-{
-    return Window::Of(window.m_hWnd)->Client();
-}
-
 void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseButton button,
                Qt::MouseButtons buttons)
 {
-    QWidget& widget = ClientOf(window);
+    QWidget& widget = test::ClientOf(window);
     const QPointF local(point.x, point.y);
     QMouseEvent event(type, local, widget.mapToGlobal(local), button, buttons, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
@@ -70,6 +66,11 @@ void Settle()
 QWidget& WidgetOf(const CWnd& window)
 {
     return Window::Of(window.m_hWnd)->Widget();
+}
+
+QWidget& ClientOf(const CWnd& window)
+{
+    return Window::Of(window.m_hWnd)->Client();
 }
 
 void MoveMouse(CWnd& window, CPoint point)
@@ -150,9 +151,17 @@ void ChangeSettings(const std::function<void()>& meanwhile)
     Settle();
 }
 
-COLORREF PixelOf(CWnd& window, CPoint point)
+QImage PictureOf(const CWnd& window)
 {
-    const QRgb color = ClientOf(window).grab().toImage().pixel(point.x, point.y);
+    Settle();
+    const QWidget& client = ClientOf(window);
+    const QPoint corner = client.mapTo(client.window(), QPoint());
+    return client.screen()->grabWindow(client.window()->winId()).toImage().copy(QRect(corner, client.size()));
+}
+
+COLORREF PixelOf(const CWnd& window, CPoint point)
+{
+    const QRgb color = PictureOf(window).pixel(point.x, point.y);
     return RGB(BYTE(qRed(color)), BYTE(qGreen(color)), BYTE(qBlue(color)));
 }
 
