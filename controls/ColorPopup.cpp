@@ -142,7 +142,6 @@ void k_ColorPopup::OnKeyDown(UINT nChar, UINT /*nRepCnt*/, UINT /*nFlags*/)
 {
     switch (nChar) {
     case VK_ESCAPE:
-        m_color = m_initialColor;
         Finish(g_msgSelEndChange);
         return;
     case VK_RETURN:

@@ -33,10 +33,7 @@ public:
     ~k_SymbolCanvas()
     {
         m_dc.SelectObject(m_previousBrush);
-        m_symbolBrush.DeleteObject();
         m_dc.SelectObject(m_previousPen);
-        m_symbolPen.DeleteObject();
-        m_windowBrush.DeleteObject();
     }
 
     void MoveTo(int x, int y) { m_dc.MoveTo(m_centre.x + x, m_centre.y + y); }

@@ -17,10 +17,8 @@ k_LineDef* PictureOf(CComboBox& box, LRESULT item)
 void DeletePictures(CComboBox& box)
 {
     const LRESULT count = box.SendMessage(CB_GETCOUNT);
-    for (LRESULT item = 0; item < count; ++item) {
+    for (LRESULT item = 0; item < count; ++item)
         delete PictureOf(box, item);
-        box.SendMessage(CB_SETITEMDATA, static_cast<WPARAM>(item), 0);
-    }
 }
 
 LRESULT Selected(CComboBox& box)

@@ -63,7 +63,6 @@ COLORREF k_LayoutCombobox::ChooseColors(CDC& dc, const DRAWITEMSTRUCT& item) con
 {
     if ((item.itemAction & ODA_SELECT) != 0 && (item.itemState & ODS_SELECTED) != 0) {
         dc.SetTextColor(::GetSysColor(COLOR_HIGHLIGHTTEXT));
-        dc.SetBkColor(::GetSysColor(COLOR_HIGHLIGHT));
         return ::GetSysColor(COLOR_HIGHLIGHT);
     }
     return m_mixed == 1 ? ::GetSysColor(COLOR_3DLIGHT) : dc.GetBkColor();

@@ -65,8 +65,7 @@ BOOL k_StyleAtlasDialog::OnInitDialog()
 void k_StyleAtlasDialog::OnOK()
 {
     CDialog::OnOK();
-    if (!m_Atlas.SetFilePath(m_LayoutFile))
-        m_LayoutFile = m_Atlas.FilePath;
+    m_Atlas.SetFilePath(m_LayoutFile);
     m_Atlas.Save(CString());
 }
 
