@@ -144,8 +144,9 @@ TEST_F(ColumnTreeRow, ShowsWhatTheUserHasDone)
             EXPECT_EQ(Pixels(top + 1, left), step.Above) << step.Name;
             EXPECT_EQ(Pixels(top + 8, firstWidth), step.Cells) << step.Name;
             EXPECT_EQ(Text(), step.Text) << step.Name;
-            for (int x = firstWidth - 6; x < firstWidth; ++x)
+            for (const int x : {left + 1, firstWidth - 6, firstWidth - 5, firstWidth - 4, firstWidth - 3})
                 EXPECT_EQ(At(x, top + 8), At(x, top + 1)) << step.Name << ": a label that runs over " << x;
+            EXPECT_EQ(At(firstWidth + 30, top + 15), step.Cells[2] == 'm' ? 'm' : '|');
         }
     });
 }

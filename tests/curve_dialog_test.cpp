@@ -1,5 +1,5 @@
 // The curve style dialog: what it shows of the records, and what is in them after it.
-#include "support/ColorListener.h"
+#include "support/Gui.h"
 #include "support/TempPrefix.h"
 
 #include <dialogs/CurveLayoutDlg.h>

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
+#include <set>
 
 namespace
 {
@@ -57,6 +58,10 @@ TEST(Record, HasItsPlaceToItself)
             memory.Return(place);
             places.pop_back();
         }
+        std::set<std::uintptr_t> blocks; // as many as the largest number of places needs
+        for (const auto& [place, fill] : places)
+            blocks.insert(reinterpret_cast<std::uintptr_t>(place) >> 16);
+        EXPECT_LE(blocks.size(), 5U);
     }
 }
 

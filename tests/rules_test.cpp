@@ -114,13 +114,14 @@ TEST(Rules, TouchNothingButSymbolOrColour)
 
 TEST(DefaultStyles, FollowTheHostsName)
 {
-    for (const auto& [host, style] :
-         {std::pair(_T("tANDRELL"), "0/0 2aa5"), {_T("Quorvia"), "2/2 0"}, {_T("Tandrell "), "2/2 0"}}) {
+    for (const auto& [host, style] : {std::pair(_T("tANDRELL"), "1/1 2aa5"),
+                                      {_T("Quorvia"), "2/2 2aa5"},
+                                      {_T("Tandrell "), "2/2 2aa5"}}) {
         g_ApplicationName = host;
         k_StyleAtlas atlas;
         AddRows(atlas, 2);
         atlas.ApplyDefaultStyles();
-        ExpectStyles(atlas, {{1, 0, style}});
+        ExpectStyles(atlas, {{1, 1, style}});
     }
     g_ApplicationName.Empty();
 }

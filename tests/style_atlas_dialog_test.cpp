@@ -24,9 +24,11 @@ protected:
     // c are the buttons.
     void Act(k_StyleAtlasDialog& dialog, char step)
     {
-        if (step == 'l' || step == 's')
+        if (step == 'l' || step == 's') {
             m_asked = Pick(dialog, step == 'l' ? IDC_LOAD : IDC_SAVE_AS, PathOf(step == 'l' ? "a" : "b"));
-        else if (step == 'e')
+            EXPECT_EQ(WidgetOf(dialog.m_FilePathText).windowTitle(),
+                      step == 'l' ? "C:\\a.layout" : "C:\\b.layout");
+        } else if (step == 'e')
             EditCell(dialog, 180);
         else if (step == 'o' || step == 'c')
             Click(dialog, step == 'o' ? IDOK : IDCANCEL);

@@ -1,6 +1,5 @@
 #include "ColorListener.h"
 
-#include <algorithm>
 #include <sstream>
 
 namespace test
@@ -43,25 +42,6 @@ LRESULT k_ColorListener::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             m_reaction(message);
     }
     return CWnd::WindowProc(message, wParam, lParam);
-}
-
-std::string RowOf(const CWnd& window, int y, int left, int right)
-{
-    const std::pair<int, char> kinds[] = {{COLOR_BTNFACE, 'f'},
-                                          {COLOR_BTNSHADOW, 's'},
-                                          {COLOR_BTNHIGHLIGHT, 'h'},
-                                          {COLOR_3DLIGHT, 'l'},
-                                          {COLOR_3DDKSHADOW, 'd'}};
-    const QImage picture = PictureOf(window);
-    std::string row;
-    for (int x = left; x < right; ++x) {
-        const QRgb pixel = picture.pixel(x, y);
-        const COLORREF color = RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
-        const auto* const kind = std::ranges::find_if(
-            kinds, [color](const auto& each) { return GetSysColor(each.first) == color; });
-        row += kind != std::end(kinds) ? kind->second : 'c';
-    }
-    return row;
 }
 
 } // namespace test

@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QScreen>
 #include <QWheelEvent>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
@@ -163,6 +164,25 @@ COLORREF PixelOf(const CWnd& window, CPoint point)
 {
     const QRgb color = PictureOf(window).pixel(point.x, point.y);
     return RGB(BYTE(qRed(color)), BYTE(qGreen(color)), BYTE(qBlue(color)));
+}
+
+std::string RowOf(const CWnd& window, int y, int left, int right)
+{
+    const std::pair<int, char> kinds[] = {{COLOR_BTNFACE, 'f'},
+                                          {COLOR_BTNSHADOW, 's'},
+                                          {COLOR_BTNHIGHLIGHT, 'h'},
+                                          {COLOR_3DLIGHT, 'l'},
+                                          {COLOR_3DDKSHADOW, 'd'}};
+    const QImage picture = PictureOf(window);
+    std::string row;
+    for (int x = left; x < right; ++x) {
+        const QRgb pixel = picture.pixel(x, y);
+        const COLORREF color = RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
+        const auto* const kind = std::ranges::find_if(
+            kinds, [color](const auto& each) { return GetSysColor(each.first) == color; });
+        row += kind != std::end(kinds) ? kind->second : 'c';
+    }
+    return row;
 }
 
 CRect PlaceOf(const CWnd& window)

@@ -9,6 +9,7 @@
 #include <afxwin.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -59,6 +60,9 @@ template <class Dialog> void AnswerNext(std::function<void(Dialog&)> answer)
 // The client area as it stands on the screen, all pending events handled.
 QImage PictureOf(const CWnd& window);
 COLORREF PixelOf(const CWnd& window, CPoint point);
+
+// A row of it by the colours of the system: face, shadow, highlight, light, dark, and c for others.
+std::string RowOf(const CWnd& window, int y, int left, int right);
 
 CRect PlaceOf(const CWnd& window); // on the screen
 
