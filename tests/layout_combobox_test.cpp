@@ -53,17 +53,6 @@ protected:
     k_LayoutCombobox m_box;
 };
 
-TEST_F(LayoutCombobox, ShowsTheLineAndIfToldTheSymbol)
-{
-    const std::string band = "-------------\n";
-    const std::string line = "#############\n";
-    const std::string square = "----oooo-----\n----o  o-----\n####o  o#####\n----oooo-----\n";
-    EXPECT_EQ(ItemPicture().Draw(m_box, Style()).Text(),
-              band + band + band + band + line + band + band + band + band);
-    m_box.SetDrawSymbol(true);
-    EXPECT_EQ(ItemPicture().Draw(m_box, Style()).Text(), band + band + square + band + band + band);
-}
-
 TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
 {
     const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
