@@ -48,7 +48,6 @@ void k_ColorPicker::SetColor(COLORREF color)
 void k_ColorPicker::PreSubclassWindow()
 {
     ModifyStyle(0, BS_OWNERDRAW);
-    CButton::PreSubclassWindow();
     FitSize();
 }
 

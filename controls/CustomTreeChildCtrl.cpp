@@ -19,7 +19,6 @@ END_MESSAGE_MAP()
 
 void k_CustomTreeChildCtrl::PreSubclassWindow()
 {
-    CTreeCtrl::PreSubclassWindow();
     EnableToolTips(TRUE);
 }
 
