@@ -264,6 +264,9 @@ TEST_F(ColumnTree, SelectsByClicks)
         m_dialog.GetDlgItem(IDOK)->SetFocus();
         test::WidgetOf(Tree()).setFocus(Qt::TabFocusReason);
         EXPECT_EQ(Selection(), "cell 3 of 0, column -1") << "no row is selected beside the cell";
+        Tree().ModifyStyle(0, TVS_FULLROWSELECT);
+        Click(Cell(0, 3));
+        EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 0") << "the whole row is its part";
 
         QTimer::singleShot(0, [] { QApplication::activePopupWidget()->close(); });
         test::ClickRight(Tree(), Cell(1, 1));
@@ -363,8 +366,8 @@ TEST_F(ColumnTree, OpensTheStylesOfEachGesture)
         Frame().SetCellData(Tree().GetNextItem(Row(0), TVGN_CHILD), 0, nullptr);
         EXPECT_EQ(open(Tree(), Cell(0, 4)).Styles, (Styles{Style(0, 3), nullptr, Style(4, 3)}));
 
-        delete Style(5, 0);
         auto* const other = new k_LineDef;
+        delete Style(5, 0);
         Frame().SetCellData(Row(1), 1, other);
         EXPECT_EQ(Style(5, 0), other);
         last = open(Frame().m_Header, {150 + 30, 5}); // all rows of a column, folded ones too
