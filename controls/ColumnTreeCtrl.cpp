@@ -66,7 +66,6 @@ void k_ColumnTreeCtrl::Initialize()
 
     const bool isWide = HasWideMargin();
     m_headerHeight = LayOutHeader();
-    m_xOffset = 0;
     m_cellMargin = isWide ? margin : marginOfOlderControls;
     UpdateColumns();
 }

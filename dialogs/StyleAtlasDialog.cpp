@@ -56,7 +56,6 @@ BOOL k_StyleAtlasDialog::OnInitDialog()
     ShowFilePath();
     InsertColumns();
     FillTree();
-    KeepVisible(GetTreeItem(TVGN_ROOT));
     return TRUE;
 }
 
