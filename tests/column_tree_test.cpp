@@ -137,6 +137,10 @@ TEST_F(ColumnTree, PlacesItsWindows)
             const test::DesktopColors other({{QPalette::Button, face}});
             EXPECT_EQ(test::PixelOf(Frame(), CPoint(299, head + 40 + bar - 1)), face);
         }
+        Resize(400, head + 60);
+        Tree().Expand(Row(0), TVE_COLLAPSE);
+        EXPECT_TRUE(PlaceOf(Frame().m_CornerHeader).empty()) << "the folded rows have room";
+        Tree().Expand(Row(0), TVE_EXPAND);
         Resize(400, 300);
         EXPECT_EQ(Frame().m_xOffset, 0);
         const auto& headings = dynamic_cast<QHeaderView&>(test::WidgetOf(Frame().m_Header));
@@ -442,6 +446,7 @@ TEST_F(ColumnTree, KeepsTheSelectedRowInViewWhenAllRowsFold)
         levels.push_back(i % 3 == 0 ? 0 : 1);
     test::SetTable(levels);
     RunInside([&] {
+        EXPECT_FALSE(PlaceOf(Frame().m_CornerHeader).empty()) << "from the first moment";
         Tree().CollapseAll();
         Tree().Select(Row(50), TVGN_CARET);
         for (const int command : {ID_EXPAND_ALL, ID_COLLAPSE_ALL}) {
@@ -450,6 +455,10 @@ TEST_F(ColumnTree, KeepsTheSelectedRowInViewWhenAllRowsFold)
             EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 150");
             ExpectInView(Tree().GetNextItem(nullptr, TVGN_CARET));
         }
+        Click(Cell(50, 1));
+        Tree().EnsureVisible(Row(0));
+        test::PressKey(Tree(), VK_LEFT);
+        ExpectInView(Row(50));
     });
 }
 
