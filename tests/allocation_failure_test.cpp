@@ -30,12 +30,20 @@ long allocationsLeft = -1;
 
 std::size_t bytesInUse = 0;
 
-void* Allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t))
+void* Allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept
 {
     if (allocationsLeft >= 0 && allocationsLeft-- == 0)
-        throw std::bad_alloc();
+        return nullptr;
     void* const memory = std::aligned_alloc(alignment, (size / alignment + 1) * alignment);
     bytesInUse += malloc_usable_size(memory);
+    return memory;
+}
+
+void* AllocateOrThrow(std::size_t size)
+{
+    void* const memory = Allocate(size);
+    if (memory == nullptr)
+        throw std::bad_alloc();
     return memory;
 }
 
@@ -61,12 +69,23 @@ const bool databaseIsCounted = [] {
 
 } // namespace
 
-// The library's other forms call these.
 void* operator new(std::size_t size)
+{
+    return AllocateOrThrow(size);
+}
+void* operator new[](std::size_t size)
+{
+    return AllocateOrThrow(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     return Allocate(size);
 }
-void* operator new(std::size_t size, std::align_val_t alignment)
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+    return Allocate(size);
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept
 {
     return Allocate(size, static_cast<std::size_t>(alignment));
 }
@@ -74,15 +93,19 @@ void operator delete(void* memory) noexcept
 {
     Free(memory);
 }
+void operator delete[](void* memory) noexcept
+{
+    Free(memory);
+}
 void operator delete(void* memory, std::size_t) noexcept
 {
     Free(memory);
 }
-void operator delete(void* memory, std::align_val_t) noexcept
+void operator delete[](void* memory, std::size_t) noexcept
 {
     Free(memory);
 }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept
+void operator delete(void* memory, std::align_val_t) noexcept
 {
     Free(memory);
 }
