@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <new>
 #include <sqlite3.h>
 
@@ -27,11 +28,15 @@ namespace
 // The number of allocations before one fails; negative for none.
 long allocationsLeft = -1;
 
-void* Allocate(std::size_t size) noexcept
+std::size_t bytesInUse = 0;
+
+void* Allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept
 {
     if (allocationsLeft >= 0 && allocationsLeft-- == 0)
         return nullptr;
-    return std::malloc(size > 0 ? size : 1);
+    void* const memory = std::aligned_alloc(alignment, (size / alignment + 1) * alignment);
+    bytesInUse += malloc_usable_size(memory);
+    return memory;
 }
 
 void* AllocateOrThrow(std::size_t size)
@@ -40,6 +45,12 @@ void* AllocateOrThrow(std::size_t size)
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
+}
+
+void Free(void* memory)
+{
+    bytesInUse -= malloc_usable_size(memory);
+    std::free(memory);
 }
 
 // The database's allocations count too, even small ones from its own pools.
@@ -74,27 +85,37 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
 {
     return Allocate(size);
 }
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept
+{
+    return Allocate(size, static_cast<std::size_t>(alignment));
+}
 void operator delete(void* memory) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete[](void* memory) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept
 {
-    std::free(memory);
+    Free(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept
 {
-    std::free(memory);
+    Free(memory);
+}
+void operator delete(void* memory, std::align_val_t) noexcept
+{
+    Free(memory);
 }
 
 namespace
 {
 
 constexpr const TCHAR* layout = _T("C:\\Style.Atlas");
+constexpr INT_PTR lastRow = 4; // of the catalogue
+constexpr short storedWidth = 7;
 
 class AllocationFailure : public testing::Test
 {
@@ -106,6 +127,7 @@ protected:
         m_prefix.MakeFolder();
         m_atlas.ColumnCount = 2;
         m_atlas.BuildCatalogue();
+        m_atlas.GetRowStyle(lastRow, 0)->LineWidth = storedWidth;
         m_atlas.Save(layout);
         for (const TCHAR* const key : {_T("S-1\\key"), _T("key")}) {
             m_atlas.RegistryPath = key;
@@ -188,13 +210,28 @@ protected:
 TEST_F(AllocationFailure, WhileLoadingSavingAndCopying)
 {
     EXPECT_TRUE(databaseIsCounted);
-    FailEach([this] { m_atlas.Load({}); });
+    FailEach([this] {
+        const bool isLoaded = m_atlas.Load({}) == 0;
+        EXPECT_TRUE(!isLoaded || m_atlas.GetRowStyle(lastRow, 0)->LineWidth == storedWidth);
+    });
     FailEach([this] { SetApplication(); });
     FailEach([this] { ChangeUser(); });
-    FailEach([this] { m_atlas.Load(_T("C:\\none")); });
+    FailEach([this] {
+        m_atlas.Load(_T("C:\\none"));
+        EXPECT_EQ(m_atlas.Rows.GetSize(), lastRow + 1);
+    });
     FailEach([this] { m_atlas.Save(layout); });
+    FailEach([] {
+        k_StyleAtlas large; // more records than a block of their memory holds
+        for (WORD quantity = 0; quantity < 70; ++quantity)
+            large.AddRow({quantity, 0, 0, 0, 0}, 0);
+    });
     k_StyleAtlas copy;
-    FailEach([&] { copy.Assign(m_atlas); });
+    m_atlas.UnreadFiles = {layout};
+    FailEach([&] {
+        copy.Assign(m_atlas);
+        EXPECT_EQ(copy.UnreadFiles.size(), 1U);
+    });
     EXPECT_EQ(test::BytesOf(copy), m_stored);
 }
 
@@ -280,6 +317,44 @@ TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
     EXPECT_EQ(Settings(), m_settings);
     SetApplication();
     EXPECT_EQ(m_atlas.FilePath, layout);
+}
+
+TEST_F(AllocationFailure, WhatIsDoneAgainTakesNoMoreMemory)
+{
+    const std::string damaged = m_stored.substr(0, m_stored.size() - 1);
+    test::WriteWhole(m_prefix.Native("damaged"), damaged);
+    m_prefix.MakeFolder("folder");
+    k_StyleAtlas copy;
+    const auto work = [&] {
+        const test::MessageRecorder messages;
+        for (const TCHAR* const path : {_T("C:\\damaged"), _T("C:\\none"), _T("C:\\folder"), _T("")})
+            m_atlas.Load(path);
+        k_StyleAtlas large; // more records than a block of their memory holds
+        for (WORD quantity = 0; quantity < 70; ++quantity)
+            large.AddRow({quantity, 0, 0, 0, 0}, 0);
+        copy.Assign(large);
+        copy.Assign(m_atlas);
+        copy.Assign(std::move(large));
+        copy.Clear();
+        k_StyleAtlas().Assign(m_atlas);
+        m_atlas.Save(_T("C:\\folder"));
+        for (long call = 0; call < 4; ++call) {
+            systemCallsLeft = call;
+            m_atlas.Load(layout);
+        }
+        systemCallsLeft = -1;
+        m_atlas.Clear(); // and with it all records
+        ChangeUser();
+        SetApplication();
+    };
+    constexpr std::size_t tolerance = 200; // for texts of other lengths
+    std::size_t afterTwo = 0;
+    for (int round = 1; round <= 20; ++round) {
+        work();
+        if (round == 2)
+            afterTwo = bytesInUse;
+    }
+    EXPECT_LE(bytesInUse, afterTwo + tolerance);
 }
 
 // The user's choice isn't a value made up after a failed read: it is stored as soon as the lock is released.

@@ -97,6 +97,7 @@ TEST_F(ColorPicker, TellsItsParentOfAChoice)
 
 TEST_F(ColorPicker, IsDefiniteAfterTheChoiceWasGivenUp)
 {
+    const std::string arrow = Row(10, 81, 98);
     m_picker.m_mixed = TRUE;
     test::PressKey(Drop(), VK_RETURN); // without any move: no choice
     EXPECT_TRUE(m_picker.m_mixed);
@@ -104,6 +105,7 @@ TEST_F(ColorPicker, IsDefiniteAfterTheChoiceWasGivenUp)
     test::PressKey(Drop(), VK_ESCAPE);
     EXPECT_EQ(m_parent.Heard(), "dropdown 123456 of 7, closeup 123456 of 7, cancel 123456 of 7");
     EXPECT_FALSE(m_picker.m_mixed);
+    EXPECT_EQ(Row(10, 81, 98), arrow) << "pressed still";
 }
 
 } // namespace

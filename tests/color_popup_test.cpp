@@ -95,6 +95,13 @@ TEST_F(ColorPopup, GrowsWithItsTexts)
     check(defaults, none, 148, 110 + m_high);
     check(defaults, more, 148, 126 + 2 * m_high);
     check(wide, more, broad + 4, 126 + 2 * m_high);
+    check(none, wide, broad + 4, 110 + m_high);
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(40);
+    QApplication::setFont(large);
+    check(none, more, 148, 110 + QFontMetrics(large).height());
+    QApplication::setFont(before);
 }
 
 TEST_F(ColorPopup, StaysOnTheScreen)
@@ -223,6 +230,7 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
     };
     EXPECT_EQ(press({16, CELL_MORE}, VK_RETURN), "change ff, change 123456, cancel 123456");
     answer = [](QColorDialog& dialog) {
+        EXPECT_EQ(CWnd::GetCapture(), nullptr) << "the dialog has the mouse";
         LeaveProgram(); // ends the popup too, but leaves its window to the end of the dialog
         EXPECT_NE(popup, nullptr);
         dialog.setCurrentColor(QColor(0xaa, 0, 0));
@@ -256,6 +264,8 @@ TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
     EXPECT_EQ(Row(104 + m_high, 2, 8), "fhhhhh");
     Hover(CELL_MORE);
     EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "fffffffhhhhhfhffff");
+    const std::string text = Row(102 + m_high / 2, 54, 94);
+    EXPECT_TRUE(text != std::string(40, 'f') && text.find('h') == std::string::npos) << text;
 
     Open(defaults, none, CLR_DEFAULT); // from 3, 3 to 145, 13 + m_high; its frame from 7, 7
     EXPECT_EQ(Row(2, 2, 10) + Row(3, 2, 10) + Row(6, 2, 10), "fffffffffsssssssfsllllll");

@@ -2,7 +2,12 @@
 // editing, and which tables it has to stand.
 #include "support/AtlasDialog.h"
 
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QToolTip>
 #include <algorithm>
+#include <dialogs/resource.h>
 
 namespace
 {
@@ -49,6 +54,13 @@ protected:
     {
         const k_QuantityDesc* const pRow = Frame().GetRowData(row);
         return pRow == nullptr ? "?" : std::to_string(pRow->Quantity - 1);
+    }
+    void ExpectInView(HTREEITEM row)
+    {
+        CRect label, shown;
+        Tree().GetItemRect(row, &label, TRUE);
+        Tree().GetClientRect(&shown);
+        EXPECT_TRUE(label.top >= 0 && label.bottom <= shown.bottom) << RowName(row) << " at " << label.top;
     }
     // All rows, folded ones too, each with the one that it hangs below.
     std::string Hierarchy()
@@ -113,9 +125,26 @@ TEST_F(ColumnTree, PlacesItsWindows)
             EXPECT_EQ(PlaceOf(Tree()), each.Tree) << &each - cases;
             EXPECT_EQ(PlaceOf(Frame().m_HorScroll), each.Bar) << &each - cases;
             EXPECT_EQ(PlaceOf(Frame().m_CornerHeader), each.Corner) << &each - cases;
+            const auto& scrollBar = dynamic_cast<QScrollBar&>(test::WidgetOf(Frame().m_HorScroll));
+            EXPECT_TRUE(each.Bar.empty() || scrollBar.pageStep() == each.Width);
         }
-        EXPECT_EQ(test::PixelOf(Frame(), CPoint(299, head + 40 + bar - 1)), ::GetSysColor(COLOR_BTNFACE));
+        const QImage corner = test::PictureOf(Frame().m_CornerHeader);
+        EXPECT_NE(corner.pixel(1, head - 1), corner.pixel(1, 9)) << "no heading";
+        for (int x = 0; x < bar; ++x)
+            EXPECT_GT(qGray(corner.pixel(x, head / 2)), 128) << "with a text";
+        {
+            constexpr COLORREF face = RGB(120, 120, 0); // of buttons, other than the dialog's
+            const test::DesktopColors other({{QPalette::Button, face}});
+            EXPECT_EQ(test::PixelOf(Frame(), CPoint(299, head + 40 + bar - 1)), face);
+        }
+        Resize(400, head + 60);
+        Tree().Expand(Row(0), TVE_COLLAPSE);
+        EXPECT_TRUE(PlaceOf(Frame().m_CornerHeader).empty()) << "the folded rows have room";
+        Tree().Expand(Row(0), TVE_EXPAND);
         Resize(400, 300);
+        EXPECT_EQ(Frame().m_xOffset, 0);
+        const auto& headings = dynamic_cast<QHeaderView&>(test::WidgetOf(Frame().m_Header));
+        EXPECT_EQ(headings.model()->headerData(2, Qt::Horizontal).toString(), "file 2");
         test::ChangeSettings();
         EXPECT_EQ(Frame().m_Header.GetFont(),
                   CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT))));
@@ -179,6 +208,8 @@ TEST_F(ColumnTree, GuardsTheWidths)
         tell(HDN_ITEMCHANGEDW, 1, 60);
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 1) << "every change refuses the next one";
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 0);
+        test::Click(Frame().m_Header, {180, 5});
+        EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 1) << "and so does a click";
         for (const NMHDR& each : m_dialog.Notifications)
             EXPECT_TRUE(int(each.code) != HDN_ITEMCHANGINGW && int(each.code) != HDN_ITEMCHANGEDW);
     });
@@ -192,8 +223,9 @@ TEST_F(ColumnTree, FindsTheColumnOfAPoint)
                                               {140, 0}, {150, 0}, {151, 1}, {210, 1},
                                               {211, 2}, {390, 4}, {391, -1}};
         for (const auto& [x, column] : points) {
-            CTVHITTESTINFO info{{x, y}, 0, nullptr, -1};
-            EXPECT_EQ(Frame().HitTest(&info), column < 0 ? nullptr : Row(5)) << x;
+            CTVHITTESTINFO info{{x, y}, 0, Row(0), -1};
+            EXPECT_EQ(Frame().HitTest(&info), info.hItem);
+            EXPECT_EQ(info.hItem, column < 0 ? nullptr : Row(5)) << x;
             EXPECT_EQ(info.flags, column < 0 ? TVHT_NOWHERE : TVHT_ONITEMLABEL);
             EXPECT_TRUE(column < 0 || info.iSubItem == column) << x;
         }
@@ -221,8 +253,24 @@ TEST_F(ColumnTree, SelectsByClicks)
         test::Click(Frame().m_Header, {150 + 60 + 30, 5});
         EXPECT_EQ(Selection(), "cell -1 of 5, column 2");
         EXPECT_TRUE(m_dialog.Notifications.empty());
-        Click(Label(0));
+        Click(Label(2));
+        EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 2");
+        test::Click(Frame().m_Header, {150 + 60 + 30, 5});
+        EXPECT_EQ(Selection(), "cell -1 of none, column 2");
+        Click({9, Label(0).y}); // its button
         EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 0");
+        EXPECT_EQ(RowName(Row(1)), "5") << "folded";
+        test::Click(Frame().m_Header, {150 + 60 + 30, 5});
+        m_dialog.GetDlgItem(IDOK)->SetFocus();
+        Click(Cell(0, 3));
+        EXPECT_EQ(Selection(), "cell 3 of 0, column -1");
+        EXPECT_TRUE(test::WidgetOf(Tree()).hasFocus());
+        m_dialog.GetDlgItem(IDOK)->SetFocus();
+        test::WidgetOf(Tree()).setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(Selection(), "cell 3 of 0, column -1") << "no row is selected beside the cell";
+        Tree().ModifyStyle(0, TVS_FULLROWSELECT);
+        Click(Cell(0, 3));
+        EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 0") << "the whole row is its part";
 
         QTimer::singleShot(0, [] { QApplication::activePopupWidget()->close(); });
         test::ClickRight(Tree(), Cell(1, 1));
@@ -275,6 +323,11 @@ TEST_F(ColumnTree, WalksByKeys)
         EXPECT_EQ(int(m_dialog.Notifications.back().code), TVN_ITEMEXPANDEDW);
         test::PressKey(Tree(), VK_ADD);
         EXPECT_EQ(RowName(Row(1)), "1");
+        Resize(400, Frame().m_headerHeight + Label(2).y); // room for two rows
+        for (int i = 0; i < 10; ++i) {
+            test::PressKey(Tree(), i < 5 ? VK_DOWN : VK_UP);
+            ExpectInView(Frame().m_cellItem);
+        }
         test::PressKey(Tree(), VK_ESCAPE);
         EXPECT_FALSE(test::WidgetOf(m_dialog).isVisible()) << "the dialog's own key";
     });
@@ -317,6 +370,10 @@ TEST_F(ColumnTree, OpensTheStylesOfEachGesture)
         Frame().SetCellData(Tree().GetNextItem(Row(0), TVGN_CHILD), 0, nullptr);
         EXPECT_EQ(open(Tree(), Cell(0, 4)).Styles, (Styles{Style(0, 3), nullptr, Style(4, 3)}));
 
+        auto* const other = new k_LineDef;
+        delete Style(5, 0);
+        Frame().SetCellData(Row(1), 1, other);
+        EXPECT_EQ(Style(5, 0), other);
         last = open(Frame().m_Header, {150 + 30, 5}); // all rows of a column, folded ones too
         EXPECT_EQ(last.Styles,
                   (Styles{Style(0, 0), nullptr, Style(2, 0), Style(3, 0), Style(4, 0), Style(5, 0)}));
@@ -334,19 +391,74 @@ TEST_F(ColumnTree, NamesTheRowUnderTheMouse)
 {
     RunInside([&] {
         const auto ask = [&](CPoint point) {
-            test::MoveMouse(Tree(), point);
-            NMTTDISPINFOW info{};
-            info.hdr = {Tree().m_hWnd, 2, static_cast<UINT>(TTN_NEEDTEXTW)};
-            std::ranges::fill(info.szText, u'#');
-            EXPECT_EQ(Tree().SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&info)), 0);
-            return CString(info.szText);
+            QWidget& client = test::ClientOf(Tree());
+            const QPoint local(point.x, point.y);
+            QHelpEvent event(QEvent::ToolTip, local, client.mapToGlobal(local));
+            QApplication::sendEvent(&client, &event);
+            return QToolTip::text();
         };
-        EXPECT_EQ(ask(Label(5)), _T("")) << "no device to name";
-        const CString longText(std::u16string(200, u'x').c_str());
-        Frame().InsertItem(longText, TVI_ROOT);
-        EXPECT_EQ(ask(Label(6)), CString(longText, 79))
+        EXPECT_EQ(ask(Label(5)), "") << "no device to name";
+        EXPECT_EQ(ask({100, 280}), "");
+        Frame().InsertItem(CString(std::u16string(200, u'x').c_str()), TVI_ROOT);
+        EXPECT_EQ(ask(Label(6)), QString(79, 'x'))
             << "a row without data shows its own text, as far as it fits";
-        EXPECT_EQ(ask({100, 280}), _T(""));
+        NMTTDISPINFOA info{};
+        info.hdr = {Tree().m_hWnd, 2, static_cast<UINT>(TTN_NEEDTEXTA)};
+        EXPECT_EQ(Tree().SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&info)), 0);
+        EXPECT_EQ(info.szText, std::string(79, 'x'));
+    });
+}
+
+TEST_F(ColumnTree, EnablesItsWindows)
+{
+    RunInside([&] {
+        CWnd* const parts[] = {&Tree(), &Frame().m_Header, &Frame().m_CornerHeader, &Frame().m_HorScroll};
+        for (CWnd* const part : parts)
+            part->EnableWindow(FALSE);
+        Frame().EnableWindow(FALSE);
+        Frame().EnableWindow(TRUE);
+        for (const CWnd* const part : parts)
+            EXPECT_TRUE(part->IsWindowEnabled());
+    });
+}
+
+TEST_F(ColumnTree, HasTheFontOfTheDesktop)
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(40);
+    QApplication::setFont(large);
+    test::AtlasDialog dialog;
+    QTimer::singleShot(0, [&dialog] {
+        for (const CWnd* const part :
+             std::initializer_list<const CWnd*>{&dialog.m_ColumnTree.m_Tree, &dialog.m_ColumnTree.m_Header})
+            EXPECT_EQ(test::WidgetOf(*part).font().pixelSize(), 40);
+        dialog.EndDialog(IDCANCEL);
+    });
+    dialog.DoModal();
+    QApplication::setFont(before);
+}
+
+TEST_F(ColumnTree, KeepsTheSelectedRowInViewWhenAllRowsFold)
+{
+    std::vector<BYTE> levels;
+    for (int i = 0; i < 60 * 3; ++i)
+        levels.push_back(i % 3 == 0 ? 0 : 1);
+    test::SetTable(levels);
+    RunInside([&] {
+        EXPECT_FALSE(PlaceOf(Frame().m_CornerHeader).empty()) << "from the first moment";
+        Tree().CollapseAll();
+        Tree().Select(Row(50), TVGN_CARET);
+        for (const int command : {ID_EXPAND_ALL, ID_COLLAPSE_ALL}) {
+            Tree().EnsureVisible(Row(0));
+            m_dialog.SendMessage(WM_COMMAND, static_cast<WPARAM>(command));
+            EXPECT_EQ(Selection(), "cell -1 of none, column -1, row 150");
+            ExpectInView(Tree().GetNextItem(nullptr, TVGN_CARET));
+        }
+        Click(Cell(50, 1));
+        Tree().EnsureVisible(Row(0));
+        test::PressKey(Tree(), VK_LEFT);
+        ExpectInView(Row(50));
     });
 }
 
@@ -357,41 +469,33 @@ class ColumnTreeStands : public ColumnTree, public testing::WithParamInterface<s
 TEST_P(ColumnTreeStands, AnyTable)
 {
     const auto [rows, columns] = GetParam();
-    test::SetTable({}, columns);
+    std::vector<BYTE> levels;
     for (int i = 0; i < rows; ++i)
-        g_StyleAtlas.AddRow({static_cast<WORD>(i + 1), 0, 0, -1, 0}, static_cast<BYTE>(i % 3));
-    RunInside([&, hasColumns = columns > 0, count = rows] {
-        const HTREEITEM added = Frame().InsertItem(CString(std::u16string(200, u'W').c_str()), TVI_ROOT);
+        levels.push_back(static_cast<BYTE>(i % 3));
+    test::SetTable(levels, columns);
+    RunInside([&, first = columns > 0 ? 1 : 0, count = rows] {
         for (const int side : {300, 40, 20, 1, 0, 200}) {
             Frame().MoveWindow(0, 0, side, side);
-            Tree().EnsureVisible(added);
+            Frame().m_cellItem = Row(0);
             for (const UINT key : {VK_RIGHT, VK_DOWN, VK_DOWN, VK_UP, VK_LEFT, VK_SUBTRACT, VK_ADD}) {
-                Frame().m_cellItem = Row(0);
-                Frame().m_cellColumn = hasColumns ? 1 : 0;
+                Frame().m_cellColumn = first;
                 test::PressKey(Tree(), key);
                 Frame().RedrawWindow();
             }
         }
-        Tree().CollapseAll();
-        Tree().ExpandAll();
-        Frame().MoveWindow(0, 0, 400, 200);
-        if (hasColumns) {
-            Scroll(SB_LEFT, 0);
-            test::PressMouse(Frame().m_Header, {209, 5});
-            for (int x = 209; x >= 20; --x)
-                test::DragMouse(Frame().m_Header, {x, 5});
-            test::ReleaseMouse(Frame().m_Header, {20, 5});
-            EXPECT_EQ(Frame().m_columnWidths[1], 0);
-        }
+        test::PressMouse(Frame().m_Header, {209, 5});
+        for (int x = 209; x >= 20; --x)
+            test::DragMouse(Frame().m_Header, {x, 5});
+        test::ReleaseMouse(Frame().m_Header, {20, 5});
+        EXPECT_EQ(Frame().m_columnWidths[1], 0) << "the one that is dragged, if there is one";
         m_dialog.FillTree();
         EXPECT_EQ(Frame().m_cellItem, nullptr);
         EXPECT_EQ(std::ranges::count(Hierarchy(), '<'), count);
-        Frame().RedrawWindow();
     });
 }
 
 INSTANTIATE_TEST_SUITE_P(Tables, ColumnTreeStands,
                          testing::ValuesIn(std::vector<std::pair<int, DWORD>>{
-                             {0, 0}, {0, 32}, {1, 1}, {1, 7}, {300, 0}, {300, 32}, {5000, 1}, {5000, 32}}));
+                             {0, 0}, {0, 32}, {1, 7}, {300, 32}, {5000, 1}, {5000, 32}}));
 
 } // namespace

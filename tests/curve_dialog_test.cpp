@@ -4,6 +4,7 @@
 
 #include <dialogs/CurveLayoutDlg.h>
 #include <dialogs/resource.h>
+#include <malloc.h>
 
 namespace
 {
@@ -138,6 +139,43 @@ TEST(CurveDialog, NamesTheQuantityAndSpeaksTheUsersLanguage)
         EXPECT_EQ(text(dialog.m_SymbolFillCombo), _T("leer"));
     };
     Edit(list, user, &quantity);
+}
+
+TEST(CurveDialog, ShowsPicturesAndALightGroundWhereTheRecordsDiffer)
+{
+    k_LineDefList list;
+    for (const Style& style : {base, base, other}) {
+        list.Add(new k_LineDef);
+        Fields(*list.GetAt(list.GetSize() - 1)) = style;
+        const auto user = [&](k_CurveLayoutDlg& dialog) {
+            const bool isMixed = list.GetSize() == 3;
+            const int middle = test::PlaceOf(dialog.m_LineStyleCombo).Height() / 2;
+            EXPECT_EQ(test::RowOf(dialog.m_SymbolShapeCombo, 4, 30, 40),
+                      std::string(10, isMixed ? 'l' : 'h'));
+            EXPECT_EQ(test::RowOf(dialog.m_SymbolShapeCombo, middle, 45, 60),
+                      isMixed ? std::string(15, 'l') : "lldhhhhhhhhdlll");
+            EXPECT_EQ(test::RowOf(dialog.m_LineStyleCombo, middle, 44, 54),
+                      isMixed ? std::string(10, 'l') : "ddhhhhhhdd");
+            for (int i = 0; i < 3; ++i)
+                Act(dialog, IDC_USE_SYMBOL_COLOR);
+            EXPECT_EQ(test::PixelOf(dialog.m_LineColorPicker, {20, 10}), COLORREF{6});
+        };
+        Edit(list, user, nullptr);
+    }
+}
+
+TEST(CurveDialog, GivesTheMemoryOfItsPicturesBack)
+{
+    k_LineDefList list;
+    list.Add(new k_LineDef);
+    std::size_t afterTen = 0;
+    for (int round = 1; round <= 450; ++round) {
+        Edit(
+            list, [](k_CurveLayoutDlg&) {}, nullptr);
+        if (round == 10)
+            afterTen = mallinfo2().uordblks;
+    }
+    EXPECT_LT(mallinfo2().uordblks, afterTen + (48 << 10));
 }
 
 } // namespace

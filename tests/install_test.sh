@@ -118,7 +118,8 @@ for words in table 'list data.csv' 'plot --png plot.png data.csv' "layout check 
     # shellcheck disable=SC2086
     (german $words) || echo "status $?"
 done
-matchbox-window-manager 2>manager.log &
+openbox --sm-disable &>manager.log &
+until [ "$(xdotool set_desktop 1 get_desktop 2>&1)" = 1 ]; do sleep .1; done
 search() { timeout 30 xdotool search --sync --onlyvisible --name "$1"; }
 german window data.csv &
 program=$!

@@ -53,17 +53,6 @@ protected:
     k_LayoutCombobox m_box;
 };
 
-TEST_F(LayoutCombobox, ShowsTheLineAndIfToldTheSymbol)
-{
-    const std::string band = "-------------\n";
-    const std::string line = "#############\n";
-    const std::string square = "----oooo-----\n----o  o-----\n####o  o#####\n----oooo-----\n";
-    EXPECT_EQ(ItemPicture().Draw(m_box, Style()).Text(),
-              band + band + band + band + line + band + band + band + band);
-    m_box.SetDrawSymbol(true);
-    EXPECT_EQ(ItemPicture().Draw(m_box, Style()).Text(), band + band + square + band + band + band);
-}
-
 TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
 {
     const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
@@ -80,12 +69,14 @@ TEST_F(LayoutCombobox, IsHighlightedOnlyInADrawAboutTheSelection)
         {1, ODA_SELECT, 0, light},
         {2, ODA_SELECT, 0, gapColor}, // no other number is the mark
     };
+    m_style.LineStyle = PS_DOT; // with gaps in the background's colour
     for (const auto& each : cases) {
         ItemPicture picture;
         m_box.SetMixed(each.Mixed);
         picture.Dc().SetTextColor(ink);
         picture.Draw(m_box, Style(), each.Action, each.State);
         EXPECT_EQ(picture.PixelAt(1, 1), gdi::ToPixel(each.Background)) << &each - cases;
+        EXPECT_EQ(picture.PixelAt(4, 4) == gdi::ToPixel(highlight), each.Background == highlight);
         EXPECT_EQ(picture.Dc().GetBkColor(), gapColor); // the context is as it came
         EXPECT_EQ(picture.Dc().GetTextColor(), ink);
     }
@@ -103,6 +94,10 @@ TEST_F(LayoutCombobox, AnItemWithoutARecordShowsTheTextOfTheBox)
     ASSERT_GT(expected.Dc().DrawText(_T("x"), 1, rect, 0), 0);
     for (const UINT_PTR none : {UINT_PTR{0}, UINT_PTR{0xFFFFFFFF}, ~UINT_PTR{0}})
         EXPECT_EQ(ItemPicture().Draw(m_box, none), expected) << none;
+    expected.Dc().FillSolidRect(cell, ::GetSysColor(COLOR_HIGHLIGHT));
+    expected.Dc().SetTextColor(::GetSysColor(COLOR_HIGHLIGHTTEXT));
+    expected.Dc().DrawText(_T("x"), 1, rect, 0);
+    EXPECT_EQ(ItemPicture().Draw(m_box, 0, ODA_SELECT, ODS_SELECTED), expected);
 }
 
 TEST_F(LayoutCombobox, AMixedBoxStaysLightWhenTheUserHasChosen)

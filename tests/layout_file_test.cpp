@@ -204,14 +204,17 @@ TEST(DamagedLayoutFile, EveryTruncationEndsWithEndOfFileAndKeepsTheRowsBefore)
 TEST(DamagedLayoutFile, ClaimsOfTwoBillionRowsOrRecordsAreRefusedAndTakeNoMemory)
 {
     const std::string most("\xFF\xFF\xFF\x7F", 4);
-    for (const std::string& file :
-         {WithBytes(MinimalFile(), 0x08, most), WithBytes(MinimalFile(), 0x0C, most),
-          WithBytes(MinimalFile(), 0x08, "\xFF\xFF\xFF\xFF"),
+    for (const auto& [file, cause] :
+         {std::pair(WithBytes(MinimalFile(), 0x08, most), int{CArchiveException::endOfFile}),
+          {WithBytes(MinimalFile(), 0x0C, most), CArchiveException::genericException},
+          {WithBytes(MinimalFile(), 0x08, "\xFF\xFF\xFF\xFF"), CArchiveException::endOfFile},
           // As many rows, or records, as a file with holes can have that takes no room on the disk.
-          WithBytes(MinimalFile(), 0x08, most) + std::string(20 << 20, '\0'),
-          WithBytes(MinimalFile(), 0x0C, most) + std::string(1 << 20, '\0')}) {
+          {WithBytes(MinimalFile(), 0x08, most) + std::string(20 << 20, '\0'),
+           CArchiveException::genericException},
+          {WithBytes(MinimalFile(), 0x0C, most) + std::string(1 << 20, '\0'),
+           CArchiveException::genericException}}) {
         k_StyleAtlas atlas;
-        EXPECT_NE(CauseOfRefusal(atlas, file), 0);
+        EXPECT_EQ(CauseOfRefusal(atlas, file), cause);
     }
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
+#include <random>
 #include <set>
 
 namespace
@@ -36,36 +37,32 @@ k_LineDef* NewStyle(int seed)
 // A solid black line and no symbol.
 const auto asConstructed = std::tuple(0, 0U, 0U, 0, 10, 1, PS_SOLID, 1, false);
 
-// Some blocks full, in an order of coming and going that leaves gaps in each.
+// Places come and go at random, up to some blocks full and down to none.
 TEST(Record, HasItsPlaceToItself)
 {
     static k_LineDefPool memory; // it keeps a block
-    std::vector<unsigned char*> places;
-    const auto take = [&places](int count) {
-        for (int i = 0; i < count; ++i)
-            places.push_back(static_cast<unsigned char*>(memory.Take()));
-    };
-    const auto giveBackEach = [&places](std::size_t step) {
-        for (std::size_t i = 0; i < places.size(); i += step)
-            memory.Return(std::exchange(places[i], nullptr));
-        std::erase(places, nullptr);
-    };
-    take(5000);
-    giveBackEach(3);
-    take(3000);
-    for (std::size_t i = 0; i < places.size(); ++i)
-        std::memset(places[i], static_cast<int>(i % 251), k_LineDefPool::slotSize);
-    for (std::size_t i = 0; i < places.size(); ++i)
-        ASSERT_EQ(std::count(places[i], places[i] + k_LineDefPool::slotSize, i % 251),
-                  k_LineDefPool::slotSize);
-    giveBackEach(1);
-    const void* const first = memory.Take();
-    take(5000);
-    EXPECT_EQ(std::set<const void*>(places.begin(), places.end()).size(), 5000U);
-    EXPECT_EQ(std::count(places.begin(), places.end(), first), 0);
-    giveBackEach(2);
-    std::ranges::reverse(places);
-    giveBackEach(1);
+    std::mt19937 random(4711);
+    std::vector<std::pair<unsigned char*, int>> places; // and what fills each
+    for (const std::size_t wanted : {5000, 0, 9000, 3000, 7000, 2100, 0, 4000, 0}) {
+        while (places.size() != wanted) {
+            const bool grows = (random() % 4 == 0) == (places.size() > wanted);
+            if (grows || places.empty()) {
+                auto* const place = static_cast<unsigned char*>(memory.Take());
+                places.emplace_back(place, random() % 251);
+                std::memset(place, places.back().second, k_LineDefPool::slotSize);
+                continue;
+            }
+            std::swap(places[random() % places.size()], places.back());
+            const auto [place, fill] = places.back();
+            ASSERT_EQ(std::count(place, place + k_LineDefPool::slotSize, fill), k_LineDefPool::slotSize);
+            memory.Return(place);
+            places.pop_back();
+        }
+        std::set<std::uintptr_t> blocks; // as many as the largest number of places needs
+        for (const auto& [place, fill] : places)
+            blocks.insert(reinterpret_cast<std::uintptr_t>(place) >> 16);
+        EXPECT_LE(blocks.size(), 5U);
+    }
 }
 
 TEST(Row, AnswersForAtMost32FileColumns)
@@ -141,6 +138,9 @@ TEST(List, ComparesNeighboursAlone)
         list.Add(NewStyle(seed));
     list.UpdateUniformity();
     EXPECT_FALSE(list.SameLineStyle || list.SameSymbolColor);
+    *list.GetAt(2) = *list.GetAt(3);
+    list.UpdateUniformity();
+    EXPECT_TRUE(list.SameLineStyle && list.SameSymbolColor);
 }
 
 } // namespace

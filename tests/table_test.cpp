@@ -81,7 +81,8 @@ TEST(Table, AssignMakesADeepCopyWithEmptySlots)
     row.Styles.SameLineColor = false;
 
     k_StyleAtlas copy;
-    copy.AddRow({99, 0, 0, 0, 0}, 0);
+    for (int i = 0; i < 4; ++i)
+        copy.AddRow({99, 0, 0, 0, 0}, 0);
     EXPECT_EQ(&copy.Assign(source), &copy);
     ASSERT_EQ(copy.Rows.GetSize(), 3);
     EXPECT_EQ(copy.GetRow(1), nullptr);

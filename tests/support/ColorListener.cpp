@@ -44,19 +44,4 @@ LRESULT k_ColorListener::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return CWnd::WindowProc(message, wParam, lParam);
 }
 
-std::string RowOf(CWnd& window, int y, int left, int right)
-{
-    std::string row;
-    for (int x = left; x < right; ++x) {
-        const COLORREF color = PixelOf(window, {x, y});
-        row += color == GetSysColor(COLOR_BTNFACE)        ? 'f'
-               : color == GetSysColor(COLOR_BTNSHADOW)    ? 's'
-               : color == GetSysColor(COLOR_BTNHIGHLIGHT) ? 'h'
-               : color == GetSysColor(COLOR_3DLIGHT)      ? 'l'
-               : color == GetSysColor(COLOR_3DDKSHADOW)   ? 'd'
-                                                          : 'c';
-    }
-    return row;
-}
-
 } // namespace test

@@ -32,7 +32,4 @@ private:
     DECLARE_MESSAGE_MAP()
 };
 
-// The pixels of a row by the colours of the system: face, shadow, highlight, light, dark, and c for others.
-std::string RowOf(CWnd& window, int y, int left, int right);
-
 } // namespace test

@@ -2,7 +2,9 @@
 
 #include <Application.h>
 #include <QContextMenuEvent>
+#include <QScreen>
 #include <QWheelEvent>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
@@ -32,15 +34,10 @@ class Desktop : public testing::Environment
 
 std::string heard;
 
-QWidget& ClientOf(const CWnd& window)
-{
-    return Window::Of(window.m_hWnd)->Client();
-}
-
 void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseButton button,
                Qt::MouseButtons buttons)
 {
-    QWidget& widget = ClientOf(window);
+    QWidget& widget = test::ClientOf(window);
     const QPointF local(point.x, point.y);
     QMouseEvent event(type, local, widget.mapToGlobal(local), button, buttons, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
@@ -82,6 +79,11 @@ std::string Heard()
 QWidget& WidgetOf(const CWnd& window)
 {
     return Window::Of(window.m_hWnd)->Widget();
+}
+
+QWidget& ClientOf(const CWnd& window)
+{
+    return Window::Of(window.m_hWnd)->Client();
 }
 
 void MoveMouse(CWnd& window, CPoint point)
@@ -162,10 +164,37 @@ void ChangeSettings(const std::function<void()>& meanwhile)
     Settle();
 }
 
-COLORREF PixelOf(CWnd& window, CPoint point)
+QImage PictureOf(const CWnd& window)
 {
-    const QRgb color = ClientOf(window).grab().toImage().pixel(point.x, point.y);
+    Settle();
+    const QWidget& client = ClientOf(window);
+    const QPoint corner = client.mapTo(client.window(), QPoint());
+    return client.screen()->grabWindow(client.window()->winId()).toImage().copy(QRect(corner, client.size()));
+}
+
+COLORREF PixelOf(const CWnd& window, CPoint point)
+{
+    const QRgb color = PictureOf(window).pixel(point.x, point.y);
     return RGB(BYTE(qRed(color)), BYTE(qGreen(color)), BYTE(qBlue(color)));
+}
+
+std::string RowOf(const CWnd& window, int y, int left, int right)
+{
+    const std::pair<int, char> kinds[] = {{COLOR_BTNFACE, 'f'},
+                                          {COLOR_BTNSHADOW, 's'},
+                                          {COLOR_BTNHIGHLIGHT, 'h'},
+                                          {COLOR_3DLIGHT, 'l'},
+                                          {COLOR_3DDKSHADOW, 'd'}};
+    const QImage picture = PictureOf(window);
+    std::string row;
+    for (int x = left; x < right; ++x) {
+        const QRgb pixel = picture.pixel(x, y);
+        const COLORREF color = RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
+        const auto* const kind = std::ranges::find_if(
+            kinds, [color](const auto& each) { return GetSysColor(each.first) == color; });
+        row += kind != std::end(kinds) ? kind->second : 'c';
+    }
+    return row;
 }
 
 CRect PlaceOf(const CWnd& window)

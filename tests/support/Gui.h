@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QImage>
 #include <QTest>
 #include <QTimer>
 #include <Window.h>
@@ -23,6 +24,7 @@ void Note(const std::string& event);
 std::string Heard();
 
 QWidget& WidgetOf(const CWnd& window);
+QWidget& ClientOf(const CWnd& window); // its client area
 
 // Points are in the window's client coordinates; a button is the left one.
 void MoveMouse(CWnd& window, CPoint point);
@@ -59,8 +61,12 @@ template <class Dialog> void AnswerNext(std::function<void(Dialog&)> answer)
     });
 }
 
-// The colour that the window shows at a point.
-COLORREF PixelOf(CWnd& window, CPoint point);
+// The client area as it stands on the screen, all pending events handled.
+QImage PictureOf(const CWnd& window);
+COLORREF PixelOf(const CWnd& window, CPoint point);
+
+// A row of it by the colours of the system: face, shadow, highlight, light, dark, and c for others.
+std::string RowOf(const CWnd& window, int y, int left, int right);
 
 CRect PlaceOf(const CWnd& window); // on the screen
 
