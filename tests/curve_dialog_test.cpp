@@ -4,7 +4,6 @@
 
 #include <dialogs/CurveLayoutDlg.h>
 #include <dialogs/resource.h>
-#include <malloc.h>
 
 namespace
 {
@@ -162,20 +161,6 @@ TEST(CurveDialog, ShowsPicturesAndALightGroundWhereTheRecordsDiffer)
         };
         Edit(list, user, nullptr);
     }
-}
-
-TEST(CurveDialog, GivesTheMemoryOfItsPicturesBack)
-{
-    k_LineDefList list;
-    list.Add(new k_LineDef);
-    std::size_t afterTen = 0;
-    for (int round = 1; round <= 450; ++round) {
-        Edit(
-            list, [](k_CurveLayoutDlg&) {}, nullptr);
-        if (round == 10)
-            afterTen = mallinfo2().uordblks;
-    }
-    EXPECT_LT(mallinfo2().uordblks, afterTen + (48 << 10));
 }
 
 } // namespace
