@@ -1,5 +1,5 @@
-// The reader of the layout file: what it accepts survives writing and reading again, and what it refuses does no
-// harm.
+// The reader of the layout file: what it accepts survives writing and reading again, and what it refuses does
+// no harm.
 #include "Fuzz.h"
 #include "FuzzCatalogue.h"
 
