@@ -74,15 +74,15 @@ TEST_F(ColorPicker, TellsItsParentOfAChoice)
     const std::string arrow = Row(10, 81, 98);
     CWnd& popup = Drop();
     EXPECT_EQ(CPoint(PlaceOf(popup).left, PlaceOf(popup).top), CPoint(210, 141));
-    EXPECT_EQ(m_parent.Heard(), "dropdown 123456 of 7");
+    EXPECT_EQ(test::Heard(), "dropdown 123456 of 7");
     EXPECT_EQ(Row(10, 81, 98), "sffffffdddddffffs");
     m_picker.m_mixed = TRUE;
     test::MoveMouse(popup, {11, 47});
-    EXPECT_EQ(m_parent.Heard(), "change ff of 7");
+    EXPECT_EQ(test::Heard(), "change ff of 7");
     EXPECT_FALSE(m_picker.m_mixed);
     EXPECT_EQ(m_picker.GetColor(), before);
     test::PressKey(popup, VK_RETURN);
-    EXPECT_EQ(m_parent.Heard(), "closeup ff of 7, ok ff of 7");
+    EXPECT_EQ(test::Heard(), "closeup ff of 7, ok ff of 7");
     EXPECT_EQ(Swatch(), red);
     EXPECT_EQ(Row(10, 81, 98), arrow);
 
@@ -91,7 +91,7 @@ TEST_F(ColorPicker, TellsItsParentOfAChoice)
             m_picker.SetColor(before);
     };
     test::PressKey(Drop(), VK_RETURN);
-    EXPECT_EQ(m_parent.Heard(), "dropdown ff of 7, closeup ff of 7, ok ff of 7, change ff of 7");
+    EXPECT_EQ(test::Heard(), "dropdown ff of 7, closeup ff of 7, ok ff of 7, change ff of 7");
     EXPECT_EQ(m_picker.GetColor(), before);
 }
 
@@ -101,9 +101,9 @@ TEST_F(ColorPicker, IsDefiniteAfterTheChoiceWasGivenUp)
     m_picker.m_mixed = TRUE;
     test::PressKey(Drop(), VK_RETURN); // without any move: no choice
     EXPECT_TRUE(m_picker.m_mixed);
-    m_parent.Heard();
+    test::Heard();
     test::PressKey(Drop(), VK_ESCAPE);
-    EXPECT_EQ(m_parent.Heard(), "dropdown 123456 of 7, closeup 123456 of 7, cancel 123456 of 7");
+    EXPECT_EQ(test::Heard(), "dropdown 123456 of 7, closeup 123456 of 7, cancel 123456 of 7");
     EXPECT_FALSE(m_picker.m_mixed);
     EXPECT_EQ(Row(10, 81, 98), arrow) << "pressed still";
 }

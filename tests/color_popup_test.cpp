@@ -62,7 +62,7 @@ protected:
         if (popup != nullptr)
             popup->DestroyWindow();
         test::Settle();
-        m_owner.Heard();
+        test::Heard();
     }
     CPoint PointIn(int cell) const
     {
@@ -125,7 +125,7 @@ TEST_F(ColorPopup, AnswersWhereItsCellsAreSensitive)
         for (const CPoint& point : points) {
             Open(defaultText, moreText);
             test::MoveMouse(*popup, point);
-            EXPECT_EQ(m_owner.Heard(), MoveTo(cell)) << point.x << ',' << point.y;
+            EXPECT_EQ(test::Heard(), MoveTo(cell)) << point.x << ',' << point.y;
         }
     };
     check(none, none, 0, {{2, 2}, {19, 19}, {0, 0}, {-15, -15}});
@@ -143,7 +143,7 @@ TEST_F(ColorPopup, AnswersWhereItsCellsAreSensitive)
     Hover(5);
     test::MoveMouse(*popup, {6, 206}); // outside: stays
     Hover(5);                          // the same: isn't told again
-    EXPECT_EQ(m_owner.Heard(), MoveTo(5));
+    EXPECT_EQ(test::Heard(), MoveTo(5));
 }
 
 TEST_F(ColorPopup, KeysWalkTheCells)
@@ -164,12 +164,12 @@ TEST_F(ColorPopup, KeysWalkTheCells)
                 Open(defaultText, moreText);
                 if (way[0] != CELL_NONE)
                     Hover(way[0]);
-                m_owner.Heard();
+                test::Heard();
                 test::PressKey(*popup, key);
                 int to = way[column++];
                 if (to == F || to == B)
                     to = to == F ? f : b;
-                EXPECT_EQ(m_owner.Heard(), MoveTo(to)) << "key " << key << " from " << way[0];
+                EXPECT_EQ(test::Heard(), MoveTo(to)) << "key " << key << " from " << way[0];
             }
         }
     };
@@ -193,7 +193,7 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
         act();
         EXPECT_EQ(CWnd::GetCapture(), nullptr);
         EXPECT_EQ(popup, nullptr);
-        return m_owner.Heard();
+        return test::Heard();
     };
     const auto press = [&](Cells cells, UINT key) {
         return end(cells, [&] { test::PressKey(*popup, key); });
@@ -280,7 +280,7 @@ TEST_F(ColorPopup, LeavesNothingWhereItCannotOpen)
 {
     const HWND handle = std::exchange(m_owner.m_hWnd, reinterpret_cast<HWND>(&m_owner)); // not a window
     new k_ColorPopup({0, 0}, initial, &m_owner, none, none); // gone at once, or the leak is told at the end
-    EXPECT_EQ(m_owner.Heard(), "");
+    EXPECT_EQ(test::Heard(), "");
     m_owner.m_hWnd = handle;
 }
 

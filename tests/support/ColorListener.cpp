@@ -13,16 +13,7 @@ k_ColorListener::k_ColorListener(const RECT& place)
 {
     CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, place.left, place.top,
              place.right - place.left, place.bottom - place.top, nullptr, 0);
-}
-
-std::string k_ColorListener::Heard()
-{
-    return std::exchange(m_heard, {});
-}
-
-void k_ColorListener::Note(const std::string& event)
-{
-    m_heard += (m_heard.empty() ? "" : ", ") + event;
+    Heard(); // forgets what another window noted
 }
 
 LRESULT k_ColorListener::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)

@@ -8,26 +8,18 @@
 namespace test
 {
 
-// A window that keeps the messages of ColorMessages.h.
+// A window that notes the messages of ColorMessages.h: a message as "change ff" (its colour, in hexadecimal)
+// or "change ff of 7" (its lParam, if that isn't 0), a click of control 7 that reached it as "click".
 class k_ColorListener : public CWnd
 {
 public:
     explicit k_ColorListener(const RECT& place);
-
-    // Since the last call; a message as "change ff" (its colour, in hexadecimal) or "change ff of 7" (its
-    // lParam, if that isn't 0), a click of control 7 that reached it as "click", and a comma between two.
-    std::string Heard();
 
     std::function<void(UINT message)> m_reaction; // to each message
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnClicked() { Note("click"); }
-
-private:
-    void Note(const std::string& event);
-
-    std::string m_heard;
 
     DECLARE_MESSAGE_MAP()
 };
