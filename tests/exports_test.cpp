@@ -8,6 +8,9 @@
 namespace
 {
 
+// The leak check stops all threads, and now and then crashes on those of Qt's connection to a display.
+constexpr const char* noLeakCheck = "ASAN_OPTIONS=detect_leaks=0";
+
 namespace fs = std::filesystem;
 
 constexpr const char* catalogue = "1; 20; 1; 0; 0; U; voltage\n"
@@ -146,7 +149,7 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
     m_program = GUI_HOST;
     Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME});
     m_environment.insert(m_environment.end(),
-                         {std::string("DISPLAY=") + display, "FONTCONFIG_FILE=/dev/null"});
+                         {std::string("DISPLAY=") + display, "FONTCONFIG_FILE=/dev/null", noLeakCheck});
     const std::pair<std::vector<std::string>, std::string> hosts[] = {
         {{m_open, "a", "state", "b"}, box + "none C\n" + box},
         {{m_open, "a", "close", m_open, "edit", "state", "close"}, box + edited + "none C\n"},
@@ -164,7 +167,7 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
     for (const auto& [calls, output] : hosts) {
         const test::Outcome outcome = Run(calls);
         EXPECT_EQ(outcome.Output, output) << outcome.Errors;
-        EXPECT_EQ(outcome.Status, 0);
+        EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
     }
 }
 
@@ -173,6 +176,7 @@ TEST_F(Exports, OutliveTheDisplay)
 {
     m_program = GUI_HOST;
     Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME});
+    m_environment.emplace_back(noLeakCheck);
     const std::string refused = "named\nedit: -1\n";
     const std::pair<const char*, std::string> hosts[] = {
         {"", box + edited + refused + box + edited},
