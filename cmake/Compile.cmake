@@ -14,7 +14,7 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE RelWithDebInfo)
 endif()
 
-# Warnings are errors in the presets only (CMAKE_COMPILE_WARNING_AS_ERROR): another compiler may have more of them.
+# Warnings are errors in the presets only: another compiler may have more of them.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow)
 # A library may inline its own exported functions.
 add_compile_options(-fno-semantic-interposition)
