@@ -7,10 +7,16 @@
 namespace
 {
 
-// Quantity, sub-quantity, index, device and flags of each row, behind a plus for each level.
-std::string Outline(const std::vector<test::UnitEntry>& entries)
+// Each entry and each row is quantity.sub-quantity.index.device.flags, a row behind a plus for each level.
+std::string Outline(const char* entries)
 {
-    test::SetUnits(entries);
+    std::istringstream list(entries);
+    std::vector<test::UnitEntry> units;
+    char point = 0;
+    for (test::UnitEntry unit; list >> unit.Quantity >> point >> unit.SubQuantity >> point >> unit.Index >>
+                               point >> unit.Device >> point >> unit.Flags;)
+        units.push_back(unit);
+    test::SetUnits(std::move(units));
     k_StyleAtlas atlas;
     atlas.ColumnCount = 1;
     atlas.BuildCatalogue();
@@ -28,48 +34,28 @@ TEST(Catalogue, IsAnOutlineOfThreeLevels)
 {
     const struct {
         const char* Name;
-        std::vector<test::UnitEntry> Entries;
+        const char* Entries;
         const char* Outline;
     } cases[] = {
-        {"nothing", {}, ""},
-        {"a single entry keeps its whole key", {{3, 10, 4, 5, 6}}, "10.4.5.3.6"},
-        {"one on each of two devices", {{1, 10, 4, 0, 0}, {2, 10, 4, 0, 0}}, "10.4.0.1.0 10.4.0.2.0"},
+        {"nothing", "", ""},
+        {"a single entry keeps its whole key", "10.4.5.3.6", "10.4.5.3.6"},
+        {"one on each of two devices", "10.4.0.1.0 10.4.0.2.0", "10.4.0.1.0 10.4.0.2.0"},
         {"groups in order of first appearance, heads, and what hangs below them",
-         {{0, 30, 5, 0, 0},
-          {0, 10, 0, 0, 0},
-          {0, 20, 1, 0, 0},
-          {0, 20, 2, 0, 0},
-          {0, 20, 2, 1, 0},
-          {1, 20, 1, 0, 0},
-          {0, 20, 2, 2, 0},
-          {0, 30, 5, 1, 0}},
+         "30.5.0.0.0 10.0.0.0.0 20.1.0.0.0 20.2.0.0.0 20.2.1.0.0 20.1.0.1.0 20.2.2.0.0 30.5.1.0.0",
          "30.65535.0.0.0 +30.5.0.0.0 +30.5.1.0.0 10.0.0.0.0 20.65535.0.0.0 +20.1.0.0.0 +20.2.0.0.0 "
          "++20.2.1.0.0 ++20.2.2.0.0 20.1.0.1.0"},
-        {"one sub-quantity has no head, and two equal entries stay two rows",
-         {{0, 10, 4, 0, 9}, {0, 10, 4, 0, 9}},
+        {"one sub-quantity has no head, and two equal entries stay two rows", "10.4.0.0.9 10.4.0.0.9",
          "10.65535.0.0.0 +10.4.0.0.9 +10.4.0.0.9"},
         {"a head has index 0 and the flags of the first entry; what equals it disappears",
-         {{0, 10, 1, 3, 5},
-          {0, 10, 2, 0, 0},
-          {0, 10, 1, 0, 5},
-          {0, 10, 1, 0, 7},
-          {0, 10, 1, 3, 5},
-          {0, 10, 1, 0, 5}},
+         "10.1.3.0.5 10.2.0.0.0 10.1.0.0.5 10.1.0.0.7 10.1.3.0.5 10.1.0.0.5",
          "10.65535.0.0.0 +10.1.0.0.5 ++10.1.3.0.5 +10.1.0.0.7 ++10.1.3.0.5 +10.2.0.0.0"},
-        {"only the low byte of sub-quantity and index counts", {{0, 10, 257, 0x1FF, 0}}, "10.1.255.0.0"},
-        {"that of -1 is 255", {{0, 10, -1, 0, 0}}, "10.255.0.0.0"},
-        {"sub-quantities that their low byte makes equal",
-         {{0, 10, 1, 0, 0}, {0, 10, 257, 0, 0}},
+        {"only the low byte of sub-quantity and index counts", "10.257.511.0.0", "10.1.255.0.0"},
+        {"that of -1 is 255", "10.-1.0.0.0", "10.255.0.0.0"},
+        {"sub-quantities that their low byte makes equal", "10.1.0.0.0 10.257.0.0.0",
          "10.65535.0.0.0 +10.1.0.0.0 +10.1.0.0.0"},
         {"an entry without a device takes the later entries of its quantity, but for those of a device that "
          "came before it",
-         {{1, 10, 1, 0, 0},
-          {65535, 10, 1, 0, 0},
-          {2, 11, 1, 0, 0},
-          {2, 10, 2, 0, 0},
-          {1, 10, 1, 1, 0},
-          {65535, 10, 2, 1, 0},
-          {2, 10, 1, 2, 0}},
+         "10.1.0.1.0 10.1.0.-1.0 11.1.0.2.0 10.2.0.2.0 10.1.1.1.0 10.2.1.-1.0 10.1.2.2.0",
          "10.65535.0.1.0 +10.1.0.1.0 +10.1.1.1.0 10.65535.0.-1.0 +10.1.0.-1.0 ++10.1.2.2.0 +10.2.0.2.0 "
          "++10.2.1.-1.0 11.1.0.2.0"},
     };

@@ -62,4 +62,33 @@ CPoint ColumnTreeTest::Cell(int row, int column)
     return {std::accumulate(widths, widths + column, widths[column] / 2), Label(row).y};
 }
 
+std::string ColumnTreeTest::RowName(HTREEITEM row)
+{
+    const k_QuantityDesc* const pRow = Frame().GetRowData(row);
+    return pRow == nullptr ? "?" : std::to_string(pRow->Quantity - 1);
+}
+
+std::string ColumnTreeTest::Selection()
+{
+    std::string text = "cell " + std::to_string(Frame().m_cellColumn) + " of ";
+    text += Frame().m_cellItem == nullptr ? "none" : RowName(Frame().m_cellItem);
+    text += ", column " + std::to_string(Frame().m_selectedColumn);
+    const HTREEITEM caret = Tree().GetNextItem(nullptr, TVGN_CARET);
+    return text + (caret == nullptr ? "" : ", row " + RowName(caret));
+}
+
+void ColumnTreeTest::Resize(int width, int height)
+{
+    Frame().MoveWindow(5, 5, width, height);
+    Settle();
+}
+
+void ColumnTreeTest::ExpectInView(HTREEITEM row)
+{
+    CRect label, shown;
+    Tree().GetItemRect(row, &label, TRUE);
+    Tree().GetClientRect(&shown);
+    EXPECT_TRUE(label.top >= 0 && label.bottom <= shown.bottom) << RowName(row) << " at " << label.top;
+}
+
 } // namespace test

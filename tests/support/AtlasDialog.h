@@ -33,9 +33,12 @@ protected:
 // Rows of these levels in the module's table, the quantity of each its number from 1.
 void SetTable(const std::vector<BYTE>& levels, DWORD columns = 4);
 
+// Its table has rows 0 and 5 at the top, 1 and 4 below 0, 2 and 3 below 1.
 class ColumnTreeTest : public testing::Test
 {
 protected:
+    ColumnTreeTest() { SetTable({0, 1, 2, 2, 1, 0}); }
+
     // Runs a function while the dialog is open, and closes it.
     void RunInside(const std::function<void()>& body);
 
@@ -44,6 +47,13 @@ protected:
     HTREEITEM Row(int number);        // of those that the tree shows, from the top
     CPoint Label(int row);            // a point in it, in the tree
     CPoint Cell(int row, int column); // its middle, in the tree
+    // Its number in the table, "?" for a row without data.
+    std::string RowName(HTREEITEM row);
+    // What clicks and keys move: "cell 1 of 2, column -1, row 3".
+    std::string Selection();
+    void Resize(int width, int height);
+    void Click(CPoint point) { test::Click(Tree(), point); }
+    void ExpectInView(HTREEITEM row);
     k_LineDef* Style(int row, int column) { return m_dialog.m_Atlas.GetRow(row)->GetColumnStyle(column); }
 
     AtlasDialog m_dialog;
