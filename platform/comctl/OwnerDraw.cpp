@@ -1,8 +1,8 @@
 #include "OwnerDraw.h"
 
 #include <DeviceContext.h>
-#include <QImage>
 #include <QtConvert.h>
+#include <ScreenPixels.h>
 #include <Window.h>
 #include <winuser.h>
 
@@ -25,14 +25,14 @@ constexpr ItemColors ColorsOf(UINT kind)
 void DrawByOwner(QPainter& painter, const QRect& place, Window& control, DRAWITEMSTRUCT item)
 {
     Window* const parent = control.Parent();
-    QImage image(place.size(), QImage::Format_RGB32);
-    if (parent == nullptr || image.isNull())
+    ScreenPixels pixels(painter, place);
+    if (parent == nullptr || pixels.IsNull())
         return;
     const ItemColors colors = ColorsOf(item.CtlType);
-    image.fill(gdi::ToQColor(GetSysColor(colors.Background)));
+    pixels.Fill(GetSysColor(colors.Background));
 
-    item.rcItem = gdi::ToRect(image.rect());
-    const gdi::OwnedContext context(gdi::CreateSurfaceDC(gdi::ToSurface(image), item.rcItem));
+    item.rcItem = gdi::ToRect(QRect(QPoint(0, 0), place.size()));
+    const gdi::OwnedContext context(pixels.CreateContext(item.rcItem));
     if (!context)
         return;
     SetTextColor(context.get(), GetSysColor(colors.Text));
@@ -44,5 +44,5 @@ void DrawByOwner(QPainter& painter, const QRect& place, Window& control, DRAWITE
     item.hwndItem = control.Handle();
     item.hDC = context.get();
     parent->SendContained(WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
-    painter.drawImage(place, image);
+    pixels.Show(painter, place.topLeft());
 }

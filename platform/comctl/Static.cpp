@@ -48,7 +48,7 @@ LRESULT StaticWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     if (context == nullptr)
         return WidgetWindow::OnDefault(message, wParam, lParam);
     const COLORREF background = gdi::ToColorRef(palette().color(QPalette::Window));
-    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox(gdi::ToBox(rect()), gdi::ToPixel(background));
+    gdi::DeviceContext::FromHandle(context)->FillUnits(gdi::ToBox(rect()), gdi::ToPixel(background));
     return 1;
 }
 

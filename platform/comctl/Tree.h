@@ -92,8 +92,8 @@ private:
     NMTVCUSTOMDRAW Describe(HDC context, const TreeItem& item) const;
     LRESULT Ask(NMTVCUSTOMDRAW& draw, DWORD stage);
     void PaintRow(HDC context, TreeItem& row, bool asks);
-    void DrawLines(const gdi::Canvas& canvas, const TreeItem& item, QRect branch) const;
-    void DrawButton(const gdi::Canvas& canvas, const TreeItem& item, const QRect& branch) const;
+    void DrawLines(const gdi::DeviceContext& dc, const TreeItem& item, QRect branch) const;
+    void DrawButton(const gdi::DeviceContext& dc, const TreeItem& item, const QRect& branch) const;
     void DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const;
 
     TreeHandles m_handles;

@@ -3,12 +3,14 @@
 
 #include <QPainter>
 #include <QtConvert.h>
+#include <ScreenPixels.h>
 
 namespace
 {
 
-constexpr int buttonSize = 9; // an odd number, so that there is a middle
-constexpr int signInset = 2;  // from the button's edge
+// From the lines in its middle.
+constexpr int buttonReach = 4;
+constexpr int signReach = 2;
 
 struct Colors {
     COLORREF Text;
@@ -27,15 +29,10 @@ Colors ColorsOf(bool isEnabled, bool isHighlighted)
     return {GetSysColor(isEnabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT), BackgroundColor(isEnabled)};
 }
 
-// Every second pixel, so that lines that meet continue each other.
-void DrawDots(const gdi::Canvas& canvas, const QRect& line, gdi::Pixel ink)
+void DrawDots(const gdi::DeviceContext& dc, const QRect& line, gdi::Pixel ink)
 {
-    for (int y = line.top(); y <= line.bottom(); ++y) {
-        for (int x = line.left(); x <= line.right(); ++x) {
-            if (((x ^ y) & 1) == 0 && canvas.Contains(x, y))
-                canvas.At(x, y) = ink;
-        }
-    }
+    gdi::ForEachDot(dc.Drawing, dc.PixelsOfStrip(gdi::ToBox(line)), dc.Grid.Thickness(),
+                    [ink](gdi::Pixel& pixel) { pixel = ink; });
 }
 
 } // namespace
@@ -43,14 +40,15 @@ void DrawDots(const gdi::Canvas& canvas, const QRect& line, gdi::Pixel ink)
 // WM_PAINT without a context. The parent's custom draw needs a context of the layer's here too.
 void TreeWindow::paintEvent(QPaintEvent* /*event*/)
 {
-    QImage image(viewport()->size(), QImage::Format_RGB32);
-    if (image.isNull())
+    ScreenPixels pixels(*viewport());
+    if (pixels.IsNull())
         return;
-    const gdi::OwnedContext context(gdi::CreateSurfaceDC(gdi::ToSurface(image), gdi::ToRect(image.rect())));
+    const gdi::OwnedContext context(pixels.CreateContext(gdi::ToRect(viewport()->rect())));
     if (!context)
         return;
     PaintInto(context.get());
-    QPainter(viewport()).drawImage(0, 0, image);
+    QPainter painter(viewport());
+    pixels.Show(painter, QPoint(0, 0));
 }
 
 void TreeWindow::PaintInto(HDC context)
@@ -61,7 +59,7 @@ void TreeWindow::PaintInto(HDC context)
     const int mode = dc.BackgroundMode;
     const HGDIOBJ font = SelectObject(context, TextFont());
 
-    dc.Drawing.FillBox(gdi::ToBox(viewport()->rect()), gdi::ToPixel(BackgroundColor(isEnabled())));
+    dc.FillUnits(gdi::ToBox(viewport()->rect()), gdi::ToPixel(BackgroundColor(isEnabled())));
     NMTVCUSTOMDRAW all{};
     all.nmcd.hdc = context;
     all.nmcd.rc = gdi::ToRect(viewport()->rect());
@@ -121,12 +119,12 @@ void TreeWindow::PaintRow(HDC context, TreeItem& row, bool asks)
     const TreeItem* const item = Find(reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec));
     if (item == nullptr)
         return;
-    const gdi::Canvas& canvas = gdi::DeviceContext::FromHandle(context)->Drawing;
+    const gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
     const Places places = PlacesOf(*item);
     if ((Style & TVS_HASLINES) != 0)
-        DrawLines(canvas, *item, places.Branch);
+        DrawLines(dc, *item, places.Branch);
     if (HasButton(*item))
-        DrawButton(canvas, *item, places.Branch);
+        DrawButton(dc, *item, places.Branch);
     DrawLabel(draw, *item, places);
     if ((answer & CDRF_NOTIFYPOSTPAINT) != 0)
         Ask(draw, CDDS_ITEMPOSTPAINT);
@@ -134,7 +132,7 @@ void TreeWindow::PaintRow(HDC context, TreeItem& row, bool asks)
 
 // From the label to the vertical line, up to the previous row and down to the next sibling; further left, the
 // vertical lines of the parents.
-void TreeWindow::DrawLines(const gdi::Canvas& canvas, const TreeItem& item, QRect square) const
+void TreeWindow::DrawLines(const gdi::DeviceContext& dc, const TreeItem& item, QRect square) const
 {
     const gdi::Pixel ink = gdi::ToPixel(GetSysColor(COLOR_BTNSHADOW));
     const TreeItem* row = &item;
@@ -144,26 +142,31 @@ void TreeWindow::DrawLines(const gdi::Canvas& canvas, const TreeItem& item, QRec
         if (Sibling(*row, 1) == nullptr)
             line.setBottom(row == &item ? middle.y() : line.top() - 1);
         if (row == &item) {
-            DrawDots(canvas, QRect(middle, QPoint(square.right(), middle.y())), ink);
+            DrawDots(dc, QRect(middle, QPoint(square.right(), middle.y())), ink);
             if (row == topLevelItem(0))
                 line.setTop(middle.y());
         }
-        DrawDots(canvas, line, ink);
+        DrawDots(dc, line, ink);
         square.translate(-square.width(), 0);
     }
 }
 
-void TreeWindow::DrawButton(const gdi::Canvas& canvas, const TreeItem& item, const QRect& square) const
+void TreeWindow::DrawButton(const gdi::DeviceContext& dc, const TreeItem& item, const QRect& square) const
 {
-    const gdi::Pixel ink = gdi::ToPixel(GetSysColor(COLOR_WINDOWTEXT));
-    QRect button(0, 0, buttonSize, buttonSize);
-    button.moveCenter(square.center());
-    canvas.FillBox(gdi::ToBox(button), gdi::ToPixel(GetSysColor(COLOR_BTNSHADOW)));
-    canvas.FillBox(gdi::ToBox(button.adjusted(1, 1, -1, -1)), gdi::ToPixel(GetSysColor(COLOR_WINDOW)));
-    const int half = buttonSize / 2;
-    canvas.FillBox(gdi::ToBox(button.adjusted(signInset, half, -signInset, -half)), ink);
+    const gdi::Box middle = dc.PixelsOfStrip(gdi::ToBox(QRect(square.center(), QSize(1, 1))));
+    const auto fill = [&](std::int64_t across, std::int64_t down, int color) {
+        dc.Drawing.FillBox(
+            {middle.Left - across, middle.Top - down, middle.Right + across, middle.Bottom + down},
+            gdi::ToPixel(GetSysColor(color)));
+    };
+    const std::int64_t edge = dc.Grid.Length(buttonReach);
+    const std::int64_t within = edge - dc.Grid.Thickness();
+    const std::int64_t sign = dc.Grid.Length(signReach);
+    fill(edge, edge, COLOR_BTNSHADOW);
+    fill(within, within, COLOR_WINDOW);
+    fill(sign, 0, COLOR_WINDOWTEXT);
     if (!item.IsExpanded())
-        canvas.FillBox(gdi::ToBox(button.adjusted(half, signInset, -half, -signInset)), ink);
+        fill(0, sign, COLOR_WINDOWTEXT);
 }
 
 void TreeWindow::DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const
@@ -172,7 +175,7 @@ void TreeWindow::DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, con
     QRect label = places.Label;
     if ((Style & TVS_FULLROWSELECT) != 0)
         label.setRight(places.Row.right());
-    gdi::DeviceContext::FromHandle(context)->Drawing.FillBox(gdi::ToBox(label), gdi::ToPixel(draw.clrTextBk));
+    gdi::DeviceContext::FromHandle(context)->FillUnits(gdi::ToBox(label), gdi::ToPixel(draw.clrTextBk));
 
     const QString& text = item.Text();
     RECT place = gdi::ToRect(label);

@@ -9,9 +9,9 @@ namespace gdi
 namespace
 {
 
-HDC MakeContext(const Surface& surface, const Box& clip)
+HDC MakeContext(const Surface& surface, const Box& clip, const PixelGrid& grid)
 {
-    auto* const context = new (std::nothrow) DeviceContext(surface, clip);
+    auto* const context = new (std::nothrow) DeviceContext(surface, clip, grid);
     return context == nullptr ? nullptr : context->Handle();
 }
 
@@ -30,7 +30,10 @@ template <class Value> Value Get(HDC context, Value DeviceContext::*member, Valu
 
 } // namespace
 
-DeviceContext::DeviceContext(const Surface& surface, const Box& clip) : Drawing(surface, clip) {}
+DeviceContext::DeviceContext(const Surface& surface, const Box& clip, const PixelGrid& grid)
+    : Drawing(surface, grid.Pixels(clip)), Grid(grid)
+{
+}
 
 DeviceContext::~DeviceContext()
 {
@@ -55,6 +58,7 @@ HGDIOBJ DeviceContext::Select(GdiObject& object)
             return &*SelectedBitmap == &bitmap ? bitmap.Handle() : nullptr;
         const Surface pixels = bitmap.Pixels();
         Drawing = Canvas(pixels, {0, 0, pixels.Width, pixels.Height});
+        Grid = bitmap.Grid();
         return SelectedBitmap.Replace(bitmap);
     }
     default:
@@ -67,7 +71,19 @@ Stroke DeviceContext::PenStroke() const
     Stroke stroke = SelectedPen->ThinStroke();
     if (!stroke.IsSolid() && BackgroundMode == OPAQUE)
         stroke.Gap = ToPixel(BackgroundColor);
+    stroke.Thickness = Grid.Thickness();
+    stroke.Scale = Grid.Scale();
     return stroke;
+}
+
+Box DeviceContext::PixelsOfStrip(const Box& units) const
+{
+    Box pixels = Grid.Pixels(units);
+    if (units.Right - units.Left == 1)
+        pixels.Right = pixels.Left + Grid.Thickness();
+    if (units.Bottom - units.Top == 1)
+        pixels.Bottom = pixels.Top + Grid.Thickness();
+    return pixels;
 }
 
 CDC* DeviceContext::Wrapper()
@@ -87,9 +103,9 @@ void DeviceContext::ForgetAttached(const CDC* wrapper)
         m_attached = nullptr;
 }
 
-HDC CreateSurfaceDC(const Surface& surface, const RECT& clip)
+HDC CreateSurfaceDC(const Surface& surface, const RECT& clip, const PixelGrid& grid)
 {
-    return MakeContext(surface, ToBox(clip));
+    return MakeContext(surface, ToBox(clip), grid);
 }
 
 } // namespace gdi
@@ -98,7 +114,7 @@ using gdi::DeviceContext;
 
 HDC CreateCompatibleDC(HDC /*context*/)
 {
-    return gdi::MakeContext({}, {0, 0, 0, 0});
+    return gdi::MakeContext({}, {0, 0, 0, 0}, {});
 }
 
 BOOL DeleteDC(HDC context)
@@ -161,5 +177,9 @@ COLORREF GetBkColor(HDC context)
 
 BOOL PtVisible(HDC context, int x, int y)
 {
-    return context != nullptr && DeviceContext::FromHandle(context)->Drawing.Contains(x, y) ? TRUE : FALSE;
+    if (context == nullptr)
+        return FALSE;
+    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    const gdi::Point pixel = target.Grid.Middle({x, y});
+    return target.Drawing.Contains(pixel.X, pixel.Y) ? TRUE : FALSE;
 }

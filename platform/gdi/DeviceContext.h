@@ -40,7 +40,8 @@ private:
 class DeviceContext
 {
 public:
-    DeviceContext(const Surface& surface, const Box& clip);
+    // The clip box is in units of the grid.
+    DeviceContext(const Surface& surface, const Box& clip, const PixelGrid& grid);
     DeviceContext(const DeviceContext&) = delete;
     DeviceContext& operator=(const DeviceContext&) = delete;
     ~DeviceContext();
@@ -60,7 +61,12 @@ public:
     HDC Handle() { return reinterpret_cast<HDC>(this); }
     static DeviceContext* FromHandle(HDC handle) { return reinterpret_cast<DeviceContext*>(handle); }
 
-    Canvas Drawing;
+    // Fills a box of units. A side of one unit is a line, as thick as any other.
+    void FillUnits(const Box& units, Pixel ink) const { Drawing.FillBox(PixelsOfStrip(units), ink); }
+    Box PixelsOfStrip(const Box& units) const;
+
+    Canvas Drawing; // in pixels
+    PixelGrid Grid; // of the units that callers draw in
     Selection<Pen> SelectedPen{StockPen(BLACK_PEN)};
     Selection<Brush> SelectedBrush{StockBrush(WHITE_BRUSH)};
     Selection<Font> SelectedFont{StockFont()};
@@ -77,8 +83,8 @@ private:
 };
 
 // A context on pixels of the caller's, which have to outlive it. Nothing is drawn outside of the clip
-// rectangle. Null without memory. To be deleted by DeleteDC.
-HDC CreateSurfaceDC(const Surface& surface, const RECT& clip);
+// rectangle, which is in units of the grid. Null without memory. To be deleted by DeleteDC.
+HDC CreateSurfaceDC(const Surface& surface, const RECT& clip, const PixelGrid& grid = {});
 
 struct ContextEnd {
     using pointer = HDC;

@@ -15,18 +15,21 @@ std::int64_t Bounded(std::int64_t coordinate)
     return std::clamp(coordinate, -coordinateLimit, coordinateLimit);
 }
 
-Point ToPoint(std::int64_t x, std::int64_t y)
+Point Bounded(Point point)
 {
-    return {Bounded(x), Bounded(y)};
+    return {Bounded(point.X), Bounded(point.Y)};
 }
 
-// The box of a shape with its sides in order. Without an outline it loses its right and bottom edge.
+// The pixels of a shape's box with its sides in order. Without an outline it loses its right and bottom edge.
 Box ShapeBox(const DeviceContext& context, int left, int top, int right, int bottom)
 {
-    const Point first = ToPoint(std::min(left, right), std::min(top, bottom));
-    const Point last = ToPoint(std::max(left, right), std::max(top, bottom));
     const int missing = context.SelectedPen->IsNull() ? 1 : 0;
-    return {first.X, first.Y, last.X - missing, last.Y - missing};
+    const Point first{std::min(left, right), std::min(top, bottom)};
+    const Point last{std::int64_t{std::max(left, right)} - missing,
+                     std::int64_t{std::max(top, bottom)} - missing};
+    const Point corner = Bounded(context.Grid.Corner(first));
+    const Point opposite = Bounded(context.Grid.Corner(last));
+    return {corner.X, corner.Y, opposite.X, opposite.Y};
 }
 
 void DrawLine(const DeviceContext& context, Point from, Point to)
@@ -34,21 +37,27 @@ void DrawLine(const DeviceContext& context, Point from, Point to)
     const Pen& pen = *context.SelectedPen;
     if (pen.IsNull())
         return;
-    if (pen.IsWide())
-        DrawWideLine(context.Drawing, from, to, pen.Width(), pen.Ink());
-    else
-        DrawThinLine(context.Drawing, from, to, context.PenStroke());
+    const PixelGrid& grid = context.Grid;
+    if (!pen.IsWide())
+        return DrawThinLine(context.Drawing, Bounded(grid.Corner(from)), Bounded(grid.Corner(to)),
+                            context.PenStroke());
+    const std::optional<Point> last = LastPixelOfLine(from, to);
+    if (!last)
+        return;
+    const std::int64_t width = grid.Length(pen.Width());
+    DrawWideLine(context.Drawing, Bounded(grid.OnLine(from, pen.Width(), width)),
+                 Bounded(grid.OnLine(*last, pen.Width(), width)), width, pen.Ink());
 }
 
 // Clockwise: each corner is the start of one side.
 void DrawFrame(const DeviceContext& context, const Box& box)
 {
     const Stroke stroke = context.PenStroke();
-    const std::int64_t right = box.Right - 1;
-    const std::int64_t bottom = box.Bottom - 1;
+    const std::int64_t right = box.Right - stroke.Thickness;
+    const std::int64_t bottom = box.Bottom - stroke.Thickness;
     const Canvas& canvas = context.Drawing;
-    if (right == box.Left || bottom == box.Top) {
-        const Point end = bottom == box.Top ? Point{box.Right, box.Top} : Point{box.Left, box.Bottom};
+    if (right <= box.Left || bottom <= box.Top) {
+        const Point end = bottom <= box.Top ? Point{box.Right, box.Top} : Point{box.Left, box.Bottom};
         return DrawThinLine(canvas, {box.Left, box.Top}, end, stroke);
     }
     DrawThinLine(canvas, {box.Left, box.Top}, {right, box.Top}, stroke);
@@ -91,7 +100,7 @@ BOOL LineTo(HDC context, int x, int y)
     if (context == nullptr)
         return FALSE;
     DeviceContext& target = *DeviceContext::FromHandle(context);
-    gdi::DrawLine(target, gdi::ToPoint(target.Position.x, target.Position.y), gdi::ToPoint(x, y));
+    gdi::DrawLine(target, gdi::Bounded({target.Position.x, target.Position.y}), gdi::Bounded({x, y}));
     target.Position = {x, y};
     return TRUE;
 }
@@ -106,7 +115,7 @@ BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
         return TRUE;
     const bool hasOutline = !target.SelectedPen->IsNull();
     if (const auto ink = target.SelectedBrush->Ink()) {
-        const int frame = hasOutline ? 1 : 0;
+        const std::int64_t frame = hasOutline ? target.Grid.Thickness() : 0;
         target.Drawing.FillBox({box.Left + frame, box.Top + frame, box.Right - frame, box.Bottom - frame},
                                *ink);
     }
@@ -123,7 +132,7 @@ BOOL Ellipse(HDC context, int left, int top, int right, int bottom)
     const gdi::Pen& pen = *target.SelectedPen;
     const auto outline = pen.IsNull() ? std::nullopt : std::optional<gdi::Pixel>(pen.Ink());
     gdi::DrawEllipse(target.Drawing, gdi::ShapeBox(target, left, top, right, bottom), outline,
-                     target.SelectedBrush->Ink());
+                     target.SelectedBrush->Ink(), target.Grid.Thickness());
     return TRUE;
 }
 
@@ -133,7 +142,8 @@ BOOL FloodFill(HDC context, int x, int y, COLORREF border)
         return FALSE;
     const DeviceContext& target = *DeviceContext::FromHandle(context);
     const auto ink = target.SelectedBrush->Ink();
-    return ink && gdi::FloodFill(target.Drawing, {x, y}, gdi::ToPixel(border), *ink) ? TRUE : FALSE;
+    const gdi::Point from = target.Grid.Middle({x, y});
+    return ink && gdi::FloodFill(target.Drawing, from, gdi::ToPixel(border), *ink) ? TRUE : FALSE;
 }
 
 BOOL CloseFigure(HDC /*context*/)
@@ -147,7 +157,7 @@ BOOL FillRect(HDC context, LPCRECT rectangle, HBRUSH brush)
     if (context == nullptr || object == nullptr || rectangle == nullptr)
         return FALSE;
     if (const auto ink = object->Ink())
-        DeviceContext::FromHandle(context)->Drawing.FillBox(gdi::ToBox(*rectangle), *ink);
+        DeviceContext::FromHandle(context)->FillUnits(gdi::ToBox(*rectangle), *ink);
     return TRUE;
 }
 
@@ -157,11 +167,13 @@ BOOL BitBlt(HDC to, int x, int y, int width, int height, HDC from, int fromX, in
         return FALSE;
     const gdi::Canvas& target = DeviceContext::FromHandle(to)->Drawing;
     const gdi::Canvas& source = DeviceContext::FromHandle(from)->Drawing;
-    const std::int64_t across = std::int64_t{fromX} - x;
-    const std::int64_t down = std::int64_t{fromY} - y;
+    const gdi::PixelGrid& grid = DeviceContext::FromHandle(to)->Grid;
+    const gdi::Point first = DeviceContext::FromHandle(from)->Grid.Corner({fromX, fromY});
+    const std::int64_t across = first.X - grid.X(x);
+    const std::int64_t down = first.Y - grid.Y(y);
     const Box& there = source.Clip();
     const Box readable{there.Left - across, there.Top - down, there.Right - across, there.Bottom - down};
-    const Box wanted{x, y, std::int64_t{x} + width, std::int64_t{y} + height};
+    const Box wanted = grid.Pixels({x, y, std::int64_t{x} + width, std::int64_t{y} + height});
     const Box box = wanted.Intersect(target.Clip()).Intersect(readable);
     if (!box.IsEmpty())
         gdi::CopyPixels(target, box, source, down, across);

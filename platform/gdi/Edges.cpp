@@ -30,39 +30,43 @@ Pixel SysPixel(int index)
     return ToPixel(GetSysColor(index));
 }
 
-void DrawBorder(const Canvas& canvas, const Box& box, const Border& border, UINT sides)
+void DrawBorder(const DeviceContext& context, const Box& box, const Border& border, UINT sides)
 {
+    const Canvas& canvas = context.Drawing;
+    const std::int64_t width = context.Grid.Thickness();
     const Pixel lit = SysPixel(border.Lit);
     const Pixel shaded = SysPixel(border.Shaded);
     if ((sides & BF_LEFT) != 0)
-        canvas.FillBox({box.Left, box.Top, box.Left + 1, box.Bottom}, lit);
+        canvas.FillBox({box.Left, box.Top, box.Left + width, box.Bottom}, lit);
     if ((sides & BF_TOP) != 0)
-        canvas.FillBox({box.Left, box.Top, box.Right, box.Top + 1}, lit);
+        canvas.FillBox({box.Left, box.Top, box.Right, box.Top + width}, lit);
     if ((sides & BF_RIGHT) != 0)
-        canvas.FillBox({box.Right - 1, box.Top, box.Right, box.Bottom}, shaded);
+        canvas.FillBox({box.Right - width, box.Top, box.Right, box.Bottom}, shaded);
     if ((sides & BF_BOTTOM) != 0)
-        canvas.FillBox({box.Left, box.Bottom - 1, box.Right, box.Bottom}, shaded);
+        canvas.FillBox({box.Left, box.Bottom - width, box.Right, box.Bottom}, shaded);
 }
 
 // The box without the named sides.
-Box Within(const Box& box, UINT sides)
+Box Within(const DeviceContext& context, const Box& box, UINT sides)
 {
-    return {box.Left + ((sides & BF_LEFT) != 0 ? 1 : 0), box.Top + ((sides & BF_TOP) != 0 ? 1 : 0),
-            box.Right - ((sides & BF_RIGHT) != 0 ? 1 : 0), box.Bottom - ((sides & BF_BOTTOM) != 0 ? 1 : 0)};
+    const auto width = [&](UINT side) { return (sides & side) != 0 ? context.Grid.Thickness() : 0; };
+    return {box.Left + width(BF_LEFT), box.Top + width(BF_TOP), box.Right - width(BF_RIGHT),
+            box.Bottom - width(BF_BOTTOM)};
 }
 
-void DrawEdges(const Canvas& canvas, Box box, UINT edge, UINT sides)
+// All boxes here are in pixels.
+void DrawEdges(const DeviceContext& context, Box box, UINT edge, UINT sides)
 {
     for (const Border& border : outerBorders) {
         if ((edge & border.Edge) != 0) {
-            DrawBorder(canvas, box, border, sides);
-            box = Within(box, sides);
+            DrawBorder(context, box, border, sides);
+            box = Within(context, box, sides);
             break;
         }
     }
     for (const Border& border : innerBorders) {
         if ((edge & border.Edge) != 0)
-            return DrawBorder(canvas, box, border, sides);
+            return DrawBorder(context, box, border, sides);
     }
 }
 
@@ -81,29 +85,26 @@ void DrawArrowDown(const Canvas& canvas, const Box& button, std::int64_t shift, 
     }
 }
 
-void DrawScrollButton(const Canvas& canvas, const Box& box, UINT state)
+void DrawScrollButton(const DeviceContext& context, const Box& box, UINT state)
 {
+    const Canvas& canvas = context.Drawing;
     const bool isPushed = (state & DFCS_PUSHED) != 0;
     canvas.FillBox(box, SysPixel(isPushed ? COLOR_BTNSHADOW : COLOR_BTNFACE));
     if (isPushed)
-        canvas.FillBox(Within(box, BF_RECT), SysPixel(COLOR_BTNFACE));
+        canvas.FillBox(Within(context, box, BF_RECT), SysPixel(COLOR_BTNFACE));
     else
-        DrawEdges(canvas, box, EDGE_RAISED, BF_RECT);
-    const std::int64_t shift = isPushed ? 1 : 0;
+        DrawEdges(context, box, EDGE_RAISED, BF_RECT);
+    const std::int64_t step = context.Grid.Thickness();
+    const std::int64_t shift = isPushed ? step : 0;
     if ((state & DFCS_INACTIVE) == 0)
         return DrawArrowDown(canvas, box, shift, SysPixel(COLOR_BTNTEXT));
-    DrawArrowDown(canvas, box, shift + 1, SysPixel(COLOR_BTNHIGHLIGHT));
+    DrawArrowDown(canvas, box, shift + step, SysPixel(COLOR_BTNHIGHLIGHT));
     DrawArrowDown(canvas, box, shift, SysPixel(COLOR_BTNSHADOW));
 }
 
-// Chooses by the position on the surface, so that each call inverts the same pixels.
-void InvertEverySecond(const Canvas& canvas, const Box& box)
+void InvertDots(const DeviceContext& context, const Box& box)
 {
-    const Box visible = box.Intersect(canvas.Clip());
-    for (std::int64_t y = visible.Top; y < visible.Bottom; ++y) {
-        for (std::int64_t x = visible.Left + ((visible.Left ^ y) & 1); x < visible.Right; x += 2)
-            canvas.At(x, y) ^= colorBits;
-    }
+    ForEachDot(context.Drawing, box, context.Grid.Thickness(), [](Pixel& pixel) { pixel ^= colorBits; });
 }
 
 } // namespace
@@ -117,7 +118,8 @@ BOOL DrawEdge(HDC context, LPRECT rectangle, UINT edge, UINT flags)
 {
     if (context == nullptr || rectangle == nullptr)
         return FALSE;
-    gdi::DrawEdges(DeviceContext::FromHandle(context)->Drawing, gdi::ToBox(*rectangle), edge, flags);
+    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    gdi::DrawEdges(target, target.Grid.Pixels(gdi::ToBox(*rectangle)), edge, flags);
     return TRUE;
 }
 
@@ -127,9 +129,10 @@ BOOL DrawFrameControl(HDC context, LPRECT rectangle, UINT type, UINT state)
     if (context == nullptr || rectangle == nullptr || type != DFC_SCROLL ||
         (state & ~(DFCS_INACTIVE | DFCS_PUSHED)) != mark)
         return FALSE;
-    const Box box = gdi::ToBox(*rectangle);
+    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    const Box box = target.Grid.Pixels(gdi::ToBox(*rectangle));
     if (!box.IsEmpty())
-        gdi::DrawScrollButton(DeviceContext::FromHandle(context)->Drawing, box, state);
+        gdi::DrawScrollButton(target, box, state);
     return TRUE;
 }
 
@@ -137,16 +140,17 @@ BOOL DrawFocusRect(HDC context, LPCRECT rectangle)
 {
     if (context == nullptr || rectangle == nullptr)
         return FALSE;
-    const gdi::Canvas& canvas = DeviceContext::FromHandle(context)->Drawing;
-    const Box box = gdi::ToBox(*rectangle);
+    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    const Box box = target.PixelsOfStrip(gdi::ToBox(*rectangle));
     if (box.IsEmpty())
         return TRUE;
-    const Box within{box.Left, box.Top + 1, box.Right, box.Bottom - 1};
-    gdi::InvertEverySecond(canvas, {box.Left, box.Top, box.Right, box.Top + 1});
-    if (box.Bottom - 1 > box.Top)
-        gdi::InvertEverySecond(canvas, {box.Left, box.Bottom - 1, box.Right, box.Bottom});
-    gdi::InvertEverySecond(canvas, {box.Left, within.Top, box.Left + 1, within.Bottom});
-    if (box.Right - 1 > box.Left)
-        gdi::InvertEverySecond(canvas, {box.Right - 1, within.Top, box.Right, within.Bottom});
+    const std::int64_t width = target.Grid.Thickness();
+    const Box within{box.Left + width, box.Top + width, box.Right - width, box.Bottom - width};
+    gdi::InvertDots(target, {box.Left, box.Top, box.Right, box.Top + width});
+    if (within.Bottom >= box.Top + width)
+        gdi::InvertDots(target, {box.Left, within.Bottom, box.Right, box.Bottom});
+    gdi::InvertDots(target, {box.Left, within.Top, box.Left + width, within.Bottom});
+    if (within.Right >= box.Left + width)
+        gdi::InvertDots(target, {within.Right, within.Top, box.Right, within.Bottom});
     return TRUE;
 }

@@ -48,18 +48,21 @@ private:
 } // namespace
 
 void DrawEllipse(const Canvas& canvas, const Box& box, std::optional<Pixel> outline,
-                 std::optional<Pixel> interior)
+                 std::optional<Pixel> interior, std::int64_t thickness)
 {
     const Box visible = box.Intersect(canvas.Clip());
     if (visible.IsEmpty())
         return;
     const EllipseRows rows(box);
+    const Box inner{box.Left + thickness, box.Top + thickness, box.Right - thickness, box.Bottom - thickness};
+    const EllipseRows within(inner.IsEmpty() ? Box{} : inner);
     Span above = rows.At(visible.Top - 1);
     Span here = rows.At(visible.Top);
     for (std::int64_t row = visible.Top; row < visible.Bottom; ++row) {
         const Span below = rows.At(row + 1);
-        Span inside{std::max({here.Left + 1, above.Left, below.Left}),
-                    std::min({here.Right - 1, above.Right, below.Right})};
+        Span inside = thickness > 1 ? within.At(row)
+                                    : Span{std::max({here.Left + 1, above.Left, below.Left}),
+                                           std::min({here.Right - 1, above.Right, below.Right})};
         if (inside.Left >= inside.Right || !outline)
             inside = outline ? Span{here.Right, here.Right} : here;
         if (outline) {

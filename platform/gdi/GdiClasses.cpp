@@ -123,7 +123,7 @@ void CDC::FillSolidRect(LPCRECT lpRect, COLORREF clr)
     if (m_hDC == nullptr)
         return;
     ::SetBkColor(m_hDC, clr);
-    DeviceContext::FromHandle(m_hDC)->Drawing.FillBox(gdi::ToBox(*lpRect), gdi::ToPixel(clr));
+    DeviceContext::FromHandle(m_hDC)->FillUnits(gdi::ToBox(*lpRect), gdi::ToPixel(clr));
 }
 
 void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF clr)

@@ -1,6 +1,7 @@
 #include "GdiObjects.h"
 
 #include "DashPattern.h"
+#include "DeviceContext.h"
 
 #include <afxgdi.h>
 #include <algorithm>
@@ -125,8 +126,8 @@ Pen::Pen(int style, int width, COLORREF color, bool isStock)
     }
 }
 
-Bitmap::Bitmap(int width, int height, bool isStock)
-    : GdiObject(Kind::Bitmap, isStock), m_width(width), m_height(height),
+Bitmap::Bitmap(int width, int height, const PixelGrid& grid, bool isStock)
+    : GdiObject(Kind::Bitmap, isStock), m_width(width), m_height(height), m_grid(grid),
       m_pixels(std::make_unique<Pixel[]>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)))
 {
 }
@@ -156,9 +157,15 @@ HFONT CreateFontIndirectW(const LOGFONTW* font)
 HBITMAP CreateCompatibleBitmap(HDC context, int width, int height)
 {
     if (context == nullptr || width <= 0 || height <= 0 || width > gdi::maxBitmapSide ||
-        height > gdi::maxBitmapSide || std::int64_t{width} * height > gdi::maxBitmapPixels)
+        height > gdi::maxBitmapSide)
         return nullptr;
-    return gdi::HandleOf<HBITMAP>(gdi::Make<gdi::Bitmap>(width, height));
+    const gdi::PixelGrid& grid = gdi::DeviceContext::FromHandle(context)->Grid;
+    const std::int64_t pixelWidth = grid.X(width);
+    const std::int64_t pixelHeight = grid.Y(height);
+    if (pixelWidth * pixelHeight > gdi::maxBitmapPixels)
+        return nullptr;
+    return gdi::HandleOf<HBITMAP>(
+        gdi::Make<gdi::Bitmap>(static_cast<int>(pixelWidth), static_cast<int>(pixelHeight), grid));
 }
 
 HPALETTE CreatePalette(const LOGPALETTE* palette)

@@ -1,6 +1,7 @@
 // The objects behind the handles of pens, brushes, fonts, bitmaps and palettes.
 #pragma once
 
+#include "PixelGrid.h"
 #include "Rasteriser.h"
 
 #include <memory>
@@ -101,15 +102,17 @@ private:
 class Bitmap : public GdiObject
 {
 public:
-    // Raises std::bad_alloc.
-    Bitmap(int width, int height, bool isStock = false);
+    // In pixels. Raises std::bad_alloc.
+    Bitmap(int width, int height, const PixelGrid& grid, bool isStock = false);
 
     // Empty for the stock bitmap, which is initially selected in memory contexts.
     Surface Pixels() const;
+    const PixelGrid& Grid() const { return m_grid; }
 
 private:
     int m_width;
     int m_height;
+    PixelGrid m_grid;
     std::unique_ptr<Pixel[]> m_pixels;
 };
 

@@ -38,7 +38,7 @@ Font& StockFont()
 
 Bitmap& StockBitmap()
 {
-    static Bitmap& bitmap = Standing<Bitmap>(1, 1, true);
+    static Bitmap& bitmap = Standing<Bitmap>(1, 1, PixelGrid(), true);
     return bitmap;
 }
 

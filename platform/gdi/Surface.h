@@ -80,4 +80,18 @@ private:
     Box m_clip{0, 0, 0, 0};
 };
 
+// Calls draw(pixel) for every second square of that many pixels within the box. The position on the surface
+// decides which, so that dotted areas that meet continue each other, and a second call gets the same pixels.
+template <class Draw>
+void ForEachDot(const Canvas& canvas, const Box& box, std::int64_t size, const Draw& draw)
+{
+    const Box visible = box.Intersect(canvas.Clip());
+    for (std::int64_t y = visible.Top; y < visible.Bottom; ++y) {
+        for (std::int64_t x = visible.Left; x < visible.Right; ++x) {
+            if (((x / size ^ y / size) & 1) == 0)
+                draw(canvas.At(x, y));
+        }
+    }
+}
+
 } // namespace gdi

@@ -89,17 +89,21 @@ public:
     void Draw() const
     {
         const Canvas& canvas = m_context.Drawing;
-        const Box clip = ToBox(m_rect).Intersect(canvas.Clip());
+        const PixelGrid& grid = m_context.Grid;
+        const Box clip = grid.Pixels(ToBox(m_rect)).Intersect(canvas.Clip());
         if (clip.IsEmpty())
             return;
         QImage image = ToQImage(canvas.Target());
         QPainter painter(&image);
         painter.setClipRect(ToQRect(clip));
+        painter.translate(grid.Left(), grid.Top());
+        painter.scale(grid.Scale(), grid.Scale());
         painter.setFont(m_font);
         painter.setPen(ToQColor(m_context.TextColor));
+        const Canvas clipped(canvas.Target(), clip);
         int y = Top();
         for (const Line& line : m_lines) {
-            DrawLine(painter, line, y);
+            DrawLine(painter, clipped, line, y);
             y += m_metrics.height();
         }
     }
@@ -111,7 +115,7 @@ private:
         return m_rect.top + (isCentred ? (m_rect.bottom - m_rect.top - Height()) / 2 : 0);
     }
 
-    void DrawLine(QPainter& painter, const Line& line, int y) const
+    void DrawLine(QPainter& painter, const Canvas& canvas, const Line& line, int y) const
     {
         const int space = m_rect.right - m_rect.left;
         QString text = line.Text;
@@ -122,13 +126,18 @@ private:
         const int x = m_rect.left + ((m_format & DT_CENTER) != 0 ? (space - width) / 2 : 0);
         const int baseline = y + m_metrics.ascent();
         if (m_context.BackgroundMode == OPAQUE)
-            painter.fillRect(x, y, width, m_metrics.height(), ToQColor(m_context.BackgroundColor));
+            FillUnits(canvas, {x, y, x + width, y + m_metrics.height()}, m_context.BackgroundColor);
         painter.drawText(x, baseline, text);
         if (line.Underlined < 0 || line.Underlined >= text.size())
             return;
         const int start = x + m_metrics.horizontalAdvance(text.left(line.Underlined));
         const int end = x + m_metrics.horizontalAdvance(text.left(line.Underlined + 1));
-        painter.fillRect(start, baseline + 1, end - start, 1, painter.pen().color());
+        FillUnits(canvas, {start, baseline + 1, end, baseline + 2}, m_context.TextColor);
+    }
+
+    void FillUnits(const Canvas& canvas, const Box& units, COLORREF color) const
+    {
+        canvas.FillBox(m_context.PixelsOfStrip(units), ToPixel(color));
     }
 
     const DeviceContext& m_context;

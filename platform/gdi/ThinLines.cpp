@@ -1,4 +1,4 @@
-// Lines one pixel wide.
+// Lines one unit wide.
 #include "IntegerMath.h"
 #include "Rasteriser.h"
 
@@ -79,8 +79,9 @@ void DrawSolidStraight(const Canvas& canvas, Point from, Point to, Pixel ink)
         canvas.FillBox({from.X, std::min(from.Y, to.Y + 1), from.X + 1, std::max(from.Y + 1, to.Y)}, ink);
 }
 
-// Calls draw(step, pixel) for each pixel within the clip box.
-template <class Draw> void WalkPixels(const Canvas& canvas, const Walk& walk, const Draw& draw)
+// Calls draw(step, minor, major) for each pixel from which that many across meet the clip box.
+template <class Draw>
+void WalkPixels(const Canvas& canvas, const Walk& walk, std::int64_t across, const Draw& draw)
 {
     std::int64_t j = walk.First();
     std::int64_t last = walk.Last();
@@ -88,7 +89,7 @@ template <class Draw> void WalkPixels(const Canvas& canvas, const Walk& walk, co
     if (j >= last)
         return;
     const Box& clip = canvas.Clip();
-    const std::int64_t low = walk.IsSteep ? clip.Left : clip.Top;
+    const std::int64_t low = (walk.IsSteep ? clip.Left : clip.Top) - across + 1;
     const std::int64_t high = walk.IsSteep ? clip.Right : clip.Bottom;
     const std::int64_t whole = 2 * walk.Length;
     std::int64_t minor = walk.MinorStart() + walk.MinorStep * (walk.MinorNumerator(j) / whole);
@@ -96,13 +97,48 @@ template <class Draw> void WalkPixels(const Canvas& canvas, const Walk& walk, co
     std::int64_t major = walk.MajorStart() + walk.MajorStep * j;
     for (; j < last; ++j, major += walk.MajorStep) {
         if (minor >= low && minor < high)
-            draw(j, walk.IsSteep ? canvas.At(minor, major) : canvas.At(major, minor));
+            draw(j, minor, major);
         rest += 2 * walk.Depth;
         if (rest >= whole) {
             rest -= whole;
             minor += walk.MinorStep;
         }
     }
+}
+
+Pixel& PixelAt(const Canvas& canvas, const Walk& walk, std::int64_t minor, std::int64_t major)
+{
+    return walk.IsSteep ? canvas.At(minor, major) : canvas.At(major, minor);
+}
+
+// Each step is a bar across the line.
+void DrawDashes(const Canvas& canvas, const Walk& walk, const Stroke& stroke)
+{
+    const std::int64_t across = stroke.Thickness;
+    WalkPixels(canvas, walk, across, [&](std::int64_t j, std::int64_t minor, std::int64_t major) {
+        const std::int64_t steps = walk.IsUpwards ? walk.Length - j : j;
+        const auto unit = static_cast<std::int64_t>(static_cast<double>(steps) / stroke.Scale);
+        const bool isInked = (stroke.Dashes >> (unit % stroke.Period) & 1) != 0;
+        if (!isInked && !stroke.Gap)
+            return;
+        const Pixel ink = isInked ? stroke.Ink : *stroke.Gap;
+        if (across == 1)
+            PixelAt(canvas, walk, minor, major) = ink;
+        else if (walk.IsSteep)
+            canvas.FillBox({minor, major, minor + across, major + 1}, ink);
+        else
+            canvas.FillBox({major, minor, major + 1, minor + across}, ink);
+    });
+}
+
+// Through the middles of the squares of both ends. The last one touches the square at which the line ends.
+void DrawThickLine(const Canvas& canvas, const Walk& walk, Point from, const Stroke& stroke)
+{
+    const std::int64_t steps = std::max<std::int64_t>(walk.Length - stroke.Thickness, 0);
+    const Point last = walk.At(walk.IsUpwards ? walk.Length - steps : steps);
+    const std::int64_t half = stroke.Thickness / 2;
+    DrawWideLine(canvas, {from.X + half, from.Y + half}, {last.X + half, last.Y + half}, stroke.Thickness,
+                 stroke.Ink);
 }
 
 } // namespace
@@ -119,17 +155,15 @@ void DrawThinLine(const Canvas& canvas, Point from, Point to, const Stroke& stro
 {
     if (from.X == to.X && from.Y == to.Y)
         return;
-    if (stroke.IsSolid() && (from.X == to.X || from.Y == to.Y))
-        return DrawSolidStraight(canvas, from, to, stroke.Ink);
     const Walk walk = MakeWalk(from, to);
-    if (stroke.IsSolid())
-        return WalkPixels(canvas, walk, [&stroke](std::int64_t, Pixel& pixel) { pixel = stroke.Ink; });
-    WalkPixels(canvas, walk, [&](std::int64_t j, Pixel& pixel) {
-        const std::int64_t steps = walk.IsUpwards ? walk.Length - j : j;
-        if ((stroke.Dashes >> (steps % stroke.Period) & 1) != 0)
-            pixel = stroke.Ink;
-        else if (stroke.Gap)
-            pixel = *stroke.Gap;
+    if (!stroke.IsSolid())
+        return DrawDashes(canvas, walk, stroke);
+    if (stroke.Thickness > 1)
+        return DrawThickLine(canvas, walk, from, stroke);
+    if (from.X == to.X || from.Y == to.Y)
+        return DrawSolidStraight(canvas, from, to, stroke.Ink);
+    WalkPixels(canvas, walk, 1, [&](std::int64_t, std::int64_t minor, std::int64_t major) {
+        PixelAt(canvas, walk, minor, major) = stroke.Ink;
     });
 }
 

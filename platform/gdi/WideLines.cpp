@@ -105,12 +105,9 @@ private:
 
 } // namespace
 
-void DrawWideLine(const Canvas& canvas, Point from, Point to, std::int64_t width, Pixel ink)
+void DrawWideLine(const Canvas& canvas, Point first, Point last, std::int64_t width, Pixel ink)
 {
-    const std::optional<Point> last = LastPixelOfLine(from, to);
-    if (!last)
-        return;
-    const Capsule capsule(from, *last, width);
+    const Capsule capsule(first, last, width);
     const std::int64_t bottom = std::min(capsule.BottomRow(), canvas.Clip().Bottom - 1);
     for (std::int64_t row = std::max(capsule.TopRow(), canvas.Clip().Top); row <= bottom; ++row) {
         const Range pixels = capsule.PixelsOf(row);

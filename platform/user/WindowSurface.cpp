@@ -1,3 +1,4 @@
+#include "ScreenPixels.h"
 #include "Window.h"
 
 #include <DeviceContext.h>
@@ -23,12 +24,18 @@ public:
 
 } // namespace
 
+WindowSurface::WindowSurface(Window& window) : m_window(window) {}
+
+WindowSurface::~WindowSurface() = default;
+
 void WindowSurface::Invalidate(const QRect& rectangle, bool erase)
 {
     QWidget& client = m_window.Client();
     m_invalid += rectangle.intersected(client.rect());
     m_erase = m_erase || erase;
-    client.update(rectangle);
+    // At a broken scale, Qt may leave out a pixel at the edges of what it updates.
+    const int margin = client.devicePixelRatioF() == client.devicePixelRatio() ? 0 : 1;
+    client.update(rectangle.adjusted(-margin, -margin, margin, margin));
     // Qt doesn't repaint an opaque child with its parent.
     QWidget& widget = m_window.Widget();
     const auto originOf = [&widget](const QWidget& area) { return area.mapTo(&widget, QPoint(0, 0)); };
@@ -46,21 +53,21 @@ void WindowSurface::UpdateNow()
         m_window.Client().repaint(QRegion(m_invalid));
 }
 
-void WindowSurface::EnsurePixels()
+bool WindowSurface::EnsurePixels()
 {
     const QWidget& client = m_window.Client();
-    if (m_pixels.size() == client.size())
-        return;
-    m_pixels = QImage(client.size(), QImage::Format_RGB32);
-    m_pixels.fill(client.palette().color(QPalette::Window));
-    m_invalid = client.rect();
-    m_erase = true;
+    if (m_pixels == nullptr || !m_pixels->Fits(client)) {
+        m_pixels = std::make_unique<ScreenPixels>(client);
+        m_pixels->Fill(gdi::ToColorRef(client.palette().color(QPalette::Window)));
+        m_invalid = client.rect();
+        m_erase = true;
+    }
+    return !m_pixels->IsNull();
 }
 
 HDC WindowSurface::ContextOn(const QRect& clip)
 {
-    EnsurePixels();
-    return m_pixels.isNull() ? nullptr : gdi::CreateSurfaceDC(gdi::ToSurface(m_pixels), gdi::ToRect(clip));
+    return EnsurePixels() ? m_pixels->CreateContext(gdi::ToRect(clip)) : nullptr;
 }
 
 HDC WindowSurface::BeginPaint()
@@ -104,9 +111,8 @@ void WindowSurface::Paint(const QPaintEvent& event, const std::function<void()>&
         paint();
         m_invalid = {};
     }
-    if (!m_showsPixels || m_pixels.isNull())
+    if (!m_showsPixels || m_pixels == nullptr)
         return;
     QPainter painter(&m_window.Client());
-    for (const QRect& rectangle : event.region())
-        painter.drawImage(rectangle, m_pixels, rectangle);
+    m_pixels->Show(painter, QPoint(0, 0));
 }

@@ -1,18 +1,22 @@
 // What a window is painted on: its pixels, and which of them are out of date.
 #pragma once
 
-#include <QImage>
 #include <QRegion>
 #include <functional>
+#include <memory>
 #include <windef.h>
 
 class QPaintEvent;
+class ScreenPixels;
 class Window;
 
 class WindowSurface
 {
 public:
-    explicit WindowSurface(Window& window) : m_window(window) {}
+    explicit WindowSurface(Window& window);
+    WindowSurface(const WindowSurface&) = delete;
+    WindowSurface& operator=(const WindowSurface&) = delete;
+    ~WindowSurface();
 
     // In client coordinates. Invalidates the windows inside too.
     void Invalidate(const QRect& rectangle, bool erase);
@@ -37,11 +41,12 @@ public:
     bool IsDrawnByMessage = false;
 
 private:
-    void EnsurePixels();
+    // False without memory.
+    bool EnsurePixels();
     HDC ContextOn(const QRect& clip);
 
     Window& m_window;
-    QImage m_pixels; // as large as the client area, once there was a context on it
+    std::unique_ptr<ScreenPixels> m_pixels; // of the client area, once there was a context on it
     QRegion m_invalid;
     bool m_erase = true;
     bool m_showsPixels = false; // in the current paint event

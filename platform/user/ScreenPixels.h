@@ -1,0 +1,36 @@
+// The pixels of an area, as many as its screen has there. Drawn on in the area's coordinates, from (0, 0) on.
+#pragma once
+
+#include <PixelGrid.h>
+#include <QImage>
+#include <windef.h>
+
+class QPainter;
+class QWidget;
+
+class ScreenPixels
+{
+public:
+    // Not yet painted. Of a widget, at its place in its window.
+    explicit ScreenPixels(const QWidget& widget);
+    // Of a place in the painter's coordinates.
+    ScreenPixels(const QPainter& painter, const QRect& place);
+
+    bool IsNull() const { return m_image.isNull(); } // without memory
+    bool Fits(const QWidget& widget) const;
+
+    void Fill(COLORREF color);
+
+    // A context on them, which they have to outlive. Null without memory.
+    HDC CreateContext(const RECT& clip);
+
+    // Shows them one to one where the painter's clip lets it. The area's origin is in the painter's
+    // coordinates.
+    void Show(QPainter& painter, QPoint origin) const;
+
+private:
+    ScreenPixels(const gdi::PixelGrid& grid, QSize units);
+
+    gdi::PixelGrid m_grid;
+    QImage m_image;
+};
