@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GdiObjects.h"
+#include "RecentLines.h"
 
 #include <utility>
 
@@ -76,6 +77,7 @@ public:
     COLORREF BackgroundColor = RGB(255, 255, 255);
     int BackgroundMode = OPAQUE;
     POINT Position{0, 0};
+    RecentLines Lines;
 
 private:
     CDC* m_attached = nullptr;

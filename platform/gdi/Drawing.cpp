@@ -32,38 +32,44 @@ Box ShapeBox(const DeviceContext& context, int left, int top, int right, int bot
     return {corner.X, corner.Y, opposite.X, opposite.Y};
 }
 
-void DrawLine(const DeviceContext& context, Point from, Point to)
+void DrawStroke(DeviceContext& context, Point from, Point to, const Stroke& stroke)
+{
+    DrawThinLine(context.Drawing, from, to, stroke);
+    context.Lines.AddThin(from, to, stroke);
+}
+
+void DrawLine(DeviceContext& context, Point from, Point to)
 {
     const Pen& pen = *context.SelectedPen;
     if (pen.IsNull())
         return;
     const PixelGrid& grid = context.Grid;
     if (!pen.IsWide())
-        return DrawThinLine(context.Drawing, Bounded(grid.Corner(from)), Bounded(grid.Corner(to)),
-                            context.PenStroke());
+        return DrawStroke(context, Bounded(grid.Corner(from)), Bounded(grid.Corner(to)), context.PenStroke());
     const std::optional<Point> last = LastPixelOfLine(from, to);
     if (!last)
         return;
     const std::int64_t width = grid.Length(pen.Width());
-    DrawWideLine(context.Drawing, Bounded(grid.OnLine(from, pen.Width(), width)),
-                 Bounded(grid.OnLine(*last, pen.Width(), width)), width, pen.Ink());
+    const Point first = Bounded(grid.OnLine(from, pen.Width(), width));
+    const Point end = Bounded(grid.OnLine(*last, pen.Width(), width));
+    DrawWideLine(context.Drawing, first, end, width, pen.Ink());
+    context.Lines.AddWide(first, end, width, pen.Ink());
 }
 
 // Clockwise: each corner is the start of one side.
-void DrawFrame(const DeviceContext& context, const Box& box)
+void DrawFrame(DeviceContext& context, const Box& box)
 {
     const Stroke stroke = context.PenStroke();
     const std::int64_t right = box.Right - stroke.Thickness;
     const std::int64_t bottom = box.Bottom - stroke.Thickness;
-    const Canvas& canvas = context.Drawing;
     if (right <= box.Left || bottom <= box.Top) {
         const Point end = bottom <= box.Top ? Point{box.Right, box.Top} : Point{box.Left, box.Bottom};
-        return DrawThinLine(canvas, {box.Left, box.Top}, end, stroke);
+        return DrawStroke(context, {box.Left, box.Top}, end, stroke);
     }
-    DrawThinLine(canvas, {box.Left, box.Top}, {right, box.Top}, stroke);
-    DrawThinLine(canvas, {right, box.Top}, {right, bottom}, stroke);
-    DrawThinLine(canvas, {right, bottom}, {box.Left, bottom}, stroke);
-    DrawThinLine(canvas, {box.Left, bottom}, {box.Left, box.Top}, stroke);
+    DrawStroke(context, {box.Left, box.Top}, {right, box.Top}, stroke);
+    DrawStroke(context, {right, box.Top}, {right, bottom}, stroke);
+    DrawStroke(context, {right, bottom}, {box.Left, bottom}, stroke);
+    DrawStroke(context, {box.Left, bottom}, {box.Left, box.Top}, stroke);
 }
 
 // Takes the rows in an order that reads each before it is overwritten.
@@ -109,15 +115,16 @@ BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
 {
     if (context == nullptr)
         return FALSE;
-    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    DeviceContext& target = *DeviceContext::FromHandle(context);
     const Box box = gdi::ShapeBox(target, left, top, right, bottom);
     if (box.IsEmpty())
         return TRUE;
     const bool hasOutline = !target.SelectedPen->IsNull();
     if (const auto ink = target.SelectedBrush->Ink()) {
         const std::int64_t frame = hasOutline ? target.Grid.Thickness() : 0;
-        target.Drawing.FillBox({box.Left + frame, box.Top + frame, box.Right - frame, box.Bottom - frame},
-                               *ink);
+        const Box within{box.Left + frame, box.Top + frame, box.Right - frame, box.Bottom - frame};
+        target.Drawing.FillBox(within, *ink);
+        target.Lines.AddBox(within, *ink);
     }
     if (hasOutline)
         gdi::DrawFrame(target, box);
@@ -143,7 +150,8 @@ BOOL FloodFill(HDC context, int x, int y, COLORREF border)
     const DeviceContext& target = *DeviceContext::FromHandle(context);
     const auto ink = target.SelectedBrush->Ink();
     const gdi::Point from = target.Grid.Middle({x, y});
-    return ink && gdi::FloodFill(target.Drawing, from, gdi::ToPixel(border), *ink) ? TRUE : FALSE;
+    return ink && gdi::FloodFigure(target.Drawing, from, gdi::ToPixel(border), *ink, target.Lines) ? TRUE
+                                                                                                   : FALSE;
 }
 
 BOOL CloseFigure(HDC /*context*/)

@@ -1,5 +1,6 @@
-#include "Rasteriser.h"
+#include "RecentLines.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace gdi
@@ -83,22 +84,62 @@ private:
     std::vector<Seed> m_seeds;
 };
 
+bool CanFill(const Canvas& canvas, Point from, Pixel border)
+{
+    return canvas.Contains(from.X, from.Y) && !IsSameColor(canvas.At(from.X, from.Y), border);
+}
+
+Seed ToSeed(Point point)
+{
+    return {static_cast<int>(point.X), static_cast<int>(point.Y)};
+}
+
 } // namespace
 
 bool FloodFill(const Canvas& canvas, Point from, Pixel border, Pixel ink)
 {
-    if (!canvas.Contains(from.X, from.Y) || IsSameColor(canvas.At(from.X, from.Y), border))
+    if (!CanFill(canvas, from, border))
         return false;
-    const Seed first{static_cast<int>(from.X), static_cast<int>(from.Y)};
     Filler filler(canvas, border);
     if (IsSameColor(border, ink)) {
-        filler.Run(first, [](const Span&) {});
+        filler.Run(ToSeed(from), [](const Span&) {});
         return true;
     }
     std::vector<Span> spans;
-    filler.Run(first, [&spans](const Span& span) { spans.push_back(span); });
+    filler.Run(ToSeed(from), [&spans](const Span& span) { spans.push_back(span); });
     for (const Span& span : spans)
         canvas.FillSpan(span.Y, span.Left, span.Right, ink);
+    return true;
+}
+
+bool FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, const RecentLines& lines)
+{
+    constexpr std::int64_t maxArea = std::int64_t{1} << 18;
+    const std::optional<Box> figure = lines.Figure();
+    if (!figure || figure->IsWithin(canvas.Clip()) ||
+        figure->Right - figure->Left > maxArea / (figure->Bottom - figure->Top))
+        return FloodFill(canvas, from, border, ink);
+    const Box shown = figure->Intersect(canvas.Clip());
+    if (shown.IsEmpty())
+        return false;
+
+    // The whole figure, with what there is of it on the canvas.
+    const auto width = static_cast<int>(figure->Right - figure->Left);
+    const auto height = static_cast<int>(figure->Bottom - figure->Top);
+    std::vector<Pixel> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
+                              border ^ colorBits);
+    const Canvas whole({pixels.data(), width, height, width}, {0, 0, width, height});
+    lines.Draw(whole, {figure->Left, figure->Top});
+    for (std::int64_t y = shown.Top; y < shown.Bottom; ++y)
+        std::copy(canvas.Row(y) + shown.Left, canvas.Row(y) + shown.Right,
+                  whole.Row(y - figure->Top) + shown.Left - figure->Left);
+
+    const Point seed{from.X - figure->Left, from.Y - figure->Top};
+    if (!CanFill(whole, seed, border))
+        return false;
+    Filler(whole, border).Run(ToSeed(seed), [&](const Span& span) {
+        canvas.FillSpan(span.Y + figure->Top, span.Left + figure->Left, span.Right + figure->Left, ink);
+    });
     return true;
 }
 

@@ -34,6 +34,8 @@ struct Surface {
 struct Point {
     std::int64_t X;
     std::int64_t Y;
+
+    friend bool operator==(const Point&, const Point&) = default;
 };
 
 // Half-open, as all boxes are.
@@ -45,6 +47,10 @@ struct Box {
 
     bool IsEmpty() const { return Left >= Right || Top >= Bottom; }
     Box Intersect(const Box& other) const;
+    bool IsWithin(const Box& other) const
+    {
+        return Left >= other.Left && Top >= other.Top && Right <= other.Right && Bottom <= other.Bottom;
+    }
 };
 
 inline Box ToBox(const RECT& rect)

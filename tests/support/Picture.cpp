@@ -5,10 +5,11 @@
 namespace test
 {
 
-Picture::Picture(int width, int height, const RECT& clip)
-    : m_width(width), m_height(height), m_pixels(IndexOf(0, height), gdi::ToPixel(paper))
+Picture::Picture(int width, int height, const RECT& clip, const gdi::PixelGrid& grid)
+    : m_width(static_cast<int>(grid.X(width))), m_height(static_cast<int>(grid.Y(height))),
+      m_pixels(IndexOf(0, m_height), gdi::ToPixel(paper))
 {
-    m_dc.Attach(gdi::CreateSurfaceDC({m_pixels.data(), width, height, width}, clip));
+    m_dc.Attach(gdi::CreateSurfaceDC({m_pixels.data(), m_width, m_height, m_width}, clip, grid));
 }
 
 char Picture::At(int x, int y) const

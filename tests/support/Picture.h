@@ -22,10 +22,12 @@ class Picture
 {
 public:
     Picture(int width, int height) : Picture(width, height, {0, 0, width, height}) {}
-    Picture(int width, int height, const RECT& clip);
+    // On a grid, all lengths are in its units.
+    Picture(int width, int height, const RECT& clip, const gdi::PixelGrid& grid = {});
 
     CDC& Dc() { return m_dc; }
 
+    CSize Size() const { return {m_width, m_height}; }
     // Each row ends with a newline.
     std::string Text() const;
     char At(int x, int y) const;
@@ -47,7 +49,7 @@ public:
 private:
     std::size_t IndexOf(int x, int y) const { return static_cast<std::size_t>(y * m_width + x); }
 
-    int m_width;
+    int m_width; // in pixels
     int m_height;
     std::vector<gdi::Pixel> m_pixels;
     CDC m_dc;
