@@ -33,7 +33,7 @@ public:
 
 private:
     void DrawLine(std::span<const Reading> readings);
-    void DrawSymbols(std::span<const Reading> readings, int smallestDistance);
+    void DrawSymbols(std::span<const Reading> readings, int minDistance);
     void DrawRun(std::vector<QPoint> points);
     int SymbolDistance(const Curve& curve) const;
     QPoint PointOf(const Reading& reading) const;
