@@ -14,6 +14,8 @@
 namespace atlashost
 {
 
+constexpr int TickLength = 4; // pixels outside of the frame
+
 struct PanelLayout {
     QRect all;
     QRect title;

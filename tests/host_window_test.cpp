@@ -58,6 +58,7 @@ TEST(HostWindow, DoesWhatItsMenusSay)
     });
     find("Switch &user...")->trigger();
     EXPECT_EQ(calls, "edit edit edit S-1-5|Software\\Halvorn");
+    EXPECT_THROW(FirstSettings("no/name"), std::runtime_error);
     window.findChild<QListWidget*>()->setCurrentRow(0);
     find("&Remove from list")->trigger();
     EXPECT_EQ(window.statusBar()->findChild<QLabel*>()->text(), "AirLab: 2 files, 4 curves");

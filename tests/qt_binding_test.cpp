@@ -46,7 +46,7 @@ TEST(QtBinding, MakesThePictureOfEachSymbol)
 
 TEST(QtBinding, MakesThePenOfEachLine)
 {
-    for (short lineStyle = 0; lineStyle < 6; ++lineStyle) {
+    for (short lineStyle = 0; lineStyle < 7; ++lineStyle) { // the last is unknown
         k_LineDef style;
         style.LineStyle = lineStyle;
         test::Picture painted(side, 3);
