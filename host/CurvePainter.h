@@ -1,4 +1,4 @@
-// CurvePainter.h: draws curves in the style that the style atlas gives.
+// Draws curves in the style that the style atlas gives.
 #pragma once
 
 #include "PlotData.h"

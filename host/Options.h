@@ -1,4 +1,4 @@
-// Options.h: the command line of the program.
+// The command line of the program.
 #pragma once
 
 #include "Commands.h"

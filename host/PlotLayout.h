@@ -1,4 +1,4 @@
-// PlotLayout.h: the places of the parts of a plot.
+// The places of the parts of a plot.
 #pragma once
 
 #include "Axis.h"
