@@ -15,7 +15,7 @@
 namespace atlashost
 {
 
-// Draws in whole pixels, without antialiasing. The painter must outlive it.
+// Draws in whole pixels. The painter must outlive it; it has no antialiasing, and gets another pen.
 class CurvePainter
 {
 public:
