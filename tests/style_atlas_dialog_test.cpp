@@ -242,14 +242,21 @@ TEST_F(StyleAtlasDialog, WritesTheUnitLog)
     EXPECT_FALSE(fs::exists(file)) << "without the folder";
     m_prefix.MakeFolder("TEMP");
     test::WriteWhole(file, std::string(9999, 'x'));
-    Edit(user);
-    const std::u16string_view text =
-        u"Name\tQuantity\tSubquan\tIndx\tdevice\tflags\r\n"
+    const auto expectLog = [&](const std::u16string& lines) {
+        Edit(user);
+        const std::u16string text = u"Name\tQuantity\tSubquan\tIndx\tdevice\tflags\r\n" + lines;
+        EXPECT_EQ(test::ReadWhole(file),
+                  std::string(reinterpret_cast<const char*>(text.data()), 2 * text.size()));
+    };
+    expectLog(
         u"\t\tQuantity = 1\tSubQuantity = 0\tIndex = 0\tDevice = 0\tFlags = 0\r\n"
         u"\x3A9\t\tQuantity = 2\tSubQuantity = 70000\tIndex = 300\tDevice = 65535\tFlags = -2147483647\r\n"
-        u"U\t\tQuantity = 2\tSubQuantity = -2\tIndex = 1\tDevice = 7\tFlags = 5\r\n";
-    EXPECT_EQ(test::ReadWhole(file),
-              std::string(reinterpret_cast<const char*>(text.data()), 2 * text.size()));
+        u"U\t\tQuantity = 2\tSubQuantity = -2\tIndex = 1\tDevice = 7\tFlags = 5\r\n");
+    // The real unit library, which the call binds.
+    test::WriteWhole(PathOf("units"), "0; 30; 0; 0; 0; T; temperature\n");
+    const test::ScopedVariable catalogue("MENSURA_CATALOGUE", PathOf("units").c_str());
+    g_App.m_hUnitLibrary = nullptr;
+    expectLog(u"T (temperature)\t\tQuantity = 30\tSubQuantity = 0\tIndex = 0\tDevice = 0\tFlags = 0\r\n");
 }
 
 TEST_F(StyleAtlasDialog, TakesNoMoreMemoryAfterADaysWork)
