@@ -146,8 +146,7 @@ TEST(CurveDialog, NamesTheQuantityAndShowsPicturesAndALightGroundWhereTheRecords
                       isMixed ? std::string(15, 'l') : "lldhhhhhhhhdlll");
             EXPECT_EQ(test::RowOf(dialog.m_LineStyleCombo, middle, 44, 54),
                       isMixed ? std::string(10, 'l') : "ddhhhhhhdd");
-            for (int i = 0; i < 3; ++i)
-                Act(dialog, IDC_USE_SYMBOL_COLOR);
+            Act(dialog, IDC_USE_SYMBOL_COLOR);
             EXPECT_EQ(test::PixelOf(dialog.m_LineColorPicker, {20, 10}), COLORREF{6});
         };
         Edit(list, user, &quantity);
