@@ -9,7 +9,6 @@ void TreeWindow::NotifyExpanded(const TreeItem& item, WPARAM code)
 {
     NMTREEVIEWW notification{};
     notification.action = static_cast<UINT>(code);
-    notification.itemNew.mask = TVIF_HANDLE;
     notification.itemNew.hItem = item.Handle();
     Notify(notification.hdr, TVN_ITEMEXPANDEDW);
 }
