@@ -102,6 +102,7 @@ TEST_F(LayoutCombobox, AnItemWithoutARecordShowsTheTextOfTheBox)
 
 TEST_F(LayoutCombobox, AMixedBoxStaysLightWhenTheUserHasChosen)
 {
+    const test::DesktopColors colors({{QPalette::Base, filling}});
     Make(CBS_DROPDOWNLIST);
     for (int i = 0; i < 3; ++i)
         m_box.SendMessage(CB_INSERTSTRING, 0, static_cast<LPARAM>(Style()));

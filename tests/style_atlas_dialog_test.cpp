@@ -94,12 +94,15 @@ TEST_F(StyleAtlasDialog, IsTheOneOfTheHostAndOfTheUser)
 
 TEST_F(StyleAtlasDialog, ShowsBothEndsOfALongPathAndOpensWhereTheFileIs)
 {
-    std::vector<QImage> pictures;
-    for (const TCHAR last : {u'a', u'b'}) {
-        g_StyleAtlas.FilePath = (u"C:\\" + std::u16string(300, u'x') + u'\\' + last).c_str();
-        Edit([&](k_StyleAtlasDialog& dialog) { pictures.push_back(test::PictureOf(dialog.m_FilePathText)); });
-    }
-    EXPECT_FALSE(pictures[0] == pictures[1]);
+    Edit([&](k_StyleAtlasDialog& dialog) {
+        std::vector<QImage> pictures;
+        for (const TCHAR last : {u'a', u'b'}) {
+            const std::u16string path = u"C:\\" + std::u16string(300, u'x') + u'\\' + last;
+            dialog.m_FilePathText.SetWindowText(path.c_str());
+            pictures.push_back(test::PictureOf(dialog.m_FilePathText));
+        }
+        EXPECT_FALSE(pictures[0] == pictures[1]);
+    });
     m_prefix.MakeFolder("f");
     const std::string folder = m_prefix.Path();
     for (const auto& [path, folders] : {std::pair(_T(""), "/drive_c|"), {_T("C:\\f\\x"), "/drive_c/f|"}}) {
@@ -235,6 +238,7 @@ TEST_F(StyleAtlasDialog, GoesWithTheHostsWindowAtEveryStage)
 TEST_F(StyleAtlasDialog, WritesTheUnitLog)
 {
     const auto user = [](k_StyleAtlasDialog& dialog) {
+        EXPECT_FALSE(test::WidgetOf(*dialog.GetDlgItem(IDC_UNIT_LOG)).isVisible());
         dialog.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_UNIT_LOG, BN_CLICKED));
     };
     const fs::path file = m_prefix.Native("TEMP/UnitsLog.txt");
