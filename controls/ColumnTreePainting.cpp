@@ -39,7 +39,6 @@ public:
     {
         if (m_isSelected)
             m_dc.SelectObject(m_treeFont);
-        m_isSelected = false;
     }
 
 private:

@@ -15,7 +15,7 @@ LINES = ("solid", "dashed", "dotted", "dash-dotted", "dash-dot-dot", "none")
 # Type and name of what GetStyleAtlas takes, and of what it writes.
 ASKED = ((c_int16, "column"), (c_uint16, "quantity"), (c_uint8, "subquantity"), (c_uint8, "index"),
          (c_uint16, "device"), (c_uint32, "flags"))
-TOLD = ((c_uint32, "symbol colour"), (c_int16, "symbol shape"), (c_int16, "symbol size"), (c_int16, "symbol fill"),
+ANSWERED = ((c_uint32, "symbol colour"), (c_int16, "symbol shape"), (c_int16, "symbol size"), (c_int16, "symbol fill"),
         (c_uint32, "line colour"), (c_int16, "line style"), (c_int16, "line width"),
         (c_uint8, "line in the symbol's colour"))
 
@@ -46,7 +46,7 @@ def load(path):
         sys.exit(f"{error}; --library names the file")
     library.StyleAtlasSetApplication.argtypes = [POINTER(c_uint16)]
     library.StyleAtlasSetApplication.restype = None
-    library.GetStyleAtlas.argtypes = [kind for kind, _ in ASKED] + [POINTER(kind) for kind, _ in TOLD]
+    library.GetStyleAtlas.argtypes = [kind for kind, _ in ASKED] + [POINTER(kind) for kind, _ in ANSWERED]
     library.GetStyleAtlas.restype = c_int
     return library
 
@@ -74,10 +74,10 @@ def main():
     library = load(arguments.library)
     make_layout_folder(arguments.host)
     library.StyleAtlasSetApplication(utf16(arguments.host))
-    values = [kind() for kind, _ in TOLD]
+    values = [kind() for kind, _ in ANSWERED]
     if not library.GetStyleAtlas(*(getattr(arguments, name) for _, name in ASKED), *map(byref, values)):
         sys.exit("the table has no style for that")
-    for (_, name), value in zip(TOLD, values):
+    for (_, name), value in zip(ANSWERED, values):
         print(f"{name}: {in_words(name, value.value)}")
 
 

@@ -1,4 +1,4 @@
-// Axis.h: the ticks of an axis and their labels.
+// The ticks of an axis and their labels.
 #pragma once
 
 #include "PlotData.h"

@@ -1,4 +1,4 @@
-// Calendar.h: points of time in files and on axes.
+// Points of time in files and on axes.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,4 @@
-// CalendarSteps.h: the even steps of clock and calendar.
+// The even steps of clock and calendar.
 #pragma once
 
 #include <cstddef>

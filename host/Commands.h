@@ -1,4 +1,4 @@
-// Commands.h: what the program can do. Each command prints its results on standard output and errors on
+// What the program can do. Each command prints its results on standard output and errors on
 // standard error, and returns the exit status. The host must have named itself before.
 #pragma once
 

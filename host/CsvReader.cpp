@@ -25,7 +25,6 @@ bool CsvReader::Next()
         m_fields.clear();
         m_fieldCount = 0;
         m_line = m_nextLine;
-        m_hasOpenQuote = false;
         After after = After::Field;
         while (after == After::Field) {
             std::string field;
@@ -49,7 +48,7 @@ CsvReader::After CsvReader::ReadField(std::string& field)
             return After::Field;
         field += c;
     }
-    if (!m_rest.empty() && Take() == '\r')
+    if (!m_rest.empty()) // of CR LF the CR alone: Next skips an empty line
         Take();
     return After::Record;
 }

@@ -1,4 +1,4 @@
-// CsvReader.h: comma-separated values, record by record.
+// Comma-separated values, record by record.
 #pragma once
 
 #include <cstddef>

@@ -34,8 +34,6 @@ CurvePainter::Symbols CurvePainter::DrawCurve(const Curve& curve, QRect frame, R
     m_frame = frame;
     m_times = times;
     m_values = values;
-    m_painter.save();
-    m_painter.setRenderHint(QPainter::Antialiasing, false);
     m_painter.setPen(styleatlas::qt::MakePen(m_style));
     if (m_style.lineStyle != LineStyle::None)
         DrawLine(Downsampled(curve.readings, times, frame.width(), MaxLinePoints));
@@ -44,7 +42,6 @@ CurvePainter::Symbols CurvePainter::DrawCurve(const Curve& curve, QRect frame, R
         distance = SymbolDistance(curve);
         DrawSymbols(Downsampled(curve.readings, times, frame.width(), MaxSymbols), distance);
     }
-    m_painter.restore();
     return distance > 0 ? Symbols::OfSome : Symbols::OfAll;
 }
 
@@ -52,7 +49,6 @@ void CurvePainter::DrawSample(QRect rect)
 {
     const QPoint centre{rect.left() + rect.width() / 2, rect.top() + rect.height() / 2};
     m_painter.save();
-    m_painter.setRenderHint(QPainter::Antialiasing, false);
     m_painter.setClipRect(rect);
     m_painter.setPen(styleatlas::qt::MakePen(m_style));
     m_painter.drawLine(rect.left(), centre.y(), rect.left() + rect.width(), centre.y());

@@ -1,4 +1,4 @@
-// CurvePainter.h: draws curves in the style that the style atlas gives.
+// Draws curves in the style that the style atlas gives.
 #pragma once
 
 #include "PlotData.h"
@@ -15,7 +15,7 @@
 namespace atlashost
 {
 
-// Draws in whole pixels, without antialiasing. The painter must outlive it.
+// Draws in whole pixels. The painter must outlive it; it has no antialiasing, and gets another pen.
 class CurvePainter
 {
 public:
@@ -33,7 +33,7 @@ public:
 
 private:
     void DrawLine(std::span<const Reading> readings);
-    void DrawSymbols(std::span<const Reading> readings, int smallestDistance);
+    void DrawSymbols(std::span<const Reading> readings, int minDistance);
     void DrawRun(std::vector<QPoint> points);
     int SymbolDistance(const Curve& curve) const;
     QPoint PointOf(const Reading& reading) const;

@@ -20,7 +20,7 @@ public:
     void Begin(const Reading* first) { m_first = m_last = first; }
     void Add(const Reading* reading) { m_last = reading + 1; }
 
-    // Appends the readings to keep, in the order of time, and empties the column.
+    // Appends the readings to keep, in the order of time.
     void Finish(std::size_t maxCount)
     {
         const auto isLower = [](const Reading& a, const Reading& b) { return a.value < b.value; };
@@ -35,7 +35,6 @@ public:
             m_kept.resize(begin);
             m_kept.insert(m_kept.end(), std::begin(kept), std::end(kept));
         }
-        m_first = m_last;
     }
 
 private:

@@ -1,4 +1,4 @@
-// Downsampling.h: the readings that a picture can show.
+// The readings that a picture can show.
 #pragma once
 
 #include "PlotData.h"

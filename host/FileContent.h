@@ -1,4 +1,4 @@
-// FileContent.h: the content of a file.
+// The content of a file.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// FileList.h: the list of files in a window.
+// The list of files in a window.
 #pragma once
 
 #include <QByteArrayList>

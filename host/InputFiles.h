@@ -1,4 +1,4 @@
-// InputFiles.h: reads the measured files of a command line one by one.
+// Reads the measured files of a command line one by one.
 #pragma once
 
 #include "MeasuredFile.h"

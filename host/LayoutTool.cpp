@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <stdexcept>
@@ -21,15 +22,18 @@ namespace
 
 constexpr const char* ToolName = "atlas-layout";
 
-std::string ToolPath()
-{
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).replace_filename(ToolName);
-}
-
 [[noreturn]] void ThrowStartError(int error)
 {
     throw std::runtime_error{std::string{ToolName} + " cannot be started: " + std::strerror(error)};
+}
+
+std::string ToolPath()
+{
+    std::error_code error;
+    std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) // an empty path would lead to a tool in the current folder
+        ThrowStartError(error.value());
+    return program.replace_filename(ToolName);
 }
 
 // The arguments as exec takes them, the name of the tool before them.
@@ -59,6 +63,8 @@ std::string ReadAll(int descriptor)
 
 ToolResult RunLayoutTool(const std::vector<std::string>& arguments)
 {
+    const std::string path = ToolPath();
+    std::signal(SIGCHLD, SIG_DFL); // where a parent has left it ignored, the tool's exit status would be lost
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         ThrowStartError(errno);
@@ -67,7 +73,7 @@ ToolResult RunLayoutTool(const std::vector<std::string>& arguments)
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
     pid_t child = 0;
     const int error =
-        posix_spawn(&child, ToolPath().c_str(), &actions, nullptr, WithName(arguments).data(), environ);
+        posix_spawn(&child, path.c_str(), &actions, nullptr, WithName(arguments).data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     close(ends[1]);
     ToolResult result{Failed, error == 0 ? ReadAll(ends[0]) : std::string{}};

@@ -1,4 +1,4 @@
-// LibraryCalls.h: the calls of the style atlas by the program's window, which a test can replace.
+// The calls of the style atlas by the program's window, which a test can replace.
 #pragma once
 
 #include "styleatlas.h"

@@ -1,4 +1,4 @@
-// MainWindow.h: the window of the program: measured files, their plot, and the commands for their styles.
+// The window of the program: measured files, their plot, and the commands for their styles.
 #pragma once
 
 #include "LibraryCalls.h"

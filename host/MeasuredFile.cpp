@@ -68,13 +68,13 @@ private:
         m_file.timeHeader = WithoutBlanks(m_csv.Fields().front());
         for (std::size_t i = 1; i < m_csv.FieldCount(); ++i)
             m_file.columns.emplace_back().header = WithoutBlanks(m_csv.Fields()[i]);
-        TellOfOpenQuote();
+        RemarkOnOpenQuote();
     }
 
     void ReadRow()
     {
         ++m_file.rows;
-        TellOfOpenQuote();
+        RemarkOnOpenQuote();
         const std::size_t expected = m_file.columns.size() + 1;
         if (m_file.rows > MaxFields / expected)
             throw std::runtime_error{"more than 16 million fields"};
@@ -113,7 +113,7 @@ private:
                       Printable(column.header, MaxQuoteLength) + " is not a number");
     }
 
-    void TellOfOpenQuote()
+    void RemarkOnOpenQuote()
     {
         if (m_csv.HasOpenQuote())
             AddRemark("a quotation mark is never closed");

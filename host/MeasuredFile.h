@@ -1,4 +1,4 @@
-// MeasuredFile.h: a file of measured data: a head line, then a line for each point of time. The first column
+// A file of measured data: a head line, then a line for each point of time. The first column
 // is the time, each other column a curve.
 #pragma once
 

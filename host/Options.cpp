@@ -2,6 +2,7 @@
 
 #include "styleatlas.h"
 
+#include <bindings/terminal/CommandLine.h>
 #include <bindings/terminal/Text.h>
 
 #include <algorithm>
@@ -15,6 +16,8 @@ namespace atlashost
 {
 
 using styleatlas::terminal::Printable;
+using styleatlas::terminal::RejectedOption;
+using styleatlas::terminal::UsageError;
 
 const char* const Usage =
     R"(Usage: atlas-host [options] list FILE.csv...
@@ -64,12 +67,6 @@ constexpr option LongOptions[] = {
     {"version", no_argument, nullptr, Version},
     {},
 };
-
-// The option that getopt_long rejected. A short one can be in the middle of a word.
-std::string StoppedAt(const char* word)
-{
-    return "\"" + (optopt > ' ' ? std::string{'-', static_cast<char>(optopt)} : Printable(word)) + "\"";
-}
 
 std::int16_t ParseColumn(std::string_view text)
 {
@@ -169,9 +166,9 @@ Options ReadOptions(int argc, char** argv)
             options.action = Action::Version;
             return options;
         case NoArgument:
-            throw UsageError{"the option " + StoppedAt(argv[optind - 1]) + " needs a value"};
+            throw UsageError{"the option " + RejectedOption(argv) + " needs a value"};
         default:
-            throw UsageError{"unknown option " + StoppedAt(argv[optind - 1])};
+            throw UsageError{"unknown option " + RejectedOption(argv)};
         }
     }
     ReadCommand(words.subspan(static_cast<std::size_t>(optind)), options);

@@ -1,11 +1,10 @@
-// Options.h: the command line of the program.
+// The command line of the program.
 #pragma once
 
 #include "Commands.h"
 
 #include <cstdint>
 #include <span>
-#include <stdexcept>
 #include <string_view>
 
 namespace atlashost
@@ -21,17 +20,10 @@ struct Options {
     std::span<const char* const> files; // as many as the action takes; of Layout, the arguments of the tool
 };
 
-// What is wrong with a command line.
-class UsageError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
-
 extern const char* const Usage;
 
 // Reads the command line and moves the options to the front of argv. The result refers to the texts of argv.
-// Throws UsageError.
+// Throws styleatlas::terminal::UsageError.
 Options ReadOptions(int argc, char** argv);
 
 } // namespace atlashost

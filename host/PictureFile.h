@@ -1,4 +1,4 @@
-// PictureFile.h: writes pictures.
+// Writes pictures.
 #pragma once
 
 #include <QImage>

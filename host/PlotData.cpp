@@ -61,7 +61,6 @@ std::vector<std::string> FileNames(std::span<const char* const> paths)
 std::vector<Reading> ReadingsInOrder(std::span<const double> times, std::span<const double> values)
 {
     std::vector<Reading> readings;
-    readings.reserve(values.size());
     for (std::size_t row = 0; row < values.size(); ++row) {
         if (!std::isnan(times[row]))
             readings.push_back({times[row], values[row]});

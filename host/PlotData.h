@@ -1,4 +1,4 @@
-// PlotData.h: the content of a plot: panels, and the curves in them.
+// The content of a plot: panels, and the curves in them.
 #pragma once
 
 #include "InputFiles.h"

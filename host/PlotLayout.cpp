@@ -15,7 +15,6 @@ namespace
 
 constexpr int Margin = 12; // around the picture, and between panels
 constexpr int Padding = 6; // between the parts of a panel
-constexpr int TickLength = 4;
 
 constexpr int GoodPanelHeight = 120; // lower only if there is no room for more columns
 constexpr int MinPanelHeight = 90;

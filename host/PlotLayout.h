@@ -1,4 +1,4 @@
-// PlotLayout.h: the places of the parts of a plot.
+// The places of the parts of a plot.
 #pragma once
 
 #include "Axis.h"
@@ -13,6 +13,8 @@
 
 namespace atlashost
 {
+
+constexpr int TickLength = 4; // pixels outside of the frame
 
 struct PanelLayout {
     QRect all;

@@ -26,7 +26,6 @@ constexpr QRgb FrameColor = qRgb(0x9A, 0xA0, 0xA8);
 constexpr QRgb GridColor = qRgb(0xE8, 0xEA, 0xED);
 
 constexpr int FontHeight = 12; // pixels
-constexpr int TickLength = 4;
 constexpr int LabelGap = 6;
 
 class PanelPainter

@@ -1,4 +1,4 @@
-// PlotPainter.h: draws a whole plot.
+// Draws a whole plot.
 #pragma once
 
 #include "PlotData.h"

@@ -1,4 +1,4 @@
-// PlotView.h: a plot as a part of a window.
+// A plot as a part of a window.
 #pragma once
 
 #include "PlotData.h"

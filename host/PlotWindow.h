@@ -1,4 +1,4 @@
-// PlotWindow.h: a plot on the screen.
+// A plot on the screen.
 #pragma once
 
 #include "PlotView.h"

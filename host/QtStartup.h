@@ -1,4 +1,4 @@
-// QtStartup.h: what goes before the first use of Qt.
+// What goes before the first use of Qt.
 #pragma once
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// QuantityNames.h: the quantities of the unit library by their names.
+// The quantities of the unit library by their names.
 #pragma once
 
 #include <styleatlas.hpp>

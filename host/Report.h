@@ -1,4 +1,4 @@
-// Report.h: messages for the user.
+// Messages for the user.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,4 @@
-// TextTable.h: rows of text in aligned columns.
+// Rows of text in aligned columns.
 #pragma once
 
 #include <cstddef>

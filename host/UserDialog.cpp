@@ -1,5 +1,6 @@
 #include "UserDialog.h"
 
+#include "Commands.h"
 #include "LayoutTool.h"
 
 #include <QDialog>
@@ -7,6 +8,8 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+
+#include <stdexcept>
 
 namespace atlashost
 {
@@ -28,6 +31,8 @@ QLineEdit* AddField(QFormLayout& layout, const char* label, const QString& text)
 UserSettings FirstSettings(const QString& hostName)
 {
     const ToolResult result = RunLayoutTool({"key", "--", hostName.toStdString()});
+    if (result.status != Succeeded)
+        throw std::runtime_error{"the settings of this host cannot be found out"};
     const QString key = QString::fromStdString(result.output).trimmed();
     return {key.section('\\', 0, 0), key.section('\\', 1)};
 }

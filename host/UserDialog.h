@@ -1,4 +1,4 @@
-// UserDialog.h: asks for the user whose settings the style atlas is to use.
+// Asks for the user whose settings the style atlas is to use.
 #pragma once
 
 #include <QString>

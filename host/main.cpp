@@ -8,6 +8,7 @@
 
 #include "styleatlas.h"
 
+#include <bindings/terminal/CommandLine.h>
 #include <bindings/terminal/Text.h>
 
 #include <clocale>
@@ -126,7 +127,7 @@ int main(int argc, char** argv)
     std::setlocale(LC_ALL, "");
     try {
         return atlashost::RunAndFlush(atlashost::ReadOptions(argc, argv));
-    } catch (const atlashost::UsageError& error) {
+    } catch (const styleatlas::terminal::UsageError& error) {
         atlashost::PrintError(std::string{error.what()} + "; try --help");
         return atlashost::WrongUsage;
     }

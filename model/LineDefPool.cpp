@@ -22,9 +22,9 @@ void k_LineDefPool::Release(Block& block)
         Link(*new (&block) Block);
 }
 
+// The block is new, or became full as the first of the list: it has no previous one.
 void k_LineDefPool::Link(Block& block)
 {
-    block.Previous = nullptr;
     block.Next = m_withRoom;
     if (m_withRoom != nullptr)
         m_withRoom->Previous = &block;

@@ -69,7 +69,7 @@ TEST_F(ColorPicker, ShowsItsColorIfThereIsOneAndNoText)
     EXPECT_NE(Row(10, 81, 98), arrow);
 }
 
-TEST_F(ColorPicker, TellsItsParentOfAChoice)
+TEST_F(ColorPicker, TellsItsParentOfAChoiceAndIsDefiniteAfterItWasGivenUp)
 {
     const std::string arrow = Row(10, 81, 98);
     CWnd& popup = Drop();
@@ -93,11 +93,7 @@ TEST_F(ColorPicker, TellsItsParentOfAChoice)
     test::PressKey(Drop(), VK_RETURN);
     EXPECT_EQ(test::Heard(), "dropdown ff of 7, closeup ff of 7, ok ff of 7, change ff of 7");
     EXPECT_EQ(m_picker.GetColor(), before);
-}
 
-TEST_F(ColorPicker, IsDefiniteAfterTheChoiceWasGivenUp)
-{
-    const std::string arrow = Row(10, 81, 98);
     m_picker.m_mixed = TRUE;
     test::PressKey(Drop(), VK_RETURN); // without any move: no choice
     EXPECT_TRUE(m_picker.m_mixed);

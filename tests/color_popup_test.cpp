@@ -21,12 +21,20 @@ constexpr LPCTSTR more = _T("More");
 constexpr LPCTSTR wide = _T("A text that is wider than eight cells side by side are");
 
 k_ColorPopup* popup = nullptr; // the one that is up
+int paints = 0;                // of all of them
 
 class k_KnownPopup : public k_ColorPopup
 {
 public:
     using k_ColorPopup::k_ColorPopup;
     ~k_KnownPopup() override { popup = nullptr; }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        paints += message == WM_PAINT ? 1 : 0;
+        return k_ColorPopup::WindowProc(message, wParam, lParam);
+    }
 };
 
 // What the owner is told of a move to a cell.
@@ -258,6 +266,15 @@ TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
     EXPECT_EQ(Row(25, 19, 57), "fhffsccccccccccsffsfffsccccccccccsffff");
     Hover(10);
     EXPECT_EQ(Row(25, 19, 57), "fshhsccccccccccshhhhffsccccccccccsffsf");
+    const auto paintsAt = [](UINT message, const CWnd& changer) {
+        const int before = paints;
+        popup->SendMessage(message, reinterpret_cast<WPARAM>(changer.m_hWnd));
+        test::Settle();
+        return paints - before;
+    };
+    EXPECT_EQ(paintsAt(WM_QUERYNEWPALETTE, m_owner), 1);
+    EXPECT_EQ(paintsAt(WM_PALETTECHANGED, m_owner), 1);
+    EXPECT_EQ(paintsAt(WM_PALETTECHANGED, *popup), 0) << "the change is its own";
 
     Open(none, more); // painted from 3, 99 to 145, 105 + m_high
     EXPECT_EQ(Row(98, 2, 8) + Row(99, 2, 8) + Row(100, 2, 8), "fffffffsssssfsllll");

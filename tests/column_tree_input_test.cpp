@@ -17,6 +17,7 @@ TEST_F(ColumnTreeInput, SelectsByClicks)
             {Label(1), "cell -1 of none, column -1, row 1"},
             {Cell(2, 3), "cell 3 of 2, column -1"},
             {{395, Label(2).y}, "cell 3 of 2, column -1"}, // right of all columns
+            {Label(1), "cell -1 of none, column -1, row 1"},
             {{145, Label(5).y}, "cell 0 of 5, column -1"}, // beside the label
         };
         for (const auto& [point, selection] : clicks) {

@@ -55,7 +55,7 @@ TEST_F(ColumnTree, HangsEachRowWhereItsLevelSays)
     });
 }
 
-TEST_F(ColumnTree, PlacesItsWindows)
+TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
 {
     RunInside([&] {
         const int head = Frame().m_headerHeight;
@@ -113,6 +113,14 @@ TEST_F(ColumnTree, PlacesItsWindows)
         EXPECT_EQ(Frame().m_Header.GetFont(),
                   CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT))));
         EXPECT_EQ(PlaceOf(Tree()), (std::vector{0, Frame().m_headerHeight, 400, 300}));
+
+        CWnd* const parts[] = {&Tree(), &Frame().m_Header, &Frame().m_CornerHeader, &Frame().m_HorScroll};
+        for (CWnd* const part : parts)
+            part->EnableWindow(FALSE);
+        Frame().EnableWindow(FALSE);
+        Frame().EnableWindow(TRUE);
+        for (const CWnd* const part : parts)
+            EXPECT_TRUE(part->IsWindowEnabled());
     });
 }
 
@@ -199,19 +207,6 @@ TEST_F(ColumnTree, FindsTheColumnOfAPoint)
     });
 }
 
-TEST_F(ColumnTree, EnablesItsWindows)
-{
-    RunInside([&] {
-        CWnd* const parts[] = {&Tree(), &Frame().m_Header, &Frame().m_CornerHeader, &Frame().m_HorScroll};
-        for (CWnd* const part : parts)
-            part->EnableWindow(FALSE);
-        Frame().EnableWindow(FALSE);
-        Frame().EnableWindow(TRUE);
-        for (const CWnd* const part : parts)
-            EXPECT_TRUE(part->IsWindowEnabled());
-    });
-}
-
 TEST_F(ColumnTree, HasTheFontOfTheDesktop)
 {
     const QFont before = QApplication::font();
@@ -263,7 +258,7 @@ TEST_P(ColumnTreeStands, AnyTable)
     for (int i = 0; i < rows; ++i)
         levels.push_back(static_cast<BYTE>(i % 3));
     test::SetTable(levels, columns);
-    RunInside([&, first = columns > 0 ? 1 : 0, count = rows] {
+    RunInside([&, first = columns > 0 ? 1 : 0, count = rows, isNarrow = columns < 2] {
         for (const int side : {300, 40, 20, 1, 0, 200}) {
             Frame().MoveWindow(0, 0, side, side);
             Frame().m_cellItem = Row(0);
@@ -278,6 +273,7 @@ TEST_P(ColumnTreeStands, AnyTable)
             test::DragMouse(Frame().m_Header, {x, 5});
         test::ReleaseMouse(Frame().m_Header, {20, 5});
         EXPECT_EQ(Frame().m_columnWidths[1], 0) << "the one that is dragged, if there is one";
+        EXPECT_EQ(PlaceOf(Frame().m_HorScroll).empty(), isNarrow);
         m_dialog.FillTree();
         EXPECT_EQ(Frame().m_cellItem, nullptr);
         EXPECT_EQ(std::ranges::count(Hierarchy(), '<'), count);
@@ -286,6 +282,6 @@ TEST_P(ColumnTreeStands, AnyTable)
 
 INSTANTIATE_TEST_SUITE_P(Tables, ColumnTreeStands,
                          testing::ValuesIn(std::vector<std::pair<int, DWORD>>{
-                             {0, 0}, {0, 32}, {1, 7}, {300, 32}, {5000, 1}, {5000, 32}}));
+                             {0, 0}, {0, 32}, {1, 1}, {300, 32}, {5000, 1}, {5000, 32}}));
 
 } // namespace

@@ -1,6 +1,10 @@
 // The common controls: results of their messages, and notifications of the user's actions.
 #include "support/Gui.h"
 
+#include <QtWidgets>
+#include <array>
+#include <set>
+
 namespace
 {
 
@@ -26,10 +30,24 @@ public:
     void DrawItem(LPDRAWITEMSTRUCT item) override
     {
         EXPECT_EQ(item->rcItem, CRect(0, 0, place.Width(), place.Height()));
+        EXPECT_EQ(item->itemAction, ODA_DRAWENTIRE);
         m_state = item->itemState;
         CDC::FromHandle(item->hDC)->FillSolidRect(&item->rcItem, owners);
     }
     UINT m_state = 0;
+};
+
+// Records the item, action, state and data of each draw.
+class k_DrawnBox : public CComboBox
+{
+public:
+    void MeasureItem(LPMEASUREITEMSTRUCT item) override { item->itemHeight = 10 + item->itemID; }
+    void DrawItem(LPDRAWITEMSTRUCT item) override
+    {
+        EXPECT_GT(CDC::FromHandle(item->hDC)->GetTextExtent(_T("x")).cy, 40);
+        m_drawn.insert({item->itemID, item->itemAction, item->itemState, static_cast<UINT>(item->itemData)});
+    }
+    std::set<std::array<UINT, 4>> m_drawn;
 };
 
 class Controls : public testing::Test
@@ -78,7 +96,7 @@ protected:
 TEST_F(Controls, AButtonIsDrawnByItsOwner)
 {
     MakeButton(BS_PUSHBUTTON);
-    EXPECT_NE(test::PixelOf(m_button, {3, 3}), owners);
+    EXPECT_NE(test::PixelOf(m_button, {0, 25}), test::PixelOf(m_button, {5, 25})); // a frame
     test::PressKey(m_button, VK_RETURN);
     EXPECT_TRUE(HasHeard(BN_CLICKED));
     m_button.ModifyStyle(0, BS_OWNERDRAW);
@@ -92,6 +110,39 @@ TEST_F(Controls, AButtonIsDrawnByItsOwner)
     m_button.EnableWindow(FALSE);
     EXPECT_EQ(StateShown(), ODS_DISABLED);
     EXPECT_FALSE(HasHeard(BN_CLICKED));
+}
+
+TEST_F(Controls, AComboBoxIsMeasuredAndDrawnByItsOwner)
+{
+    LOGFONTW large{};
+    large.lfHeight = -40;
+    CFont font;
+    font.CreateFontIndirect(&large);
+    k_DrawnBox box;
+    box.Create(CBS_DROPDOWNLIST | CBS_OWNERDRAWVARIABLE | WS_CHILD | WS_VISIBLE, place, &m_parent, controlId);
+    box.SetFont(&font);
+    box.MoveWindow(place);
+    EXPECT_GT(test::PlaceOf(box).Height(), 40);
+    for (LPARAM data = 100; data < 112; ++data)
+        box.SendMessage(CB_INSERTSTRING, none, data);
+    EXPECT_NE(test::PixelOf(box, {99, 10}), test::PixelOf(box, {95, 10})); // a frame
+    box.SendMessage(CB_SETCURSEL, 2);
+    box.EnableWindow(FALSE);
+    test::PixelOf(box, {0, 0});
+    box.EnableWindow(TRUE);
+    box.SetFocus();
+    box.SendMessage(CB_SETITEMDATA, 2, 7);
+    test::PixelOf(box, {0, 0});
+    test::PressKey(box, VK_SPACE); // opens the list
+    test::Settle();
+    for (const auto& draw : {std::array{UINT(-1), 1U, 0x1000U, UINT(-1)},
+                             {2, 1, 0x1004, 102},
+                             {2, 1, 0x1011, 7},
+                             {2, 3, 0x11, 7},
+                             {11, 1, 0, 111}})
+        EXPECT_TRUE(box.m_drawn.contains(draw)) << testing::PrintToString(box.m_drawn);
+    const QAbstractItemView& list = *dynamic_cast<QComboBox&>(test::WidgetOf(box)).view();
+    EXPECT_EQ(list.visualRect(list.model()->index(7, 0)).height(), 17);
 }
 
 TEST_F(Controls, AComboBoxAnswersForItemsThatItHasAndForOthers)
@@ -108,7 +159,10 @@ TEST_F(Controls, AComboBoxAnswersForItemsThatItHasAndForOthers)
     CString text;
     m_box.GetLBText(1, text);
     EXPECT_EQ(text, _T("between"));
+    EXPECT_NE(test::PixelOf(m_box, {0, 10}), test::PixelOf(m_box, {5, 10})); // a frame
     for (const WPARAM wrong : {WPARAM{4}, none}) {
+        m_box.GetLBText(static_cast<int>(wrong), text);
+        EXPECT_TRUE(text.IsEmpty());
         EXPECT_EQ(Send(CB_SETCURSEL, 3), 3);
         EXPECT_EQ(FieldText(), _T("last"));
         for (const UINT message :
@@ -136,12 +190,18 @@ TEST_F(Controls, AComboBoxSelectsTheNextItemThatBeginsWithAText)
 
 TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
 {
-    MakeBox(CBS_DROPDOWN, {_T("7"), _T("17")});
+    MakeBox(CBS_DROPDOWN, {});
+    m_box.SetWindowText(_T("7"));
+    for (LPCTSTR const text : {_T("7"), _T("12753"), _T("1275")})
+        Send(CB_ADDSTRING, 0, text);
+    EXPECT_EQ(FieldText(), _T("7"));
     Send(CB_SETCURSEL, 0);
-    m_box.SetWindowText(_T("1"));
-    QTest::keyClicks(&test::WidgetOf(m_box), "7");
+    QTest::keyClick(&test::WidgetOf(m_box), Qt::Key_Home);
+    QTest::keyClicks(&test::WidgetOf(m_box), "12"); // the cursor stays
+    QTest::keyClick(&test::WidgetOf(m_box), Qt::Key_End);
+    QTest::keyClicks(&test::WidgetOf(m_box), "5");
     test::PressKey(m_box, VK_RETURN);
-    EXPECT_EQ(FieldText(), _T("17"));
+    EXPECT_EQ(FieldText(), _T("1275"));
     EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR); // though the list has it
 }
 

@@ -121,33 +121,24 @@ TEST(CurveDialog, WritesWhatIsDefiniteIntoEveryRecordAtOkAlone)
     }
 }
 
-TEST(CurveDialog, NamesTheQuantityAndSpeaksTheUsersLanguage)
+TEST(CurveDialog, NamesTheQuantityAndShowsPicturesAndALightGroundWhereTheRecordsDiffer)
 {
     k_QuantityDesc quantity(QuantityKey{3, 1, 0, 0, 0});
-    k_LineDefList list;
-    list.Add(new k_LineDef);
-    const auto user = [](k_CurveLayoutDlg& dialog) {
-        const auto text = [](const CWnd& window) {
-            WCHAR first[10];
-            ::GetWindowTextW(window.m_hWnd, first, 10);
-            return CString(first);
-        };
-        EXPECT_EQ(text(dialog), _T("Layout: 3")); // and more
-        EXPECT_EQ(text(*dialog.GetDlgItem(IDCANCEL)), _T("Abbrechen"));
-        EXPECT_EQ(text(dialog.m_UseSymbolColorCheck), _T("Symbolfar"));
-        EXPECT_EQ(text(dialog.m_SymbolFillCombo), _T("leer"));
-    };
-    Edit(list, user, &quantity);
-}
-
-TEST(CurveDialog, ShowsPicturesAndALightGroundWhereTheRecordsDiffer)
-{
     k_LineDefList list;
     for (const Style& style : {base, base, other}) {
         list.Add(new k_LineDef);
         Fields(*list.GetAt(list.GetSize() - 1)) = style;
         const auto user = [&](k_CurveLayoutDlg& dialog) {
             const bool isMixed = list.GetSize() == 3;
+            const auto text = [](const CWnd& window) {
+                WCHAR first[10];
+                ::GetWindowTextW(window.m_hWnd, first, 10);
+                return CString(first);
+            };
+            EXPECT_EQ(text(dialog), _T("Layout: 3")); // and more
+            EXPECT_EQ(text(*dialog.GetDlgItem(IDCANCEL)), _T("Abbrechen"));
+            EXPECT_EQ(text(dialog.m_UseSymbolColorCheck), _T("Symbolfar"));
+            EXPECT_EQ(text(dialog.m_SymbolFillCombo), isMixed ? _T("") : _T("leer"));
             const int middle = test::PlaceOf(dialog.m_LineStyleCombo).Height() / 2;
             EXPECT_EQ(test::RowOf(dialog.m_SymbolShapeCombo, 4, 30, 40),
                       std::string(10, isMixed ? 'l' : 'h'));
@@ -155,11 +146,10 @@ TEST(CurveDialog, ShowsPicturesAndALightGroundWhereTheRecordsDiffer)
                       isMixed ? std::string(15, 'l') : "lldhhhhhhhhdlll");
             EXPECT_EQ(test::RowOf(dialog.m_LineStyleCombo, middle, 44, 54),
                       isMixed ? std::string(10, 'l') : "ddhhhhhhdd");
-            for (int i = 0; i < 3; ++i)
-                Act(dialog, IDC_USE_SYMBOL_COLOR);
+            Act(dialog, IDC_USE_SYMBOL_COLOR);
             EXPECT_EQ(test::PixelOf(dialog.m_LineColorPicker, {20, 10}), COLORREF{6});
         };
-        Edit(list, user, nullptr);
+        Edit(list, user, &quantity);
     }
 }
 

@@ -25,16 +25,19 @@ public:
 TEST(Dialogs, HaveTheControlsOfTheirTemplate)
 {
     k_Dialog dialog;
-    dialog.m_init = [](k_Dialog& shown) {
+    int times = 0;
+    dialog.m_init = [&times](k_Dialog& shown) {
         EXPECT_EQ(shown.GetDlgItem(IDC_LINE_WIDTH)->SendMessage(CB_GETCOUNT), 10);
         // Twice as far across in dialog units is twice as far in pixels, and the proportions are the
         // template's.
         RECT client;
         shown.GetClientRect(&client);
+        EXPECT_EQ(test::WidgetOf(shown).font().pixelSize(), 11); // 8 points
         const QPoint ok = test::WidgetOf(*shown.GetDlgItem(IDOK)).pos();
         EXPECT_NEAR(double(ok.x()) / client.right, 251.0 / 317, 0.01);
         EXPECT_NEAR(double(ok.y()) / client.bottom, 7.0 / 198, 0.01);
-        shown.EndDialog(7);
+        const auto end = [&shown] { shown.EndDialog(7); };
+        times++ == 0 ? end() : QTimer::singleShot(0, end);
         return TRUE;
     };
     for (int i = 0; i < 2; ++i) { // a dialog can be shown again
@@ -58,7 +61,9 @@ TEST(Dialogs, StandBeforeAWindowOfTheHost)
                 const QWidget& shown = test::WidgetOf(created);
                 const QWindow* const before = shown.windowHandle()->transientParent();
                 owner = {shown.parentWidget(), before != nullptr ? before->winId() : 0};
-                created.EndDialog(IDOK);
+                CWnd& control = *created.GetDlgItem(IDC_LINE_STYLE);
+                control.SetFocus();
+                test::PressKey(control, VK_RETURN); // presses OK
             });
             return TRUE;
         };

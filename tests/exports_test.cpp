@@ -129,6 +129,9 @@ TEST_F(Exports, EndNoHostWithoutUnitLibraryOrDisplay)
         EXPECT_EQ(outcome.Output, "edit: -1\n") << place;
         EXPECT_NE(outcome.Errors.find(cannotLoad), std::string::npos) << place;
     }
+    fs::remove(m_isolated / "styleatlas/libstyleatlas-editor.so");
+    m_environment.back() = "DISPLAY=:987";
+    EXPECT_NE(Run({m_open, "edit"}).Errors.find("no window can be shown"), std::string::npos);
 }
 
 TEST_F(Exports, LeaveAHostItsApplicationObject)

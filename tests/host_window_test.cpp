@@ -58,9 +58,14 @@ TEST(HostWindow, DoesWhatItsMenusSay)
     });
     find("Switch &user...")->trigger();
     EXPECT_EQ(calls, "edit edit edit S-1-5|Software\\Halvorn");
-    window.findChild<QListWidget*>()->setCurrentRow(0);
+    EXPECT_THROW(FirstSettings("no/name"), std::runtime_error);
+    EXPECT_EQ(window.findChild<QPlainTextEdit*>()->toPlainText(), "none: No such file or directory");
+    const auto& files = *window.findChild<QListWidget*>();
+    for (const char* const file : {"1  airquality-1973-05.csv", "2  none"})
+        files.findItems(file, Qt::MatchExactly).front()->setSelected(true);
     find("&Remove from list")->trigger();
-    EXPECT_EQ(window.statusBar()->findChild<QLabel*>()->text(), "AirLab: 2 files, 4 curves");
+    EXPECT_EQ(files.item(0)->text(), "1  airquality-1973-06.csv");
+    EXPECT_EQ(window.statusBar()->findChild<QLabel*>()->text(), "AirLab: 1 file, 4 curves");
 }
 
 } // namespace

@@ -177,8 +177,8 @@ expect 'the soname' 'libstyleatlas.so.1' \
     "$(objdump -p "$(find root/libstyleatlas1 -name libstyleatlas.so.1)" | awk '$1 == "SONAME" { print $2 }')"
 expect 'the packaged program' "$(cat table.txt)" "$(LC_ALL=de_DE.UTF-8 root/all/usr/bin/atlas-host table 2>/dev/null)"
 
-# The package of the libraries alone, in a folder that has nothing else of the project. A display is named, which nobody
-# could use without the editor.
+# The package of the libraries alone, in a folder that has nothing else of the project. A display is named, which is
+# of no use without the editor.
 library=$(realpath "$(find root/libstyleatlas1 -name libstyleatlas.so.1)")
 cat >bare.c <<'EOF'
 #include <stdio.h>

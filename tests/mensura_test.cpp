@@ -110,6 +110,7 @@ TEST_F(Mensura, ReportsErrorsInALineAndKeepsTheOthers)
         {"1;2;*;4;*;U;", "a quantity as a whole has * or 0 for index and flags, not \"4\""},
         {"1;2;3;4;5; ;Voltage", "the symbol is empty"},
         {"1;2;3;4;5;U;\xE2\x82", "name is not valid UTF-8"},
+        {"1;2;3;4;5;\xED\xA0\x80;", "symbol is not valid UTF-8"}, // a surrogate
         {"1;2;3;4;5;U;a\x1b[31m", "name holds a control character"},
         {std::string(4097, '#'), "the line is longer than 4096 bytes"},
     };

@@ -82,15 +82,12 @@ TEST(Row, AnswersForAtMost32FileColumns)
     EXPECT_FALSE(row.SetColumnStyle(32, style.get()));
     EXPECT_THROW(row.SetColumnStyle(-1, style.get()), CInvalidArgException*);
     EXPECT_EQ(CountedStyle::Alive, 1);
-}
 
-TEST(Row, GivesAFreshRecordForAnEmptyPlaceAndDoesNotKeepIt)
-{
-    k_QuantityDesc row;
-    ASSERT_TRUE(row.SetColumnStyle(2, new k_LineDef)); // 0 and 1 stay empty
-    row.GetColumnStyle(0)->LineWidth = 3;
-    EXPECT_TRUE(Fields(*row.GetColumnStyle(0)) == asConstructed);
-    EXPECT_EQ(row.Styles.GetAt(0), nullptr);
+    k_QuantityDesc sparse;
+    ASSERT_TRUE(sparse.SetColumnStyle(2, new k_LineDef)); // 0 and 1 stay empty
+    sparse.GetColumnStyle(0)->LineWidth = 3;
+    EXPECT_TRUE(Fields(*sparse.GetColumnStyle(0)) == asConstructed) << "a fresh record, which isn't kept";
+    EXPECT_EQ(sparse.Styles.GetAt(0), nullptr);
 }
 
 TEST(List, DeletesItsRecordsWhenClearedOrDestroyedAndNotWhenEmptiedAsASelection)

@@ -17,7 +17,7 @@ using test::MenuText;
 // Styles: 50010001 default button, 50010000 button, 50020000 text, 5002800c one line of text shortened in the
 // middle; 4... is hidden.
 constexpr const char* atlasDialog = "80c800c8 'Symbol/Color style atlas' 0,0,508,347\n"
-                                    "font 8 0 MS Shell Dlg\n"
+                                    "font 8\n"
                                     "1 Button 50010001 'OK' 435,15,66,16\n"
                                     "2 Button 50010000 'Cancel' 435,33,66,16\n"
                                     "1001 Static 50020000 '' 19,27,406,305\n"

@@ -32,7 +32,9 @@ protected:
         const auto& told = *reinterpret_cast<const NMHEADERW*>(lParam);
         EXPECT_EQ(told.hdr.idFrom, wParam);
         test::Note(std::to_string(static_cast<int>(told.hdr.code)) + " of " + std::to_string(told.iItem) +
-                   (told.pitem != nullptr ? ": " + std::to_string(told.pitem->cxy) : ""));
+                   (told.pitem != nullptr && told.pitem->mask == HDI_WIDTH
+                        ? ": " + std::to_string(told.pitem->cxy)
+                        : ""));
         *pResult = m_answer;
         return TRUE;
     }

@@ -99,9 +99,16 @@ TEST_F(Storage, TheFirstStartTakesTheDefaultPathAndTheDefaultStyles)
     EXPECT_TRUE(m_messages.Messages().empty());
 }
 
-TEST_F(Storage, ARegistryValueNamesTheFile)
+TEST_F(Storage, ARegistryValueNamesTheFileUnlessTheCallerDoes)
 {
     test::WriteWhole(m_prefix.Native("mine"), StyledFile());
+    m_atlas.FilePath = _T("before");
+    EXPECT_EQ(m_atlas.Load(_T("\\mine")), 0);
+    EXPECT_TRUE(TableCameFromFile());
+    EXPECT_EQ(m_atlas.Load(m_prefix.Native("none").u16string().c_str()), 1); // a native path
+    EXPECT_EQ(m_atlas.FilePath, _T("before"));
+    EXPECT_EQ(ValueOf(subKey), Value{});
+
     SetText(subKey, u"C:\\mine");
     EXPECT_EQ(m_atlas.Load({}), 0);
     EXPECT_TRUE(TableCameFromFile());
@@ -111,6 +118,13 @@ TEST_F(Storage, ARegistryValueNamesTheFile)
     EXPECT_EQ(m_atlas.FilePath, _T("%TEMP%\\none")); // as it stands
     EXPECT_EQ(ValueOf(subKey), u"%TEMP%\\none");
     EXPECT_TRUE(TableHasDefaultStyles());
+
+    EXPECT_FALSE(m_atlas.SetFilePath({}));
+    EXPECT_TRUE(m_atlas.SetFilePath(_T("C:\\mine")));
+    EXPECT_EQ(ValueOf(subKey), u"C:\\mine");
+    m_atlas.SetRegistryPath(_T("Other"));
+    EXPECT_EQ(m_atlas.RegistryPath, _T("Other"));
+    EXPECT_EQ(ValueOf(_T("Other")), u"C:\\mine") << "the file in use is carried over";
 }
 
 TEST_F(Storage, OnlyATextIsAValidValue)
@@ -180,17 +194,6 @@ TEST_F(Storage, AFileThatCouldNotBeReadIsKeptBesideTheNewOne)
     EXPECT_EQ(m_messages.Messages().back().Text, u"Cannot save style atlas");
 }
 
-TEST_F(Storage, APathOfItsOwnLeavesRegistryAndFilePathAlone)
-{
-    test::WriteWhole(m_prefix.Native("other"), StyledFile());
-    m_atlas.FilePath = _T("before");
-    EXPECT_EQ(m_atlas.Load(_T("\\other")), 0);
-    EXPECT_TRUE(TableCameFromFile());
-    EXPECT_EQ(m_atlas.Load(m_prefix.Native("none").u16string().c_str()), 1); // a native path
-    EXPECT_EQ(m_atlas.FilePath, _T("before"));
-    EXPECT_EQ(ValueOf(subKey), Value{});
-}
-
 TEST_F(Storage, WithoutARegistryTheDefaultPathServes)
 {
     for (const char* const file : {"registry.db", "registry.db.damaged"}) // nor room to put it aside
@@ -230,16 +233,6 @@ TEST_F(Storage, SavingWritesTheTableAndThenTakesThePath)
     m_atlas.FilePath.Empty();
     EXPECT_FALSE(m_atlas.Save({}));
     EXPECT_TRUE(m_messages.Messages().empty());
-}
-
-TEST_F(Storage, SetFilePathAndSetRegistryPathCarryTheFileInUse)
-{
-    EXPECT_FALSE(m_atlas.SetFilePath({}));
-    EXPECT_TRUE(m_atlas.SetFilePath(_T("C:\\mine")));
-    EXPECT_EQ(ValueOf(subKey), u"C:\\mine");
-    m_atlas.SetRegistryPath(_T("Other"));
-    EXPECT_EQ(m_atlas.RegistryPath, _T("Other"));
-    EXPECT_EQ(ValueOf(_T("Other")), u"C:\\mine");
 }
 
 TEST_F(Storage, AUserWithAValueGetsThatUsersFileAndOneWithoutInheritsTheFileInUse)

@@ -94,12 +94,15 @@ TEST_F(StyleAtlasDialog, IsTheOneOfTheHostAndOfTheUser)
 
 TEST_F(StyleAtlasDialog, ShowsBothEndsOfALongPathAndOpensWhereTheFileIs)
 {
-    std::vector<QImage> pictures;
-    for (const TCHAR last : {u'a', u'b'}) {
-        g_StyleAtlas.FilePath = (u"C:\\" + std::u16string(300, u'x') + u'\\' + last).c_str();
-        Edit([&](k_StyleAtlasDialog& dialog) { pictures.push_back(test::PictureOf(dialog.m_FilePathText)); });
-    }
-    EXPECT_FALSE(pictures[0] == pictures[1]);
+    Edit([&](k_StyleAtlasDialog& dialog) {
+        std::vector<QImage> pictures;
+        for (const TCHAR last : {u'a', u'b'}) {
+            const std::u16string path = u"C:\\" + std::u16string(300, u'x') + u'\\' + last;
+            dialog.m_FilePathText.SetWindowText(path.c_str());
+            pictures.push_back(test::PictureOf(dialog.m_FilePathText));
+        }
+        EXPECT_FALSE(pictures[0] == pictures[1]);
+    });
     m_prefix.MakeFolder("f");
     const std::string folder = m_prefix.Path();
     for (const auto& [path, folders] : {std::pair(_T(""), "/drive_c|"), {_T("C:\\f\\x"), "/drive_c/f|"}}) {
@@ -235,6 +238,7 @@ TEST_F(StyleAtlasDialog, GoesWithTheHostsWindowAtEveryStage)
 TEST_F(StyleAtlasDialog, WritesTheUnitLog)
 {
     const auto user = [](k_StyleAtlasDialog& dialog) {
+        EXPECT_FALSE(test::WidgetOf(*dialog.GetDlgItem(IDC_UNIT_LOG)).isVisible());
         dialog.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_UNIT_LOG, BN_CLICKED));
     };
     const fs::path file = m_prefix.Native("TEMP/UnitsLog.txt");
@@ -242,14 +246,21 @@ TEST_F(StyleAtlasDialog, WritesTheUnitLog)
     EXPECT_FALSE(fs::exists(file)) << "without the folder";
     m_prefix.MakeFolder("TEMP");
     test::WriteWhole(file, std::string(9999, 'x'));
-    Edit(user);
-    const std::u16string_view text =
-        u"Name\tQuantity\tSubquan\tIndx\tdevice\tflags\r\n"
+    const auto expectLog = [&](const std::u16string& lines) {
+        Edit(user);
+        const std::u16string text = u"Name\tQuantity\tSubquan\tIndx\tdevice\tflags\r\n" + lines;
+        EXPECT_EQ(test::ReadWhole(file),
+                  std::string(reinterpret_cast<const char*>(text.data()), 2 * text.size()));
+    };
+    expectLog(
         u"\t\tQuantity = 1\tSubQuantity = 0\tIndex = 0\tDevice = 0\tFlags = 0\r\n"
         u"\x3A9\t\tQuantity = 2\tSubQuantity = 70000\tIndex = 300\tDevice = 65535\tFlags = -2147483647\r\n"
-        u"U\t\tQuantity = 2\tSubQuantity = -2\tIndex = 1\tDevice = 7\tFlags = 5\r\n";
-    EXPECT_EQ(test::ReadWhole(file),
-              std::string(reinterpret_cast<const char*>(text.data()), 2 * text.size()));
+        u"U\t\tQuantity = 2\tSubQuantity = -2\tIndex = 1\tDevice = 7\tFlags = 5\r\n");
+    // The real unit library, which the call binds.
+    test::WriteWhole(PathOf("units"), "0; 30; 0; 0; 0; T; temperature\n");
+    const test::ScopedVariable catalogue("MENSURA_CATALOGUE", PathOf("units").c_str());
+    g_App.m_hUnitLibrary = nullptr;
+    expectLog(u"T (temperature)\t\tQuantity = 30\tSubQuantity = 0\tIndex = 0\tDevice = 0\tFlags = 0\r\n");
 }
 
 TEST_F(StyleAtlasDialog, TakesNoMoreMemoryAfterADaysWork)

@@ -111,7 +111,7 @@ TEST(Table, AssignMakesADeepCopyWithEmptySlots)
     EXPECT_TRUE(copy.ColumnCount == 32 && copy.FilePath.IsEmpty());
 }
 
-TEST(Table, ARowGetsARecordForEachFileColumnButNeverMoreThan32)
+TEST(Table, HasTheRowsThatWereAddedAndAtMost32FileColumns)
 {
     for (const auto& [columnCount, records] :
          {std::pair{0U, 0}, {1U, 1}, {32U, 32}, {33U, 32}, {0xFFFFFFFFU, 32}}) {
@@ -121,20 +121,12 @@ TEST(Table, ARowGetsARecordForEachFileColumnButNeverMoreThan32)
         EXPECT_EQ(atlas.AddRow({}, 0), 1);
         EXPECT_EQ(atlas.GetRow(0)->Styles.GetSize(), records);
         EXPECT_EQ(atlas.GetRowStyle(0, records), nullptr);
+        PutNull(atlas, 1);
+        for (const INT_PTR outside : {-1, 1, 2})
+            EXPECT_TRUE(atlas.GetRow(outside) == nullptr &&
+                        (outside < 0 || atlas.GetRowStyle(outside, 0) == nullptr));
+        EXPECT_THROW(atlas.GetRowStyle(-1, 0), CInvalidArgException*);
     }
-}
-
-TEST(Table, RowsAndColumnsOutsideTheTable)
-{
-    k_StyleAtlas atlas;
-    atlas.AddRow({}, 0);
-    atlas.AddRow({}, 0);
-    PutNull(atlas, 1);
-    EXPECT_EQ(atlas.GetRow(-1), nullptr);
-    EXPECT_EQ(atlas.GetRow(2), nullptr);
-    EXPECT_EQ(atlas.GetRowStyle(2, 0), nullptr);
-    EXPECT_EQ(atlas.GetRowStyle(1, 0), nullptr);
-    EXPECT_THROW(atlas.GetRowStyle(-1, 0), CInvalidArgException*);
 }
 
 TEST(Labels, NameTheDeviceWhereTheLanguageHasANameForIt)

@@ -16,6 +16,7 @@ class Tree : public testing::Test, public CWnd // the tree's parent
 protected:
     Tree()
     {
+        QApplication::setLayoutDirection(Qt::RightToLeft); // of the desktop, not of the tree
         CreateEx(0, AfxRegisterWndClass(0), _T(""), WS_POPUP | WS_VISIBLE, 50, 40, 300, 200, nullptr, 0);
         m_tree.Create(WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT,
                       CRect(10, 20, 210, 20 + 5 * rowHeight), this, 2);
@@ -23,6 +24,7 @@ protected:
         UseFont(-6);
         Fill();
     }
+    ~Tree() override { QApplication::setLayoutDirection(Qt::LeftToRight); }
     void UseFont(LONG height)
     {
         LOGFONTW wanted{};
@@ -128,10 +130,11 @@ TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
     m_tree.SetItem(&folded);
     Add(_T("x"), b);
     EXPECT_EQ(Next(TVGN_NEXTVISIBLE, b), "d");
+    const HTREEITEM old = a;
     Delete(TVI_ROOT);
     Fill();
     Delete(b);
-    for (const HTREEITEM gone : {b, c, TVI_LAST, reinterpret_cast<HTREEITEM>(this)}) {
+    for (const HTREEITEM gone : {old, b, c, TVI_LAST, reinterpret_cast<HTREEITEM>(this)}) {
         CRect rect;
         EXPECT_FALSE(m_tree.GetItemRect(gone, &rect, FALSE) || m_tree.EnsureVisible(gone) ||
                      m_tree.Expand(gone, TVE_EXPAND) || m_tree.Select(gone, TVGN_FIRSTVISIBLE) ||
@@ -179,6 +182,8 @@ TEST_F(Tree, TellsItsParentWhatTheUserDoes)
         {key(VK_LEFT), " b"},
         {key(VK_LEFT), "-b b"},
         {key(VK_RIGHT), "+b b"},
+        {key(VK_SUBTRACT), "-b b"},
+        {key(VK_ADD), "+b b"},
         {key(VK_RIGHT), " c"},
         {key(VK_DOWN), " d"},
         {[&] { m_tree.Select(nullptr, TVGN_CARET); }, " 0"},
@@ -206,6 +211,7 @@ TEST_F(Tree, ScrollsByRows)
     EXPECT_EQ(Scroll(), "0 5 0");
     const HTREEITEM f = Add(_T("f"), e);
     EXPECT_EQ(Scroll(), "5 5 0");
+    EXPECT_EQ(test::ClientOf(m_tree).x(), 0); // with the bar at the right
     EXPECT_EQ(Name(m_tree.HitTest({200 - GetSystemMetrics(SM_CXVSCROLL), 1})), "0");
     m_tree.EnsureVisible(f);
     EXPECT_EQ(Scroll() + Next(TVGN_FIRSTVISIBLE), "5 5 1b");
@@ -222,21 +228,36 @@ TEST_F(Tree, ScrollsByRows)
 
 TEST_F(Tree, LetsItsParentDrawAlong)
 {
-    const test::DesktopColors colors({{QPalette::Dark, test::ink}, {QPalette::Text, test::filling}});
-    m_tree.Expand(a, TVE_COLLAPSE);
+    const test::DesktopColors colors({{QPalette::Dark, test::ink},
+                                      {QPalette::Text, test::filling},
+                                      {QPalette::Highlight, test::gapColor},
+                                      {QPalette::HighlightedText, test::paper}});
+    m_tree.Expand(b, TVE_COLLAPSE);
     m_tree.SetFocus();
-    m_tree.Select(e, TVGN_CARET);
+    TVITEMW blocks{TVIF_TEXT, d, 0, 0, const_cast<LPWSTR>(_T("\u2588\u2588")), 0, 0, 0, 0, 0};
+    m_tree.SetItem(&blocks);
+    m_tree.Select(d, TVGN_CARET);
     m_drawn.clear();
     test::Picture picture(200, 90);
     constexpr std::size_t lineLength = 201;
-    m_tree.SendMessage(WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc().m_hDC));
     SetFocus();
     m_tree.SendMessage(WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc().m_hDC));
-    EXPECT_EQ(m_drawn, "a0 e17* e17* a0 e1 e1 ");
-    EXPECT_EQ(picture.PixelAt(199, rowHeight), gdi::ToPixel(ours));
-    EXPECT_EQ(test::PixelOf(m_tree, {199, rowHeight}), ours);
-    EXPECT_EQ(picture.Text().substr(lineLength * 7, square),
-              "     # ooooo # # # "); // across the first button
+    m_tree.SetFocus();
+    m_tree.SendMessage(WM_PAINT, reinterpret_cast<WPARAM>(picture.Dc().m_hDC));
+    EXPECT_EQ(m_drawn, "a0 b0 d1 e0 e0 a0 b0 d17* e0 e0 ");
+    EXPECT_EQ(picture.PixelAt(199, 3 * rowHeight), gdi::ToPixel(ours));
+    EXPECT_EQ(test::PixelOf(m_tree, {199, 3 * rowHeight}), ours);
+    std::string lines; // across signs, dotted lines, and the label with the focus
+    for (const std::size_t y : {5, 13, 21, 23, 32, 33, 39, 40})
+        lines += picture.Text().substr(lineLength * y, y < 32 ? 2 * square : 2 * square + 4) + '\n';
+    EXPECT_EQ(lines, "     #       #                        \n"
+                     "         #                            \n"
+                     "         #              #   o   #     \n"
+                     "         #              # ooooo ## # #\n"
+                     "                            #         ?-?-\n"
+                     "         #                            ----\n"
+                     "         #                   # # # # #--..\n"
+                     "                                      ?-..\n");
 }
 
 } // namespace

@@ -74,6 +74,7 @@ TEST(Windows, CaptureBringsTheMouseFromEverywhere)
     test::Settle();
     first.SetCapture();
     EXPECT_EQ(CWnd::GetCapture(), &first);
+    EXPECT_EQ(QWidget::mouseGrabber(), &WidgetOf(first));
     Heard();
     test::ReleaseMouse(second, {1, 1});
     ReleaseCapture();
@@ -210,6 +211,10 @@ TEST(WindowPainting, IsOnTheBackgroundAndAtAnyTime)
     EXPECT_EQ(PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
     test::ChangeSettings([&] { EXPECT_EQ(PixelOf(window, {15, 15}), RGB(255, 0, 255)); });
     EXPECT_EQ(PixelOf(window, {15, 15}), GetSysColor(COLOR_BTNFACE));
+    const test::DesktopColors colors({{QPalette::Button, blue}});
+    test::Settle();
+    window.MoveWindow(40, 30, 80, 70, FALSE);
+    EXPECT_EQ(PixelOf(window, {75, 65}), blue); // new pixels
 }
 
 TEST(WindowPainting, WaitsWhileTheWindowIsLocked)

@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "HostFolder.h"
 
+#include <bindings/terminal/CommandLine.h>
 #include <bindings/terminal/Text.h>
 #include <model/HostSettings.h>
 
@@ -9,7 +10,6 @@
 #include <clocale>
 #include <iostream>
 #include <limits>
-#include <stdexcept>
 #include <string_view>
 
 #include <getopt.h>
@@ -44,12 +44,6 @@ Exit status: 0 where all went well; 1 where something could not be read, made or
 damaged; 2 where the command line was not understood. The command diff ends with 0 where the files are the same,
 1 where they differ, and 2 where they cannot be compared.
 )";
-
-class UsageError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
 
 const char* HostName(Words words)
 {
@@ -128,7 +122,7 @@ int Run(int argc, char** argv)
         std::cout << ProgramName << " " ATLAS_LAYOUT_VERSION "\n";
         return Succeeded;
     default:
-        throw UsageError{"unknown option \"" + Printable(argv[optind - 1]) + "\""};
+        throw UsageError{"unknown option " + RejectedOption(argv)};
     }
 }
 
@@ -151,7 +145,7 @@ int main(int argc, char** argv)
             return status;
         PrintError("the output cannot be written");
         return std::max(status, Failed);
-    } catch (const UsageError& error) {
+    } catch (const styleatlas::terminal::UsageError& error) {
         PrintError(std::string{error.what()} + "; try --help");
         return WrongUsage;
     } catch (const std::exception& error) {

@@ -56,7 +56,6 @@ void PushButtonWindow::OnStyleChanged()
 {
     setAutoDefault(Type() == BS_PUSHBUTTON || Type() == BS_DEFPUSHBUTTON);
     setDefault(Type() == BS_DEFPUSHBUTTON);
-    update();
 }
 
 void PushButtonWindow::paintEvent(QPaintEvent* event)
@@ -74,15 +73,9 @@ void PushButtonWindow::paintEvent(QPaintEvent* event)
     DrawByOwner(painter, rect(), *this, item);
 }
 
-CheckBoxWindow::CheckBoxWindow(DWORD style, QWidget* parent) : ClickableWindow(style, parent)
-{
-    CheckBoxWindow::OnStyleChanged();
-}
-
 void CheckBoxWindow::OnStyleChanged()
 {
     setTristate(Type() == BS_AUTO3STATE);
-    update();
 }
 
 LRESULT CheckBoxWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)

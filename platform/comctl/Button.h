@@ -34,11 +34,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-// With two or three states; each click advances to the next.
+// With two states, or three with BM_SETSTYLE; each click advances to the next.
 class CheckBoxWindow : public ClickableWindow<QCheckBox>
 {
 public:
-    CheckBoxWindow(DWORD style, QWidget* parent);
+    using ClickableWindow::ClickableWindow;
 
     void OnStyleChanged() override;
 

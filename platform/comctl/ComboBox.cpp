@@ -125,8 +125,6 @@ LRESULT ComboWindow::SetData(int index, LPARAM lParam)
     if (!Has(index))
         return CB_ERR;
     setItemData(index, static_cast<qulonglong>(lParam));
-    if (index == currentIndex())
-        update();
     return TRUE;
 }
 

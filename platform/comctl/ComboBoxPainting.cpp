@@ -37,11 +37,9 @@ void ComboWindow::SetUpOwnerDraw()
 int ComboWindow::AskForHeight(int index)
 {
     MEASUREITEMSTRUCT item{};
-    item.CtlType = ODT_COMBOBOX;
     item.CtlID = static_cast<UINT>(Id);
     item.itemID = static_cast<UINT>(index);
     item.itemHeight = static_cast<UINT>(fontMetrics().height());
-    item.itemData = DataOf(index);
     if (Window* const parent = Parent())
         parent->Send(WM_MEASUREITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
     return static_cast<int>(std::clamp(item.itemHeight, 1U, maxItemHeight));

@@ -98,10 +98,8 @@ LRESULT HeaderWindow::Layout(const HDLAYOUT* layout) const
 {
     if (layout == nullptr || layout->prc == nullptr || layout->pwpos == nullptr)
         return FALSE;
-    RECT& rect = *layout->prc;
-    const int height = FittingHeight();
-    *layout->pwpos = {nullptr, nullptr, rect.left, rect.top, rect.right - rect.left, height, 0};
-    rect.top += height;
+    const RECT& rect = *layout->prc;
+    *layout->pwpos = {nullptr, nullptr, rect.left, rect.top, rect.right - rect.left, FittingHeight(), 0};
     return TRUE;
 }
 
@@ -138,7 +136,6 @@ void HeaderWindow::OnResized(int index, int before, int after)
     if (NotifyWidth(HDN_ITEMCHANGINGW, index, item) != 0 || !Has(index))
         return;
     SetWidth(index, item.cxy);
-    item.cxy = sectionSize(index);
     NotifyWidth(HDN_ITEMCHANGEDW, index, item);
 }
 

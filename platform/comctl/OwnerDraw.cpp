@@ -40,7 +40,6 @@ void DrawByOwner(QPainter& painter, const QRect& place, Window& control, DRAWITE
     if (control.Font() != nullptr)
         SelectObject(context.get(), control.Font());
 
-    item.CtlID = static_cast<UINT>(control.Id);
     item.hwndItem = control.Handle();
     item.hDC = context.get();
     parent->SendContained(WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));

@@ -78,7 +78,6 @@ bool ScrollBarWindow::ScrollInfo(int bar, SCROLLINFO& info) const
     info.nMax = maximum() + std::max(0, pageStep() - 1);
     info.nPage = static_cast<UINT>(pageStep());
     info.nPos = value();
-    info.nTrackPos = sliderPosition();
     return true;
 }
 

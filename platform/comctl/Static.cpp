@@ -2,12 +2,10 @@
 
 #include "Control.h"
 
-#include <DeviceContext.h>
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QtConvert.h>
 #include <algorithm>
 
 namespace
@@ -41,23 +39,9 @@ void StaticWindow::SetText(const QString& text)
     update();
 }
 
-// Erased in the colour of the dialog.
-LRESULT StaticWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    const HDC context = message == WM_ERASEBKGND ? reinterpret_cast<HDC>(wParam) : nullptr;
-    if (context == nullptr)
-        return WidgetWindow::OnDefault(message, wParam, lParam);
-    const COLORREF background = gdi::ToColorRef(palette().color(QPalette::Window));
-    gdi::DeviceContext::FromHandle(context)->FillUnits(gdi::ToBox(rect()), gdi::ToPixel(background));
-    return 1;
-}
-
 bool StaticWindow::event(QEvent* event)
 {
-    if (dynamic_cast<QMouseEvent*>(event) == nullptr)
-        return WidgetWindow::event(event);
-    event->ignore();
-    return false;
+    return dynamic_cast<QMouseEvent*>(event) == nullptr && WidgetWindow::event(event);
 }
 
 int StaticWindow::TextFlags() const

@@ -15,7 +15,6 @@ public:
     void SetText(const QString& text) override;
 
 protected:
-    LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -73,7 +73,6 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
     setVerticalScrollBar(new VerticalBar(this));
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setEditTriggers(NoEditTriggers);
     setFocusPolicy((style & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -111,9 +110,6 @@ LRESULT TreeWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
         info.hItem = hit.Item != nullptr ? hit.Item->Handle() : nullptr;
         return reinterpret_cast<LRESULT>(info.hItem);
     }
-    case WM_SETFONT:
-        scheduleDelayedItemsLayout();
-        return ScrollAreaWindow::OnDefault(message, wParam, lParam);
     case WM_GETFONT:
         return reinterpret_cast<LRESULT>(TextFont());
     default:

@@ -9,11 +9,7 @@ void TreeWindow::NotifyExpanded(const TreeItem& item, WPARAM code)
 {
     NMTREEVIEWW notification{};
     notification.action = static_cast<UINT>(code);
-    notification.itemNew.mask = TVIF_HANDLE | TVIF_STATE | TVIF_PARAM;
     notification.itemNew.hItem = item.Handle();
-    notification.itemNew.state = StateOf(item);
-    notification.itemNew.stateMask = TVIS_EXPANDED | TVIS_SELECTED;
-    notification.itemNew.lParam = item.Data;
     Notify(notification.hdr, TVN_ITEMEXPANDEDW);
 }
 
@@ -45,7 +41,6 @@ bool TreeWindow::viewportEvent(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ContextMenu:
-        event->accept();
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {

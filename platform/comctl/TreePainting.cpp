@@ -53,26 +53,15 @@ void TreeWindow::paintEvent(QPaintEvent* /*event*/)
 
 void TreeWindow::PaintInto(HDC context)
 {
-    gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
-    const COLORREF text = dc.TextColor;
-    const COLORREF background = dc.BackgroundColor;
-    const int mode = dc.BackgroundMode;
-    const HGDIOBJ font = SelectObject(context, TextFont());
-
-    dc.FillUnits(gdi::ToBox(viewport()->rect()), gdi::ToPixel(BackgroundColor(isEnabled())));
+    SelectObject(context, TextFont());
+    gdi::DeviceContext::FromHandle(context)->FillUnits(gdi::ToBox(viewport()->rect()),
+                                                       gdi::ToPixel(BackgroundColor(isEnabled())));
     NMTVCUSTOMDRAW all{};
-    all.nmcd.hdc = context;
-    all.nmcd.rc = gdi::ToRect(viewport()->rect());
     const bool asks = (Ask(all, CDDS_PREPAINT) & CDRF_NOTIFYITEMDRAW) != 0;
     for (const HTREEITEM row : VisibleRows()) {
         if (TreeItem* const item = Find(row))
             PaintRow(context, *item, asks);
     }
-
-    SelectObject(context, font);
-    SetBkMode(context, mode);
-    SetBkColor(context, background);
-    SetTextColor(context, text);
 }
 
 LRESULT TreeWindow::Ask(NMTVCUSTOMDRAW& draw, DWORD stage)
@@ -105,10 +94,8 @@ NMTVCUSTOMDRAW TreeWindow::Describe(HDC context, const TreeItem& item) const
     draw.nmcd.dwItemSpec = reinterpret_cast<UINT_PTR>(item.Handle());
     draw.nmcd.uItemState =
         (isSelected ? CDIS_SELECTED : 0) | (hasFocus && &item == currentItem() ? CDIS_FOCUS : 0);
-    draw.nmcd.lItemlParam = item.Data;
     draw.clrText = colors.Text;
     draw.clrTextBk = colors.Background;
-    draw.iLevel = item.Level();
     return draw;
 }
 

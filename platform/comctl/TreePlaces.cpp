@@ -107,17 +107,14 @@ bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
         return false;
     const_cast<TreeWindow&>(*this).UpdateLayout(); // would happen later anyway
     const QScrollBar& vertical = *verticalScrollBar();
-    info.nMin = 0;
     info.nMax = vertical.maximum() > 0 ? vertical.maximum() + vertical.pageStep() - 1 : 0;
     info.nPage = static_cast<UINT>(vertical.pageStep());
     info.nPos = vertical.value();
-    info.nTrackPos = vertical.sliderPosition();
     return true;
 }
 
-// Qt scrolls the pixels that it has painted, but not those of the surface.
-void TreeWindow::scrollContentsBy(int dx, int dy)
+// Qt would move the pixels that it has painted, but not those of the surface.
+void TreeWindow::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
-    ScrollAreaWindow::scrollContentsBy(dx, dy);
     Surface().Invalidate(viewport()->rect(), true);
 }

@@ -87,8 +87,6 @@ void TreeWindow::SetState(TreeItem& row, const TVITEMW& item)
         return;
     if ((item.stateMask & TVIS_EXPANDED) != 0)
         SetExpanded(row, (item.state & TVIS_EXPANDED) != 0);
-    if ((item.stateMask & TVIS_SELECTED) != 0)
-        row.setSelected((item.state & TVIS_SELECTED) != 0);
 }
 
 UINT TreeWindow::StateOf(const TreeItem& item) const

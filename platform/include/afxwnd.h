@@ -98,7 +98,7 @@ public:
     HWND m_hWnd = nullptr;
 
 protected:
-    // Called when an existing window has been attached.
+    // Called when a window has been attached; for a new one, before WM_CREATE.
     virtual void PreSubclassWindow();
 
     // Calls the handler in the message map, or DefWindowProc.

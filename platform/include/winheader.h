@@ -35,7 +35,8 @@ struct WINDOWPOS {
     UINT flags;
 };
 
-// lParam of HDM_LAYOUT: the rectangle for the header and what is below it, and the resulting header position.
+// lParam of HDM_LAYOUT: the rectangle for the header and what is below it, which isn't changed, and the
+// resulting header position.
 struct HDLAYOUT {
     RECT* prc;
     WINDOWPOS* pwpos;

@@ -24,8 +24,7 @@ constexpr DWORD SBS_BOTTOMALIGN = 0x0004;
 constexpr UINT SIF_RANGE = 0x0001;
 constexpr UINT SIF_PAGE = 0x0002;
 constexpr UINT SIF_POS = 0x0004;
-constexpr UINT SIF_TRACKPOS = 0x0010;
-constexpr UINT SIF_ALL = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_TRACKPOS;
+constexpr UINT SIF_ALL = SIF_RANGE | SIF_PAGE | SIF_POS;
 
 // The range is nMin to nMax, both included, of which nPage are visible; the maximum position is nMax - nPage
 // + 1.

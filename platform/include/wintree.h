@@ -43,8 +43,8 @@ constexpr UINT TVGN_ROOT = 0; // the first row
 constexpr UINT TVGN_NEXT = 1;
 constexpr UINT TVGN_PARENT = 3;
 constexpr UINT TVGN_CHILD = 4;
-constexpr UINT TVGN_FIRSTVISIBLE = 5; // at the top of the window; the next two skip collapsed rows alone
-constexpr UINT TVGN_NEXTVISIBLE = 6;
+constexpr UINT TVGN_FIRSTVISIBLE = 5; // at the top of the window
+constexpr UINT TVGN_NEXTVISIBLE = 6;  // also outside of the window, but not below a collapsed row
 constexpr UINT TVGN_PREVIOUSVISIBLE = 7;
 constexpr UINT TVGN_CARET = 9; // the selected row
 

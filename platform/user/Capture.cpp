@@ -1,5 +1,6 @@
 #include "Capture.h"
 
+#include "InputNames.h"
 #include "Window.h"
 
 #include <QCoreApplication>
@@ -20,19 +21,6 @@ void GrabIfExposed()
     const QWindow* const native = widget.window()->windowHandle();
     if (native != nullptr && native->isExposed() && QWidget::mouseGrabber() != &widget)
         widget.grabMouse();
-}
-
-bool IsMouseEvent(const QEvent& event)
-{
-    switch (event.type()) {
-    case QEvent::MouseMove:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-        return true;
-    default:
-        return false;
-    }
 }
 
 } // namespace

@@ -1,15 +1,14 @@
 #include "ControlClass.h"
 
-#include <string>
-#include <windows.h>
+#include <Ascii.h>
+#include <algorithm>
 
 constinit InstanceList<ControlClass> ControlClass::s_classes;
 
 ControlFactory ControlClass::Find(std::u16string_view name)
 {
-    const std::u16string wanted(name);
-    const ControlClass* const known = s_classes.Find([&wanted](const ControlClass& each) {
-        return _wcsicmp(std::u16string(each.m_name).c_str(), wanted.c_str()) == 0;
+    const ControlClass* const known = s_classes.Find([name](const ControlClass& each) {
+        return std::ranges::equal(each.m_name, name, {}, FoldAscii<char16_t>, FoldAscii<char16_t>);
     });
     return known != nullptr ? known->m_factory : nullptr;
 }

@@ -35,10 +35,7 @@ CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
 {
 }
 
-CDialog::~CDialog()
-{
-    CWnd::DestroyWindow(); // while the application object exists
-}
+CDialog::~CDialog() = default;
 
 INT_PTR CDialog::DoModal()
 {

@@ -26,15 +26,12 @@ DialogRect ReadRect(ByteReader& in)
     return rect;
 }
 
-DialogFont ReadFont(ByteReader& in)
+std::uint16_t ReadPointSize(ByteReader& in)
 {
-    DialogFont font{};
-    font.PointSize = in.Word();
-    in.Word(); // weight
-    font.Italic = in.Byte() != 0;
-    in.Byte(); // character set
-    font.Face = in.Text();
-    return font;
+    const std::uint16_t size = in.Word();
+    in.DWord(); // weight, italic, character set
+    in.Text();  // face
+    return size;
 }
 
 // Empty for a number without a class.
@@ -75,7 +72,7 @@ std::optional<DialogTemplate> ReadDialogTemplate(std::span<const std::byte> byte
     in.Name(); // window class
     dialog.Caption = in.Text();
     if (dialog.Style & setFont)
-        dialog.Font = ReadFont(in);
+        dialog.PointSize = ReadPointSize(in);
     for (std::uint16_t i = 0; i < itemCount && in.Good(); ++i) {
         dialog.Items.push_back(ReadItem(in));
         if (dialog.Items.back().Class.empty())

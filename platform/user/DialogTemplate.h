@@ -21,12 +21,6 @@ struct DialogRect {
     bool operator==(const DialogRect&) const = default;
 };
 
-struct DialogFont {
-    std::uint16_t PointSize;
-    bool Italic;
-    std::u16string Face;
-};
-
 struct DialogItem {
     std::int32_t Id; // -1 for a control without a name
     std::uint32_t Style;
@@ -39,7 +33,7 @@ struct DialogTemplate {
     std::uint32_t Style;
     DialogRect Rect;
     std::u16string Caption;
-    std::optional<DialogFont> Font; // if the style has DS_SETFONT
+    std::optional<std::uint16_t> PointSize; // of the font, if the style has DS_SETFONT
     std::vector<DialogItem> Items;
 };
 

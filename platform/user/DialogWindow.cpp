@@ -15,20 +15,8 @@ constexpr int unitsDown = 8;
 constexpr int dotsPerInch = 96;
 constexpr int pointsPerInch = 72;
 
-// Names that stand for the desktop's font.
-constexpr std::u16string_view desktopFaces[] = {u"MS Shell Dlg", u"MS Shell Dlg 2"};
-
 constexpr const char16_t* letters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 constexpr int letterCount = 52;
-
-bool IsDesktopFace(std::u16string_view face)
-{
-    for (const std::u16string_view name : desktopFaces) {
-        if (face == name)
-            return true;
-    }
-    return false;
-}
 
 } // namespace
 
@@ -43,14 +31,12 @@ DialogWindow::DialogWindow(const DialogTemplate& source, QWidget* parent) : Widg
         AddControl(item);
 }
 
+// The face of all templates stands for the desktop's font.
 void DialogWindow::ApplyFont(const DialogTemplate& source)
 {
-    if (source.Font) {
+    if (source.PointSize) {
         QFont chosen = font();
-        if (!IsDesktopFace(source.Font->Face))
-            chosen.setFamily(gdi::ToQString(source.Font->Face));
-        chosen.setPixelSize(qRound(double(source.Font->PointSize) * dotsPerInch / pointsPerInch));
-        chosen.setItalic(source.Font->Italic);
+        chosen.setPixelSize(qRound(double(*source.PointSize) * dotsPerInch / pointsPerInch));
         setFont(chosen);
     }
     const QFontMetrics metrics(font());
@@ -76,7 +62,6 @@ void DialogWindow::AddControl(const DialogItem& item)
     if (make == nullptr)
         return;
     Window& control = make(item.Style, this);
-    control.Style = item.Style;
     control.Id = item.Id;
     control.SetText(gdi::ToQString(item.Title));
     control.Widget().setGeometry(ToPixels(item.Rect));

@@ -35,10 +35,6 @@ namespace
 bool IsOfClient(const QEvent& event)
 {
     switch (event.type()) {
-    case QEvent::MouseMove:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
     case QEvent::Resize:
     case QEvent::Paint:
@@ -47,24 +43,14 @@ bool IsOfClient(const QEvent& event)
     case QEvent::ContextMenu:
         return static_cast<const QContextMenuEvent&>(event).reason() != QContextMenuEvent::Keyboard;
     default:
-        return false;
+        return IsMouseEvent(event);
     }
 }
 
-bool IsInput(QEvent::Type type)
+bool IsInput(const QEvent& event)
 {
-    switch (type) {
-    case QEvent::MouseMove:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::Wheel:
-    case QEvent::KeyPress:
-    case QEvent::ContextMenu:
-        return true;
-    default:
-        return false;
-    }
+    return IsMouseEvent(event) || event.type() == QEvent::Wheel || event.type() == QEvent::KeyPress ||
+           event.type() == QEvent::ContextMenu;
 }
 
 // Navigation keys belong to the dialog; its controls never see them.
@@ -109,7 +95,7 @@ bool EventTranslator::TranslateClient(QEvent& event, const QtHandling& qtHandlin
 
 bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
 {
-    if (m_window.IsGone() || (IsInput(event.type()) && !m_window.Widget().isEnabled()))
+    if (m_window.IsGone() || (IsInput(event) && !m_window.Widget().isEnabled()))
         return qtHandling(event);
     switch (event.type()) {
     case QEvent::MouseMove:

@@ -58,6 +58,19 @@ UINT VirtualKeyOf(const QKeyEvent& event)
     return key > Qt::Key_Space && key < Qt::Key_Escape ? otherCharacter : 0;
 }
 
+bool IsMouseEvent(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+        return true;
+    default:
+        return false;
+    }
+}
+
 UINT MouseMessageOf(const QMouseEvent& event)
 {
     if (event.type() == QEvent::MouseMove)

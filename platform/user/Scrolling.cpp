@@ -17,8 +17,6 @@ BOOL GetScrollInfo(HWND handle, int bar, LPSCROLLINFO info)
         info->nPage = all.nPage;
     if ((info->fMask & SIF_POS) != 0)
         info->nPos = all.nPos;
-    if ((info->fMask & SIF_TRACKPOS) != 0)
-        info->nTrackPos = all.nTrackPos;
     return TRUE;
 }
 

@@ -198,8 +198,6 @@ LRESULT Window::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_PAINT:
         if (wParam != 0)
             PaintInto(reinterpret_cast<HDC>(wParam));
-        else if (m_surface.IsDrawnByMessage)
-            DeleteDC(m_surface.BeginPaint());
         return 0;
     case WM_ERASEBKGND:
         if (Background == 0)

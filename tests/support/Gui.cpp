@@ -45,10 +45,10 @@ void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseBut
 
 int QtKeyOf(UINT virtualKey)
 {
-    static const std::map<UINT, int> others = {{VK_LEFT, Qt::Key_Left},     {VK_UP, Qt::Key_Up},
-                                               {VK_RIGHT, Qt::Key_Right},   {VK_DOWN, Qt::Key_Down},
-                                               {VK_ESCAPE, Qt::Key_Escape}, {VK_RETURN, Qt::Key_Return},
-                                               {VK_ADD, Qt::Key_Plus},      {VK_SUBTRACT, Qt::Key_Minus}};
+    static const std::map<UINT, int> others = {
+        {VK_LEFT, Qt::Key_Left}, {VK_UP, Qt::Key_Up},          {VK_RIGHT, Qt::Key_Right},
+        {VK_DOWN, Qt::Key_Down}, {VK_ESCAPE, Qt::Key_Escape},  {VK_RETURN, Qt::Key_Return},
+        {VK_ADD, Qt::Key_Plus},  {VK_SUBTRACT, Qt::Key_Minus}, {VK_TAB, Qt::Key_Tab}};
     const auto found = others.find(virtualKey);
     return found != others.end() ? found->second : static_cast<int>(virtualKey);
 }

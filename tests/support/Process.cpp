@@ -14,12 +14,6 @@ constexpr int notFound = 99;
 
 using TempFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-// The whole file, from its beginning.
-std::string Contents(std::FILE& file)
-{
-    return test::ReadWhole("/proc/self/fd/" + std::to_string(fileno(&file)));
-}
-
 } // namespace
 
 namespace test
@@ -45,7 +39,10 @@ Outcome Run(const std::vector<std::string>& arguments, const std::vector<std::st
         return notFound;
     });
     const int status = child.Wait();
-    return {status, Contents(*printed), Contents(*errors)};
+    const auto contents = [](const TempFile& file) {
+        return ReadWhole("/proc/self/fd/" + std::to_string(fileno(file.get())));
+    };
+    return {status, contents(printed), contents(errors)};
 }
 
 } // namespace test

@@ -49,7 +49,7 @@ protected:
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        const CPoint point(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
+        const CPoint point(lParam);
         switch (message) {
         case WM_CREATE:
             Say("create " + std::to_string(reinterpret_cast<LPCREATESTRUCT>(lParam)->cx));
@@ -72,7 +72,7 @@ protected:
             Say("down " + At(point) + ((wParam & MK_LBUTTON) != 0 ? " L" : ""));
             return 0;
         case WM_LBUTTONUP:
-            Say("up " + At(point) + " at " + At(MessagePoint()));
+            Say("up " + At(point) + " at " + At(CPoint(static_cast<LPARAM>(GetMessagePos()))));
             return 0;
         case WM_KEYDOWN:
             Say("key " + std::to_string(wParam));
@@ -97,10 +97,6 @@ private:
         return AfxRegisterWndClass(0, nullptr, reinterpret_cast<HBRUSH>(color + 1));
     }
     static std::string At(CPoint point) { return std::to_string(point.x) + ',' + std::to_string(point.y); }
-    static CPoint MessagePoint()
-    {
-        return {static_cast<short>(LOWORD(GetMessagePos())), HIWORD(GetMessagePos())};
-    }
     void Paint()
     {
         ++m_paints;

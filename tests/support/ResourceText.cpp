@@ -44,8 +44,8 @@ std::string DialogText(std::span<const std::byte> bytes)
         return {};
     std::ostringstream out;
     out << std::hex << dialog->Style << std::dec << ' ' << Of(dialog->Caption) << ' ' << dialog->Rect << '\n';
-    if (const auto& font = dialog->Font)
-        out << "font " << font->PointSize << ' ' << font->Italic << ' ' << ToUtf8(font->Face) << '\n';
+    if (dialog->PointSize)
+        out << "font " << *dialog->PointSize << '\n';
     for (const DialogItem& item : dialog->Items)
         out << item.Id << ' ' << ToUtf8(item.Class) << ' ' << std::hex << item.Style << std::dec << ' '
             << Of(item.Title) << ' ' << item.Rect << '\n';

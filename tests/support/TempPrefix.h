@@ -78,19 +78,16 @@ private:
 inline std::string ReadWhole(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (!file.is_open() || file.bad())
+    if (!file)
         throw std::runtime_error("cannot read " + path.string());
-    return bytes;
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // Makes the file, or replaces its contents; std::runtime_error where it can't be written.
 inline void WriteWhole(const std::filesystem::path& path, std::string_view bytes)
 {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file)
+    std::ofstream file(path, std::ios::binary);
+    if (!(file << bytes << std::flush))
         throw std::runtime_error("cannot write " + path.string());
 }
 
