@@ -126,7 +126,10 @@ void k_ColorPicker::OnClicked()
     m_open = TRUE;
     CRect button;
     GetWindowRect(&button);
-    new k_ColorPopup(CPoint(button.left, button.bottom), m_color, this, m_defaultText, m_moreText);
+    const auto* const popup =
+        new k_ColorPopup(CPoint(button.left, button.bottom), m_color, this, m_defaultText, m_moreText);
+    if (popup->GetSafeHwnd() == nullptr)
+        delete popup; // it has no window to go with
     NotifyParent(g_msgDropdown, m_color);
 }
 

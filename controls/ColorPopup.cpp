@@ -48,6 +48,8 @@ ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONUP()
 ON_WM_KEYDOWN()
 ON_WM_PAINT()
+ON_WM_CLOSE()
+ON_WM_NCDESTROY()
 ON_WM_KILLFOCUS()
 ON_WM_ACTIVATEAPP()
 ON_WM_QUERYNEWPALETTE()
@@ -70,6 +72,7 @@ k_ColorPopup::k_ColorPopup(CPoint topLeft, COLORREF color, CWnd* owner, LPCTSTR 
     AddToolTips();
     m_chosenCell = CellOf(color);
     SetCapture();
+    m_ownsItself = TRUE;
 }
 
 k_ColorPopup::~k_ColorPopup() = default;
@@ -187,11 +190,17 @@ void k_ColorPopup::OnPaletteChanged(CWnd* pFocusWnd)
         InvalidateRect(nullptr, TRUE);
 }
 
-// If the window can't be created, this runs within the constructor, which must not touch the object
-// afterwards. While the colour dialog is open, Finish still needs the object and deletes it itself.
-void k_ColorPopup::PostNcDestroy()
+// By the window manager.
+void k_ColorPopup::OnClose()
 {
-    if (m_inColorDialog == FALSE)
+    Finish(g_msgSelEndChange);
+}
+
+// While the colour dialog is open, Finish still needs the object and deletes it itself.
+void k_ColorPopup::OnNcDestroy()
+{
+    CWnd::OnNcDestroy();
+    if (m_ownsItself != FALSE && m_inColorDialog == FALSE)
         delete this;
 }
 

@@ -20,20 +20,21 @@ public:
     // screen, it is moved to the left, or above the owner's window. The texts are those of the default cell
     // and of the cell for more colours; null or an empty text omits the cell.
     //
-    // Create it with new and drop the pointer: the object deletes itself with its window, or at once, without
-    // a message, if the window can't be created. The owner must not be null, must outlive the window and must
-    // not destroy it.
+    // Create it with new and drop the pointer: the object deletes itself with its window. If the window can't
+    // be created, the object stays without one and sends nothing. The owner must not be null, must outlive
+    // the window and must not destroy it.
     k_ColorPopup(CPoint topLeft, COLORREF color, CWnd* owner, LPCTSTR defaultText, LPCTSTR moreText);
     ~k_ColorPopup() override;
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
 protected:
-    void PostNcDestroy() override;
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnPaint();
+    afx_msg void OnClose();
+    afx_msg void OnNcDestroy();
     afx_msg void OnKillFocus(CWnd* pNewWnd);
     afx_msg void OnActivateApp(BOOL bActive, DWORD dwThreadID);
     afx_msg BOOL OnQueryNewPalette();
@@ -95,6 +96,7 @@ private:
     CToolTipCtrl m_toolTip;
     CWnd* m_owner = nullptr;
     BOOL m_inColorDialog = FALSE;
+    BOOL m_ownsItself = FALSE; // once it is created
 
     DECLARE_MESSAGE_MAP()
 };

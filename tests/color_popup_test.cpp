@@ -217,6 +217,7 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
         EXPECT_EQ(press({16}, key), "change ff, ok ff");
     EXPECT_EQ(press({16}, VK_ESCAPE), "change ff, cancel 123456");
     EXPECT_EQ(end({16}, LeaveProgram), "change ff, cancel 123456");
+    EXPECT_EQ(end({16}, [] { test::WidgetOf(*popup).close(); }), "change ff, cancel 123456");
     EXPECT_EQ(click({}, {5, 5}), "ok 123456");
     EXPECT_EQ(press({}, VK_RETURN), "ok 123456");
     EXPECT_EQ(press({CELL_DEFAULT}, VK_RETURN), "change ff000000, ok ff000000");
@@ -293,10 +294,11 @@ TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
     EXPECT_EQ(Row(18 + m_high, 3, 8) + Row(19 + m_high, 3, 8), "fffffffsss"); // cell 0
 }
 
-TEST_F(ColorPopup, LeavesNothingWhereItCannotOpen)
+TEST_F(ColorPopup, StaysWithoutAWindowWhereItCannotOpen)
 {
     const HWND handle = std::exchange(m_owner.m_hWnd, reinterpret_cast<HWND>(&m_owner)); // not a window
-    new k_ColorPopup({0, 0}, initial, &m_owner, none, none); // gone at once, or the leak is told at the end
+    const auto object = std::make_unique<k_ColorPopup>(CPoint(), initial, &m_owner, none, none);
+    EXPECT_EQ(object->GetSafeHwnd(), nullptr);
     EXPECT_EQ(test::Heard(), "");
     m_owner.m_hWnd = handle;
 }

@@ -27,7 +27,7 @@ TEST(Windows, AreCreatedAndDestroyedFromTheInsideOut)
     EXPECT_EQ(Heard(), "parent create 60, parent size 60,50, child create 20, child size 20,20");
 
     const HWND handle = child.m_hWnd;
-    EXPECT_TRUE(parent.DestroyWindow());
+    WidgetOf(parent).close(); // as the window manager does
     EXPECT_TRUE(parent.m_hWnd == nullptr && child.m_hWnd == nullptr);
     EXPECT_TRUE(!IsWindow(handle) && CWnd::FromHandle(handle) == nullptr);
     EXPECT_EQ(SendMessageW(handle, WM_PAINT, 0, 0), 0);

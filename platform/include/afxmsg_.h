@@ -34,6 +34,7 @@ template <auto Handler> LRESULT AfxOnPlain(CCmdTarget* pTarget, WPARAM, LPARAM)
     AfxCall<Handler>(pTarget);
     return 0;
 }
+#define ON_WM_CLOSE() AFX_ON_WM(WM_CLOSE, AfxOnPlain, OnClose)
 #define ON_WM_DESTROY() AFX_ON_WM(WM_DESTROY, AfxOnPlain, OnDestroy)
 #define ON_WM_NCDESTROY() AFX_ON_WM(WM_NCDESTROY, AfxOnPlain, OnNcDestroy)
 #define ON_WM_PAINT() AFX_ON_WM(WM_PAINT, AfxOnPlain, OnPaint)

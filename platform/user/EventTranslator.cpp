@@ -130,6 +130,10 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         return SendFor(WM_SETFOCUS, 0, 0, event, qtHandling);
     case QEvent::FocusOut:
         return SendFor(WM_KILLFOCUS, 0, 0, event, qtHandling);
+    case QEvent::Close:
+        if (!m_window.Widget().isWindow())
+            break;
+        return SendFor(WM_CLOSE, 0, 0, event, qtHandling);
     case QEvent::EnabledChange:
         return SendFor(WM_ENABLE, m_window.Widget().isEnabled() ? 1 : 0, 0, event, qtHandling);
     case QEvent::Resize:
@@ -227,7 +231,8 @@ bool EventTranslator::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent
     if (!widget.isNull())
         m_pending = before;
     if (!pending.IsHandledByQt)
-        event.accept(); // the message was handled without Qt
+        event.setAccepted(message !=
+                          WM_CLOSE); // handled without Qt, which hides a window that accepts a close
     return pending.Result;
 }
 

@@ -1,7 +1,7 @@
 // Window classes registered by the library, and their windows.
 #include "WidgetWindow.h"
 
-#include <QEvent>
+#include <QCloseEvent>
 #include <afxwin.h>
 #include <map>
 
@@ -34,6 +34,13 @@ public:
     }
 
 protected:
+    // The window's own handling of WM_CLOSE.
+    void closeEvent(QCloseEvent* event) override
+    {
+        event->ignore();
+        Destroy();
+    }
+
     // Colours and fonts may have changed. Doesn't depend on a handler of WM_SETTINGCHANGE.
     bool event(QEvent* event) override
     {
