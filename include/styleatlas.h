@@ -160,7 +160,8 @@ GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, uint8_
  *   -1  the editor cannot be shown: see Windows above.
  *
  * parentWindow is the desktop's id of a window: QWidget::winId() in a host with Qt, an X11 window in any
- * other, 0 for none. An id that names no window counts as none. The window stays the caller's. */
+ * other (under Wayland its windows have no id), 0 for none. An id that names no window counts as none. The
+ * window stays the caller's. */
 int EditStyleAtlas(uintptr_t parentWindow);
 
 /* Loads the table again: the current catalogue of the unit library and the layout file. Every style fetched

@@ -179,7 +179,12 @@ protected:
         for (const QPoint button : {shapeButton, colorButton})
             WithPopup([&] { Click(At(dialog, curveUnits, button)); }, DownAnd("Escape"));
         WithPopup([&] { Click(At(dialog, curveUnits, shapeButton)); }, DownAnd("Return"));
-        const auto chooseTeal = [](WId popup) { Click({popup, {47, 29}}); };
+        WithPopup([&] { Click(At(dialog, curveUnits, colorButton)); }, DownAnd("alt+F4"));
+        const auto chooseTeal = [dialog](WId popup) {
+            Tool({"windowactivate", "--sync", std::to_string(dialog)}); // behind the popup, that is
+            Until([&] { return Picture(popup).pixelColor(47, 29) == QColor(0x8B8B00); }, "the popup's cell");
+            Click({popup, {47, 29}});
+        };
         WithPopup([&] { Click(At(dialog, curveUnits, colorButton)); }, chooseTeal);
         Click(At(dialog, curveUnits, okButton));
         WaitForEnd(dialog);

@@ -3,7 +3,6 @@
 #include <QColorDialog>
 #include <QPointer>
 #include <QtConvert.h>
-#include <Window.h>
 #include <afxwin.h>
 #include <algorithm>
 #include <array>
@@ -60,9 +59,8 @@ INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
     const ApplicationHolder application;
     if (!CanShowWindows())
         return IDCANCEL;
-    Window* const window = Window::Of(owner);
     // The owner may delete the dialog.
-    const QPointer dialog(new QColorDialog(window != nullptr ? &window->Widget() : nullptr));
+    const QPointer dialog(new QColorDialog(DialogOwner(owner)));
     dialog->setOption(QColorDialog::DontUseNativeDialog);
     INT_PTR result = IDCANCEL;
     {

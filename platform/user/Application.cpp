@@ -130,8 +130,11 @@ bool CanShowWindows()
 // A destroyed window of ours is hidden, but may remain the active one for a while.
 QWidget* DialogOwner(HWND owner)
 {
-    if (Window* const window = Window::Of(owner))
+    if (Window* window = Window::Of(owner)) {
+        for (; window->IsPopup(); window = window->Parent())
+            window->Widget().hide();
         return window->Widget().window();
+    }
     if (QWidget* const widget = ForeignWidget(owner))
         return widget->window();
     if (IsForeignXWindow(owner))

@@ -29,5 +29,7 @@ private:
 bool CanShowWindows();
 
 // The top-level widget that owns a dialog: that of the owner, which is a window of the layer or the host,
-// otherwise the active one. Null if there is none, and for a foreign window, which isn't a widget.
+// otherwise the active one. Null if there is none, and for a foreign window, which isn't a widget. A popup is
+// hidden, since it would stay above the dialog and take its input, and its own owner becomes that of the
+// dialog.
 QWidget* DialogOwner(HWND owner);

@@ -13,13 +13,14 @@ namespace
 Window* captureWindow = nullptr;
 QPoint messagePosition;
 
-// For mouse events outside of our windows. A display refuses the grab to a window that isn't on the screen
-// yet, for instance because it waits for the window manager.
+// For mouse events outside of our windows, which a popup receives anyway. A display refuses the grab to a
+// window that isn't on the screen yet, for instance because it waits for the window manager.
 void GrabIfExposed()
 {
     QWidget& widget = captureWindow->Client();
     const QWindow* const native = widget.window()->windowHandle();
-    if (native != nullptr && native->isExposed() && QWidget::mouseGrabber() != &widget)
+    if (!captureWindow->IsPopup() && native != nullptr && native->isExposed() &&
+        QWidget::mouseGrabber() != &widget)
         widget.grabMouse();
 }
 

@@ -44,6 +44,9 @@ public:
     // The window that contains or owns this one; null if there is none.
     Window* Parent();
 
+    // Whether it is an owned popup, which has all input of the program while it is open.
+    bool IsPopup() const { return m_widget.windowType() == Qt::Popup; }
+
     // Passes a message to the attached object; without one, to Default. SendContained is for callers that Qt
     // has called: it ends exceptions of handlers, with failure as the result.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);

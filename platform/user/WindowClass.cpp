@@ -1,7 +1,7 @@
 // Window classes registered by the library, and their windows.
 #include "WidgetWindow.h"
 
-#include <QCloseEvent>
+#include <QKeyEvent>
 #include <afxwin.h>
 #include <map>
 
@@ -20,6 +20,15 @@ std::map<std::u16string, WindowClass>& WindowClasses()
     return *classes;
 }
 
+// An owned popup is Qt's kind of popup: it stays above its owner, has all input while it is open, and appears
+// where it is placed, even on a desktop that places all other windows itself.
+Qt::WindowFlags FlagsOf(DWORD style, HWND parent)
+{
+    if ((style & WS_CHILD) != 0)
+        return Qt::Widget;
+    return (parent != nullptr ? Qt::Popup : Qt::Tool) | Qt::FramelessWindowHint;
+}
+
 // A window that WM_PAINT alone draws.
 class PlainWindow : public WidgetWindow<QWidget>
 {
@@ -34,6 +43,18 @@ public:
     }
 
 protected:
+    // Qt would close a popup at a press outside of it.
+    void mousePressEvent(QMouseEvent* /*event*/) override {}
+
+    // While a popup is open, the window manager doesn't see this key.
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (IsPopup() && event->key() == Qt::Key_F4 && event->modifiers().testFlag(Qt::AltModifier))
+            close();
+        else
+            WidgetWindow::keyPressEvent(event);
+    }
+
     // The window's own handling of WM_CLOSE.
     void closeEvent(QCloseEvent* event) override
     {
@@ -66,15 +87,13 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                     int y, int nWidth, int nHeight, HWND hWndParent, UINT nID)
 {
     const auto windowClass = WindowClasses().find(lpszClassName);
-    const bool isChild = (dwStyle & WS_CHILD) != 0;
     const CREATESTRUCT creation{
         nullptr,        hWndParent,    nHeight,  nWidth, y, x, static_cast<LONG>(dwStyle),
         lpszWindowName, lpszClassName, dwExStyle};
     const auto make = [&](QWidget* parent) -> Window* {
         if (windowClass == WindowClasses().end())
             return nullptr;
-        auto* const window =
-            new PlainWindow(parent, isChild ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint);
+        auto* const window = new PlainWindow(parent, FlagsOf(dwStyle, hWndParent));
         window->Background = windowClass->second.Background;
         return window;
     };

@@ -3,6 +3,7 @@
 #include "Contain.h"
 #include "Window.h"
 
+#include <QTimer>
 #include <QtConvert.h>
 #include <afxwin.h>
 
@@ -38,6 +39,31 @@ Window* Make(const CREATESTRUCT& creation, UINT id, const Window::Factory& facto
     return window;
 }
 
+void Show(QWidget& widget)
+{
+    widget.show();
+    if (!widget.isWindow())
+        return;
+    widget.activateWindow();
+    widget.setFocus();
+}
+
+// From the event loop: a desktop can place a popup only when it appears, so its creator has to be done with
+// it.
+void ShowLater(Window& popup)
+{
+    QWidget& widget = popup.Widget();
+    auto* const timer = new QTimer(&widget);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, timer, [&popup, &widget] {
+        if (popup.IsGone())
+            return;
+        widget.show();
+        widget.setFocus();
+    });
+    timer->start(0);
+}
+
 } // namespace
 
 bool Window::Create(CWnd& object, CREATESTRUCT creation, UINT id, const Factory& factory)
@@ -56,12 +82,11 @@ bool Window::Create(CWnd& object, CREATESTRUCT creation, UINT id, const Factory&
         return false;
     }
     window->SendPendingSize();
-    QWidget& widget = window->Widget();
-    const auto style = static_cast<DWORD>(creation.style);
-    widget.setVisible((style & WS_VISIBLE) != 0);
-    if ((style & WS_VISIBLE) != 0 && (style & WS_CHILD) == 0) {
-        widget.activateWindow();
-        widget.setFocus();
-    }
+    if ((static_cast<DWORD>(creation.style) & WS_VISIBLE) == 0)
+        window->Widget().hide();
+    else if (window->IsPopup())
+        ShowLater(*window);
+    else
+        Show(window->Widget());
     return true;
 }
