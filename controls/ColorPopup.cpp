@@ -137,6 +137,7 @@ void k_ColorPopup::OnMouseMove(UINT /*nFlags*/, CPoint point)
 void k_ColorPopup::OnLButtonUp(UINT /*nFlags*/, CPoint /*point*/)
 {
     Default();
+    GetWindowRect(&m_windowRect); // the desktop may have moved it
     const CPoint onScreen(static_cast<LPARAM>(::GetMessagePos()));
     Finish(::PtInRect(&m_windowRect, onScreen) != FALSE ? g_msgSelEndOK : g_msgSelEndChange);
 }

@@ -112,19 +112,25 @@ TEST_F(ColorPopup, GrowsWithItsTexts)
     QApplication::setFont(before);
 }
 
-TEST_F(ColorPopup, StaysOnTheScreen)
+TEST_F(ColorPopup, StaysOnTheScreenOfItsOwner)
 {
-    const int right = GetSystemMetrics(SM_CXSCREEN);
-    const int bottom = GetSystemMetrics(SM_CYSCREEN);
-    const auto placeOf = [this](int x, int y) {
-        Open(none, none, initial, {x, y});
-        const CRect place = test::PlaceOf(*popup);
-        return CPoint(place.left, place.top);
-    };
-    EXPECT_EQ(placeOf(right - 148, bottom - 94), CPoint(right - 148, bottom - 94));
-    EXPECT_EQ(placeOf(right - 147, 0), CPoint(right - 148, 0));
-    EXPECT_EQ(placeOf(-1, 0), CPoint(0, 0));
-    EXPECT_EQ(placeOf(10, bottom - 93), CPoint(10, bottom - 93 - 94 - 20)); // above a button 20 high
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        const QRect all = screen->geometry();
+        const auto placeOf = [&](int x, int y) {
+            test::WidgetOf(m_owner).move(all.center());
+            Open(none, none, initial, {x, y});
+            const CRect place = test::PlaceOf(*popup);
+            return CPoint(place.left, place.top);
+        };
+        const int top = all.top();
+        const int right = all.right() + 1;
+        const int bottom = all.bottom() + 1;
+        EXPECT_EQ(placeOf(right - 148, bottom - 94), CPoint(right - 148, bottom - 94));
+        EXPECT_EQ(placeOf(right - 147, top), CPoint(right - 148, top));
+        EXPECT_EQ(placeOf(all.left() - 1, top), CPoint(all.left(), top));
+        EXPECT_EQ(placeOf(all.left() + 10, bottom - 93), // above a button 20 high
+                  CPoint(all.left() + 10, bottom - 93 - 94 - 20));
+    }
 }
 
 TEST_F(ColorPopup, AnswersWhereItsCellsAreSensitive)
@@ -215,6 +221,11 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
         EXPECT_EQ(click({16}, outside), "change ff, cancel 123456");
     for (const UINT key : {VK_RETURN, VK_SPACE})
         EXPECT_EQ(press({16}, key), "change ff, ok ff");
+    const auto moveAndClick = [] {
+        test::WidgetOf(*popup).move(0, 0); // as a desktop does that keeps it on the screen
+        test::Click(*popup, {30, 60});
+    };
+    EXPECT_EQ(end({16}, moveAndClick), "change ff, ok ff");
     EXPECT_EQ(press({16}, VK_ESCAPE), "change ff, cancel 123456");
     EXPECT_EQ(end({16}, LeaveProgram), "change ff, cancel 123456");
     EXPECT_EQ(end({16}, [] { test::WidgetOf(*popup).close(); }), "change ff, cancel 123456");

@@ -14,10 +14,11 @@ constexpr int edgeWidth = 2;
 constexpr UINT sizeWithPadding = sizeof(NONCLIENTMETRICSW);
 constexpr UINT sizeWithoutPadding = sizeWithPadding - sizeof(int);
 
-QSize ScreenSize()
+// Of all screens together: a popup is kept on its owner's screen when it is placed.
+QSize DesktopSize()
 {
     const QScreen* const screen = CanShowWindows() ? QGuiApplication::primaryScreen() : nullptr;
-    return screen != nullptr ? screen->geometry().size() : QSize(0, 0);
+    return screen != nullptr ? screen->virtualSize() : QSize(0, 0);
 }
 
 LOGFONTW DesktopFont()
@@ -36,9 +37,9 @@ int GetSystemMetrics(int index)
 {
     switch (index) {
     case SM_CXSCREEN:
-        return ScreenSize().width();
+        return DesktopSize().width();
     case SM_CYSCREEN:
-        return ScreenSize().height();
+        return DesktopSize().height();
     case SM_CXVSCROLL:
     case SM_CYHSCROLL:
     case SM_CYVTHUMB:

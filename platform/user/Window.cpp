@@ -3,6 +3,7 @@
 #include "Capture.h"
 #include "CommandFailure.h"
 #include "Contain.h"
+#include "PopupPlace.h"
 
 #include <DeviceContext.h>
 #include <QCoreApplication>
@@ -120,7 +121,7 @@ LRESULT Window::Notify(NMHDR& header, int code)
 
 void Window::Place(const QRect& rectangle)
 {
-    m_widget.setGeometry(rectangle);
+    m_widget.setGeometry(IsPopup() ? OnScreenOf(*m_widget.parentWidget(), rectangle) : rectangle);
     SendPendingSize();
 }
 

@@ -68,7 +68,8 @@ public:
     void Notify(UINT code);
     LRESULT Notify(NMHDR& header, int code);
 
-    // Moves the window within its parent and sends WM_SIZE at once, even while it is hidden.
+    // Moves the window within its parent, or a popup on the screen of its owner, and sends WM_SIZE at once,
+    // even while it is hidden.
     void Place(const QRect& rectangle);
     void SendPendingSize();
 
