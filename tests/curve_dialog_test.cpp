@@ -121,6 +121,21 @@ TEST(CurveDialog, WritesWhatIsDefiniteIntoEveryRecordAtOkAlone)
     }
 }
 
+TEST(CurveDialog, StaysWhenAKeyEndsAList)
+{
+    k_LineDefList list;
+    list.Add(new k_LineDef);
+    const auto user = [](k_CurveLayoutDlg& dialog) {
+        auto& shapes = dynamic_cast<QComboBox&>(test::WidgetOf(dialog.m_SymbolShapeCombo));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            shapes.showPopup();
+            QTest::keyClick(shapes.window()->windowHandle(), key); // where Wayland sends it
+            EXPECT_TRUE(QApplication::activePopupWidget() == nullptr && shapes.isVisible());
+        }
+    };
+    Edit(list, user, nullptr);
+}
+
 TEST(CurveDialog, NamesTheQuantityAndShowsPicturesAndALightGroundWhereTheRecordsDiffer)
 {
     k_QuantityDesc quantity(QuantityKey{3, 1, 0, 0, 0});

@@ -4,6 +4,7 @@
 #include "Display.h"
 #include "ForeignWindow.h"
 #include "HostState.h"
+#include "PopupKeys.h"
 #include "Window.h"
 #include "XConnection.h"
 
@@ -16,8 +17,8 @@
 namespace
 {
 
-// Filters mouse events while a window has the capture, and reports that the program is activated or
-// deactivated.
+// Filters mouse events while a window has the capture, and keys that close popups; reports that the program
+// is activated or deactivated.
 class Watcher : public QObject
 {
 public:
@@ -27,7 +28,10 @@ public:
         connect(&application, &QGuiApplication::applicationStateChanged, this, &Watcher::SendActivation);
     }
 
-    bool eventFilter(QObject* receiver, QEvent* event) override { return ServeCapture(receiver, event); }
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        return ServeCapture(receiver, event) || EndsWithPopup(receiver, *event);
+    }
 
 private:
     // To all top-level windows.
