@@ -2,6 +2,7 @@
 
 #include "ColorMessages.h"
 #include "ColorPopup.h"
+#include "StyleWords.h"
 
 #include <algorithm>
 #include <model/Language.h>
@@ -26,6 +27,7 @@ int ArrowSize()
 BEGIN_MESSAGE_MAP(k_ColorPicker, CButton)
 ON_CONTROL_REFLECT(BN_CLICKED, k_ColorPicker::OnClicked)
 ON_WM_CREATE()
+ON_NOTIFY_RANGE(TTN_NEEDTEXTW, 0, 0xFFFF, k_ColorPicker::OnToolTipText)
 ON_REGISTERED_MESSAGE(g_msgSelChange, k_ColorPicker::OnSelChange)
 ON_REGISTERED_MESSAGE(g_msgSelEndChange, k_ColorPicker::OnSelEndChange)
 ON_REGISTERED_MESSAGE(g_msgSelEndOK, k_ColorPicker::OnSelEndOK)
@@ -43,12 +45,34 @@ void k_ColorPicker::SetColor(COLORREF color)
         RedrawWindow();
 }
 
+// ---- The colour in words
+
+CString k_ColorPicker::GetValueText() const
+{
+    return m_mixed != FALSE ? GetMixedText() : GetColorName(m_color);
+}
+
+HRESULT k_ColorPicker::get_accName(VARIANT varChild, BSTR* pszName)
+{
+    if (varChild.lVal != CHILDID_SELF)
+        return S_FALSE;
+    *pszName = (m_name.IsEmpty() ? GetValueText() : m_name + _T(", ") + GetValueText()).AllocSysString();
+    return S_OK;
+}
+
+void k_ColorPicker::OnToolTipText(UINT /*nID*/, NMHDR* pNMHDR, LRESULT* pResult)
+{
+    ::lstrcpynW(reinterpret_cast<NMTTDISPINFOW*>(pNMHDR)->szText, GetValueText(), tooltipTextSize);
+    *pResult = 0;
+}
+
 // ---- Size
 
 void k_ColorPicker::PreSubclassWindow()
 {
     ModifyStyle(0, BS_OWNERDRAW);
     CButton::PreSubclassWindow();
+    EnableToolTips(TRUE);
     FitSize();
 }
 

@@ -1,7 +1,7 @@
 // A button that shows a colour and drops down a popup to choose another.
 #pragma once
 
-#include <afxwin.h>
+#include <afxcmn.h>
 
 // Attached to a button of a dialog, or made with Create. In both cases it takes the height of its arrow and
 // at least twice the arrow's width, and shows no text. For each use of the popup it sends its parent, with
@@ -21,6 +21,11 @@ public:
     // Marks the colour as undetermined. Takes effect at the next painting.
     void SetMixed(BOOL mixed) { m_mixed = mixed; }
 
+    // What the colour is of, which screen readers hear before its name.
+    void SetName(LPCTSTR name) { m_name = name; }
+
+    HRESULT get_accName(VARIANT varChild, BSTR* pszName) override;
+
     void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) override;
 
 protected:
@@ -28,11 +33,14 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnClicked();
+    afx_msg void OnToolTipText(UINT nID, NMHDR* pNMHDR, LRESULT* pResult);
     afx_msg LRESULT OnSelChange(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnSelEndChange(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnSelEndOK(WPARAM wParam, LPARAM lParam);
 
 private:
+    CString GetValueText() const; // the colour's name or number
+
     void FitSize();
     void NotifyParent(UINT message, COLORREF color);
 
@@ -42,6 +50,7 @@ private:
     BOOL m_open = FALSE; // the popup is open
     COLORREF m_color = ::GetSysColor(COLOR_BTNFACE);
     RECT m_arrowRect{};
+    CString m_name;
     CString m_defaultText; // empty: the popup offers no automatic colour
     CString m_moreText;
 

@@ -4,7 +4,6 @@
 #include "ColorMessages.h"
 
 #include <commctrl.h>
-#include <model/Language.h>
 
 namespace
 {
@@ -109,8 +108,7 @@ void k_ColorPopup::AddToolTips()
     for (int cell = 0; cell < m_colorCount; ++cell) {
         RECT rect;
         CellRect(cell, &rect);
-        m_toolTip.AddTool(this, g_Language.GetUnStrippedText(k_Palette[cell].Name, k_LanguageSection, true),
-                          &rect, toolId);
+        m_toolTip.AddTool(this, CellText(cell), &rect, toolId);
     }
 }
 

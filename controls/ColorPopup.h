@@ -28,6 +28,13 @@ public:
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
+    // The parts are the cells: the colours, the cell for more colours and the default cell, if they exist.
+    HRESULT get_accChildCount(LONG* pcountChildren) override;
+    HRESULT get_accName(VARIANT varChild, BSTR* pszName) override;
+    HRESULT get_accFocus(VARIANT* pvarChild) override;
+    HRESULT accLocation(LONG* pxLeft, LONG* pyTop, LONG* pcxWidth, LONG* pcyHeight,
+                        VARIANT varChild) override;
+
 protected:
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
@@ -58,6 +65,8 @@ private:
     int CellAt(int row, int column) const;
     int CellUnder(CPoint point) const;
     int CellOf(COLORREF color) const;
+    int CellOfPart(LONG part) const; // CELL_NONE: no such part
+    CString CellText(int cell) const;
 
     // Keyboard navigation, starting from the hot cell.
     int KeyTarget(UINT key) const;

@@ -65,6 +65,11 @@ public:
     // Opens the editor on a list of records: see k_StyleEditor. Returns -1 if there is no editor.
     INT_PTR EditStyles(CWnd* pParent, k_LineDefList* pStyles, k_QuantityDesc* pQuantity);
 
+    // A cell is named by its row, its heading and its style in words. The focus is on the selected cell or
+    // heading, or on the caret row.
+    HRESULT get_accName(VARIANT varChild, BSTR* pszName) override;
+    HRESULT get_accFocus(VARIANT* pvarChild) override;
+
     int m_cellColumn = -1; // of the selected cell, -1 for none
     HTREEITEM m_cellItem = nullptr;
     int m_headerHeight = 0; // pixels
@@ -97,6 +102,9 @@ private:
     void OnHeaderItemChanging(NMHEADERW& notification, LRESULT* pResult);
     void OnHeaderItemClick(const NMHEADERW& notification);
     LRESULT OnCustomDraw(const NMTVCUSTOMDRAW& draw);
+
+    CString GetHeading(int column) const;
+    CString GetCellName(HTREEITEM hItem, int column) const;
 
     void PlaceWindows(bool hasVerticalBar);
     int LayOutHeader(); // returns the height of the headings

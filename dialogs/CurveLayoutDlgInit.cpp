@@ -2,6 +2,7 @@
 #include "CurveLayoutDlg.h"
 #include "TranslateChild.h"
 
+#include <controls/StyleWords.h>
 #include <memory>
 #include <model/Language.h>
 #include <model/StyleNames.h>
@@ -57,6 +58,8 @@ BOOL k_CurveLayoutDlg::OnInitDialog()
     SelectNumber(m_SymbolSizeCombo, first.SymbolSize);
     FillSymbolFills(first.SymbolFill);
     Select(m_LineWidthCombo, SelectNumber(m_LineWidthCombo, first.LineWidth));
+    m_SymbolColorPicker.SetName(g_Language.GetUnStrippedText(_T("Symbol colour"), k_LanguageSection, true));
+    m_LineColorPicker.SetName(g_Language.GetUnStrippedText(_T("Line colour"), k_LanguageSection, true));
     m_LineColorPicker.SetColor(first.LineColor);
     m_SymbolColorPicker.SetColor(first.SymbolColor);
     m_UseSymbolColorCheck.SendMessage(BM_SETCHECK, first.UseSymbolColor ? BST_CHECKED : BST_UNCHECKED);
@@ -120,8 +123,8 @@ void k_CurveLayoutDlg::FillSymbolFills(short selected)
     Select(m_SymbolFillCombo, selected);
 }
 
-// Combo boxes show a mixed property by their selection, colour pickers by their colour. The check box has no
-// mark: it shows the state of the first record.
+// Combo boxes show a mixed property by having no selection, colour pickers by their colour. The check box has
+// no mark: it shows the state of the first record.
 void k_CurveLayoutDlg::MarkMixed()
 {
     m_Lines.UpdateUniformity();
@@ -134,6 +137,7 @@ void k_CurveLayoutDlg::MarkMixed()
         if (isSame)
             continue;
         box->SetMixed(1);
+        box->SetCueBanner(GetMixedText());
         Select(*box, CB_ERR);
     }
     if (!m_Lines.SameSymbolColor)

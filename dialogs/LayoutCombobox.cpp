@@ -1,6 +1,6 @@
 #include "LayoutCombobox.h"
 
-#include <model/LineDef.h>
+#include <controls/StyleWords.h>
 
 namespace
 {
@@ -82,6 +82,20 @@ void k_LayoutCombobox::DrawPicture(CDC& dc, const DRAWITEMSTRUCT& item)
     style.DrawLine(&dc, item.rcItem);
     if (m_drawSymbol)
         style.DrawSymbol(&dc, item.rcItem);
+}
+
+HRESULT k_LayoutCombobox::get_accName(VARIANT varChild, BSTR* pszName)
+{
+    const bool isPicture = varChild.lVal != CHILDID_SELF && (GetStyle() & CBS_OWNERDRAWVARIABLE) != 0;
+    const auto data =
+        isPicture ? static_cast<UINT_PTR>(SendMessage(CB_GETITEMDATA, static_cast<WPARAM>(varChild.lVal - 1)))
+                  : 0;
+    if (!HasRecord(data))
+        return S_FALSE;
+    const auto& style = *reinterpret_cast<const k_LineDef*>(data);
+    *pszName = (m_drawSymbol ? GetSymbolShapeName(style.SymbolShape) : GetLineStyleName(style.LineStyle))
+                   .AllocSysString();
+    return S_OK;
 }
 
 void k_LayoutCombobox::MeasureItem(LPMEASUREITEMSTRUCT /*lpMeasureItemStruct*/) {}

@@ -28,6 +28,9 @@ public:
 
     int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct) override; // 0: items are not sorted
 
+    // A picture is named by its shape or line style.
+    HRESULT get_accName(VARIANT varChild, BSTR* pszName) override;
+
 protected:
     void PreSubclassWindow() override;
 

@@ -53,6 +53,15 @@ TEST_F(ColorPicker, IsAsHighAsItsArrowAndAtLeastTwiceAsWide)
 
 TEST_F(ColorPicker, ShowsItsColorIfThereIsOneAndNoText)
 {
+    QHelpEvent rest(QEvent::ToolTip, {5, 5}, test::WidgetOf(m_picker).mapToGlobal(QPoint(5, 5)));
+    const auto tip = [&] {
+        QApplication::sendEvent(&test::WidgetOf(m_picker), &rest);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tip(), "#563412");
+    m_picker.SetMixed(TRUE);
+    EXPECT_EQ(tip(), "verschieden");
+    m_picker.SetMixed(FALSE);
     const std::string arrow = Row(10, 81, 98);
     EXPECT_EQ(Row(10, 0, 100), "sd" + std::string(78, 'c') + "flhfffffdddfffffsdlh");
     EXPECT_EQ(Row(18, 0, 100), "sd" + std::string(79, 'f') + std::string(17, 'd') + "lh");

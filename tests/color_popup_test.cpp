@@ -324,6 +324,13 @@ TEST_F(ColorPopup, NamesItsColorsInTheUsersLanguage)
     EXPECT_EQ(textAt({19, m_gridTop + 19}), "Schwarz"); // at its last pixel
     EXPECT_EQ(textAt(PointIn(39)), "Weiß");
     EXPECT_EQ(textAt(PointIn(CELL_DEFAULT)) + textAt(PointIn(CELL_MORE)), "");
+    QWidget& widget = test::WidgetOf(*popup);
+    const QPoint point(PointIn(12).x, PointIn(12).y);
+    QHelpEvent rest(QEvent::ToolTip, point, widget.mapToGlobal(point));
+    QApplication::sendEvent(&widget, &rest);
+    EXPECT_EQ(QToolTip::text(), "Blaugrün");
+    for (const QWidget* const other : QApplication::topLevelWidgets())
+        EXPECT_FALSE(other->inherits("QTipLabel") && other->geometry().intersects(widget.geometry()));
 }
 
 } // namespace

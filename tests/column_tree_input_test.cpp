@@ -3,6 +3,7 @@
 
 #include <QHelpEvent>
 #include <QToolTip>
+#include <dialogs/resource.h>
 
 namespace
 {
@@ -109,6 +110,73 @@ TEST_F(ColumnTreeInput, WalksByKeys)
     });
 }
 
+TEST_F(ColumnTreeInput, NeedsNoMouse)
+{
+    constexpr UINT f2 = 113;
+    constexpr UINT f6 = 117;
+    RunInside([&] {
+        const auto focus = [] { return Window::Of(QApplication::focusWidget())->Handle(); };
+        const auto press = [&](UINT key, Qt::KeyboardModifiers modifiers = {}) {
+            test::PressKey(*CWnd::FromHandle(focus()), key, modifiers);
+            return Selection();
+        };
+        editRequests.clear();
+        m_dialog.GetDlgItem(IDCANCEL)->SetFocus();
+        press(VK_TAB);
+        EXPECT_EQ(focus(), Tree().m_hWnd);
+        press(VK_DOWN);
+        EXPECT_EQ(press(f2), "cell -1 of none, column -1, row 1");
+        EXPECT_EQ(press(f6), "cell 1 of 1, column -1");
+        press(VK_RIGHT);
+        EXPECT_EQ(press(f2), "cell 2 of 1, column -1");
+        EXPECT_EQ(press(f6), "cell -1 of 1, column 2");
+        EXPECT_EQ(press(f2), "cell -1 of 1, column 2");
+        EXPECT_EQ(press(f6, Qt::ShiftModifier), "cell 2 of 1, column -1");
+        EXPECT_EQ(press(f6, Qt::ShiftModifier), "cell -1 of none, column -1, row 1");
+        EXPECT_EQ(press(f6, Qt::ShiftModifier), "cell -1 of none, column 1");
+        EXPECT_EQ(press(f6), "cell -1 of none, column -1, row 1") << "where it was";
+        ASSERT_EQ(editRequests.size(), 3U);
+        EXPECT_EQ(editRequests[0].Quantity, m_dialog.m_Atlas.GetRow(1));
+        EXPECT_EQ(editRequests[1].Styles, std::vector<const k_LineDef*>{Style(1, 1)});
+        EXPECT_EQ(editRequests[2].Styles.size(), 6U);
+
+        Click(Cell(4, 1));
+        press(VK_LEFT);
+        EXPECT_EQ(press(VK_DOWN), "cell -1 of 4, column -1, row 5");
+        Resize(250, Frame().m_headerHeight + Label(4).y); // room for three rows and one column
+        Tree().EnsureVisible(Row(5));
+        Click(Cell(4, 1));
+        press(VK_DOWN);
+        for (int i = 0; i < 3; ++i)
+            press(VK_RIGHT);
+        Frame().SendMessage(WM_HSCROLL, SB_LEFT, 0);
+        press(f2);
+        EXPECT_EQ(editRequests.back().Styles, std::vector<const k_LineDef*>{Style(5, 3)});
+        EXPECT_EQ(Frame().m_xOffset, Frame().m_totalWidth + GetSystemMetrics(SM_CXVSCROLL) - 250) << "shown";
+        test::TurnWheel(Tree(), 0, 120);
+        const int offset = Frame().m_xOffset;
+        EXPECT_LT(offset, Frame().m_totalWidth + GetSystemMetrics(SM_CXVSCROLL) - 250);
+        test::TurnWheel(Frame().m_Header, 0, -120);
+        EXPECT_GT(Frame().m_xOffset, offset);
+        for (const bool expands : {false, true}) {
+            expands ? Tree().ExpandAll() : Tree().CollapseAll();
+            ExpectInView(Frame().m_cellItem);
+        }
+
+        press(VK_TAB);
+        EXPECT_EQ(focus(), m_dialog.GetDlgItem(IDC_LOAD)->m_hWnd);
+        QTimer::singleShot(0, [] {
+            auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+            QTest::keyClick(&menu, Qt::Key_End);
+            EXPECT_EQ(menu.activeAction(), menu.actions().back());
+            QTest::keyClick(&menu, Qt::Key_Home);
+            EXPECT_EQ(menu.activeAction(), menu.actions().front());
+            menu.close();
+        });
+        test::PressKey(Tree(), 121, Qt::ShiftModifier);
+    });
+}
+
 TEST_F(ColumnTreeInput, OpensTheStylesOfEachGesture)
 {
     RunInside([&] {
@@ -182,6 +250,10 @@ TEST_F(ColumnTreeInput, NamesTheRowUnderTheMouse)
         info.hdr = {Tree().m_hWnd, 2, static_cast<UINT>(TTN_NEEDTEXTA)};
         EXPECT_EQ(Tree().SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&info)), 0);
         EXPECT_EQ(info.szText, std::string(79, 'x'));
+        ask(Label(6));
+        EXPECT_TRUE(QToolTip::isVisible());
+        test::MoveMouse(Tree(), Label(5));
+        QTRY_VERIFY(!QToolTip::isVisible()); // another row
     });
 }
 

@@ -203,6 +203,29 @@ TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
     test::PressKey(m_box, VK_RETURN);
     EXPECT_EQ(FieldText(), _T("1275"));
     EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR); // though the list has it
+    const auto isGrey = [&] {
+        const QPalette colors = test::WidgetOf(m_box).findChild<QLineEdit*>()->palette();
+        return colors.color(QPalette::Text) == colors.color(QPalette::PlaceholderText);
+    };
+    test::Settle();
+    m_box.SetFocus();
+    EXPECT_FALSE(isGrey());
+    m_parent.SetFocus();
+    EXPECT_TRUE(isGrey()) << "not taken";
+    Send(CB_SETCURSEL, 0);
+    EXPECT_FALSE(isGrey());
+}
+
+TEST_F(Controls, AComboBoxTurnsWithTheWheelWhileItHasTheFocus)
+{
+    MakeBox(CBS_DROPDOWNLIST, {_T("one"), _T("two")});
+    test::Settle();
+    m_parent.SetFocus();
+    test::TurnWheel(m_box, -120);
+    EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR);
+    m_box.SetFocus();
+    test::TurnWheel(m_box, -120);
+    EXPECT_EQ(Send(CB_GETCURSEL), 0);
 }
 
 } // namespace

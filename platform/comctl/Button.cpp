@@ -3,6 +3,8 @@
 #include "Control.h"
 #include "OwnerDraw.h"
 
+#include <Accessibility.h>
+#include <AccessibleWindow.h>
 #include <QPaintEvent>
 #include <algorithm>
 
@@ -56,6 +58,13 @@ void PushButtonWindow::OnStyleChanged()
 {
     setAutoDefault(Type() == BS_PUSHBUTTON || Type() == BS_DEFPUSHBUTTON);
     setDefault(Type() == BS_DEFPUSHBUTTON);
+    accessible::Renew(*this);
+}
+
+// An owner-drawn button says what its owner has drawn.
+QAccessibleInterface* PushButtonWindow::NewAccessible()
+{
+    return Type() == BS_OWNERDRAW ? new AccessibleWindow(*this, QAccessible::ButtonDropDown) : nullptr;
 }
 
 void PushButtonWindow::paintEvent(QPaintEvent* event)

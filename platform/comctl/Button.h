@@ -29,6 +29,7 @@ public:
     PushButtonWindow(DWORD style, QWidget* parent);
 
     void OnStyleChanged() override;
+    QAccessibleInterface* NewAccessible() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,7 +1,9 @@
 #include "ComboBox.h"
 
+#include "AccessibleControls.h"
 #include "Control.h"
 
+#include <Accessibility.h>
 #include <QAbstractItemModel>
 #include <QEvent>
 #include <QLineEdit>
@@ -28,6 +30,7 @@ ComboWindow::ComboWindow(DWORD style, QWidget* parent) : WidgetWindow(parent)
 {
     Style = style;
     setMaxVisibleItems(maxListItems);
+    setFocusPolicy(Qt::StrongFocus); // the wheel doesn't give it
     if (IsOwnerDrawn())
         SetUpOwnerDraw();
     if ((style & kindBits) == CBS_DROPDOWN) {
@@ -37,6 +40,7 @@ ComboWindow::ComboWindow(DWORD style, QWidget* parent) : WidgetWindow(parent)
         // Typing selects nothing in the list, not even when editing ends.
         disconnect(lineEdit(), SIGNAL(editingFinished()), this, nullptr);
         connect(lineEdit(), &QLineEdit::textEdited, this, &ComboWindow::LoseSelection);
+        connect(this, &QComboBox::currentIndexChanged, this, &ComboWindow::ShowIfTaken);
     }
     connect(this, &QComboBox::activated, this, [this] { Notify(CBN_SELCHANGE); });
     FitHeight();
@@ -66,6 +70,9 @@ LRESULT ComboWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
         return Has(index) ? static_cast<LRESULT>(DataOf(index)) : CB_ERR;
     case CB_SETITEMDATA:
         return SetData(index, lParam);
+    case CB_SETCUEBANNER:
+        ShowCue(TextOf(lParam));
+        return TRUE;
     default:
         return WidgetWindow::OnDefault(message, wParam, lParam);
     }
@@ -125,6 +132,7 @@ LRESULT ComboWindow::SetData(int index, LPARAM lParam)
     if (!Has(index))
         return CB_ERR;
     setItemData(index, static_cast<qulonglong>(lParam));
+    setItemData(index, accessible::NameOf(*this, index + 1), Qt::AccessibleTextRole);
     return TRUE;
 }
 
@@ -143,6 +151,49 @@ void ComboWindow::LoseSelection()
     setCurrentIndex(-1);
     lineEdit()->setText(typed);
     lineEdit()->setCursorPosition(cursor);
+}
+
+void ComboWindow::ShowCue(const QString& text)
+{
+    setPlaceholderText(text);
+    if (isEditable())
+        lineEdit()->setPlaceholderText(text);
+}
+
+void ComboWindow::ShowIfTaken()
+{
+    if (!isEditable())
+        return;
+    QPalette colors;
+    if (currentIndex() < 0 && !hasFocus() && !currentText().isEmpty())
+        colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
+    lineEdit()->setPalette(colors);
+}
+
+void ComboWindow::focusInEvent(QFocusEvent* event)
+{
+    WidgetWindow::focusInEvent(event);
+    ShowIfTaken();
+}
+
+void ComboWindow::focusOutEvent(QFocusEvent* event)
+{
+    WidgetWindow::focusOutEvent(event);
+    ShowIfTaken();
+}
+
+// Without the focus, a turn of the wheel is meant for something else.
+void ComboWindow::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        WidgetWindow::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+QAccessibleInterface* ComboWindow::NewAccessible()
+{
+    return new AccessibleCombo(*this);
 }
 
 void ComboWindow::FitHeight()

@@ -16,6 +16,7 @@ public:
     // The text of the field.
     QString Text() const override { return currentText(); }
     void SetText(const QString& text) override { setEditText(text); }
+    QAccessibleInterface* NewAccessible() override;
 
     // Lets the owner draw an item of the open list.
     void DrawListItem(QPainter& painter, const QStyleOptionViewItem& option, int index);
@@ -25,6 +26,9 @@ protected:
 
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     bool IsOwnerDrawn() const { return (Style & CBS_OWNERDRAWVARIABLE) != 0; }
@@ -43,5 +47,7 @@ private:
     int AskForHeight(int index);
     void FitHeight();
     void LoseSelection();
+    void ShowCue(const QString& text); // in grey, while the field is empty
+    void ShowIfTaken();                // a text that isn't of the list is grey, except while it is edited
     void DrawField(QPainter& painter, const QRect& place);
 };

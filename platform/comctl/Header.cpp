@@ -1,6 +1,7 @@
 #include "Header.h"
 
 #include "Control.h"
+#include "ScrollBar.h"
 
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
@@ -121,6 +122,12 @@ void HeaderWindow::mouseMoveEvent(QMouseEvent* event)
 {
     const QScopedValueRollback<bool> drag(m_isDragging, true);
     ScrollAreaWindow::mouseMoveEvent(event);
+}
+
+void HeaderWindow::wheelEvent(QWheelEvent* event)
+{
+    if (!ScrollBarWindow::TakeWheel(*this, *event))
+        ScrollAreaWindow::wheelEvent(event);
 }
 
 // Qt has already resized: restore, then ask the parent.

@@ -16,6 +16,7 @@ public:
 protected:
     LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     bool Has(int index) const { return index >= 0 && index < count(); }

@@ -2,6 +2,8 @@
 
 #include "Control.h"
 
+#include <InputNames.h>
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <algorithm>
 #include <cstdint>
@@ -48,6 +50,34 @@ void ScrollBarWindow::OnAction(int action)
                found != std::end(actionCodes)) {
         NotifyScroll(found->Code);
     }
+}
+
+ScrollBarWindow* ScrollBarWindow::Beside(const QWidget& widget)
+{
+    const QList<QWidget*> siblings =
+        widget.parentWidget() != nullptr
+            ? widget.parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)
+            : QList<QWidget*>();
+    for (QWidget* const sibling : siblings) {
+        if (auto* const bar = dynamic_cast<ScrollBarWindow*>(sibling); bar != nullptr && !bar->isHidden())
+            return bar;
+    }
+    return nullptr;
+}
+
+bool ScrollBarWindow::TakeWheel(const QWidget& widget, QWheelEvent& event)
+{
+    ScrollBarWindow* const bar = IsSideways(event) ? Beside(widget) : nullptr;
+    return bar != nullptr && QCoreApplication::sendEvent(bar, &event);
+}
+
+void ScrollBarWindow::Reveal(int left, int right)
+{
+    const int position = std::min(std::max(value(), right - pageStep()), left);
+    if (position == value())
+        return;
+    NotifyScroll(SB_THUMBTRACK, position);
+    End();
 }
 
 void ScrollBarWindow::NotifyScroll(UINT code, int position)

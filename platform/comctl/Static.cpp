@@ -1,7 +1,9 @@
 #include "Static.h"
 
+#include "AccessibleTable.h"
 #include "Control.h"
 
+#include <Accessibility.h>
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
@@ -37,6 +39,23 @@ void StaticWindow::SetText(const QString& text)
 {
     WidgetWindow::SetText(text);
     update();
+}
+
+QAccessibleInterface* StaticWindow::NewAccessible()
+{
+    for (QObject* const child : children()) {
+        if (auto* const tree = dynamic_cast<TreeWindow*>(child))
+            return new AccessibleTable(*this, *tree);
+    }
+    return new AccessibleWindow(*this, QAccessible::StaticText);
+}
+
+// A tree among the children makes it a table.
+void StaticWindow::childEvent(QChildEvent* event)
+{
+    WidgetWindow::childEvent(event);
+    if (event->added())
+        accessible::Renew(*this);
 }
 
 bool StaticWindow::event(QEvent* event)

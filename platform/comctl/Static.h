@@ -13,9 +13,11 @@ public:
     StaticWindow(DWORD style, QWidget* parent);
 
     void SetText(const QString& text) override;
+    QAccessibleInterface* NewAccessible() override;
 
 protected:
     bool event(QEvent* event) override;
+    void childEvent(QChildEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -6,8 +6,9 @@
 #include <WidgetWindow.h>
 #include <vector>
 
-// Never shown itself. At TTM_RELAYEVENT it sets the text of the place as the widget's tooltip; Qt shows and
-// hides that.
+// Never shown itself. At TTM_RELAYEVENT it sets the text of the place as the widget's tooltip. Qt shows that,
+// below the widget or above it, so that it doesn't hide the places around, and hides it when the mouse leaves
+// its place.
 class ToolTipWindow : public WidgetWindow<QWidget>
 {
 public:
@@ -17,6 +18,7 @@ public:
 
 protected:
     LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool eventFilter(QObject* window, QEvent* event) override;
 
 private:
     struct Tool {
@@ -26,7 +28,7 @@ private:
     };
 
     void Relay(const MSG& message);
-    QString TextAt(HWND window, QPoint point) const; // of the first matching tool
+    const Tool* ToolAt(HWND window, QPoint point) const; // the first; null if there is none
 
     std::vector<Tool> m_tools;
 };

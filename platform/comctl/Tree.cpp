@@ -54,6 +54,17 @@ bool BringsData(UINT message)
     }
 }
 
+// The Tab key reaches the tree where its parent has its place among the controls of the dialog.
+void FollowParentInTabOrder(QWidget& tree)
+{
+    QWidget* before = tree.parentWidget();
+    if (before == nullptr || before->isWindow())
+        return;
+    while (before->focusPolicy() == Qt::NoFocus && before != tree.window())
+        before = before->previousInFocusChain();
+    QWidget::setTabOrder(before, &tree);
+}
+
 HTREEITEM ToHandle(LPARAM lParam)
 {
     return reinterpret_cast<HTREEITEM>(lParam);
@@ -73,7 +84,8 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
     setVerticalScrollBar(new VerticalBar(this));
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy((style & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
+    FollowParentInTabOrder(*this);
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -97,10 +109,14 @@ LRESULT TreeWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
         return Select(ToHandle(lParam), wParam) ? TRUE : FALSE;
     case TVM_ENSUREVISIBLE:
         return Reveal(ToHandle(lParam), EnsureVisible) ? TRUE : FALSE;
-    case TVM_EXPAND: {
-        TreeItem* const item = Find(ToHandle(lParam));
-        return item != nullptr && Expand(*item, wParam) ? TRUE : FALSE;
+    case TVM_EXPAND:
+        return ExpandInPlace(ToHandle(lParam), wParam) ? TRUE : FALSE;
+    case TVM_MAPACCIDTOHTREEITEM: {
+        const TreeItem* const item = Find(reinterpret_cast<HTREEITEM>(wParam));
+        return item != nullptr ? reinterpret_cast<LRESULT>(item->Handle()) : 0;
     }
+    case TVM_MAPHTREEITEMTOACCID:
+        return Find(reinterpret_cast<HTREEITEM>(wParam)) != nullptr ? static_cast<LRESULT>(wParam) : 0;
     case TVM_GETITEMRECT:
         return GetRect(*reinterpret_cast<LPRECT>(lParam), wParam != 0) ? TRUE : FALSE;
     case TVM_HITTEST: {

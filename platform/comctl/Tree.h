@@ -22,30 +22,44 @@ public:
 
     bool ScrollInfo(int bar, SCROLLINFO& info) const override;
     void OnStyleChanged() override { viewport()->update(); }
+    bool ActForMouse(const QKeyEvent& key) override;
+    QAccessibleInterface* NewAccessible() override;
+    QRect ToolTipPlaceAt(QPoint point) override;
 
     int RowHeight() const;
 
-protected:
-    LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void PaintInto(HDC context) override;
-
-    bool viewportEvent(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void scrollContentsBy(int dx, int dy) override;
-
-private:
     // The parts of a row in the client area; all empty for a row below a collapsed one.
     struct Places {
         QRect Row;
         QRect Branch; // left of the label, with lines and button; empty if there is no room
         QRect Label;
     };
+    QRect RowOf(const TreeItem& item) const;
+    Places PlacesOf(const TreeItem& item) const;
+
+    TreeItem* Find(HTREEITEM handle) const { return m_handles.Find(handle); }
+    TreeItem* Caret() const { return static_cast<TreeItem*>(currentItem()); }
+
+    // The row where keys go on: the caret row, or the one that was last, or the topmost; null without rows.
+    TreeItem* KeyRow() const;
+
+protected:
+    LRESULT OnDefault(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void PaintInto(HDC context) override;
+
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
     static constexpr int labelPadding = 2; // on each side of the text
     struct Hit {
         TreeItem* Item;
@@ -71,16 +85,21 @@ private:
     // Expands the row's parents and scrolls to it. False if the row doesn't exist, or not any more.
     bool Reveal(HTREEITEM handle, ScrollHint hint);
 
+    void TellFocus(bool isNew); // to screen readers, whether or not it was outside of the tree
+
     void NotifyExpanded(const TreeItem& item, WPARAM code);
 
-    TreeItem* Find(HTREEITEM handle) const { return m_handles.Find(handle); }
-    TreeItem* Caret() const { return static_cast<TreeItem*>(currentItem()); }
+    void ExpandBelow(TreeItem& item); // all rows below it, and itself
+
+    // Expands or collapses at the request of the program, with the selected row staying where it is in the
+    // view, or else the topmost row.
+    bool ExpandInPlace(HTREEITEM handle, WPARAM code);
+
     TreeItem* FirstVisible() const { return static_cast<TreeItem*>(itemAt(0, 0)); }
     TreeItem* Sibling(const TreeItem& item, int distance) const; // null if there is none
     UINT StateOf(const TreeItem& item) const;                    // TVIS_ values
+    TreeItem* ShownParent(TreeItem* item) const;                 // the row, or the one it is collapsed into
 
-    QRect RowOf(const TreeItem& item) const; // see Places
-    Places PlacesOf(const TreeItem& item) const;
     Hit HitTest(QPoint point) const;
     bool HasButton(const TreeItem& item) const;
     bool Selects(UINT flags) const; // for a click with these hit-test flags
@@ -97,4 +116,5 @@ private:
     void DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const;
 
     TreeHandles m_handles;
+    HTREEITEM m_lastCaret = nullptr; // when the caret was taken away
 };

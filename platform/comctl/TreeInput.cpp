@@ -1,9 +1,12 @@
-// Mouse and keyboard of a tree, and the notifications of its parent.
+// Expansion and the mouse of a tree, and the notifications of its parent.
+#include "ScrollBar.h"
 #include "Tree.h"
+#include "TreeTable.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScrollBar>
 
 void TreeWindow::NotifyExpanded(const TreeItem& item, WPARAM code)
 {
@@ -31,6 +34,39 @@ void TreeWindow::SetExpanded(TreeItem& item, bool isExpanded)
         setCurrentItem(&item);
 }
 
+void TreeWindow::ExpandBelow(TreeItem& item)
+{
+    std::vector<HTREEITEM> rows{item.Handle()};
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        TreeItem* const row = Find(rows[i]); // the parent may change any row at each notification
+        if (row == nullptr)
+            continue;
+        for (int child = 0; child < row->childCount(); ++child)
+            rows.push_back(static_cast<const TreeItem*>(row->child(child))->Handle());
+        Expand(*row, TVE_EXPAND);
+    }
+}
+
+bool TreeWindow::ExpandInPlace(HTREEITEM handle, WPARAM code)
+{
+    TreeItem* const item = Find(handle);
+    if (item == nullptr)
+        return false;
+    const QRect view = viewport()->rect();
+    const TreeItem* kept = ShownParent(TreeTable(*this).Selected().Row);
+    if (kept == nullptr || !view.intersects(RowOf(*kept)))
+        kept = FirstVisible();
+    HTREEITEM const place = kept != nullptr ? kept->Handle() : nullptr;
+    const int before = kept != nullptr ? RowOf(*kept).top() : 0;
+    if (!Expand(*item, code))
+        return false;
+    UpdateLayout();
+    if (const TreeItem* const after = ShownParent(Find(place)))
+        verticalScrollBar()->setValue(verticalScrollBar()->value() +
+                                      (RowOf(*after).top() - before) / RowHeight());
+    return true;
+}
+
 // ---- The mouse
 //
 // Qt's own handling would select anywhere in a row, and during a drag.
@@ -45,6 +81,7 @@ bool TreeWindow::viewportEvent(QEvent* event)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
         const QPointer<QWidget> tree(this); // a handler's event loop may delete it
+        TellFocus(false);
         setAutoScroll(false);
         const bool result = ScrollAreaWindow::viewportEvent(event);
         if (!tree.isNull())
@@ -94,41 +131,14 @@ void TreeWindow::mouseReleaseEvent(QMouseEvent* event)
                       gdi::ToLParam(event->globalPosition().toPoint()));
 }
 
-// ---- The keyboard
-
-// Handles expansion itself, because the parent may change any row when it is notified.
-void TreeWindow::keyPressEvent(QKeyEvent* event)
+QRect TreeWindow::ToolTipPlaceAt(QPoint point)
 {
-    TreeItem* const caret = Caret();
-    switch (caret != nullptr ? event->key() : 0) {
-    case Qt::Key_Left:
-        if (!Expand(*caret, TVE_COLLAPSE) && caret->Parent() != nullptr)
-            setCurrentItem(caret->Parent());
-        break;
-    case Qt::Key_Right:
-        if (!Expand(*caret, TVE_EXPAND) && caret->childCount() > 0)
-            setCurrentItem(caret->child(0));
-        break;
-    case Qt::Key_Plus:
-        Expand(*caret, TVE_EXPAND);
-        break;
-    case Qt::Key_Minus:
-        Expand(*caret, TVE_COLLAPSE);
-        break;
-    case Qt::Key_Asterisk:
-        break; // Qt would expand the whole subtree without notifications
-    default:
-        QTreeWidget::keyPressEvent(event);
-        break;
-    }
+    const auto* const row = static_cast<const TreeItem*>(itemAt(point));
+    return row != nullptr ? RowOf(*row) : QRect();
 }
 
-// A tree with the focus has a selected row. The end of a menu doesn't select one.
-void TreeWindow::focusInEvent(QFocusEvent* event)
+void TreeWindow::wheelEvent(QWheelEvent* event)
 {
-    QTreeWidget::focusInEvent(event);
-    if (event->reason() == Qt::PopupFocusReason)
-        return;
-    if (TreeItem* const item = Caret() != nullptr ? Caret() : FirstVisible())
-        setCurrentItem(item);
+    if (!ScrollBarWindow::TakeWheel(*this, *event))
+        ScrollAreaWindow::wheelEvent(event);
 }

@@ -2,6 +2,7 @@
 #include "Tree.h"
 
 #include <QScrollBar>
+#include <QToolTip>
 #include <algorithm>
 #include <cstring>
 
@@ -116,5 +117,6 @@ bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
 // Qt would move the pixels that it has painted, but not those of the surface.
 void TreeWindow::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
+    QToolTip::hideText(); // its row is elsewhere now
     Surface().Invalidate(viewport()->rect(), true);
 }

@@ -125,9 +125,9 @@ HTREEITEM TreeWindow::Next(HTREEITEM handle, WPARAM relation) const
     case TVGN_CHILD:
         return HandleOf(item->child(0));
     case TVGN_NEXTVISIBLE:
-        return PlacesOf(*item).Row.isEmpty() ? nullptr : HandleOf(itemBelow(item));
+        return RowOf(*item).isEmpty() ? nullptr : HandleOf(itemBelow(item));
     case TVGN_PREVIOUSVISIBLE:
-        return PlacesOf(*item).Row.isEmpty() ? nullptr : HandleOf(itemAbove(item));
+        return RowOf(*item).isEmpty() ? nullptr : HandleOf(itemAbove(item));
     default:
         return nullptr;
     }
@@ -140,6 +140,7 @@ bool TreeWindow::Select(HTREEITEM handle, WPARAM relation)
     if (relation != TVGN_CARET)
         return false;
     if (handle == nullptr) {
+        m_lastCaret = Caret() != nullptr ? Caret()->Handle() : m_lastCaret;
         selectionModel()->clear();
         return true;
     }

@@ -37,6 +37,12 @@ public:
     // The text of an item; empty for an invalid index.
     void GetLBText(int nIndex, CString& rString) const;
 
+    // The text that the field shows in grey while it is empty and nothing is selected.
+    BOOL SetCueBanner(LPCTSTR lpcText)
+    {
+        return static_cast<BOOL>(SendMessage(CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(lpcText)));
+    }
+
     virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
     virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
     virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);

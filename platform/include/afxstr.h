@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <oleacc.h>
 #include <string>
 #include <utility>
 #include <windows.h>
@@ -33,6 +34,13 @@ public:
     // The same with another length; added characters are 0. ReleaseBuffer truncates the text at its first 0.
     TCHAR* GetBufferSetLength(int nLength);
     void ReleaseBuffer();
+
+    // A copy for a receiver that frees it with SysFreeString.
+    BSTR AllocSysString() const
+    {
+        const auto size = static_cast<std::size_t>(GetLength()) + 1;
+        return std::char_traits<TCHAR>::copy(new TCHAR[size], GetString(), size);
+    }
 
     // Compares code units; 0 when equal. CompareNoCase folds A to Z.
     int Compare(LPCTSTR psz) const;

@@ -95,6 +95,17 @@ public:
     // Called before an input message is sent to this window or one inside of it; TRUE suppresses the message.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
 
+    // Answers for screen readers, about the window or a part of it; S_FALSE if there is nothing to say. A
+    // window without a name has its text for one. Locations are in screen coordinates.
+    //
+    // The parent of a tree names the cells of the table that the tree forms with the header above it, and the
+    // cell that has the focus: part = n * columns + column + 1, with n from TVM_MAPHTREEITEMTOACCID, or 0 for
+    // the headings. A combo box names its items from 1 on.
+    virtual HRESULT get_accChildCount(LONG* pcountChildren);
+    virtual HRESULT get_accName(VARIANT varChild, BSTR* pszName);
+    virtual HRESULT get_accFocus(VARIANT* pvarChild);
+    virtual HRESULT accLocation(LONG* pxLeft, LONG* pyTop, LONG* pcxWidth, LONG* pcyHeight, VARIANT varChild);
+
     HWND m_hWnd = nullptr;
 
 protected:

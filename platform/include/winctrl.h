@@ -91,4 +91,5 @@ constexpr UINT CB_SELECTSTRING = 0x014D;
 constexpr UINT CB_SETCURSEL = 0x014E;
 constexpr UINT CB_GETITEMDATA = 0x0150;
 constexpr UINT CB_SETITEMDATA = 0x0151;
+constexpr UINT CB_SETCUEBANNER = 0x1703; // lParam: a text that the empty field shows in grey
 constexpr LRESULT CB_ERR = -1;

@@ -52,6 +52,7 @@ constexpr UINT WM_LBUTTONDBLCLK = 0x0203;
 constexpr UINT WM_RBUTTONDOWN = 0x0204;
 constexpr UINT WM_RBUTTONUP = 0x0205;
 constexpr UINT WM_MOUSEWHEEL = 0x020A;
+constexpr UINT WM_MOUSEHWHEEL = 0x020E; // sideways; positive to the right
 constexpr UINT WM_QUERYNEWPALETTE = 0x030F;
 constexpr UINT WM_PALETTECHANGED = 0x0311;
 
@@ -64,6 +65,7 @@ constexpr UINT VK_LEFT = 37;
 constexpr UINT VK_UP = 38;
 constexpr UINT VK_RIGHT = 39;
 constexpr UINT VK_DOWN = 40;
+constexpr UINT VK_MULTIPLY = 106; // the number pad's asterisk
 constexpr UINT VK_ADD = 107;      // the number pad's plus
 constexpr UINT VK_SUBTRACT = 109; // the number pad's minus
 

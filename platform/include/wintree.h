@@ -23,6 +23,9 @@ constexpr UINT TVM_GETNEXTITEM = 0x110A;
 constexpr UINT TVM_SELECTITEM = 0x110B;
 constexpr UINT TVM_HITTEST = 0x1111;
 constexpr UINT TVM_ENSUREVISIBLE = 0x1114;
+// Number the rows for accessibility; 0 is no row's number. Null or 0 for a row that doesn't exist.
+constexpr UINT TVM_MAPACCIDTOHTREEITEM = 0x112A;
+constexpr UINT TVM_MAPHTREEITEMTOACCID = 0x112B;
 constexpr UINT TVM_INSERTITEMW = 0x1132;
 constexpr UINT TVM_GETITEMW = 0x113E;
 constexpr UINT TVM_SETITEMW = 0x113F;

@@ -1,5 +1,6 @@
 #include "Application.h"
 
+#include "Accessibility.h"
 #include "Capture.h"
 #include "Display.h"
 #include "ForeignWindow.h"
@@ -18,15 +19,20 @@ namespace
 {
 
 // Filters mouse events while a window has the capture, and keys that close popups; reports that the program
-// is activated or deactivated.
+// is activated or deactivated, and makes the windows accessible.
 class Watcher : public QObject
 {
 public:
     explicit Watcher(QApplication& application) : QObject(&application)
     {
         application.installEventFilter(this);
+        accessible::Install();
         connect(&application, &QGuiApplication::applicationStateChanged, this, &Watcher::SendActivation);
     }
+
+    Watcher(const Watcher&) = delete;
+    Watcher& operator=(const Watcher&) = delete;
+    ~Watcher() override { accessible::Remove(); }
 
     bool eventFilter(QObject* receiver, QEvent* event) override
     {

@@ -64,6 +64,21 @@ bool IsInDialog(const QWidget& widget)
     return !widget.isWindow() && qobject_cast<const QDialog*>(widget.window()) != nullptr;
 }
 
+// Qt knows the menu key, but not this one.
+bool IsMenuKey(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier;
+}
+
+// Qt's own menus are never shown. The message goes up the parents until a window handles it.
+void SendContextMenu(Window& window, const QContextMenuEvent& event)
+{
+    const bool isByKey = event.reason() == QContextMenuEvent::Keyboard;
+    const QPoint point = isByKey ? QPoint(-1, -1) : event.globalPos();
+    SetMessagePosition(event.globalPos());
+    window.SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window.Handle()), gdi::ToLParam(point));
+}
+
 // The text that the handler gave. In szText it may lack its terminator.
 QString TextOf(const NMTTDISPINFOW& answer)
 {
@@ -115,12 +130,25 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         const QPoint point = wheel.globalPosition().toPoint();
         SetMessagePosition(point);
         const WPARAM keys = MouseKeys(wheel.buttons(), wheel.modifiers());
-        return SendInput(WM_MOUSEWHEEL,
-                         MAKEWPARAM(static_cast<UINT>(keys), static_cast<UINT>(wheel.angleDelta().y())),
-                         gdi::ToLParam(point), event, qtHandling);
+        const bool isSideways = IsSideways(wheel); // Qt counts that to the left
+        const int delta = isSideways ? -wheel.angleDelta().x() : wheel.angleDelta().y();
+        return SendInput(isSideways ? WM_MOUSEHWHEEL : WM_MOUSEWHEEL,
+                         MAKEWPARAM(static_cast<UINT>(keys), static_cast<UINT>(delta)), gdi::ToLParam(point),
+                         event, qtHandling);
     }
     case QEvent::KeyPress: {
-        const UINT key = VirtualKeyOf(static_cast<const QKeyEvent&>(event));
+        const auto& pressed = static_cast<const QKeyEvent&>(event);
+        if (IsMenuKey(pressed)) {
+            SendContextMenu(m_window,
+                            QContextMenuEvent(QContextMenuEvent::Keyboard, QPoint(), QCursor::pos()));
+            event.accept();
+            return true;
+        }
+        if (m_window.ActForMouse(pressed)) {
+            event.accept();
+            return true;
+        }
+        const UINT key = VirtualKeyOf(pressed);
         if (key == 0)
             break;
         SetMessagePosition(QCursor::pos());
@@ -153,7 +181,7 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         });
         return true;
     case QEvent::ContextMenu:
-        SendContextMenu(static_cast<const QContextMenuEvent&>(event));
+        SendContextMenu(m_window, static_cast<const QContextMenuEvent&>(event));
         event.accept();
         return true;
     case QEvent::ToolTip:
@@ -183,15 +211,6 @@ bool EventTranslator::SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEve
     return result;
 }
 
-// Qt's own menus are never shown. The message goes up the parents until a window handles it.
-void EventTranslator::SendContextMenu(const QContextMenuEvent& event)
-{
-    const bool isByKey = event.reason() == QContextMenuEvent::Keyboard;
-    const QPoint point = isByKey ? QPoint(-1, -1) : event.globalPos();
-    SetMessagePosition(event.globalPos());
-    m_window.SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_window.Handle()), gdi::ToLParam(point));
-}
-
 void EventTranslator::ShowToolTip(const QHelpEvent& event)
 {
     NMTTDISPINFOW question{};
@@ -202,7 +221,7 @@ void EventTranslator::ShowToolTip(const QHelpEvent& event)
     if (const QString text = TextOf(question); text.isEmpty() || m_window.IsGone())
         QToolTip::hideText();
     else
-        QToolTip::showText(event.globalPos(), text, &m_window.Client());
+        QToolTip::showText(event.globalPos(), text, &m_window.Client(), m_window.ToolTipPlaceAt(event.pos()));
 }
 
 // The target window sees the input first, then its parents up to the top-level window.

@@ -4,7 +4,6 @@
 #include <functional>
 #include <winmsg.h>
 
-class QContextMenuEvent;
 class QEvent;
 class QHelpEvent;
 class Window;
@@ -35,7 +34,6 @@ private:
     bool SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event, const QtHandling& qtHandling);
     bool SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event, const QtHandling& qtHandling);
     bool PreTranslate(UINT message, WPARAM wParam, LPARAM lParam);
-    void SendContextMenu(const QContextMenuEvent& event);
     void ShowToolTip(const QHelpEvent& event);
 
     Window& m_window;

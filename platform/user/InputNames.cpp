@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <algorithm>
 #include <span>
 
@@ -22,7 +23,8 @@ constexpr KeyName keyNames[] = {
     {Qt::Key_Control, 17},       {Qt::Key_Alt, 18},          {Qt::Key_Plus, 187},
     {Qt::Key_Minus, 189},
 };
-constexpr KeyName numberPadNames[] = {{Qt::Key_Plus, VK_ADD}, {Qt::Key_Minus, VK_SUBTRACT}};
+constexpr KeyName numberPadNames[] = {
+    {Qt::Key_Plus, VK_ADD}, {Qt::Key_Minus, VK_SUBTRACT}, {Qt::Key_Asterisk, VK_MULTIPLY}};
 constexpr UINT otherCharacter = 231;
 
 UINT FindKey(std::span<const KeyName> names, int qtKey)
@@ -88,6 +90,11 @@ UINT MouseMessageOf(const QMouseEvent& event)
         }
     }
     return 0;
+}
+
+bool IsSideways(const QWheelEvent& event)
+{
+    return qAbs(event.angleDelta().x()) > qAbs(event.angleDelta().y());
 }
 
 WPARAM MouseKeys(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers)

@@ -7,6 +7,7 @@
 class QEvent;
 class QKeyEvent;
 class QMouseEvent;
+class QWheelEvent;
 
 // 0 for a key without a name. Letters and digits have their character codes. All other characters share one
 // name, because their codes are the names of other keys.
@@ -17,6 +18,9 @@ bool IsMouseEvent(const QEvent& event);
 
 // 0 for a button without messages.
 UINT MouseMessageOf(const QMouseEvent& event);
+
+// Whether a wheel is turned sideways rather than up or down.
+bool IsSideways(const QWheelEvent& event);
 
 // MK_ bits.
 WPARAM MouseKeys(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers);

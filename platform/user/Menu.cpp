@@ -1,14 +1,16 @@
 // A menu is a QMenu; the command id is the data of its action.
 #include "Application.h"
+#include "Later.h"
 #include "MenuTemplate.h"
 #include "ResourceFile.h"
 #include "Window.h"
 
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPointer>
-#include <QTimer>
 #include <QtConvert.h>
 #include <afxwin.h>
+#include <algorithm>
 #include <memory>
 
 namespace
@@ -29,6 +31,23 @@ public:
     ~Menu() override { Object.m_hMenu = nullptr; }
 
     CMenu Object;
+
+protected:
+    // Home and End, which Qt uses only in menus that scroll.
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const QList<QAction*> items = actions();
+        const auto isCommand = [](const QAction* item) { return item->isEnabled() && !item->isSeparator(); };
+        if (event->key() == Qt::Key_Home) {
+            const auto first = std::ranges::find_if(items, isCommand);
+            setActiveAction(first != items.end() ? *first : nullptr);
+        } else if (event->key() == Qt::Key_End) {
+            const auto last = std::find_if(items.rbegin(), items.rend(), isCommand);
+            setActiveAction(last != items.rend() ? *last : nullptr);
+        } else {
+            QMenu::keyPressEvent(event);
+        }
+    }
 };
 
 Menu* MenuOf(HMENU handle)
@@ -140,16 +159,9 @@ BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*
     ::ReleaseCapture();
     const bool isByKeyboard = x == -1 && y == -1;
     const QAction* const chosen = menu.exec(isByKeyboard ? widget->mapToGlobal(QPoint(0, 0)) : QPoint(x, y));
-    if (chosen == nullptr || widget.isNull())
+    if (chosen == nullptr || Window::Of(widget) == nullptr)
         return TRUE;
-    const auto send = [window = widget.data(), id = chosen->data().toUInt()] {
-        if (Window* const target = Window::Of(window))
-            target->SendContained(WM_COMMAND, MAKEWPARAM(id, 0));
-    };
-    auto* const timer = new QTimer(widget.data());
-    timer->setSingleShot(true); // an event loop of the window may run meanwhile
-    QObject::connect(timer, &QTimer::timeout, send);
-    QObject::connect(timer, &QTimer::timeout, timer, &QObject::deleteLater);
-    timer->start(0);
+    CallLater(*owner,
+              [owner, id = chosen->data().toUInt()] { owner->SendContained(WM_COMMAND, MAKEWPARAM(id, 0)); });
     return TRUE;
 }

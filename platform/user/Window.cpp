@@ -1,5 +1,6 @@
 #include "Window.h"
 
+#include "Accessibility.h"
 #include "Capture.h"
 #include "CommandFailure.h"
 #include "Contain.h"
@@ -43,6 +44,7 @@ std::unordered_set<const Window*>& LiveWindows()
 Window::Window(QWidget& widget) : m_widget(widget)
 {
     LiveWindows().insert(this);
+    accessible::Renew(*this); // Qt may have made one while it was just a widget
 }
 
 Window::~Window()

@@ -10,6 +10,8 @@
 #include <winscroll.h>
 
 class CWnd;
+class QAccessibleInterface;
+class QKeyEvent;
 
 namespace gdi
 {
@@ -82,6 +84,15 @@ public:
     virtual bool ScrollInfo(int /*bar*/, SCROLLINFO& /*info*/) const { return false; }
     // For a window that is a scroll bar: sets what fMask names and gives the new position.
     virtual int SetScrollInfo(const SCROLLINFO& /*info*/) { return 0; }
+
+    // What the tooltip at a point of the client area is about: it ends when the mouse leaves that.
+    virtual QRect ToolTipPlaceAt(QPoint /*point*/) { return Client().rect(); }
+
+    // For keys that do what the mouse would do: true if this was one. Otherwise the key becomes WM_KEYDOWN.
+    virtual bool ActForMouse(const QKeyEvent& /*key*/) { return false; }
+
+    // Its object for screen readers, of Qt's; null for that of its Qt class.
+    virtual QAccessibleInterface* NewAccessible() { return nullptr; }
 
     virtual QString Text() const;
     virtual void SetText(const QString& text);

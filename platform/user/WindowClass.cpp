@@ -1,4 +1,5 @@
 // Window classes registered by the library, and their windows.
+#include "AccessibleWindow.h"
 #include "WidgetWindow.h"
 
 #include <QKeyEvent>
@@ -41,6 +42,8 @@ public:
         setFocusPolicy(Qt::StrongFocus);
         Surface().IsDrawnByMessage = true;
     }
+
+    QAccessibleInterface* NewAccessible() override { return new AccessibleWindow(*this, QAccessible::List); }
 
 protected:
     // Qt would close a popup at a press outside of it.

@@ -45,10 +45,21 @@ void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseBut
 
 int QtKeyOf(UINT virtualKey)
 {
-    static const std::map<UINT, int> others = {
-        {VK_LEFT, Qt::Key_Left}, {VK_UP, Qt::Key_Up},          {VK_RIGHT, Qt::Key_Right},
-        {VK_DOWN, Qt::Key_Down}, {VK_ESCAPE, Qt::Key_Escape},  {VK_RETURN, Qt::Key_Return},
-        {VK_ADD, Qt::Key_Plus},  {VK_SUBTRACT, Qt::Key_Minus}, {VK_TAB, Qt::Key_Tab}};
+    static const std::map<UINT, int> others = {{VK_LEFT, Qt::Key_Left},
+                                               {VK_UP, Qt::Key_Up},
+                                               {VK_RIGHT, Qt::Key_Right},
+                                               {VK_DOWN, Qt::Key_Down},
+                                               {VK_ESCAPE, Qt::Key_Escape},
+                                               {VK_RETURN, Qt::Key_Return},
+                                               {VK_ADD, Qt::Key_Plus},
+                                               {VK_SUBTRACT, Qt::Key_Minus},
+                                               {VK_MULTIPLY, Qt::Key_Asterisk},
+                                               {8, Qt::Key_Backspace},
+                                               {VK_TAB, Qt::Key_Tab},
+                                               {35, Qt::Key_End},
+                                               {113, Qt::Key_F2},
+                                               {117, Qt::Key_F6},
+                                               {121, Qt::Key_F10}};
     const auto found = others.find(virtualKey);
     return found != others.end() ? found->second : static_cast<int>(virtualKey);
 }
@@ -128,19 +139,19 @@ void ClickRight(CWnd& window, CPoint point)
     SendMouse(window, point, QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton);
 }
 
-void PressKey(CWnd& window, UINT virtualKey)
+void PressKey(CWnd& window, UINT virtualKey, Qt::KeyboardModifiers modifiers)
 {
-    const bool isOnNumberPad = virtualKey == VK_ADD || virtualKey == VK_SUBTRACT;
-    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey),
-                    isOnNumberPad ? Qt::KeypadModifier : Qt::NoModifier);
+    const bool isOnNumberPad = virtualKey >= VK_MULTIPLY && virtualKey <= VK_SUBTRACT;
+    modifiers.setFlag(Qt::KeypadModifier, isOnNumberPad);
+    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey), modifiers);
     QApplication::sendEvent(&WidgetOf(window), &event);
 }
 
-void TurnWheel(CWnd& window, int delta)
+void TurnWheel(CWnd& window, int delta, int sideways)
 {
     QWidget& widget = ClientOf(window);
     const QPointF local(1, 1);
-    QWheelEvent event(local, widget.mapToGlobal(local), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
+    QWheelEvent event(local, widget.mapToGlobal(local), {}, {sideways, delta}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &event);
 }

@@ -34,8 +34,8 @@ void ReleaseMouse(CWnd& window, CPoint point);
 void Click(CWnd& window, CPoint point);
 void ClickTwice(CWnd& window, CPoint point);
 void ClickRight(CWnd& window, CPoint point);
-void PressKey(CWnd& window, UINT virtualKey);
-void TurnWheel(CWnd& window, int delta); // 120 is one notch upward
+void PressKey(CWnd& window, UINT virtualKey, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void TurnWheel(CWnd& window, int delta, int sideways = 0); // 120 is one notch upward, or to the left
 
 // Gives the desktop other colours during its lifetime.
 class DesktopColors
