@@ -172,8 +172,8 @@ TEST(StylePainting, TakesAnyNumber)
 TEST(StylePainting, DrawsEveryLineStyleAndWidth)
 {
     const std::string patterns[] = {
-        "############################", "##################------####", "###---###---###---###---###-",
-        "#########------###------####", "#########---###---###---####", "                            ",
+        "############################", "########----########----####", "###---###---###---###---###-",
+        "######--##--######--##--####", "#####---##---##---#####---##", "                            ",
         "############################",
     };
     for (int i = 0; i < 7 * 11 * 2; ++i) {
@@ -197,6 +197,47 @@ TEST(StylePainting, DrawsEveryLineStyleAndWidth)
         const int before = width / 2 * (width > 1);
         const int after = (width - 1) / 2;
         EXPECT_EQ(picture.Painted(), CRect(8 - before, 15 - before, 36 + after, 16 + after)) << picture;
+    }
+}
+
+// Of two sides, in the position where they are most alike.
+int Difference(const std::string& first, const std::string& second)
+{
+    constexpr int maxShift = 4;
+    int least = side;
+    for (int shift = 0; shift <= maxShift; ++shift) {
+        const std::size_t count = first.size() - static_cast<std::size_t>(shift);
+        int different = 0;
+        for (std::size_t i = 0; i < count; ++i)
+            different += first[i + first.size() - count] != second[i] ? 1 : 0;
+        least = std::min(least, different);
+    }
+    return least;
+}
+
+TEST(StylePainting, MakesLineStylesDifferOnEachSideOfASymbol)
+{
+    constexpr int width = 47; // of a cell of the tree
+    for (const short size : {10, 15}) {
+        std::vector<std::string> sides[2];
+        for (short line = PS_SOLID; line <= PS_NULL; ++line) {
+            k_LineDef style;
+            Symbol(style, square, empty, size).LineStyle = line;
+            Picture picture(width, side);
+            style.DrawLine(&picture.Dc(), {0, 0, width, side});
+            style.DrawSymbol(&picture.Dc(), {0, 0, width, side});
+            const std::string row = picture.Text().substr(middle * (width + 1), width);
+            sides[0].push_back(row.substr(0, row.find('#')));
+            sides[1].push_back(row.substr(row.rfind('#') + 1));
+        }
+        for (const auto& styles : sides) {
+            for (const std::string& first : styles) {
+                for (const std::string& second : styles)
+                    EXPECT_TRUE(&first == &second ||
+                                std::min(Difference(first, second), Difference(second, first)) >= 2)
+                        << first << " and " << second;
+            }
+        }
     }
 }
 

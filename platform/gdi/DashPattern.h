@@ -35,10 +35,12 @@ struct DashPattern {
     }
 };
 
-inline constexpr int dashLengths[] = {18, 6};
+// A sample of a line has 16 pixels on each side of a symbol of size 15. Each style shows there what
+// distinguishes it from all others.
+inline constexpr int dashLengths[] = {8, 4};
 inline constexpr int dotLengths[] = {3, 3};
-inline constexpr int dashDotLengths[] = {9, 6, 3, 6};
-inline constexpr int dashDotDotLengths[] = {9, 3, 3, 3, 3, 3};
+inline constexpr int dashDotLengths[] = {6, 2, 2, 2};
+inline constexpr int dashDotDotLengths[] = {5, 3, 2, 3, 2, 3};
 inline constexpr DashPattern dashPatterns[] = {{PS_DASH, dashLengths},
                                                {PS_DOT, dotLengths},
                                                {PS_DASHDOT, dashDotLengths},
