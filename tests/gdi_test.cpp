@@ -139,6 +139,18 @@ TEST(FloodFill, StopsAtTheBorderColourAlone)
     }
 }
 
+TEST(FloodFill, StopsAtWhatIsDrawnWithinARectangle)
+{
+    Picture picture(8, 5);
+    Select(picture.Dc(), PS_SOLID, 1);
+    picture.Dc().Rectangle(1, 0, 8, 5);
+    picture.Dc().FillSolidRect(4, 1, 1, 3, ink);
+    CBrush brush(gapColor);
+    picture.Dc().SelectObject(&brush);
+    EXPECT_TRUE(picture.Dc().FloodFill(2, 2, ink));
+    EXPECT_EQ(picture.Text(), ".#######\n.#--#oo#\n.#--#oo#\n.#--#oo#\n.#######\n");
+}
+
 // Draws every primitive, around and beyond the picture.
 void DrawEverything(CDC& dc, std::mt19937& random)
 {

@@ -115,6 +115,12 @@ bool FloodFill(const Canvas& canvas, Point from, Pixel border, Pixel ink)
 bool FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, const RecentLines& lines)
 {
     constexpr std::int64_t maxArea = std::int64_t{1} << 18;
+    // A rectangle may be as large as the window, on each of its cells.
+    const auto framed = lines.Framed(border);
+    if (framed && framed->Place.Contains(from) && canvas.IsFilled(framed->Place, framed->Ink)) {
+        canvas.FillBox(framed->Place, ink);
+        return true;
+    }
     const std::optional<Box> figure = lines.Figure();
     if (!figure || figure->IsWithin(canvas.Clip()) ||
         figure->Right - figure->Left > maxArea / (figure->Bottom - figure->Top))

@@ -25,6 +25,25 @@ std::optional<Box> RecentLines::Figure() const
     return std::nullopt;
 }
 
+std::optional<RecentLines::FilledBox> RecentLines::Framed(Pixel frame) const
+{
+    constexpr std::size_t sides = 4;
+    if (m_count <= sides || FromLast(sides).What != Kind::Box)
+        return std::nullopt;
+    const Line& fill = FromLast(sides);
+    const std::int64_t width = FromLast(0).How.Thickness;
+    const Box outer{fill.From.X - width, fill.From.Y - width, fill.To.X + width, fill.To.Y + width};
+    for (std::size_t i = 0; i < sides; ++i) {
+        const Line& side = FromLast(i);
+        const bool isStraight = side.From.X == side.To.X || side.From.Y == side.To.Y;
+        if (!isStraight || !side.How.IsSolid() || !IsSameColor(side.How.Ink, frame))
+            return std::nullopt;
+    }
+    if (Figure() != outer || IsSameColor(fill.How.Ink, frame))
+        return std::nullopt;
+    return FilledBox{{fill.From.X, fill.From.Y, fill.To.X, fill.To.Y}, fill.How.Ink};
+}
+
 void RecentLines::Draw(const Canvas& canvas, Point origin) const
 {
     const auto moved = [origin](Point point) { return Point{point.X - origin.X, point.Y - origin.Y}; };

@@ -32,6 +32,13 @@ public:
     // The box of the closed figure that the last lines make, if they make one and a box holds it.
     std::optional<Box> Figure() const;
 
+    // The inside of the last lines, if they are the frame of this colour around a box of another one.
+    struct FilledBox {
+        Box Place;
+        Pixel Ink;
+    };
+    std::optional<FilledBox> Framed(Pixel frame) const;
+
     // Draws them all again, with the box's corner as the origin.
     void Draw(const Canvas& canvas, Point origin) const;
 

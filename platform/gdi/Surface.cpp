@@ -1,6 +1,7 @@
 #include "Surface.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace gdi
 {
@@ -43,6 +44,23 @@ void Canvas::FillBox(const Box& box, Pixel ink) const
         else
             std::copy_n(first, width, row);
     }
+}
+
+// Comparing each row with the first one is faster than looking at its pixels.
+bool Canvas::IsFilled(const Box& box, Pixel ink) const
+{
+    const Box visible = box.Intersect(m_clip);
+    if (visible.IsEmpty())
+        return true;
+    const Pixel* const first = Row(visible.Top) + visible.Left;
+    const auto width = static_cast<std::size_t>(visible.Right - visible.Left);
+    if (std::any_of(first, first + width, [ink](Pixel pixel) { return pixel != ink; }))
+        return false;
+    for (std::int64_t y = visible.Top + 1; y < visible.Bottom; ++y) {
+        if (std::memcmp(first, Row(y) + visible.Left, width * sizeof(Pixel)) != 0)
+            return false;
+    }
+    return true;
 }
 
 } // namespace gdi

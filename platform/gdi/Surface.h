@@ -45,8 +45,14 @@ struct Box {
     std::int64_t Right;
     std::int64_t Bottom;
 
+    friend bool operator==(const Box&, const Box&) = default;
+
     bool IsEmpty() const { return Left >= Right || Top >= Bottom; }
     Box Intersect(const Box& other) const;
+    bool Contains(Point point) const
+    {
+        return point.X >= Left && point.X < Right && point.Y >= Top && point.Y < Bottom;
+    }
     bool IsWithin(const Box& other) const
     {
         return Left >= other.Left && Top >= other.Top && Right <= other.Right && Bottom <= other.Bottom;
@@ -80,6 +86,9 @@ public:
 
     void FillSpan(std::int64_t y, std::int64_t left, std::int64_t right, Pixel ink) const;
     void FillBox(const Box& box, Pixel ink) const;
+
+    // Whether what there is of the box within the clip box is all in one colour.
+    bool IsFilled(const Box& box, Pixel ink) const;
 
 private:
     Surface m_surface;
