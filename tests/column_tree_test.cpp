@@ -124,6 +124,34 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
     });
 }
 
+TEST_F(ColumnTree, IsLightOnEveryDarkDesktop)
+{
+    const auto desktop = [](COLORREF ground, COLORREF text) {
+        return std::vector<std::pair<QPalette::ColorRole, COLORREF>>{
+            {QPalette::Window, ground}, {QPalette::WindowText, text}, {QPalette::Base, ground},
+            {QPalette::Text, text},     {QPalette::Button, ground},   {QPalette::ButtonText, text}};
+    };
+    const auto dark = desktop(RGB(40, 40, 50), RGB(240, 240, 240));
+    QImage shown;
+    {
+        const test::DesktopColors colors(dark);
+        RunInside([&] { shown = test::PictureOf(m_dialog); });
+        int light = 0;
+        for (int i = 0; i < shown.width() * shown.height(); ++i)
+            light += qGray(shown.pixel(i % shown.width(), i / shown.width())) > 200 ? 1 : 0;
+        EXPECT_GT(light, shown.width() * shown.height() * 9 / 10);
+        EXPECT_EQ(::GetSysColor(COLOR_BTNTEXT), RGB(0, 0, 0));
+    }
+    RunInside([&] { // as the desktop changes
+        EXPECT_NE(test::PictureOf(m_dialog), shown);
+        for (const auto& colors : {dark, desktop(RGB(0, 0, 0), RGB(255, 255, 0))}) {
+            const test::DesktopColors changed(colors);
+            EXPECT_EQ(test::PictureOf(m_dialog), shown);
+        }
+        EXPECT_NE(test::PictureOf(m_dialog), shown);
+    });
+}
+
 TEST_F(ColumnTree, ScrollsByEachCode)
 {
     test::SetTable({0, 1, 2, 2, 1, 0}, 32);

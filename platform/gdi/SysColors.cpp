@@ -1,6 +1,6 @@
+#include "ColorScheme.h"
 #include "QtConvert.h"
 
-#include <QPalette>
 #include <algorithm>
 #include <iterator>
 #include <optional>
@@ -58,7 +58,7 @@ constexpr COLORREF classicColors[sysColorCount] = {
     face,               // 30 menu bar
 };
 
-// The colours that come from the desktop.
+// The colours that come from the palette of windows.
 struct DesktopPart {
     int Index;
     QPalette::ColorRole Role;
@@ -96,7 +96,7 @@ public:
             return std::nullopt;
         const QPalette palette = QGuiApplication::palette();
         if (std::exchange(m_paletteKey, palette.cacheKey()) != palette.cacheKey())
-            Read(palette);
+            Read(WindowPalette());
         return m_colors[index];
     }
 

@@ -3,6 +3,7 @@
 #include <QColorDialog>
 #include <QPointer>
 #include <QtConvert.h>
+#include <WindowColors.h>
 #include <afxwin.h>
 #include <algorithm>
 #include <array>
@@ -62,6 +63,7 @@ INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
     // The owner may delete the dialog.
     const QPointer dialog(new QColorDialog(DialogOwner(owner)));
     dialog->setOption(QColorDialog::DontUseNativeDialog);
+    UseWindowColors(*dialog);
     INT_PTR result = IDCANCEL;
     {
         const CustomColorScope scope(std::span(customColors, customColors != nullptr ? customCount : 0));

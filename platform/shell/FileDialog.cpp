@@ -7,6 +7,7 @@
 #include <QScopeGuard>
 #include <QtConvert.h>
 #include <Unicode.h>
+#include <WindowColors.h>
 #include <afxdlgs.h>
 #include <filesystem>
 
@@ -108,6 +109,7 @@ INT_PTR CFileDialog::DoModal()
     const QPointer dialog(new QFileDialog(DialogOwner(m_ofn.hwndOwner)));
     const auto end = qScopeGuard([&dialog] { delete dialog; });
     dialog->setIconProvider(&icons);
+    UseWindowColors(*dialog);
     SetUp(*dialog, m_ofn, m_bOpenFileDialog != FALSE);
     dialog->setNameFilters(NameFilters(m_strFilter.GetString()));
     Select(*dialog, NativePath(m_strFile.GetString()), m_ofn.lpstrInitialDir);

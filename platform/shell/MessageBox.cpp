@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QtConvert.h>
+#include <WindowColors.h>
 #include <afxwin.h>
 #include <algorithm>
 
@@ -36,6 +37,7 @@ int Ask(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     const QPointer box(new QMessageBox(icon, gdi::ToQString(caption), gdi::ToQString(text), QMessageBox::Ok,
                                        DialogOwner(owner)));
     box->setTextFormat(Qt::PlainText);
+    UseWindowColors(*box);
     box->exec();
     const int answer = box.isNull() || box->clickedButton() != nullptr ? IDOK : notShown;
     delete box;

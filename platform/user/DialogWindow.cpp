@@ -1,6 +1,7 @@
 #include "DialogWindow.h"
 
 #include "ControlClass.h"
+#include "WindowColors.h"
 
 #include <QFontMetrics>
 #include <QtConvert.h>
@@ -24,6 +25,7 @@ DialogWindow::DialogWindow(const DialogTemplate& source, QWidget* parent) : Widg
 {
     Style = source.Style;
     Background = COLOR_BTNFACE + 1;
+    UseWindowColors(*this);
     setWindowTitle(gdi::ToQString(source.Caption));
     ApplyFont(source);
     setFixedSize(ToPixels(source.Rect).size());

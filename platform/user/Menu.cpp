@@ -4,6 +4,7 @@
 #include "MenuTemplate.h"
 #include "ResourceFile.h"
 #include "Window.h"
+#include "WindowColors.h"
 
 #include <QKeyEvent>
 #include <QMenu>
@@ -25,6 +26,7 @@ public:
     explicit Menu(QWidget* parent = nullptr) : QMenu(parent)
     {
         Object.m_hMenu = reinterpret_cast<HMENU>(this);
+        UseWindowColors(*this);
     }
     Menu(const Menu&) = delete;
     Menu& operator=(const Menu&) = delete;

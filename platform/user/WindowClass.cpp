@@ -1,6 +1,7 @@
 // Window classes registered by the library, and their windows.
 #include "AccessibleWindow.h"
 #include "WidgetWindow.h"
+#include "WindowColors.h"
 
 #include <QKeyEvent>
 #include <afxwin.h>
@@ -41,6 +42,8 @@ public:
         setMouseTracking(true);
         setFocusPolicy(Qt::StrongFocus);
         Surface().IsDrawnByMessage = true;
+        if (isWindow())
+            UseWindowColors(*this);
     }
 
     QAccessibleInterface* NewAccessible() override { return new AccessibleWindow(*this, QAccessible::List); }
