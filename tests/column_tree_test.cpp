@@ -124,6 +124,18 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
     });
 }
 
+TEST_F(ColumnTree, LooksTheSameInBothDirections)
+{
+    test::SetTable(std::vector<BYTE>(99), 32); // with both scroll bars
+    RunInside([&] {
+        const QImage before = test::PictureOf(Frame());
+        const Qt::LayoutDirection direction = QApplication::layoutDirection();
+        QApplication::setLayoutDirection(direction == Qt::LeftToRight ? Qt::RightToLeft : Qt::LeftToRight);
+        EXPECT_EQ(test::PictureOf(Frame()), before);
+        QApplication::setLayoutDirection(direction);
+    });
+}
+
 TEST_F(ColumnTree, IsLightOnEveryDarkDesktop)
 {
     const auto desktop = [](COLORREF ground, COLORREF text) {

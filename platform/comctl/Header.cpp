@@ -17,8 +17,10 @@ namespace
 
 constexpr int textPadding = 7; // above and below together
 
-// Indexed by HDITEMW::fmt.
-constexpr int alignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+// Indexed by HDITEMW::fmt. Absolute: text is drawn in the direction of the program, whatever that of the
+// header.
+constexpr int alignments[] = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
+                              Qt::AlignHCenter | Qt::AlignAbsolute};
 
 int AlignmentOf(int format)
 {
@@ -39,6 +41,7 @@ HeaderWindow::HeaderWindow(DWORD style, QWidget* parent)
 {
     Style = style;
     setModel(m_items);
+    setLayoutDirection(Qt::LeftToRight); // headings stand over the columns of the tree
     setMinimumSectionSize(0);
     setSectionsClickable((style & HDS_BUTTONS) != 0);
     connect(this, &QHeaderView::sectionResized, this, &HeaderWindow::OnResized);

@@ -30,6 +30,7 @@ constexpr ActionCode actionCodes[] = {
 ScrollBarWindow::ScrollBarWindow(DWORD style, QWidget* parent) : WidgetWindow(Qt::Horizontal, parent)
 {
     Style = style;
+    setLayoutDirection(Qt::LeftToRight); // positions count from the left
     setSingleStep(wheelStep);
     connect(this, &QAbstractSlider::actionTriggered, this, &ScrollBarWindow::OnAction);
     connect(this, &QAbstractSlider::sliderReleased, this,

@@ -4,6 +4,7 @@
 #include "WindowColors.h"
 
 #include <QFontMetrics>
+#include <QStyle>
 #include <QtConvert.h>
 #include <QtMath>
 #include <winmsg.h>
@@ -66,7 +67,7 @@ void DialogWindow::AddControl(const DialogItem& item)
     Window& control = make(item.Style, this);
     control.Id = item.Id;
     control.SetText(gdi::ToQString(item.Title));
-    control.Widget().setGeometry(ToPixels(item.Rect));
+    control.Widget().setGeometry(QStyle::visualRect(layoutDirection(), rect(), ToPixels(item.Rect)));
     control.Widget().setEnabled((item.Style & WS_DISABLED) == 0);
     control.Widget().setVisible((item.Style & WS_VISIBLE) != 0);
 }

@@ -15,7 +15,12 @@ namespace
 // Keeps an application object during all tests.
 class Desktop : public testing::Environment
 {
-    void SetUp() override { m_application = std::make_unique<ApplicationHolder>(); }
+    void SetUp() override
+    {
+        m_application = std::make_unique<ApplicationHolder>();
+        if (qEnvironmentVariableIsSet("TEST_RIGHT_TO_LEFT"))
+            QApplication::setLayoutDirection(Qt::RightToLeft);
+    }
     void TearDown() override { m_application.reset(); }
 
     std::unique_ptr<ApplicationHolder> m_application;
