@@ -158,9 +158,9 @@ TEST(CurveDialog, NamesTheQuantityAndShowsPicturesAndALightGroundWhereTheRecords
             EXPECT_EQ(test::RowOf(dialog.m_SymbolShapeCombo, 4, 30, 40),
                       std::string(10, isMixed ? 'l' : 'h'));
             EXPECT_EQ(test::RowOf(dialog.m_SymbolShapeCombo, middle, 45, 60),
-                      isMixed ? std::string(15, 'l') : "lldhhhhhhhhdlll");
+                      isMixed ? std::string(15, 'l') : "ldhhhhhhhhdllll");
             EXPECT_EQ(test::RowOf(dialog.m_LineStyleCombo, middle, 44, 54),
-                      isMixed ? std::string(10, 'l') : "ddhhhhhhdd");
+                      isMixed ? std::string(10, 'l') : "ddhhhhdddd");
             Act(dialog, IDC_USE_SYMBOL_COLOR);
             EXPECT_EQ(test::PixelOf(dialog.m_LineColorPicker, {20, 10}), COLORREF{6});
         };

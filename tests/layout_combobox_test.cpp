@@ -100,6 +100,24 @@ TEST_F(LayoutCombobox, AnItemWithoutARecordShowsTheTextOfTheBox)
     EXPECT_EQ(ItemPicture().Draw(m_box, 0, ODA_SELECT, ODS_SELECTED), expected);
 }
 
+TEST_F(LayoutCombobox, LooksLikeTheBoxesBesideItAndShowsTheFocus)
+{
+    Make(CBS_DROPDOWNLIST);
+    CComboBox beside;
+    ASSERT_TRUE(beside.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(10, 50, 110, 90), &m_parent, 6));
+    m_parent.SetFocus();
+    test::WidgetOf(m_box).setAttribute(Qt::WA_UnderMouse, false); // which highlights it
+    test::WidgetOf(m_box).update();
+    const QImage closed = test::PictureOf(m_box);
+    EXPECT_EQ(closed, test::PictureOf(beside));
+    const std::unique_ptr<QStyle> plain(QStyleFactory::create("Windows")); // has no mark on the frame
+    test::WidgetOf(m_box).setStyle(plain.get());
+    const QImage before = test::PictureOf(m_box);
+    test::WidgetOf(m_box).setFocus(Qt::TabFocusReason);
+    EXPECT_NE(test::PictureOf(m_box), before);
+    m_box.DestroyWindow();
+}
+
 TEST_F(LayoutCombobox, AMixedBoxStaysLightWhenTheUserHasChosen)
 {
     const test::DesktopColors colors({{QPalette::Base, filling}});
@@ -121,6 +139,7 @@ TEST_F(LayoutCombobox, AMixedBoxStaysLightWhenTheUserHasChosen)
     const auto itemPixel = [&](int item) {
         return shown.pixel(list.visualRect(list.model()->index(item, 0)).topLeft() + QPoint(1, 1));
     };
+    EXPECT_GE(list.visualRect(list.model()->index(0, 0)).height(), 16); // for a symbol of size 10
     EXPECT_EQ(itemPixel(0), gdi::ToPixel(::GetSysColor(COLOR_HIGHLIGHT)));
     EXPECT_EQ(itemPixel(1), gdi::ToPixel(::GetSysColor(COLOR_3DLIGHT)));
 }

@@ -6,6 +6,7 @@
 #include <winctrl.h>
 
 class QStyleOptionViewItem;
+class QStylePainter;
 
 // As high as its field, whatever height it is given; the open list is as high as its items.
 class ComboWindow : public WidgetWindow<QComboBox>
@@ -50,4 +51,5 @@ private:
     void ShowCue(const QString& text); // in grey, while the field is empty
     void ShowIfTaken();                // a text that isn't of the list is grey, except while it is edited
     void DrawField(QPainter& painter, const QRect& place);
+    void DrawFocus(QStylePainter& painter, const QRect& field) const;
 };

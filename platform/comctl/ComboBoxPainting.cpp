@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr UINT maxItemHeight = 255;
+constexpr int rowPadding = 6; // above and below a picture as high as a line of text
 
 class OwnerDrawDelegate : public QStyledItemDelegate
 {
@@ -39,7 +40,7 @@ int ComboWindow::AskForHeight(int index)
     MEASUREITEMSTRUCT item{};
     item.CtlID = static_cast<UINT>(Id);
     item.itemID = static_cast<UINT>(index);
-    item.itemHeight = static_cast<UINT>(fontMetrics().height());
+    item.itemHeight = static_cast<UINT>(fontMetrics().height() + rowPadding);
     if (Window* const parent = Parent())
         parent->Send(WM_MEASUREITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
     return static_cast<int>(std::clamp(item.itemHeight, 1U, maxItemHeight));
@@ -53,10 +54,23 @@ void ComboWindow::paintEvent(QPaintEvent* event)
     }
     QStyleOptionComboBox option;
     initStyleOption(&option);
+    option.editable = true; // the owner fills the field with the colour of windows, as one with a text is
     QStylePainter painter(this);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    DrawField(painter,
-              style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this));
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    DrawField(painter, field);
+    if (hasFocus()) // which not every style shows on the frame
+        DrawFocus(painter, field);
+}
+
+void ComboWindow::DrawFocus(QStylePainter& painter, const QRect& field) const
+{
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = field.adjusted(1, 1, -1, -1);
+    option.backgroundColor = palette().color(QPalette::Base);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
 }
 
 // Without a selection, item and data are -1.
