@@ -1,9 +1,11 @@
-// Writes a picture of every shape, fill, line style and width, painted as the library paints them.
+// Writes a picture of every shape, fill, line style and width, painted as the library paints them: also in
+// the cells of the tree, at the edges of its window, and on a dark desktop.
 //   gallery FILE.png
 #include <DeviceContext.h>
 #include <QtConvert.h>
 
 #include <QGuiApplication>
+#include <QPalette>
 #include <afxwin.h>
 #include <cstdio>
 #include <cstdlib>
@@ -27,6 +29,9 @@ constexpr int gap = 14;
 constexpr short sizes[] = {4, 6, 8, 10, 12, 15, 20, 25};
 constexpr short widths[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
 constexpr short pictureSize = 15;
+constexpr short cutSize = 25;
+constexpr short cellSizes[] = {10, 15};
+constexpr int treeCellWidth = 47;
 constexpr COLORREF background = RGB(255, 255, 255);
 constexpr COLORREF captionColor = RGB(0x30, 0x30, 0x30);
 constexpr COLORREF titleColor = RGB(0x00, 0x00, 0x8B);
@@ -34,14 +39,28 @@ constexpr COLORREF cellColor = RGB(0xF2, 0xF4, 0xF7); // not white, so that the 
 constexpr COLORREF symbolColor = RGB(0x8B, 0x00, 0x00);
 constexpr COLORREF lineColor = RGB(0x00, 0x00, 0xFF);
 
+constexpr int squareShape = 4;
 constexpr int columns = 10;
 constexpr int pageWidth = 2 * margin + captionWidth + columns * cellWidth;
+
+struct Ground {
+    COLORREF Color;
+    int Width = cellWidth - 4;
+    int Padding = linePadding; // on both sides of the line
+};
+
+// The part of a row that is shown.
+enum class Part { Whole, Upper, Lower };
 
 // A page that is filled from the top down.
 class Page
 {
 public:
-    explicit Page(CDC& dc) : m_dc(dc) {}
+    explicit Page(const gdi::Surface& surface) : m_surface(surface)
+    {
+        m_dc.Attach(gdi::CreateSurfaceDC(surface, {0, 0, surface.Width, surface.Height}));
+        m_dc.FillSolidRect(0, 0, surface.Width, surface.Height, background);
+    }
 
     int Bottom() const { return m_y; }
 
@@ -61,21 +80,27 @@ public:
     }
 
     // A row of pictures of style(0), style(1) and so on.
-    template <class Style> void Row(const CString& caption, int count, const Style& style)
+    template <class Style>
+    void Row(const CString& caption, int count, const Style& style, const Ground& ground = {cellColor},
+             Part part = Part::Whole)
     {
-        Write(caption, {margin, m_y, margin + captionWidth, m_y + cellHeight}, captionColor, 0);
+        const int height = part == Part::Whole ? cellHeight : cellHeight / 2;
+        const int top = part == Part::Lower ? m_y - height : m_y; // of the whole row
+        Write(caption, {margin, m_y, margin + captionWidth, m_y + height}, captionColor, 0);
+        CDC dc;
+        dc.Attach(gdi::CreateSurfaceDC(m_surface, {0, m_y, m_surface.Width, m_y + height}));
         for (int i = 0; i < count; ++i) {
-            const int left = margin + captionWidth + i * cellWidth;
-            const CRect cell(left + 2, m_y + 1, left + cellWidth - 2, m_y + cellHeight - 1);
-            m_dc.FillSolidRect(cell, cellColor);
+            const int left = margin + captionWidth + i * cellWidth + 2;
+            const CRect cell(left, top + 1, left + ground.Width, top + cellHeight - 1);
+            dc.FillSolidRect(cell, ground.Color);
             k_LineDef record;
             style(record, i);
             CRect sample = cell;
-            sample.InflateRect(-linePadding, 0);
-            record.DrawLine(&m_dc, sample);
-            record.DrawSymbol(&m_dc, cell);
+            sample.InflateRect(-ground.Padding, 0);
+            record.DrawLine(&dc, sample);
+            record.DrawSymbol(&dc, cell);
         }
-        m_y += cellHeight;
+        m_y += height;
     }
 
     void Gap() { m_y += gap; }
@@ -88,7 +113,8 @@ private:
         m_dc.DrawText(text, &rect, alignment | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
 
-    CDC& m_dc;
+    gdi::Surface m_surface;
+    CDC m_dc;
     int m_y = margin;
 };
 
@@ -154,12 +180,65 @@ void AddColors(Page& page)
                  });
 }
 
-int Fill(CDC& dc)
+void AddCells(Page& page)
 {
-    Page page(dc);
+    page.Title(_T("Line styles in a cell of the tree"));
+    page.Headings(k_LineStyleCount, [](int i) { return CString(k_LineStyles[i].Name); });
+    for (const short size : cellSizes)
+        page.Row(_T("size ") + Number(size), k_LineStyleCount,
+                 [size](k_LineDef& style, int i) {
+                     SetSymbol(style, squareShape, 1, size);
+                     style.LineStyle = k_LineStyles[i].LineStyle;
+                 },
+                 {background, treeCellWidth, 0});
+    page.Gap();
+}
+
+void AddCutRows(Page& page)
+{
+    page.Title(_T("Rows at the edges of a window, filled, size 25"));
+    for (const auto& [caption, part] :
+         {std::pair(_T("first row"), Part::Lower), {_T("last row"), Part::Upper}}) {
+        page.Row(
+            caption, k_SymbolShapeCount,
+            [](k_LineDef& style, int shape) { SetSymbol(style, shape, 0, cutSize); }, {cellColor}, part);
+        page.Gap();
+    }
+}
+
+QPalette DarkPalette()
+{
+    return {QColor(Qt::white), QColor(Qt::black)};
+}
+
+// With the colours that windows have there.
+void AddDarkDesktop(Page& page)
+{
+    const QPalette before = QGuiApplication::palette();
+    QGuiApplication::setPalette(DarkPalette());
+    page.Title(_T("On a dark desktop: on windows, selected, disabled"));
+    for (const auto& [caption, color] : {std::pair(_T("window"), COLOR_WINDOW),
+                                         {_T("highlight"), COLOR_HIGHLIGHT},
+                                         {_T("face"), COLOR_BTNFACE}})
+        page.Row(caption, k_SymbolShapeCount,
+                 [](k_LineDef& style, int shape) {
+                     SetSymbol(style, shape, shape % k_SymbolFillCount, pictureSize);
+                     style.SymbolColor = ::GetSysColor(COLOR_WINDOWTEXT);
+                 },
+                 {::GetSysColor(color)});
+    QGuiApplication::setPalette(before);
+    page.Gap();
+}
+
+int Fill(const gdi::Surface& surface)
+{
+    Page page(surface);
     AddShapes(page);
     AddSizes(page);
     AddLines(page);
+    AddCells(page);
+    AddCutRows(page);
+    AddDarkDesktop(page);
     AddColors(page);
     return page.Bottom() + margin;
 }
@@ -170,10 +249,7 @@ bool WritePicture(const char* path)
     QImage image(pageWidth, maxHeight, QImage::Format_RGB32);
     const gdi::Surface surface{reinterpret_cast<gdi::Pixel*>(image.bits()), image.width(), image.height(),
                                image.bytesPerLine() / static_cast<qsizetype>(sizeof(gdi::Pixel))};
-    CDC dc;
-    dc.Attach(gdi::CreateSurfaceDC(surface, {0, 0, image.width(), image.height()}));
-    dc.FillSolidRect(0, 0, image.width(), image.height(), background);
-    const int height = Fill(dc);
+    const int height = Fill(surface);
     return image.copy(0, 0, pageWidth, height).save(QString::fromLocal8Bit(path), "PNG");
 }
 
