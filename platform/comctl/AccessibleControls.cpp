@@ -7,6 +7,7 @@
 #include <Accessibility.h>
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QStyle>
 
 namespace
 {
@@ -31,14 +32,19 @@ QString GroupAround(const QWidget& widget)
     return {};
 }
 
-QString TextToTheLeftOf(const QWidget& widget)
+// On its line, where the text runs from right to left too.
+QString TextBefore(const QWidget& widget)
 {
-    const QRect place = widget.geometry();
+    const QRect dialog = widget.parentWidget()->rect();
+    const auto placeOf = [&](const QWidget& control) {
+        return QStyle::visualRect(widget.layoutDirection(), dialog, control.geometry());
+    };
+    const QRect place = placeOf(widget);
     const StaticWindow* nearest = nullptr;
     for (const StaticWindow* const text : Beside<StaticWindow>(widget)) {
-        const QRect other = text->geometry();
+        const QRect other = placeOf(*text);
         const bool isOnLine = other.top() <= place.bottom() && other.bottom() >= place.top();
-        const bool isNearer = nearest == nullptr || other.left() > nearest->geometry().left();
+        const bool isNearer = nearest == nullptr || other.left() > placeOf(*nearest).left();
         if (isOnLine && other.left() < place.left() && isNearer)
             nearest = text;
     }
@@ -64,7 +70,7 @@ QString AccessibleCombo::text(QAccessible::Text kind) const
         return Value();
     if (kind != QAccessible::Name)
         return AccessibleWindow::text(kind);
-    QStringList parts{GroupAround(Box()), TextToTheLeftOf(Box()), Value()};
+    QStringList parts{GroupAround(Box()), TextBefore(Box()), Value()};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
 }
