@@ -5,10 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace glossa
-{
-
-// The language of the texts themselves.
+// The language of the texts in the sources.
 constexpr std::string_view englishLanguage = "en";
 
 // The names of the catalogue folders, best first, without English, which always comes last. The locale is the
@@ -17,5 +14,3 @@ constexpr std::string_view englishLanguage = "en";
 // its variants from special to general: "de_CH@x", "de@x", "de_CH", "de" for "de_CH.UTF-8@x". Every name is
 // one path part. Throws std::bad_alloc.
 std::vector<std::string> UserLanguages();
-
-} // namespace glossa
