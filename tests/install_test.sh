@@ -125,7 +125,7 @@ german window data.csv &
 program=$!
 xdotool windowactivate --sync "$(search '^Fehler$')" key Return
 sleep 1
-xdotool windowactivate --sync "$(search '^Curves')" key ctrl+q
+xdotool windowactivate --sync "$(search '^Kurven')" key ctrl+q
 wait $program
 echo "the window: $?"
 EOF

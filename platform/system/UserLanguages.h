@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <vector>
+#include <windef.h>
 
 // The language of the texts in the sources.
 constexpr std::string_view englishLanguage = "en";
@@ -13,4 +14,4 @@ constexpr std::string_view englishLanguage = "en";
 // list ends at English and at "C", as the texts are English, and after eight languages. Each language yields
 // its variants from special to general: "de_CH@x", "de@x", "de_CH", "de" for "de_CH.UTF-8@x". Every name is
 // one path part. Throws std::bad_alloc.
-std::vector<std::string> UserLanguages();
+PLATFORM_API std::vector<std::string> UserLanguages();
