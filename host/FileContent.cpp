@@ -1,5 +1,7 @@
 #include "FileContent.h"
 
+#include "Texts.h"
+
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -40,7 +42,7 @@ File OpenRegular(const std::string& path)
     if (fstat(descriptor, &status) != 0)
         ThrowSystemError();
     if (!S_ISREG(status.st_mode))
-        throw std::runtime_error{"not a regular file"};
+        throw std::runtime_error{Text("not a regular file")};
     return file;
 }
 
@@ -54,7 +56,7 @@ std::string ReadFileContent(const std::string& path)
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
         content.append(buffer.data(), count);
         if (content.size() > MaxMebibytes << 20)
-            throw std::runtime_error{"larger than " + std::to_string(MaxMebibytes) + " MiB"};
+            throw std::runtime_error{Text("larger than %1 MiB", {std::to_string(MaxMebibytes)})};
     }
     if (std::ferror(file.get()) != 0)
         ThrowSystemError();

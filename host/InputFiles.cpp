@@ -1,6 +1,7 @@
 #include "InputFiles.h"
 
 #include "Commands.h"
+#include "Texts.h"
 
 #include <bindings/terminal/Text.h>
 
@@ -19,8 +20,8 @@ void FindQuantities(InputFile& file, const QuantityNames& names, const Report& r
     for (const MeasuredColumn& column : file.content.columns) {
         file.quantities.push_back(names.Find(column.header));
         if (file.quantities.back() == nullptr)
-            report(file.shownPath + ": no quantity fits the column \"" + Printable(column.header) +
-                   "\", it is left out");
+            report(Text("%1: no quantity fits the column \"%2\", it is left out",
+                        {file.shownPath, Printable(column.header)}));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "LayoutTool.h"
 
 #include "Commands.h"
+#include "Texts.h"
 
 #include <array>
 #include <cerrno>
@@ -24,7 +25,7 @@ constexpr const char* ToolName = "atlas-layout";
 
 [[noreturn]] void ThrowStartError(int error)
 {
-    throw std::runtime_error{std::string{ToolName} + " cannot be started: " + std::strerror(error)};
+    throw std::runtime_error{Text("%1 cannot be started: %2", {ToolName, std::strerror(error)})};
 }
 
 std::string ToolPath()

@@ -2,6 +2,7 @@
 
 #include "InputFiles.h"
 #include "TextTable.h"
+#include "Texts.h"
 
 #include <bindings/terminal/StyleWords.h>
 #include <bindings/terminal/Text.h>
@@ -34,7 +35,7 @@ public:
             m_curves.AddRow({fileColumn, Printable(column.header), Printable(quantity->symbol),
                              Printable(quantity->name), std::to_string(column.readings),
                              std::to_string(column.missing),
-                             StyleCell(styleatlas::StyleOf(file.fileColumn, quantity->key), m_colors)});
+                             StyleCell(styleatlas::StyleOf(file.fileColumn, quantity->key), m_colors, Text)});
         }
     }
 
@@ -50,14 +51,14 @@ public:
 
 private:
     const ColorDepth m_colors = ColorsOfOutput();
-    TextTable m_files{{{"File", Align::Right}, {"Rows", Align::Right}, {"Path"}}};
-    TextTable m_curves{{{"File", Align::Right},
-                        {"Curve"},
-                        {"Symbol"},
-                        {"Name"},
-                        {"Readings", Align::Right},
-                        {"Missing", Align::Right},
-                        {"Style"}}};
+    TextTable m_files{{{Text("File"), Align::Right}, {Text("Rows"), Align::Right}, {Text("Path")}}};
+    TextTable m_curves{{{Text("File"), Align::Right},
+                        {Text("Curve")},
+                        {Text("Symbol")},
+                        {Text("Name")},
+                        {Text("Readings"), Align::Right},
+                        {Text("Missing"), Align::Right},
+                        {Text("Style")}}};
 };
 
 } // namespace

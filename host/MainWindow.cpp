@@ -3,8 +3,7 @@
 #include "FileList.h"
 #include "PictureFile.h"
 #include "PlotView.h"
-
-#include <bindings/terminal/Text.h>
+#include "WindowText.h"
 
 #include <QActionGroup>
 #include <QDragEnterEvent>
@@ -30,15 +29,11 @@ namespace atlashost
 namespace
 {
 
-using styleatlas::terminal::Counted;
-
 constexpr QSize GoodWindow{1280, 860};
 constexpr int SideWidth = 230;
 constexpr int RemarksHeight = 160;
 constexpr int MaxRemarks = 1000;    // lines
 constexpr int MessageTime = 10'000; // milliseconds
-constexpr const char* NoFiles = "Open measured files (Ctrl+O), or drop them here.";
-constexpr const char* NoCurves = "There is no curve to plot.";
 
 QByteArrayList LocalFiles(const QMimeData& data)
 {
@@ -62,7 +57,7 @@ std::size_t CurveCount(const Plot& plot)
 
 MainWindow::MainWindow(const QString& hostName, LibraryCalls calls) : m_hostName{hostName}, m_calls{calls}
 {
-    setWindowTitle(hostName.isEmpty() ? "Curves" : "Curves - " + hostName);
+    setWindowTitle(WindowText("Curves") + (hostName.isEmpty() ? "" : " - " + hostName));
     setAcceptDrops(true);
     MakeParts();
     MakeMenus();
@@ -96,20 +91,20 @@ void MainWindow::MakeMenus()
 {
     m_commands = new QActionGroup{this};
     m_commands->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
-    QMenu& file = *menuBar()->addMenu("&File");
-    AddCommand(file, "&Open...", Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
-    AddCommand(file, "&Remove from list", Qt::Key_Delete, &MainWindow::RemoveFiles);
-    AddCommand(file, "Read &again", Qt::Key_F5, &MainWindow::ReadFiles);
-    AddCommand(file, "&Save picture...", Qt::CTRL | Qt::Key_S, &MainWindow::SavePicture);
+    QMenu& file = *menuBar()->addMenu(WindowText("&File"));
+    AddCommand(file, WindowText("&Open..."), Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
+    AddCommand(file, WindowText("&Remove from list"), Qt::Key_Delete, &MainWindow::RemoveFiles);
+    AddCommand(file, WindowText("Read &again"), Qt::Key_F5, &MainWindow::ReadFiles);
+    AddCommand(file, WindowText("&Save picture..."), Qt::CTRL | Qt::Key_S, &MainWindow::SavePicture);
     file.addSeparator();
-    file.addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &QWidget::close);
-    QMenu& styles = *menuBar()->addMenu("&Styles");
-    AddCommand(styles, "&Curve styles...", Qt::CTRL | Qt::Key_E, &MainWindow::EditStyles);
-    AddCommand(styles, "&Reload styles", Qt::CTRL | Qt::Key_R, &MainWindow::ReloadStyles);
-    AddCommand(styles, "Switch &user...", Qt::CTRL | Qt::Key_U, &MainWindow::SwitchUser);
+    file.addAction(WindowText("&Quit"), Qt::CTRL | Qt::Key_Q, this, &QWidget::close);
+    QMenu& styles = *menuBar()->addMenu(WindowText("&Styles"));
+    AddCommand(styles, WindowText("&Curve styles..."), Qt::CTRL | Qt::Key_E, &MainWindow::EditStyles);
+    AddCommand(styles, WindowText("&Reload styles"), Qt::CTRL | Qt::Key_R, &MainWindow::ReloadStyles);
+    AddCommand(styles, WindowText("Switch &user..."), Qt::CTRL | Qt::Key_U, &MainWindow::SwitchUser);
 }
 
-void MainWindow::AddCommand(QMenu& menu, const char* text, const QKeySequence& keys,
+void MainWindow::AddCommand(QMenu& menu, const QString& text, const QKeySequence& keys,
                             void (MainWindow::*command)())
 {
     m_commands->addAction(menu.addAction(text, keys, this, command));
@@ -123,8 +118,8 @@ void MainWindow::AddFiles(const QByteArrayList& paths)
 
 void MainWindow::OpenFiles()
 {
-    const QStringList names = QFileDialog::getOpenFileNames(this, "Open measured files", {},
-                                                            "Measured data (*.csv);;All files (*)");
+    const QStringList names = QFileDialog::getOpenFileNames(
+        this, WindowText("Open measured files"), {}, WindowText("Measured data (*.csv);;All files (*)"));
     QByteArrayList paths;
     for (const QString& name : names)
         paths.append(QFile::encodeName(name));
@@ -137,7 +132,7 @@ void MainWindow::RemoveFiles()
     if (m_files->RemoveSelected())
         ReadFiles();
     else
-        statusBar()->showMessage("Select files in the list first.", MessageTime);
+        statusBar()->showMessage(WindowText("Select files in the list first."), MessageTime);
 }
 
 void MainWindow::ReadFiles()
@@ -158,14 +153,15 @@ void MainWindow::ReadFiles()
         report(error.what());
     }
     m_remarks->setVisible(!m_remarks->document()->isEmpty());
-    m_view->SetHint(paths.empty() ? NoFiles : NoCurves);
+    m_view->SetHint(paths.empty() ? WindowText("Open measured files (Ctrl+O), or drop them here.")
+                                  : WindowText("There is no curve to plot."));
     m_view->update();
     ShowCounts();
 }
 
 void MainWindow::SavePicture()
 {
-    QFileDialog dialog{this, "Save picture", "plot.png", "PNG pictures (*.png)"};
+    QFileDialog dialog{this, WindowText("Save picture"), "plot.png", WindowText("PNG pictures (*.png)")};
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("png");
     if (dialog.exec() != QDialog::Accepted)
@@ -173,7 +169,7 @@ void MainWindow::SavePicture()
     const QString path = dialog.selectedFiles().constFirst();
     try {
         WritePng(m_view->grab().toImage(), QFile::encodeName(path).constData());
-        statusBar()->showMessage("The picture is in " + path, MessageTime);
+        statusBar()->showMessage(WindowText("The picture is in %1", path), MessageTime);
     } catch (const std::runtime_error& error) {
         Warn(error.what());
     }
@@ -184,15 +180,15 @@ void MainWindow::EditStyles()
     int result = 0;
     CallLibrary([&] { result = m_calls.edit(winId()); });
     if (result == STYLEATLAS_EDIT_OK)
-        ShowNewStyles("The new styles are in force.");
+        ShowNewStyles(WindowText("The new styles are in force."));
     else if (result != STYLEATLAS_EDIT_CANCELLED)
-        Warn("The editor of the styles cannot be shown.");
+        Warn(WindowText("The editor of the styles cannot be shown."));
 }
 
 void MainWindow::ReloadStyles()
 {
     CallLibrary(m_calls.reload);
-    ShowNewStyles("The styles have been loaded again.");
+    ShowNewStyles(WindowText("The styles have been loaded again."));
 }
 
 void MainWindow::SwitchUser()
@@ -210,7 +206,7 @@ void MainWindow::SwitchUser()
         m_calls.changeUser(m_settings.root.toStdU16String().c_str(),
                            m_settings.subKey.toStdU16String().c_str());
     });
-    ShowNewStyles("The styles are those of the user " + m_settings.root + ".");
+    ShowNewStyles(WindowText("The styles are those of the user %1.", m_settings.root));
 }
 
 // While a call of the style atlas shows a window of its own, this window still gets events, and none of them
@@ -234,9 +230,9 @@ void MainWindow::ShowNewStyles(const QString& message)
 
 void MainWindow::ShowCounts()
 {
-    const std::string counts =
-        Counted(m_files->Paths().size(), "file") + ", " + Counted(CurveCount(m_plot), "curve");
-    m_counts->setText(m_hostName + (m_hostName.isEmpty() ? "" : ": ") + QString::fromStdString(counts));
+    const std::string counts = Text("files: %1, curves: %2", {std::to_string(m_files->Paths().size()),
+                                                              std::to_string(CurveCount(m_plot))});
+    m_counts->setText(m_hostName + (m_hostName.isEmpty() ? "" : " - ") + QString::fromStdString(counts));
 }
 
 void MainWindow::Warn(const QString& text)

@@ -40,7 +40,8 @@ protected:
 private:
     void MakeParts();
     void MakeMenus();
-    void AddCommand(QMenu& menu, const char* text, const QKeySequence& keys, void (MainWindow::*command)());
+    void AddCommand(QMenu& menu, const QString& text, const QKeySequence& keys,
+                    void (MainWindow::*command)());
 
     void OpenFiles();
     void RemoveFiles();

@@ -3,6 +3,7 @@
 #include "Calendar.h"
 #include "CsvReader.h"
 #include "FileContent.h"
+#include "Texts.h"
 
 #include <bindings/terminal/Text.h>
 
@@ -52,7 +53,7 @@ public:
         if (m_file.timeKind == TimeKind::Row)
             std::iota(m_file.times.begin(), m_file.times.end(), 1.0);
         if (m_remarkCount > MaxRemarks)
-            m_file.remarks.push_back("... and " + std::to_string(m_remarkCount - MaxRemarks) + " more");
+            m_file.remarks.push_back(Text("... and %1 more", {std::to_string(m_remarkCount - MaxRemarks)}));
         return std::move(m_file);
     }
 
@@ -60,11 +61,11 @@ private:
     void ReadHead()
     {
         if (!m_csv.Next())
-            throw std::runtime_error{"the file is empty"};
+            throw std::runtime_error{Text("the file is empty")};
         if (m_csv.FieldCount() > CsvReader::MaxFields)
-            throw std::runtime_error{"more than " + std::to_string(CsvReader::MaxFields) + " columns"};
+            throw std::runtime_error{Text("more than %1 columns", {std::to_string(CsvReader::MaxFields)})};
         if (m_csv.FieldCount() < 2)
-            throw std::runtime_error{"no column of data beside the first"};
+            throw std::runtime_error{Text("no column of data beside the first")};
         m_file.timeHeader = WithoutBlanks(m_csv.Fields().front());
         for (std::size_t i = 1; i < m_csv.FieldCount(); ++i)
             m_file.columns.emplace_back().header = WithoutBlanks(m_csv.Fields()[i]);
@@ -77,10 +78,10 @@ private:
         RemarkOnOpenQuote();
         const std::size_t expected = m_file.columns.size() + 1;
         if (m_file.rows > MaxFields / expected)
-            throw std::runtime_error{"more than 16 million fields"};
+            throw std::runtime_error{Text("more than 16 million fields")};
         if (m_csv.FieldCount() > expected)
-            AddRemark("the line has " + std::to_string(m_csv.FieldCount()) + " fields, the head line " +
-                      std::to_string(expected));
+            AddRemark(Text("the line has %1 fields, the head line %2",
+                           {std::to_string(m_csv.FieldCount()), std::to_string(expected)}));
         m_file.times.push_back(TimeOf(WithoutBlanks(m_csv.Fields().front())));
         for (std::size_t i = 1; i < expected; ++i)
             Take(m_file.columns[i - 1], i < m_csv.Fields().size() ? WithoutBlanks(m_csv.Fields()[i]) : "");
@@ -109,14 +110,14 @@ private:
         }
         ++column.missing;
         if (!field.empty())
-            AddRemark('"' + Printable(field, MaxQuoteLength) + "\" in column " +
-                      Printable(column.header, MaxQuoteLength) + " is not a number");
+            AddRemark(Text("\"%1\" in column %2 is not a number",
+                           {Printable(field, MaxQuoteLength), Printable(column.header, MaxQuoteLength)}));
     }
 
     void RemarkOnOpenQuote()
     {
         if (m_csv.HasOpenQuote())
-            AddRemark("a quotation mark is never closed");
+            AddRemark(Text("a quotation mark is never closed"));
     }
 
     void AddRemark(const std::string& remark)

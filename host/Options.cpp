@@ -1,5 +1,7 @@
 #include "Options.h"
 
+#include "Texts.h"
+
 #include "styleatlas.h"
 
 #include <bindings/terminal/CommandLine.h>
@@ -19,8 +21,9 @@ using styleatlas::terminal::Printable;
 using styleatlas::terminal::RejectedOption;
 using styleatlas::terminal::UsageError;
 
-const char* const Usage =
-    R"(Usage: atlas-host [options] list FILE.csv...
+std::string Usage()
+{
+    return Text(R"(Usage: atlas-host [options] list FILE.csv...
        atlas-host [options] plot FILE.csv...
        atlas-host [options] table
        atlas-host [options] window [FILE.csv...]
@@ -51,7 +54,8 @@ The messages of list, plot --png, table, prepare and layout go to standard error
 Exit status: 0 where all went well; 1 where something could not be read, written or shown; 2 where the command
 line was not understood. The command edit ends with 0 after OK and 3 after Cancel; the command layout as
 atlas-layout does.
-)";
+)");
+}
 
 namespace
 {
@@ -74,8 +78,8 @@ std::int16_t ParseColumn(std::string_view text)
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), column);
     if (error != std::errc{} || stop != text.data() + text.size() || column < 0 ||
         column >= STYLEATLAS_FILE_COLUMNS)
-        throw UsageError{"--column takes a number from 0 to " + std::to_string(STYLEATLAS_FILE_COLUMNS - 1) +
-                         ", not \"" + Printable(text) + "\""};
+        throw UsageError{Text("--column takes a number from 0 to %1, not \"%2\"",
+                              {std::to_string(STYLEATLAS_FILE_COLUMNS - 1), Printable(text)})};
     return column;
 }
 
@@ -91,8 +95,8 @@ void ParseSize(std::string_view text, PlotTarget& target)
         if (heightError == std::errc{} && stop == end && isSide(target.width) && isSide(target.height))
             return;
     }
-    throw UsageError{"--size takes a width and a height from " + std::to_string(MinSide) + " to " +
-                     std::to_string(MaxSide) + " as in 1200x800, not \"" + Printable(text) + "\""};
+    throw UsageError{Text("--size takes a width and a height from %1 to %2 as in 1200x800, not \"%3\"",
+                          {std::to_string(MinSide), std::to_string(MaxSide), Printable(text)})};
 }
 
 constexpr std::size_t AnyNumber = std::numeric_limits<std::size_t>::max();
@@ -115,23 +119,19 @@ constexpr Command Commands[] = {
     {LayoutCommand, Action::Layout, 0, AnyNumber},
 };
 
-const char* FilesOf(const Command& command)
-{
-    return command.maxFiles == 0 ? "no files" : "at least one file";
-}
-
 void ReadCommand(std::span<const char* const> words, Options& options)
 {
     if (words.empty())
-        throw UsageError{"a command is missing"};
+        throw UsageError{Text("a command is missing")};
     const std::string name = words.front();
     const auto* const command = std::ranges::find(Commands, name, &Command::name);
     if (command == std::ranges::end(Commands))
-        throw UsageError{"unknown command \"" + Printable(name) + "\""};
+        throw UsageError{Text("unknown command \"%1\"", {Printable(name)})};
     options.action = command->action;
     options.files = words.subspan(1);
     if (options.files.size() < command->minFiles || options.files.size() > command->maxFiles)
-        throw UsageError{"the command " + name + " takes " + FilesOf(*command)};
+        throw UsageError{command->maxFiles == 0 ? Text("the command %1 takes no files", {name})
+                                                : Text("the command %1 takes at least one file", {name})};
 }
 
 } // namespace
@@ -166,9 +166,9 @@ Options ReadOptions(int argc, char** argv)
             options.action = Action::Version;
             return options;
         case NoArgument:
-            throw UsageError{"the option " + RejectedOption(argv) + " needs a value"};
+            throw UsageError{Text("the option %1 needs a value", {RejectedOption(argv)})};
         default:
-            throw UsageError{"unknown option " + RejectedOption(argv)};
+            throw UsageError{Text("unknown option %1", {RejectedOption(argv)})};
         }
     }
     ReadCommand(words.subspan(static_cast<std::size_t>(optind)), options);

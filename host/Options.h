@@ -20,7 +20,8 @@ struct Options {
     std::span<const char* const> files; // as many as the action takes; of Layout, the arguments of the tool
 };
 
-extern const char* const Usage;
+// In the user's language.
+std::string Usage();
 
 // Reads the command line and moves the options to the front of argv. The result refers to the texts of argv.
 // Throws styleatlas::terminal::UsageError.

@@ -1,5 +1,7 @@
 #include "PictureFile.h"
 
+#include "Texts.h"
+
 #include <bindings/terminal/Text.h>
 
 #include <QBuffer>
@@ -24,9 +26,9 @@ using styleatlas::terminal::Printable;
 
 constexpr int Permissions = 0666; // less the user's mask
 
-[[noreturn]] void ThrowError(const char* path, const char* reason)
+[[noreturn]] void ThrowError(const char* path, const std::string& reason)
 {
-    throw std::runtime_error{Printable(path, NoLimit) + " cannot be written: " + reason};
+    throw std::runtime_error{Text("%1 cannot be written: %2", {Printable(path, NoLimit), reason})};
 }
 
 class OutputFile
@@ -80,7 +82,7 @@ void WritePng(const QImage& picture, const char* path)
     QByteArray bytes;
     QBuffer buffer{&bytes};
     if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "PNG"))
-        ThrowError(path, "the picture cannot be encoded");
+        ThrowError(path, Text("the picture cannot be encoded"));
     OutputFile file{path};
     file.Write(bytes);
     file.Close();

@@ -7,6 +7,7 @@
 #include "PlotWindow.h"
 #include "QtStartup.h"
 #include "Report.h"
+#include "Texts.h"
 
 #include <QApplication>
 #include <QImage>
@@ -38,10 +39,10 @@ void DrawIntoFile(const Plot& plot, const PlotTarget& target)
     const QSize size = target.width > 0 ? QSize{target.width, target.height} : GoodSize(plot.panels.size());
     QImage picture{size, QImage::Format_RGB32};
     if (picture.isNull())
-        throw std::runtime_error{"the memory does not hold a picture of this size"};
+        throw std::runtime_error{Text("the memory does not hold a picture of this size")};
     QPainter painter{&picture};
     if (const std::size_t missing = DrawPlot(painter, size, plot); missing > 0)
-        PrintError("quantities that have no room in the picture: " + std::to_string(missing));
+        PrintError(Text("quantities that have no room in the picture: %1", {std::to_string(missing)}));
     painter.end();
     WritePng(picture, target.png);
 }
@@ -59,7 +60,7 @@ int PlotCurves(std::span<const char* const> paths, const PlotTarget& target)
 {
     const Plot plot = ReadPlot(paths, PrintError);
     if (plot.panels.empty()) {
-        PrintError("there is no curve to plot");
+        PrintError(Text("there is no curve to plot"));
         return Failed;
     }
     if (target.png != nullptr)

@@ -2,6 +2,7 @@
 
 #include "Calendar.h"
 #include "Downsampling.h"
+#include "Texts.h"
 
 #include <bindings/terminal/Text.h>
 
@@ -99,8 +100,11 @@ public:
     {
         const MeasuredFile& content = file.content;
         if (const auto count = std::ranges::count_if(content.times, [](double t) { return std::isnan(t); }))
-            m_report(file.shownPath + ": rows left out, as their first field is no " +
-                     (content.timeKind == TimeKind::Date ? "date" : "number") + ": " + std::to_string(count));
+            m_report(content.timeKind == TimeKind::Date
+                         ? Text("%1: rows left out, as their first field is no date: %2",
+                                {file.shownPath, std::to_string(count)})
+                         : Text("%1: rows left out, as their first field is no number: %2",
+                                {file.shownPath, std::to_string(count)}));
         for (std::size_t i = 0; i < file.quantities.size(); ++i) {
             if (file.quantities[i] != nullptr)
                 AddCurve(file, *file.quantities[i], file.content.columns[i]);
@@ -132,8 +136,8 @@ private:
         const std::vector<Reading> all = ReadingsInOrder(file.content.times, values);
         const auto gaps = static_cast<std::size_t>(std::ranges::count_if(all, IsGap));
         if (gaps == all.size()) {
-            m_report(file.shownPath + ": the column \"" + Printable(column.header) +
-                     "\" has no readings, it is left out");
+            m_report(Text("%1: the column \"%2\" has no readings, it is left out",
+                          {file.shownPath, Printable(column.header)}));
             return;
         }
         Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps, quantity.key, file.fileColumn};
@@ -142,7 +146,7 @@ private:
         curve.readings = Downsampled(all, Divisible(times), MaxColumns, MaxPerColumn);
         m_readingCount += curve.readings.size();
         if (m_readingCount > MaxReadings)
-            throw std::runtime_error{"more than 32 million readings in all"};
+            throw std::runtime_error{Text("more than 32 million readings in all")};
         AddToPanel(file, quantity, std::move(curve), times);
     }
 
@@ -170,7 +174,7 @@ private:
         entry.quantity = &quantity;
         std::tie(entry.panel.title, entry.panel.unit) = TitleAndUnit(quantity);
         entry.panel.timeKind = kind;
-        entry.panel.timeTitle = kind == TimeKind::Row ? "row" : Printable(file.content.timeHeader);
+        entry.panel.timeTitle = kind == TimeKind::Row ? Text("row") : Printable(file.content.timeHeader);
         return entry;
     }
 

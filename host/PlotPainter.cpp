@@ -3,6 +3,7 @@
 #include "CurvePainter.h"
 #include "Downsampling.h"
 #include "PlotLayout.h"
+#include "WindowText.h"
 
 #include <QColor>
 #include <QFont>
@@ -150,7 +151,7 @@ private:
             isSparse = isSparse || symbols == CurvePainter::Symbols::OfSome;
         }
         if (isSparse)
-            DrawNote("not every reading has its symbol");
+            DrawNote(WindowText("not every reading has its symbol"));
     }
 
     void DrawLegend()
@@ -164,7 +165,7 @@ private:
         }
         if (!m_layout.moreFiles.isNull())
             Write(LegendName(m_layout.moreFiles), Qt::AlignLeft | Qt::AlignVCenter,
-                  "and " + std::to_string(m_panel.curves.size() - m_layout.legend.size()) + " more");
+                  Text("and %1 more", {std::to_string(m_panel.curves.size() - m_layout.legend.size())}));
     }
 
     QPainter& m_painter;
@@ -193,8 +194,9 @@ std::size_t DrawPlot(QPainter& painter, QSize size, const Plot& plot)
         PanelPainter{painter, plot.panels[i], layout.panels[i]}.Draw();
     if (layout.missingPanels > 0) {
         painter.setPen(QColor{TextColor});
-        painter.drawText(layout.footer, Qt::AlignRight,
-                         "quantities without room here: " + QString::number(layout.missingPanels));
+        painter.drawText(
+            layout.footer, Qt::AlignRight,
+            WindowText("quantities without room here: %1", QString::number(layout.missingPanels)));
     }
     return layout.missingPanels;
 }

@@ -1,6 +1,7 @@
 #include "PlotWindow.h"
 
 #include "PlotLayout.h"
+#include "WindowText.h"
 
 #include <QKeyEvent>
 
@@ -9,7 +10,7 @@ namespace atlashost
 
 PlotWindow::PlotWindow(const Plot& plot) : PlotView{plot}
 {
-    setWindowTitle("Curves");
+    setWindowTitle(WindowText("Curves"));
     resize(FittingSize(*this, GoodSize(plot.panels.size())).expandedTo(minimumSize()));
 }
 

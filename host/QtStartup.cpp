@@ -2,6 +2,11 @@
 
 #include "Commands.h"
 #include "Report.h"
+#include "Texts.h"
+
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
 #include <algorithm>
 #include <cstdlib>
@@ -21,7 +26,7 @@ void ExitOnFatal(QtMsgType type, const QMessageLogContext& context, const QStrin
         reason = message.section('\n', 0, 0);
     if (type != QtFatalMsg)
         return;
-    PrintError("nothing can be drawn: " + reason.toStdString());
+    PrintError(Text("nothing can be drawn: %1", {reason.toStdString()}));
     std::_Exit(Failed);
 }
 
@@ -49,7 +54,10 @@ void ExitWhereQtWouldAbort()
 QtApplication::QtApplication()
 {
     ExitWhereQtWouldAbort();
-    m_application.emplace(m_count, m_words);
+    QApplication& application = m_application.emplace(m_count, m_words);
+    auto* const texts = new QTranslator{&application};
+    if (texts->load(QLocale{}, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(texts);
 }
 
 } // namespace atlashost

@@ -19,8 +19,9 @@ void ForgetDisplay();
 // Warnings of Qt, about missing folders and fonts, are dropped.
 void ExitWhereQtWouldAbort();
 
-// The application object of a program with windows. To be made before the first window, and before the first
-// call of the style atlas, whose messages then are windows of this program too.
+// The application object of a program with windows, whose dialogs of Qt are in the user's language. To be
+// made before the first window, and before the first call of the style atlas, whose messages then are windows
+// of this program too.
 class QtApplication
 {
 public:

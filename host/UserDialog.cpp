@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "LayoutTool.h"
+#include "WindowText.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -18,7 +19,7 @@ namespace
 
 constexpr int FieldWidth = 320; // pixels
 
-QLineEdit* AddField(QFormLayout& layout, const char* label, const QString& text)
+QLineEdit* AddField(QFormLayout& layout, const QString& label, const QString& text)
 {
     auto* const field = new QLineEdit{text};
     field->setMinimumWidth(FieldWidth);
@@ -32,7 +33,7 @@ UserSettings FirstSettings(const QString& hostName)
 {
     const ToolResult result = RunLayoutTool({"key", "--", hostName.toStdString()});
     if (result.status != Succeeded)
-        throw std::runtime_error{"the settings of this host cannot be found out"};
+        throw std::runtime_error{Text("the settings of this host cannot be found out")};
     const QString key = QString::fromStdString(result.output).trimmed();
     return {key.section('\\', 0, 0), key.section('\\', 1)};
 }
@@ -40,11 +41,12 @@ UserSettings FirstSettings(const QString& hostName)
 bool AskForSettings(QWidget* parent, UserSettings& settings)
 {
     QDialog dialog{parent};
-    dialog.setWindowTitle("Switch user");
+    dialog.setWindowTitle(WindowText("Switch user"));
     auto* const layout = new QFormLayout{&dialog};
-    layout->addRow(new QLabel{"The settings are read below HKEY_USERS in the registry of the style atlas."});
-    const QLineEdit* const root = AddField(*layout, "User &root:", settings.root);
-    const QLineEdit* const subKey = AddField(*layout, "Sub&key:", settings.subKey);
+    layout->addRow(
+        new QLabel{WindowText("The settings are read below HKEY_USERS in the registry of the style atlas.")});
+    const QLineEdit* const root = AddField(*layout, WindowText("User &root:"), settings.root);
+    const QLineEdit* const subKey = AddField(*layout, WindowText("Sub&key:"), settings.subKey);
     auto* const buttons = new QDialogButtonBox{QDialogButtonBox::Ok | QDialogButtonBox::Cancel};
     layout->addRow(buttons);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);

@@ -4,6 +4,7 @@
 #include "MainWindow.h"
 #include "QtStartup.h"
 #include "Report.h"
+#include "Texts.h"
 
 #include <string>
 
@@ -29,8 +30,8 @@ int ShowEditor()
     case STYLEATLAS_EDIT_CANCELLED:
         return Cancelled;
     default:
-        PrintError(HasDisplay() ? "the editor cannot be shown; does the display answer?"
-                                : "there is no display to show the editor on");
+        PrintError(HasDisplay() ? Text("the editor cannot be shown; does the display answer?")
+                                : Text("there is no display to show the editor on"));
         return Failed;
     }
 }

@@ -5,6 +5,7 @@
 #include "Options.h"
 #include "QtStartup.h"
 #include "Report.h"
+#include "Texts.h"
 
 #include "styleatlas.h"
 
@@ -64,9 +65,10 @@ int RunAsHost(const Options& options)
     std::optional<QtApplication> application;
     if (HasWindow(options)) {
         if (!HasDisplay()) {
-            PrintError(options.action == Action::Window
-                           ? "there is no display to show the window on"
-                           : "there is no display to show the plot on; --png FILE writes it into a file");
+            PrintError(
+                options.action == Action::Window
+                    ? Text("there is no display to show the window on")
+                    : Text("there is no display to show the plot on; --png FILE writes it into a file"));
             return Failed;
         }
         application.emplace();
@@ -92,7 +94,7 @@ int Run(const Options& options)
 {
     switch (options.action) {
     case Action::Help:
-        std::cout << Usage;
+        std::cout << Usage();
         return Succeeded;
     case Action::Version:
         std::cout << ProgramName << " " ATLAS_HOST_VERSION "\n";
@@ -112,7 +114,7 @@ int RunAndFlush(const Options& options)
         const int status = Run(options);
         if (std::cout.flush())
             return status;
-        PrintError("the output cannot be written");
+        PrintError(Text("the output cannot be written"));
     } catch (const std::exception& error) {
         PrintError(error.what());
     }
@@ -128,7 +130,7 @@ int main(int argc, char** argv)
     try {
         return atlashost::RunAndFlush(atlashost::ReadOptions(argc, argv));
     } catch (const styleatlas::terminal::UsageError& error) {
-        atlashost::PrintError(std::string{error.what()} + "; try --help");
+        atlashost::PrintError(atlashost::Text("%1; try --help", {error.what()}));
         return atlashost::WrongUsage;
     }
 }

@@ -49,6 +49,8 @@ translations.")
 
 set(CPACK_DEBIAN_EDITOR_PACKAGE_NAME libstyleatlas-editor)
 set(CPACK_DEBIAN_EDITOR_PACKAGE_SECTION libs)
+# The texts of Qt's own dialogs in the user's language.
+set(CPACK_DEBIAN_EDITOR_PACKAGE_RECOMMENDS qt6-translations-l10n)
 set(CPACK_COMPONENT_EDITOR_DESCRIPTION
 "styles of the curves of measured data - editor
 The style atlas says, for every measured quantity and every file column, how

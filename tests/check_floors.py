@@ -4,8 +4,8 @@
   - Includes: frame, dialogs, controls and model know the class framework, each other downward, the language library, the
     public header and the C++ library; no Qt, no POSIX, nothing of the layer's inside. The layer knows nothing above it.
     Tools know the model and the layer's floor without windows. Bindings know the public headers; what paints there takes
-    figures, dashes and rasteriser from the library. The host knows the public headers, the bindings and the unit
-    library's header. No circle of files.
+    figures, dashes and rasteriser from the library. The host knows the public headers, the bindings and the headers
+    of the unit and the language library. No circle of files.
   - Links: no archive needs a symbol that only an archive of a floor above it defines.
 """
 import re
@@ -28,7 +28,7 @@ BELOW = {
     'components': ['framework', 'system'],
     'tools': ['bindings', 'model', 'include', 'framework', 'system', 'units'],
     'bindings': ['include', 'figures', 'dashes', 'rasteriser'],
-    'host': ['bindings', 'include', 'units'],
+    'host': ['bindings', 'include', 'language', 'units'],
     'include': [],
 }
 PLACES = {'framework': 'platform/include/', 'system': 'platform/system/',

@@ -1,7 +1,10 @@
 // Modal dialogs and menus from the module's templates, and the commands of the user.
 #include "support/Gui.h"
 
+#include "support/TempPrefix.h"
+
 #include <Application.h>
+#include <Glossa.h>
 #include <QMenu>
 #include <QWindow>
 #include <dialogs/resource.h>
@@ -80,6 +83,75 @@ TEST(Dialogs, StandBeforeAWindowOfTheHost)
     EXPECT_EQ(ownerOf(id), (std::pair<const QWidget*, WId>(nullptr, known)));
     foreign.destroy();
     EXPECT_EQ(CWnd::FromHandle(reinterpret_cast<HWND>(id)), nullptr);
+}
+
+// Where a control has its text. A group box keeps its frame visible at both sides of it.
+QRect RoomOf(const QWidget& control)
+{
+    QStyleOptionButton button;
+    button.initFrom(&control);
+    if (dynamic_cast<const QPushButton*>(&control) != nullptr)
+        return control.style()->subElementRect(QStyle::SE_PushButtonContents, &button, &control);
+    if (dynamic_cast<const QCheckBox*>(&control) != nullptr)
+        return control.style()->subElementRect(QStyle::SE_CheckBoxContents, &button, &control);
+    QStyleOptionComboBox box;
+    box.initFrom(&control);
+    if (dynamic_cast<const QComboBox*>(&control) != nullptr)
+        return control.style()->subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxEditField,
+                                               &control);
+    return control.rect() -
+           (dynamic_cast<const QGroupBox*>(&control) != nullptr ? QMargins(16, 0, 16, 0) : QMargins());
+}
+
+struct Texts {
+    k_GlossaW Language;
+    std::string Name;
+
+    void ExpectFit(LPCTSTR english, const QWidget& control, int room, const char* added = "")
+    {
+        const QString text =
+            QString::fromUtf16(Language.GetStrippedText(english, _T("Styleatlas"), true)) + added;
+        EXPECT_LE(control.fontMetrics().horizontalAdvance(text), room) << Name << ": " << text.toStdString();
+    }
+};
+
+BOOL CALLBACK ExpectWholeText(HWND window, LPARAM argument)
+{
+    auto& texts = *reinterpret_cast<Texts*>(argument);
+    const QWidget& control = Window::Of(window)->Widget();
+    TCHAR english[100];
+    if (::GetWindowTextW(window, english, std::size(english)) > 0 && !control.isHidden())
+        texts.ExpectFit(english, control, RoomOf(control).width());
+    return TRUE;
+}
+
+TEST(Dialogs, CutNoTextInAnyLanguage)
+{
+    const test::ScopedVariable locale("LC_ALL", "zz"), list("LANGUAGE", nullptr);
+    std::istringstream languages(test::ReadWhole(LINGUAS));
+    std::vector<std::string> seen;
+    for (std::string language; languages >> language; seen.push_back(language)) {
+        list.Put(language.c_str());
+        Texts texts{{}, language};
+        for (const UINT id : {IDD_STYLE_ATLAS, IDD_CURVE_LAYOUT}) {
+            k_Dialog dialog(id);
+            dialog.m_init = [&](k_Dialog& shown) {
+                ::EnumChildWindows(shown.m_hWnd, ExpectWholeText, reinterpret_cast<LPARAM>(&texts));
+                if (const CWnd* const box = shown.GetDlgItem(IDC_SYMBOL_FILL)) {
+                    for (const LPCTSTR fill : {_T("filled"), _T("empty"), _T("empty with dot")})
+                        texts.ExpectFit(fill, test::WidgetOf(*box), RoomOf(test::WidgetOf(*box)).width());
+                }
+                shown.EndDialog(IDOK);
+                return TRUE;
+            };
+            EXPECT_EQ(dialog.DoModal(), IDOK);
+        }
+        const QHeaderView header(Qt::Horizontal);
+        constexpr int columnWidth = 60;
+        const int margin = header.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &header);
+        texts.ExpectFit(_T("file"), header, columnWidth - 2 * margin, " 32");
+    }
+    EXPECT_EQ(std::ranges::count(seen, "de"), 1);
 }
 
 class k_Owner : public CWnd

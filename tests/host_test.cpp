@@ -159,6 +159,16 @@ TEST_F(Host, ShowsNoStyleWhereThereIsNone)
     EXPECT_EQ(Run({"table"}).Output, "The unit library has no quantities.\n");
 }
 
+TEST_F(Host, SpeaksTheLanguageOfItsUser)
+{
+    m_environment.insert(m_environment.end(), {"LC_ALL=fr_FR.UTF-8", "LANGUAGE=es:de"});
+    EXPECT_EQ(Run({"table"}).StyleIn("1 +10 +2 +0 +0x0  O_3"),
+              "aspa, vacío, tamaño 10, #000000; línea continua, grosor 1, #000000");
+    m_environment.back() = "LANGUAGE";
+    const std::string nothing = Run({"list", File("odd.csv", "t,100%2\n1,2\n")}).Errors;
+    EXPECT_NE(nothing.find("la colonne «\u00A0100%2\u00A0», elle est ignorée"), std::string::npos) << nothing;
+}
+
 TEST_F(Host, PlotsIntoAFileWithoutDisplayAndFonts)
 {
     m_environment.push_back("FONTCONFIG_FILE=" + File("fonts.conf", "<fontconfig/>"));

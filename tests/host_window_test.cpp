@@ -28,6 +28,7 @@ TEST(HostWindow, DoesWhatItsMenusSay)
 {
     const test::TempPrefix prefix;
     const test::ScopedVariable catalogue{"MENSURA_CATALOGUE", nullptr};
+    const test::ScopedVariable language{"LANGUAGE", "en"};
     int count = 1;
     char name[] = "host_window_test";
     char* words[] = {name, nullptr};
@@ -65,7 +66,7 @@ TEST(HostWindow, DoesWhatItsMenusSay)
         files.findItems(file, Qt::MatchExactly).front()->setSelected(true);
     find("&Remove from list")->trigger();
     EXPECT_EQ(files.item(0)->text(), "1  airquality-1973-06.csv");
-    EXPECT_EQ(window.statusBar()->findChild<QLabel*>()->text(), "AirLab: 1 file, 4 curves");
+    EXPECT_EQ(window.statusBar()->findChild<QLabel*>()->text(), "AirLab - files: 1, curves: 4");
 }
 
 } // namespace

@@ -125,7 +125,7 @@ german window data.csv &
 program=$!
 xdotool windowactivate --sync "$(search '^Fehler$')" key Return
 sleep 1
-xdotool windowactivate --sync "$(search '^Curves')" key ctrl+q
+xdotool windowactivate --sync "$(search '^Kurven')" key ctrl+q
 wait $program
 echo "the window: $?"
 EOF
@@ -165,7 +165,8 @@ expect 'the libraries for building' 'libstyleatlas.so' "$(find root/libstyleatla
 find root/libstyleatlas1 | grep -E '/include|\.cmake$|\.pc$' && fail 'the runtime package has files of the other'
 [[ $(field libstyleatlas1 Depends) =~ libc6.*libsqlite3-0 ]] || fail 'the runtime package lacks a dependency'
 [[ $(field libstyleatlas1 Depends) != *qt* ]] || fail 'the runtime package depends on Qt'
-expect 'what the runtime package recommends' libstyleatlas-editor "$(field libstyleatlas1 Recommends)"
+expect 'what the packages recommend' 'libstyleatlas-editor, qt6-translations-l10n' \
+    "$(field libstyleatlas1 Recommends), $(field libstyleatlas-editor Recommends)"
 [[ $(field libstyleatlas-editor Depends) = *libqt6widgets6* ]] || fail 'the editor lacks a dependency'
 for name in libstyleatlas-editor libstyleatlas-dev atlas-layout atlas-host; do
     [[ ", $(field $name Depends)," = *", libstyleatlas1 (= $version),"* ]] || fail "$name does not depend on its libraries"

@@ -41,12 +41,12 @@ constexpr Word<LineStyle> Lines[] = {
 
 // A layout file can hold any number.
 template <class Number, std::size_t Size>
-std::string WordFor(const Word<Number> (&words)[Size], Number value, const char* kind)
+std::string WordFor(const Word<Number> (&words)[Size], Number value, const char* unknown, Translator text)
 {
     const auto found = std::ranges::find(words, value, &Word<Number>::value);
     if (found != std::end(words))
-        return found->text;
-    return std::string{"unknown "} + kind + " " + std::to_string(static_cast<int>(value));
+        return text(found->text, {});
+    return text(unknown, {std::to_string(static_cast<int>(value))});
 }
 
 struct Rgb {
@@ -122,16 +122,18 @@ std::string_view Environment(const char* name)
 
 } // namespace
 
-std::string InWords(const Style& style)
+std::string InWords(const Style& style, Translator text)
 {
-    std::string words = WordFor(Shapes, style.symbolShape, "symbol");
+    std::string words = WordFor(Shapes, style.symbolShape, "unknown symbol %1", text);
     if (style.symbolShape != SymbolShape::None)
-        words += ", " + WordFor(Fills, style.symbolFill, "fill") + ", size " +
-                 std::to_string(style.symbolSize) + ", " + Hex(style.symbolColor);
-    words += "; " + WordFor(Lines, style.lineStyle, "line");
-    if (style.lineStyle != LineStyle::None)
-        words += ", width " + std::to_string(style.lineWidth) + ", " + Hex(style.DrawnLineColor()) +
-                 (style.useSymbolColor ? " as the symbol" : "");
+        words += ", " + WordFor(Fills, style.symbolFill, "unknown fill %1", text) + ", " +
+                 text("size %1", {std::to_string(style.symbolSize)}) + ", " + Hex(style.symbolColor);
+    words += "; " + WordFor(Lines, style.lineStyle, "unknown line %1", text);
+    if (style.lineStyle == LineStyle::None)
+        return words;
+    const std::string color = Hex(style.DrawnLineColor());
+    words += ", " + text("width %1", {std::to_string(style.lineWidth)}) + ", " +
+             (style.useSymbolColor ? text("%1 as the symbol", {color}) : color);
     return words;
 }
 
@@ -151,9 +153,9 @@ std::string Swatch(const Style& style, ColorDepth depth)
            "  \x1b[0m ";
 }
 
-std::string StyleCell(const std::optional<Style>& style, ColorDepth depth)
+std::string StyleCell(const std::optional<Style>& style, ColorDepth depth, Translator text)
 {
-    return style ? Swatch(*style, depth) + InWords(*style) : "no style";
+    return style ? Swatch(*style, depth) + InWords(*style, text) : text("no style", {});
 }
 
 } // namespace styleatlas::terminal

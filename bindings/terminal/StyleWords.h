@@ -3,6 +3,9 @@
 
 #include <styleatlas.hpp>
 
+#include "Text.h"
+
+#include <initializer_list>
 #include <optional>
 #include <string>
 
@@ -11,8 +14,16 @@ namespace styleatlas::terminal
 
 enum class ColorDepth { None, Palette256, TrueColor };
 
+// Gives an English text in the user's language, with arguments as WithArguments does. By default that does
+// it, in English.
+using Translator = std::string (*)(const char* english, std::initializer_list<std::string> arguments);
+inline std::string InEnglish(const char* english, std::initializer_list<std::string> arguments)
+{
+    return WithArguments(english, arguments);
+}
+
 // "cross, empty, size 10, #A52A00; solid line, width 1, #A52A00"
-std::string InWords(const Style& style);
+std::string InWords(const Style& style, Translator text = InEnglish);
 
 // The colours that standard output shows: none unless it is a terminal, on a dumb terminal, and where the
 // user has set NO_COLOR.
@@ -22,6 +33,6 @@ ColorDepth ColorsOfOutput();
 std::string Swatch(const Style& style, ColorDepth depth);
 
 // Swatch and words, or "no style".
-std::string StyleCell(const std::optional<Style>& style, ColorDepth depth);
+std::string StyleCell(const std::optional<Style>& style, ColorDepth depth, Translator text = InEnglish);
 
 } // namespace styleatlas::terminal

@@ -136,6 +136,21 @@ std::size_t DisplayWidth(std::string_view utf8)
     return width;
 }
 
+std::string WithArguments(std::string_view text, std::initializer_list<std::string> arguments)
+{
+    std::string whole;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::size_t number = text[i] == '%' && i + 1 < text.size() ? text[i + 1] - std::size_t{'1'} : 9;
+        if (number < std::min<std::size_t>(arguments.size(), 9)) {
+            whole += arguments.begin()[number];
+            ++i;
+        } else {
+            whole += text[i];
+        }
+    }
+    return whole;
+}
+
 std::string Counted(std::size_t count, const char* noun)
 {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");

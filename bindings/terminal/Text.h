@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,9 @@ std::string Printable(std::string_view utf8, std::size_t maxLength = 200);
 
 // The number of terminal columns that a printable text takes.
 std::size_t DisplayWidth(std::string_view utf8);
+
+// The text with the first argument for %1, the second for %2 and so on, up to %9.
+std::string WithArguments(std::string_view text, std::initializer_list<std::string> arguments);
 
 // "1 row", "2 rows"
 std::string Counted(std::size_t count, const char* noun);

@@ -3,10 +3,10 @@
 #include <optional>
 
 #include <Unicode.h>
+#include <UserLanguages.h>
 
 #include "MessageCatalogueFile.h"
 #include "MessageReader.h"
-#include "UserLanguages.h"
 
 namespace glossa
 {

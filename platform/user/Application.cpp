@@ -6,6 +6,7 @@
 #include "ForeignWindow.h"
 #include "HostState.h"
 #include "PopupKeys.h"
+#include "QtTexts.h"
 #include "Window.h"
 #include "XConnection.h"
 
@@ -80,6 +81,7 @@ void MakeApplication()
     const HostLocale locale;
     KeepXHandlers();
     ownApplication = new QApplication(count, arguments);
+    LoadQtTexts(*ownApplication);
 }
 
 // Deletes windows whose deletion is pending first.

@@ -5,9 +5,6 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace glossa
-{
-
 namespace
 {
 
@@ -121,5 +118,3 @@ std::vector<std::string> UserLanguages()
     }
     return names;
 }
-
-} // namespace glossa

@@ -4,11 +4,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
+#include <windef.h>
 
-namespace glossa
-{
-
-// The language of the texts themselves.
+// The language of the texts in the sources.
 constexpr std::string_view englishLanguage = "en";
 
 // The names of the catalogue folders, best first, without English, which always comes last. The locale is the
@@ -16,6 +14,4 @@ constexpr std::string_view englishLanguage = "en";
 // list ends at English and at "C", as the texts are English, and after eight languages. Each language yields
 // its variants from special to general: "de_CH@x", "de@x", "de_CH", "de" for "de_CH.UTF-8@x". Every name is
 // one path part. Throws std::bad_alloc.
-std::vector<std::string> UserLanguages();
-
-} // namespace glossa
+PLATFORM_API std::vector<std::string> UserLanguages();
