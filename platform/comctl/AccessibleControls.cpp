@@ -32,21 +32,23 @@ QString GroupAround(const QWidget& widget)
     return {};
 }
 
-// On its line, where the text runs from right to left too.
+// The text that leads to the control: on its left, or on its right where the dialog is mirrored.
 QString TextBefore(const QWidget& widget)
 {
-    const QRect dialog = widget.parentWidget()->rect();
-    const auto placeOf = [&](const QWidget& control) {
-        return QStyle::visualRect(widget.layoutDirection(), dialog, control.geometry());
+    const auto fromStart = [&widget](const QRect& place) {
+        return QStyle::visualRect(widget.layoutDirection(), widget.parentWidget()->rect(), place);
     };
-    const QRect place = placeOf(widget);
+    const QRect place = fromStart(widget.geometry());
     const StaticWindow* nearest = nullptr;
+    int nearestLeft = 0;
     for (const StaticWindow* const text : Beside<StaticWindow>(widget)) {
-        const QRect other = placeOf(*text);
+        const QRect other = fromStart(text->geometry());
         const bool isOnLine = other.top() <= place.bottom() && other.bottom() >= place.top();
-        const bool isNearer = nearest == nullptr || other.left() > placeOf(*nearest).left();
-        if (isOnLine && other.left() < place.left() && isNearer)
+        const bool isNearer = nearest == nullptr || other.left() > nearestLeft;
+        if (isOnLine && other.left() < place.left() && isNearer) {
             nearest = text;
+            nearestLeft = other.left();
+        }
     }
     return nearest != nullptr ? accessible::WithoutMnemonic(nearest->Text()) : QString();
 }
