@@ -43,6 +43,11 @@ void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseBut
     QApplication::sendEvent(&widget, &event);
 }
 
+COLORREF ColorOf(QRgb pixel)
+{
+    return RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
+}
+
 int QtKeyOf(UINT virtualKey)
 {
     static const std::map<UINT, int> others = {
@@ -130,9 +135,8 @@ void ClickRight(CWnd& window, CPoint point)
 
 void PressKey(CWnd& window, UINT virtualKey)
 {
-    const bool isOnNumberPad = virtualKey == VK_ADD || virtualKey == VK_SUBTRACT;
-    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey),
-                    isOnNumberPad ? Qt::KeypadModifier : Qt::NoModifier);
+    const bool isOnPad = virtualKey == VK_ADD || virtualKey == VK_SUBTRACT;
+    QKeyEvent event(QEvent::KeyPress, QtKeyOf(virtualKey), isOnPad ? Qt::KeypadModifier : Qt::NoModifier);
     QApplication::sendEvent(&WidgetOf(window), &event);
 }
 
@@ -174,8 +178,7 @@ QImage PictureOf(const CWnd& window)
 
 COLORREF PixelOf(const CWnd& window, CPoint point)
 {
-    const QRgb color = PictureOf(window).pixel(point.x, point.y);
-    return RGB(BYTE(qRed(color)), BYTE(qGreen(color)), BYTE(qBlue(color)));
+    return ColorOf(PictureOf(window).pixel(point.x, point.y));
 }
 
 std::string RowOf(const CWnd& window, int y, int left, int right)
@@ -188,11 +191,10 @@ std::string RowOf(const CWnd& window, int y, int left, int right)
     const QImage picture = PictureOf(window);
     std::string row;
     for (int x = left; x < right; ++x) {
-        const QRgb pixel = picture.pixel(x, y);
-        const COLORREF color = RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
-        const auto* const kind = std::ranges::find_if(
-            kinds, [color](const auto& each) { return GetSysColor(each.first) == color; });
-        row += kind != std::end(kinds) ? kind->second : 'c';
+        char kind = 'c';
+        for (const auto& [color, character] : kinds)
+            kind = ColorOf(picture.pixel(x, y)) == GetSysColor(color) ? character : kind;
+        row += kind;
     }
     return row;
 }
