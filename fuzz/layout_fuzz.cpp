@@ -1,5 +1,4 @@
-// The reader of the layout file: what it accepts survives writing and reading again, and what it refuses does
-// no harm.
+// The reader of the layout file: what it accepts survives a round trip, and what it refuses does no harm.
 #include "Fuzz.h"
 #include "FuzzCatalogue.h"
 
@@ -27,8 +26,7 @@ void BuildFresh(k_StyleAtlas& atlas)
 {
     const INT_PTR rows = atlas.BuildCatalogue();
     for (INT_PTR row = 0; row < rows; ++row)
-        Require(atlas.GetRow(row)->Styles.GetSize() == atlas.ColumnCount,
-                "a row of the catalogue lacks records");
+        Require(atlas.GetRow(row)->Styles.GetSize() == atlas.ColumnCount, "a catalogue row lacks records");
 }
 
 void RequireRoundTrip(k_StyleAtlas& atlas)
@@ -44,17 +42,15 @@ void RequireRoundTrip(k_StyleAtlas& atlas)
 
 void fuzz::Try(std::string_view bytes)
 {
-    static const bool isPrepared = [] {
+    [[maybe_unused]] static const bool isPrepared = [] {
         SetMessageBoxHook([](HWND, LPCWSTR, LPCWSTR, UINT) { return IDOK; });
         test::SetUnits(CatalogueEntries());
         return true;
     }();
-    static_cast<void>(isPrepared);
     k_StyleAtlas atlas;
     BuildFresh(atlas);
     const INT_PTR catalogueRows = atlas.Rows.GetSize();
     IsTaken(atlas, bytes);
     Require(atlas.Rows.GetSize() >= catalogueRows, "a row of the catalogue is gone");
-    // A refused file must leave a valid table behind.
-    RequireRoundTrip(atlas);
+    RequireRoundTrip(atlas); // after a refused file, too
 }

@@ -1,10 +1,8 @@
-// Writes the seeds, with a folder for each fuzzer: valid files of each shape that a reader distinguishes,
-// written by the product itself.
+// Writes the seeds, a folder for each fuzzer: files of each valid shape, by the product itself.
 #include "FuzzCatalogue.h"
 
 #include <LayoutBytes.h>
 #include <TempPrefix.h>
-#include <cstdio>
 
 namespace
 {
@@ -60,13 +58,9 @@ void MakeRegistry(const Folder& folder)
 
 } // namespace
 
-// An unwritable folder ends the program with an exception.
-int main(int argc, char** argv)
+// The argument is the folder. An unwritable one ends the program with an exception.
+int main(int /*count*/, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: make-corpus <folder>\n");
-        return EXIT_FAILURE;
-    }
     const auto made = [&](const char* name) {
         std::filesystem::create_directories(Folder(argv[1]) / name);
         return Folder(argv[1]) / name;
@@ -76,5 +70,4 @@ int main(int argc, char** argv)
     MakeLayouts(made("layout"));
     MakeValues(made("values"));
     MakeRegistry(made("registry"));
-    return EXIT_SUCCESS;
 }

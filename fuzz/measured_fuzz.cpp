@@ -1,5 +1,4 @@
-// The reader of measured files: its counts agree, its times are valid, and a file written from what it read
-// reads the same.
+// The reader of measured files: its counts agree, its times are valid, and its values survive a round trip.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>

@@ -1,5 +1,4 @@
-// The reader of message catalogues: each text is within the file and terminated there, and lookups return
-// exactly these texts.
+// The reader of message catalogues: each text ends within the file, and lookups return exactly these texts.
 #include "Fuzz.h"
 
 #include <Glossa.h>

@@ -1,5 +1,4 @@
-// The readers of compiled resources, on each resource of a file: they read nothing beyond its bytes, its
-// texts are terminated, and bytes after a resource are ignored.
+// The readers of compiled resources: bytes after a resource are neither read nor part of its texts.
 #include "Fuzz.h"
 
 #include <ResourceText.h>

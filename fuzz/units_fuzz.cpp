@@ -1,5 +1,4 @@
-// The reader of unit catalogues, through the unit library's functions: a catalogue written from its list and
-// texts reads the same.
+// The reader of unit catalogues, through the unit library's functions: its values survive a round trip.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>

@@ -1,6 +1,5 @@
 // Fails every allocation, and every call of the system and the database, one after the other: nothing crashes
-// or leaks, no file or setting is lost, and the table can be loaded again afterwards. A program of its own,
-// as it replaces operator new and the system's file functions.
+// or leaks, no file or setting is lost, and the table can be loaded again. Replaces operator new.
 #include "support/ChildProcess.h"
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
@@ -10,7 +9,6 @@
 #include <model/Host.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <new>
@@ -39,14 +37,6 @@ void* Allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_
     return memory;
 }
 
-void* AllocateOrThrow(std::size_t size)
-{
-    void* const memory = Allocate(size);
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    return memory;
-}
-
 void Free(void* memory)
 {
     bytesInUse -= malloc_usable_size(memory);
@@ -71,17 +61,12 @@ const bool databaseIsCounted = [] {
 
 void* operator new(std::size_t size)
 {
-    return AllocateOrThrow(size);
-}
-void* operator new[](std::size_t size)
-{
-    return AllocateOrThrow(size);
+    void* const memory = Allocate(size);
+    if (memory == nullptr)
+        throw std::bad_alloc();
+    return memory;
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return Allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
 {
     return Allocate(size);
 }
@@ -93,15 +78,7 @@ void operator delete(void* memory) noexcept
 {
     Free(memory);
 }
-void operator delete[](void* memory) noexcept
-{
-    Free(memory);
-}
 void operator delete(void* memory, std::size_t) noexcept
-{
-    Free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept
 {
     Free(memory);
 }
@@ -154,8 +131,7 @@ protected:
         return settings;
     }
 
-    // Repeats the operation with the next allocation or call failing each time, until none is left, and runs
-    // the check after each. Only the framework's exceptions may escape.
+    // Lets each allocation or call fail in turn, and checks. Only the framework's exceptions may escape.
     template <class Operation, class Check> long FailEach(long& left, Operation operation, Check check)
     {
         for (long failures = 0;; ++failures) {
@@ -250,8 +226,7 @@ TEST_F(AllocationFailure, AnOpeningThatThrowsIsToldAndEndsTheSave)
               std::vector(2, test::Message{u"Cannot save style atlas", u"Error", MB_ICONEXCLAMATION}));
 }
 
-// Saves over a file with one name, over one with two, which is written in place, and over an unreadable one:
-// whichever call fails, the old or the new file is there, and the old one isn't lost.
+// A file with two names is written in place; an unreadable one is kept, too.
 TEST_F(AllocationFailure, ASaveLeavesTheOldFileOrTheNewOneWhole)
 {
     const std::string old = "damaged " + m_stored;
@@ -289,8 +264,7 @@ TEST_F(AllocationFailure, ASaveLeavesTheOldFileOrTheNewOneWhole)
     }
 }
 
-// Another process locks the database: for longer than a call waits, then for moments, so that some of a
-// sequence of calls fail and others succeed.
+// Another process locks the database: for longer than a call waits, then for moments.
 TEST_F(AllocationFailure, ADatabaseThatIsBusyForATimeKeepsItsValues)
 {
     test::ChildProcess holder([this] {

@@ -57,8 +57,7 @@ TEST(Catalogue, IsAnOutlineOfThreeLevels)
          "came before it",
          "10.1.0.1.0 10.1.0.-1.0 11.1.0.2.0 10.2.0.2.0 10.1.1.1.0 10.2.1.-1.0 10.1.2.2.0",
          "10.65535.0.1.0 +10.1.0.1.0 +10.1.1.1.0 10.65535.0.-1.0 +10.1.0.-1.0 ++10.1.2.2.0 +10.2.0.2.0 "
-         "++10.2.1.-1.0 11.1.0.2.0"},
-    };
+         "++10.2.1.-1.0 11.1.0.2.0"}};
     for (const auto& each : cases)
         EXPECT_EQ(Outline(each.Entries), each.Outline) << each.Name;
 }

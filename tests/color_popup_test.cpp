@@ -7,7 +7,6 @@
 #include <QTemporaryDir>
 #include <array>
 #include <controls/ColorPopup.h>
-#include <sstream>
 
 namespace
 {

@@ -2,8 +2,6 @@
 #include "support/AtlasDialog.h"
 #include "support/Picture.h"
 
-#include <algorithm>
-
 namespace
 {
 
@@ -65,8 +63,7 @@ protected:
         }
         return '?';
     }
-    // The pixels from there on, each kind with the number of those that stand together: "80m|" for 80 of m
-    // and one of |.
+    // The runs of pixels from there on: "80m|" for 80 of m and one of |.
     std::string Pixels(int y, int from) const
     {
         std::string text;
@@ -140,8 +137,7 @@ TEST_F(ColumnTreeRow, ShowsWhatTheUserHasDone)
          },
          "o", "80 |10 27m2 |13 |12 |29 |43 ", cells},
         {"disabled", [&] { Frame().EnableWindow(FALSE); }, "g", "80f|10f27m2f|13f|12f|29f|43f",
-         "10f3-3 3-3 -#-3 3-3 3-2f|9f#-#f|12f|10f3-2 #4 # 3-2 2f|43f"},
-    };
+         "10f3-3 3-3 -#-3 3-3 3-2f|9f#-#f|12f|10f3-2 #4 # 3-2 2f|43f"}};
     RunInside([&] {
         for (const auto& step : steps) {
             step.Act();

@@ -1,5 +1,4 @@
-// The column tree in its dialog: where its rows and windows stand, how it scrolls, and which tables it has to
-// stand.
+// The column tree in its dialog: where its rows and windows stand, how it scrolls, and tables of any size.
 #include "support/AtlasDialog.h"
 
 #include <QHeaderView>
@@ -60,27 +59,19 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
     RunInside([&] {
         const int head = Frame().m_headerHeight;
         const int bar = ::GetSystemMetrics(SM_CXVSCROLL);
+        const int room = 300 - bar; // of a width of 300, beside a bar
+        const int low = head + bar - 1;
+        const int end = head + 40 + bar;
+        const std::vector<int> narrow{-30, 0, room, head}, corner{room, 0, 300, head};
         ASSERT_GT(head, 0);
         EXPECT_EQ(Frame().m_totalWidth, 150 + 4 * 60);
         const struct {
             int Width, Height;
             std::vector<int> Header, Tree, Bar, Corner;
-        } cases[] = {
-            {400, 300, {0, 0, 400, head}, {0, head, 400, 300}, {}, {}}, // room for all
-            {300, 300, {-30, 0, 300, head}, {-30, head, 300, 300 - bar}, {0, 300 - bar, 300, 300}, {}},
-            {300,
-             head + bar - 1,
-             {-30, 0, 300 - bar, head},
-             {-30, head, 300, head + bar - 1},
-             {},
-             {300 - bar, 0, 300, head}}, // too low for the bar
-            {300,
-             head + bar + 40,
-             {-30, 0, 300 - bar, head},
-             {-30, head, 300, head + 40},
-             {0, head + 40, 300 - bar, head + 40 + bar},
-             {300 - bar, 0, 300, head}},
-        };
+        } cases[] = {{400, 300, {0, 0, 400, head}, {0, head, 400, 300}, {}, {}}, // room for all
+                     {300, 300, {-30, 0, 300, head}, {-30, head, 300, room}, {0, room, 300, 300}, {}},
+                     {300, low, narrow, {-30, head, 300, low}, {}, corner}, // too low for the bar
+                     {300, end, narrow, {-30, head, 300, end - bar}, {0, end - bar, room, end}, corner}};
         for (const auto& each : cases) {
             Resize(each.Width, each.Height);
             if (each.Height == 300)
@@ -92,14 +83,14 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
             const auto& scrollBar = dynamic_cast<QScrollBar&>(test::WidgetOf(Frame().m_HorScroll));
             EXPECT_TRUE(each.Bar.empty() || scrollBar.pageStep() == each.Width);
         }
-        const QImage corner = test::PictureOf(Frame().m_CornerHeader);
-        EXPECT_NE(corner.pixel(1, head - 1), corner.pixel(1, 9)) << "no heading";
+        const QImage picture = test::PictureOf(Frame().m_CornerHeader);
+        EXPECT_NE(picture.pixel(1, head - 1), picture.pixel(1, 9)) << "no heading";
         for (int x = 0; x < bar; ++x)
-            EXPECT_GT(qGray(corner.pixel(x, head / 2)), 128) << "with a text";
+            EXPECT_GT(qGray(picture.pixel(x, head / 2)), 128) << "with a text";
         {
             constexpr COLORREF face = RGB(120, 120, 0); // of buttons, other than the dialog's
             const test::DesktopColors other({{QPalette::Button, face}});
-            EXPECT_EQ(test::PixelOf(Frame(), CPoint(299, head + 40 + bar - 1)), face);
+            EXPECT_EQ(test::PixelOf(Frame(), CPoint(299, end - 1)), face);
         }
         Resize(400, head + 60);
         Tree().Expand(Row(0), TVE_COLLAPSE);
@@ -187,8 +178,7 @@ TEST_F(ColumnTree, ScrollsByEachCode)
             EXPECT_EQ(PlaceOf(Frame().m_Header).front(), -step.Expected);
         }
         EXPECT_EQ(Frame().InsertColumn(33, _T("one too many"), 0, 60), -1);
-        // The edges of a selected cell are counted from the left of the window, whatever is scrolled: 150 +
-        // 150, then 60 a column.
+        // The edges of a cell are counted from the left of the window: 150 + 150, then 60 a column.
         Click(Cell(0, 1));
         std::vector<int> offsets;
         for (int i = 0; i < 9; ++i) {
@@ -210,13 +200,10 @@ TEST_F(ColumnTree, GuardsTheWidths)
             const LRESULT result = Frame().SendMessage(WM_NOTIFY, 1, reinterpret_cast<LPARAM>(&told));
             return std::pair<LRESULT, int>(result, heading.cxy);
         };
-        const struct {
-            int Item, Width;
-            std::pair<LRESULT, int> Refused; // and what the width is changed to
-        } steps[] = {
-            {0, 200, {1, 200}}, {0, 100, {0, 100}}, {0, 99, {1, 101}}, {1, 0, {0, 0}}, {0, -5, {1, 101}}};
-        for (const auto& step : steps)
-            EXPECT_EQ(tell(HDN_ITEMCHANGINGW, step.Item, step.Width), step.Refused) << step.Width;
+        // Item, width; whether that is refused, and what the width is changed to.
+        for (const auto& [item, width, refused, changed] :
+             {std::tuple(0, 200, 1, 200), {0, 100, 0, 100}, {0, 99, 1, 101}, {1, 0, 0, 0}, {0, -5, 1, 101}})
+            EXPECT_EQ(tell(HDN_ITEMCHANGINGW, item, width), std::pair(LRESULT{refused}, changed)) << width;
         tell(HDN_ITEMCHANGEDW, 1, 60);
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 1) << "every change refuses the next one";
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 0);
@@ -231,10 +218,8 @@ TEST_F(ColumnTree, FindsTheColumnOfAPoint)
 {
     RunInside([&] {
         const int y = Label(5).y + Frame().m_headerHeight;
-        const std::pair<int, int> points[] = {// and the column, -1 for none
-                                              {140, 0}, {150, 0}, {151, 1}, {210, 1},
-                                              {211, 2}, {390, 4}, {391, -1}};
-        for (const auto& [x, column] : points) {
+        for (const auto& [x, column] :
+             {std::pair(140, 0), {150, 0}, {151, 1}, {210, 1}, {211, 2}, {390, 4}, {391, -1}}) { // -1: none
             CTVHITTESTINFO info{{x, y}, 0, Row(0), -1};
             EXPECT_EQ(Frame().HitTest(&info), info.hItem);
             EXPECT_EQ(info.hItem, column < 0 ? nullptr : Row(5)) << x;

@@ -10,8 +10,8 @@ namespace
 
 const test::ScopedVariable german("LC_ALL", "de_DE.UTF-8");
 
-// Shape, size, fill, colour of the symbol; style, width, colour of the line; whether it uses the symbol's;
-// and what travels with it.
+// The symbol's shape, size, fill, colour; the line's style, width, colour, whether it is the symbol's;
+// Reserved.
 using Style = std::tuple<short, short, short, COLORREF, short, short, COLORREF, bool, WORD>;
 using Styles = std::vector<std::optional<Style>>; // nothing is a null in the list
 constexpr COLORREF red = 0x0000FF;
@@ -94,8 +94,7 @@ const struct {
     {{unknown}, {}, {unknown}},
     {{{{4, 1, 1, 6, PS_DASH, 1, 2, false, 7}}}, {}, {{{4, 10, 1, 6, PS_DASH, 1, 2, false, 7}}}},
     {{std::nullopt, coupled}, {}, {std::nullopt, base}},
-    {{}, {chooseNext}, {}},
-};
+    {{}, {chooseNext}, {}}};
 
 TEST(CurveDialog, WritesWhatIsDefiniteIntoEveryRecordAtOkAlone)
 {

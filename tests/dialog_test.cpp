@@ -31,8 +31,7 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
     int times = 0;
     dialog.m_init = [&times](k_Dialog& shown) {
         EXPECT_EQ(shown.GetDlgItem(IDC_LINE_WIDTH)->SendMessage(CB_GETCOUNT), 10);
-        // Twice as far across in dialog units is twice as far in pixels, and the proportions are the
-        // template's.
+        // Places are in proportion to dialog units.
         RECT client;
         shown.GetClientRect(&client);
         EXPECT_EQ(test::WidgetOf(shown).font().pixelSize(), 11); // 8 points
@@ -185,8 +184,7 @@ TEST(Menus, SendTheUsersChoiceToTheirOwner)
     const std::tuple<std::function<void(QMenu&)>, CPoint, QPoint, bool> cases[] = {
         {press(Qt::Key_X), {-1, -1}, {40, 30}, true}, // opened by the keyboard: at the owner
         {press(Qt::Key_Escape), {200, 100}, {200, 100}, false},
-        {clickRight, {200, 100}, {200, 100}, true},
-    };
+        {clickRight, {200, 100}, {200, 100}, true}};
     for (const auto& [act, point, place, isChosen] : cases) {
         QTimer::singleShot(0, [&act = act, &place = place] {
             auto& shown = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());

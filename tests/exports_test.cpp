@@ -2,7 +2,6 @@
 #include "support/Process.h"
 #include "support/TempPrefix.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace
@@ -165,8 +164,7 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
         {{m_open, "ELSEWHERE", "state", "edit", "own", "state"},
          "named\nnone C\n" + edited + "own C.UTF-8\n"},
         {{"deaf", m_open, "a", "edit"}, box + edited},
-        {{"gui", m_open, "a", "edit"}, "named\nedit: -1\n"},
-    };
+        {{"gui", m_open, "a", "edit"}, "named\nedit: -1\n"}};
     for (const auto& [calls, output] : hosts) {
         const test::Outcome outcome = Run(calls);
         EXPECT_EQ(outcome.Output, output) << outcome.Errors;
@@ -181,10 +179,8 @@ TEST_F(Exports, OutliveTheDisplay)
     Isolate({STYLEATLAS_SONAME, GLOSSA_SONAME});
     m_environment.emplace_back(noLeakCheck);
     const std::string refused = "named\nedit: -1\n";
-    const std::pair<const char*, std::string> hosts[] = {
-        {"", box + edited + refused + box + edited},
-        {"own", box + edited + refused + refused},
-    };
+    const std::pair<const char*, std::string> hosts[] = {{"", box + edited + refused + box + edited},
+                                                         {"own", box + edited + refused + refused}};
     for (const auto& [start, output] : hosts) {
         const test::Outcome outcome = test::Run({"sh", "-c", R"(cd $STYLEATLAS_PREFIX
 export DISPLAY=:$(($$ % 50000 + 1000))

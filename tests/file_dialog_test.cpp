@@ -11,8 +11,7 @@ namespace
 const test::ScopedVariable german[] = {{"LC_ALL", "de_DE.UTF-8"}, {"LANGUAGE", "de"}};
 constexpr Qt::Key unasked{};
 
-// The result of typing a name, and of a key that answers the dialog's question; empty if the dialog stays
-// open.
+// The result of typing a name, and of a key that answers the question; empty if the dialog stays open.
 std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, QString& atOpening)
 {
     bool isAsked = false;
@@ -61,8 +60,7 @@ TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
         {FALSE, _T("C:\\a\\x"), nullptr, "/drive_c/a x", "x", Qt::Key_Escape, u""}, // refuses to overwrite
         {FALSE, _T("C:\\a\\x"), nullptr, "/drive_c/a x", "x", Qt::Key_J, u"C:\\a\\x.layout"}, // "Ja"
         {FALSE, _T("C:\\a\\\xDC00"), nullptr, QString("/drive_c/a ") + QChar(0xDC00),
-         QChar(0xD800) + QString(".e"), unasked, u"C:\\a\\\xD800.e"},
-    };
+         QChar(0xD800) + QString(".e"), unasked, u"C:\\a\\\xD800.e"}};
     for (const auto& c : cases) {
         CFileDialog dialog(c.Opens, _T(".layout"), c.File, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
                            _T("Layout-files (*.layout)|*.layout|All files (*.*)|*.*||"));

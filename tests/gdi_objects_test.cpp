@@ -9,10 +9,7 @@
 namespace
 {
 
-using test::filling;
-using test::gapColor;
-using test::ink;
-using test::Picture;
+using namespace test;
 
 TEST(Objects, ComeBackFromTheContextAndGoWithTheirSelection)
 {

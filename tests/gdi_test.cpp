@@ -1,7 +1,6 @@
 // Drawing: the pixels of every primitive, clipping.
 #include "support/Picture.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -77,8 +76,7 @@ TEST(WideLines, HaveRoundEndsAndNoDashes)
     const std::tuple<int, CPoint, const char*> cases[] = {
         {2, {9, 4}, "............\n..##........\n..#####.....\n....#####...\n.......##...\n............\n"},
         {4, {6, 2}, "..####......\n.######.....\n.######.....\n..####......\n............\n............\n"},
-        {5, {9, 4}, "..###.......\n.#######....\n.#########..\n.##########.\n..#########.\n....#######.\n"},
-    };
+        {5, {9, 4}, "..###.......\n.#######....\n.#########..\n.##########.\n..#########.\n....#######.\n"}};
     for (const auto& [width, to, text] : cases) {
         Picture picture(12, 6);
         DrawLine(picture, {3, 2}, to, PS_DOT, width);
@@ -117,15 +115,13 @@ TEST(Shapes, HoldThePixelsWhoseCentresTheyHold)
 
 TEST(FloodFill, StopsAtTheBorderColourAlone)
 {
-    // A closed line of pixels that touch at corners, and a pixel of another colour within. Where the text is
-    // null, nothing is done.
+    // In a closed line whose pixels touch at corners, a pixel of another colour. Null: nothing is done.
     const std::tuple<CPoint, COLORREF, const char*> cases[] = {
         {{3, 3}, ink, "...#...\n..#o#..\n.#ooo#.\n#ooooo#\n.#ooo#.\n..#o#..\n...#...\n"},
         {{0, 0}, ink, "ooo#...\noo#.#..\no#...#.\n#..-..#\n.#...#.\n..#.#..\n...#...\n"},
         {{1, 1}, gapColor, "ooooooo\nooooooo\nooooooo\nooo-ooo\nooooooo\nooooooo\nooooooo\n"},
         {{3, 0}, ink, nullptr},
-        {{3, -1}, ink, nullptr},
-    };
+        {{3, -1}, ink, nullptr}};
     for (const auto& [seed, border, text] : cases) {
         Picture picture(7, 7);
         constexpr POINT corners[] = {{3, 0}, {0, 3}, {3, 6}, {6, 3}, {3, 0}};

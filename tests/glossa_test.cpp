@@ -100,8 +100,7 @@ TEST_F(Glossa, FollowsEveryVariableByItsRank)
         {{{"LANGUAGE", "xx:../de:de/../de::de:en"}, {"LANG", "xx"}}, true},
         {{}, false},
         {{{"LANGUAGE", "de"}, {"LC_ALL", "C"}}, false},
-        {{{"LANGUAGE", "en_GB:de"}, {"LANG", "de"}}, false},
-    };
+        {{{"LANGUAGE", "en_GB:de"}, {"LANG", "de"}}, false}};
     for (const auto& [setting, isGerman] : settings) {
         Use(setting);
         EXPECT_EQ(Shown(_T("Device_5")), isGerman ? u"Klimakammer" : u"thermal chamber")

@@ -135,8 +135,7 @@ TEST_F(Host, ReportsAFileThatCannotBeReadAndShowsTheOthers)
         {huge, "larger than 64 MiB"},
         {"/proc/self/mem", "Input/output error"},
         {File("empty.csv", "\n\n"), "the file is empty"},
-        {File("wide.csv", std::string(5000, ',')), "more than 4096 columns"},
-    };
+        {File("wide.csv", std::string(5000, ',')), "more than 4096 columns"}};
     for (const auto& [path, reason] : bad) {
         const Result result = Run({"list", path, Month(1)});
         EXPECT_EQ(result.Status, 1) << path;
@@ -191,8 +190,7 @@ TEST_F(Host, ReportsWhatItCannotDo)
         {{"--size", "99x200", "plot", "a.csv"}, "from 100 to 8192 as in 1200x800, not \"99x200\""},
         {{"table", "-xyz"}, "unknown option \"-x\""},
         {{"--column", "32", "table"}, "0 to 31, not \"32\""},
-        {{"--host", "..", "table"}, "\"..\" cannot be"},
-    };
+        {{"--host", "..", "table"}, "\"..\" cannot be"}};
     for (const auto& [words, message] : wrong) {
         const Result result = Run(words);
         EXPECT_EQ(std::pair(result.Status, result.Output), std::pair(2, std::string{})) << message;
@@ -214,8 +212,7 @@ TEST_F(Host, MakesTheFolderOfItsLayout)
     m_environment.insert(m_environment.end(),
                          {"STYLEATLAS_PREFIX", "XDG_DATA_HOME=relative", "HOME=" + m_prefix.Path().string()});
     Run({"table"});
-    EXPECT_TRUE(
-        fs::is_directory(m_prefix.Path() / ".local/share/styleatlas/drive_c/ProgramData/Halvorn/AirLab"));
+    EXPECT_TRUE(fs::exists(m_prefix.Path() / ".local/share/styleatlas/drive_c/ProgramData/Halvorn/AirLab"));
 }
 
 } // namespace

@@ -9,9 +9,7 @@
 namespace
 {
 
-using test::filling;
-using test::gapColor;
-using test::ink;
+using namespace test;
 
 constexpr int width = 13;
 constexpr int height = 9;

@@ -9,8 +9,7 @@
 namespace
 {
 
-using test::BytesOf;
-using test::ReadInto;
+using namespace test;
 
 // The 50 bytes of a file with one row and one record, all as constructed.
 std::string MinimalFile()

@@ -4,7 +4,6 @@
 #include "support/TempPrefix.h"
 
 #include <gtest/gtest.h>
-#include <model/StyleAtlas.h>
 #include <sys/stat.h>
 
 namespace
@@ -12,8 +11,7 @@ namespace
 
 using namespace std::string_view_literals;
 
-// 109 bytes: at 12 a quantity with three records, at 29, 50 and 71, the first two alike; at 92 a group with
-// none.
+// 109 bytes: at 12 a quantity with records at 29, 50 and 71, the first two alike; at 92 a group without.
 std::string GoodFile()
 {
     k_StyleAtlas atlas;
@@ -87,8 +85,7 @@ TEST_F(LayoutTool, ReportsWhereAFileIsDamaged)
         {109, 12, "\1\x80\0\0"sv,
          "damaged at byte 29: row 0 claims 32769 records, of which 0 to 32768 are allowed"},
         {109, 12, "\0\x80\0\0"sv,
-         "damaged at byte 109: row 0 claims 32768 records, but the file ends within record 3"},
-    };
+         "damaged at byte 109: row 0 claims 32768 records, but the file ends within record 3"}};
     for (const auto& [size, at, bytes, verdict] : cases) {
         const std::string path = File("case.layout", size, at, bytes);
         const test::Outcome checked = Run({"check", path});
@@ -119,8 +116,7 @@ TEST_F(LayoutTool, ComparesFiles)
         {92, "\0\0\0\0\1\0\x0A\0\2\0\0\0\0\0\0"sv, // takes the place of the first row
          row + "-  level 0, 3 records\n+  level 9, reserved flag, 0 records\n-  file columns 0 to 1  " +
              Plain + "+  file columns 0 to 1  no record\n-  file column 2  " + Last +
-             "+  file column 2  no record\n-" + Group},
-    };
+             "+  file column 2  no record\n-" + Group}};
     const std::string before = File("old.layout");
     for (const auto& [at, bytes, difference] : cases) {
         const std::string after = File("new.layout", 109, at, bytes);

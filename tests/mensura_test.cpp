@@ -88,8 +88,7 @@ TEST_F(Mensura, AcceptsEveryWayOfWritingALine)
         {"\xEF\xBB\xBF"
          "0;0;0;0;0;U;Voltage",
          {0, 0, 0, 0, 0}},
-        {"\n\r\n  # 9;9;9;9;9;x;y\n*;7;*;*;0;all;All\n0;7;0;0;0;U;Voltage", {0, 7, 0, 0, 0}},
-    };
+        {"\n\r\n  # 9;9;9;9;9;x;y\n*;7;*;*;0;all;All\n0;7;0;0;0;U;Voltage", {0, 7, 0, 0, 0}}};
     for (const auto& [line, key] : lines) {
         EXPECT_EQ(List(line), std::vector{key}) << line;
         EXPECT_EQ(m_diagnostics, "") << line;
@@ -112,8 +111,7 @@ TEST_F(Mensura, ReportsErrorsInALineAndKeepsTheOthers)
         {"1;2;3;4;5;U;\xE2\x82", "name is not valid UTF-8"},
         {"1;2;3;4;5;\xED\xA0\x80;", "symbol is not valid UTF-8"}, // a surrogate
         {"1;2;3;4;5;U;a\x1b[31m", "name holds a control character"},
-        {std::string(4097, '#'), "the line is longer than 4096 bytes"},
-    };
+        {std::string(4097, '#'), "the line is longer than 4096 bytes"}};
     const std::vector<Key> neighbours = {{0, 1, 0, 0, 0}, {0, 3, 0, 0, 0}};
     for (const auto& [line, reason] : lines) {
         EXPECT_EQ(List("0;1;0;0;0;a;\n" + line + "\n0;3;0;0;0;c;"), neighbours) << line;
@@ -135,8 +133,7 @@ TEST_F(Mensura, GivesTheTextsThatFitBest)
         {{1, 10, 1, 2, 8}, u"exact"},          {{1, 10, 1, 2, 9}, u"first"},
         {{1, 10, 2, 2, 8}, u"any device"},     {{2, 10, 2, 0, 0}, u"whole of 2"},
         {{2, 10, Whole, 0, 0}, u"whole of 2"}, {{9, 10, 1, 0, 0}, u"any device"},
-        {{9, 20, Whole, 0, 0}, u"only"},       {{1, 11, 1, 2, 8}, u"#11"},
-    };
+        {{9, 20, Whole, 0, 0}, u"only"},       {{1, 11, 1, 2, 8}, u"#11"}};
     for (const auto& [key, symbol] : cases)
         EXPECT_EQ(Symbol(key), symbol);
     EXPECT_EQ(Name({1, 11, 1, 2, 8}), u"");

@@ -16,15 +16,13 @@ TEST(PathsTest, ThePrefixIsNamedOrStandsInTheUsersDataFolder)
 {
     const std::string ofUser = std::string(getpwuid(geteuid())->pw_dir) + "/.local/share/styleatlas";
     const char* const known = ofUser.c_str();
-    const std::array<const char*, 4> cases[] = {
-        {"/p//", "/d", "/h", "/p"},
-        {"", "/d", "/h", "/d/styleatlas"},
-        {nullptr, "/d//", "/h", "/d/styleatlas"},
-        {nullptr, "d", "/h", "/h/.local/share/styleatlas"},
-        {nullptr, nullptr, "/h", "/h/.local/share/styleatlas"},
-        {nullptr, nullptr, "h", known},
-        {nullptr, nullptr, nullptr, known},
-    };
+    const std::array<const char*, 4> cases[] = {{"/p//", "/d", "/h", "/p"},
+                                                {"", "/d", "/h", "/d/styleatlas"},
+                                                {nullptr, "/d//", "/h", "/d/styleatlas"},
+                                                {nullptr, "d", "/h", "/h/.local/share/styleatlas"},
+                                                {nullptr, nullptr, "/h", "/h/.local/share/styleatlas"},
+                                                {nullptr, nullptr, "h", known},
+                                                {nullptr, nullptr, nullptr, known}};
     for (const auto& [named, dataHome, userHome, expected] : cases) {
         const test::ScopedVariable prefix("STYLEATLAS_PREFIX", named);
         const test::ScopedVariable data("XDG_DATA_HOME", dataHome);
@@ -39,12 +37,11 @@ TEST(PathsTest, AHostThatActsForAnotherUserTakesThatUsersFolder)
     if (geteuid() != 0)
         GTEST_SKIP() << "needs two users";
     const test::ScopedVariable prefix("STYLEATLAS_PREFIX", "/p");
-    const std::string expected =
-        getpwuid(test::userWithoutRights)->pw_dir + std::string("/.local/share/styleatlas");
-    EXPECT_EQ(test::RunInChild([&] {
-                  return seteuid(test::userWithoutRights) == 0 && PrefixFolder() == expected ? 0 : 1;
-              }),
-              0);
+    const std::string home = getpwuid(test::userWithoutRights)->pw_dir;
+    const auto takesIt = [&home] {
+        return seteuid(test::userWithoutRights) == 0 && PrefixFolder() == home + "/.local/share/styleatlas";
+    };
+    EXPECT_EQ(test::RunInChild(takesIt), 1);
 }
 
 TEST(PathsTest, TakesANameWithoutRegardToCaseWhereItIsNotThereAsWritten)
@@ -56,8 +53,7 @@ TEST(PathsTest, TakesANameWithoutRegardToCaseWhereItIsNotThereAsWritten)
     constexpr std::pair<std::u16string_view, const char*> cases[] = {
         {u"C:\\Both\\File", "Both/File"},     {u"\\Both\\FILE", "Both/File"},
         {u"C:\\BOTH\\FILE", "BOTH/FILE"},     {u"C:\\both\\file", "BOTH/file"}, // the first in byte order
-        {u"C:\\\u00E4A\\New", "\u00C4a/New"}, {u"C:\\None\\New", "None/New"},
-    };
+        {u"C:\\\u00E4A\\New", "\u00C4a/New"}, {u"C:\\None\\New", "None/New"}};
     for (const auto& [path, expected] : cases)
         EXPECT_EQ(NativePath(path), prefix.Native(expected)) << "of " << ::testing::PrintToString(path);
 }
@@ -79,8 +75,7 @@ TEST(PathsTest, FindsTheNativePath)
         {u"a\\b", "a/b"},
         {u"\u00C4:\\a", "\xC3\x84:/a"}, // not a drive letter
         {u"C:\\\xD800\\\xDC00", "/p/drive_c/\xED\xA0\x80/\xED\xB0\x80"},
-        {u"", ""},
-    };
+        {u"", ""}};
     for (const auto& [path, expected] : cases)
         EXPECT_EQ(NativePath(path), expected) << "of " << ::testing::PrintToString(path);
 }

@@ -1,5 +1,4 @@
-// Records, rows and lists: values as constructed, deep copies, who deletes what, and the edges of the file
-// columns.
+// Records, rows and lists: initial values, deep copies, who deletes what, and the edges of the file columns.
 #include <model/LineDefPool.h>
 #include <model/QuantityDesc.h>
 

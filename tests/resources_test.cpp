@@ -2,7 +2,6 @@
 #include "support/ResourceText.h"
 
 #include <dialogs/resource.h>
-#include <platform/system/Unicode.h>
 #include <platform/user/DialogInit.h>
 #include <platform/user/ResourceFile.h>
 
@@ -11,11 +10,9 @@
 namespace
 {
 
-using test::DialogText;
-using test::MenuText;
+using namespace test;
 
-// Styles: 50010001 default button, 50010000 button, 50020000 text, 5002800c one line of text shortened in the
-// middle; 4... is hidden.
+// Styles: 50010001 default button, 50010000 button, 50020000 text, 5002800c shortened text; 4... is hidden.
 constexpr const char* atlasDialog = "80c800c8 'Symbol/Color style atlas' 0,0,508,347\n"
                                     "font 8\n"
                                     "1 Button 50010001 'OK' 435,15,66,16\n"
@@ -31,8 +28,7 @@ TEST(ResourcesTest, TheDialogsAreWhatTheirClassesExpect)
 {
     const auto whole = FindResource(ResourceType::Dialog, IDD_STYLE_ATLAS);
     EXPECT_EQ(DialogText(whole), atlasDialog);
-    for (std::size_t size = 0; size < whole.size();
-         ++size) // exact copies: sanitizers see a read past the end
+    for (std::size_t size = 0; size < whole.size(); ++size) // in copies: sanitizers see reads past the end
         EXPECT_EQ(DialogText(std::vector(whole.begin(), whole.begin() + size)), "") << size;
     // Boxes with pictures are owner-drawn without texts; boxes with numbers are editable.
     const std::string curveDialog = DialogText(FindResource(ResourceType::Dialog, IDD_CURVE_LAYOUT));

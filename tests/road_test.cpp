@@ -1,5 +1,4 @@
-// The whole road on a display with a window manager: from the user's clicks in the sample host to the layout
-// file.
+// The whole road on a display with a window manager: from the user's clicks to the layout file.
 #include "support/ChildProcess.h"
 #include "support/Process.h"
 #include "support/TempPrefix.h"
@@ -11,7 +10,6 @@
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
-#include <optional>
 #include <sstream>
 
 namespace
@@ -125,8 +123,7 @@ protected:
 
     void SetUp() override
     {
-        // The manager has begun its work when it does what it is asked for. Shown before, a window is lost to
-        // it.
+        // The manager is at work when it does what it is asked for. Windows shown before are lost to it.
         Until([] { return Tool({"set_desktop", "1", "get_desktop"}) == "1\n"; }, "the window manager");
         m_host.emplace([] { return execl(ATLAS_HOST, ATLAS_HOST, "window", files[0], files[1], nullptr); });
         m_main = WaitFor("^Curves");
@@ -150,8 +147,7 @@ protected:
         Until([this] { return FindRows(); }, "the rows of the tree");
     }
 
-    // White stripes between the lines of the grid, seen where no cell has a picture. A window that isn't
-    // painted yet shows what is behind it, which can have stripes too, but not all at the same distance.
+    // White stripes at even distances. A window that isn't painted yet shows what is behind it.
     bool FindRows()
     {
         constexpr int minHeight = 10;
@@ -170,8 +166,7 @@ protected:
         return even > stripes;
     }
 
-    // Gives the next shape, and a colour of the popup, to the style of a cell; but first gives up a choice in
-    // each list.
+    // Gives up a choice in each list; then gives the next shape, and a colour of the popup, to a cell.
     void EditCell(std::size_t row)
     {
         Click({m_atlas, m_cells.at(row)}, "1", "2");
@@ -196,8 +191,7 @@ protected:
     std::string Layout() const { return m_prefix.Native("ProgramData/Halvorn/AirLab/Style.Atlas"); }
     std::string Copy() const { return m_prefix.Path() / "copy"; }
     void CopyFile() { test::WriteWhole(Copy(), test::ReadWhole(Layout())); }
-    // How many rows of the file have changed, in how many runs of neighbouring records that did so alike, and
-    // the first new style.
+    // How many rows have changed, in how many runs of records that changed alike, and the first new style.
     std::string ChangeSinceCopy() const
     {
         const std::string added = "+  file column ";
@@ -226,8 +220,7 @@ TEST_F(Road, LeadsFromTheClickToTheFile)
     const std::string line = "; solid line, width 1, #000000";
     const std::tuple<std::function<void()>, std::string, std::string> steps[] = {
         {[this] { EditCell(1); }, "1 1 0  ", "triangle 2, empty with dot, size 10, #8B8B00" + line},
-        {[this] { ApplyFirstRule(); }, "196 6068 0  ", "no symbol" + line},
-    };
+        {[this] { ApplyFirstRule(); }, "196 6068 0  ", "no symbol" + line}};
     for (const auto& [edit, extent, style] : steps) {
         OpenAtlas();
         edit();

@@ -82,21 +82,7 @@ TEST(QuantityRules, GoRoundThePaletteWithoutTwoBlackNeighbours)
     EXPECT_EQ(k_Palette[39].Color, 0xFFFFFFU) << "black in the rules alone";
 }
 
-TEST(Rules, TouchNothingButSymbolOrColour)
-{
-    k_StyleAtlas atlas;
-    AddRows(atlas, 3);
-    k_LineDef& style = *atlas.GetRowStyle(2, 2);
-    auto others =
-        std::tie(style.UseSymbolColor, style.SymbolSize, style.LineStyle, style.LineWidth, style.Reserved);
-    others = std::tuple(true, 17, PS_DOT, 4, 0x1234);
-    atlas.ApplyDefaultStyles();
-    atlas.SetFileColors(0, 32);
-    atlas.SetFileSymbols(0, 32);
-    EXPECT_TRUE(others == std::tuple(true, 17, PS_DOT, 4, 0x1234));
-}
-
-TEST(DefaultStyles, FollowTheHostsName)
+TEST(DefaultStyles, FollowTheHostsNameAndTouchNothingButSymbolsAndColours)
 {
     for (const auto& [host, style] : {std::pair(_T("tANDRELL"), "1/1 2aa5"),
                                       {_T("Quorvia"), "2/2 2aa5"},
@@ -104,7 +90,12 @@ TEST(DefaultStyles, FollowTheHostsName)
         g_ApplicationName = host;
         k_StyleAtlas atlas;
         AddRows(atlas, 2);
+        k_LineDef& line = *atlas.GetRowStyle(1, 1);
+        auto others =
+            std::tie(line.UseSymbolColor, line.SymbolSize, line.LineStyle, line.LineWidth, line.Reserved);
+        others = std::tuple(true, 17, PS_DOT, 4, 0x1234);
         atlas.ApplyDefaultStyles();
+        EXPECT_TRUE(others == std::tuple(true, 17, PS_DOT, 4, 0x1234));
         ExpectStyles(atlas, {{1, 1, style}});
     }
     g_ApplicationName.Empty();

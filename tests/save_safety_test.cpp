@@ -6,7 +6,6 @@
 #include <afxpriv.h>
 
 #include <random>
-#include <string_view>
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
@@ -27,8 +26,7 @@ std::string Contents(char letter)
 
 bool IsWhole(const std::string& contents)
 {
-    return contents.size() == contentsSize &&
-           contents.find_first_not_of(contents.front()) == std::string::npos;
+    return contents == Contents(contents[0]);
 }
 
 enum Outcome { saved, refused, diskFull, otherFailure, notTried };

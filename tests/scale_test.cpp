@@ -8,9 +8,7 @@
 namespace
 {
 
-using test::filling;
-using test::ink;
-using test::Picture;
+using namespace test;
 
 constexpr int side = 70; // of a picture, in units
 constexpr int shapeCount = 10;

@@ -6,7 +6,6 @@
 #include <QScreen>
 #include <QWindow>
 #include <controls/ColorPopup.h>
-#include <fstream>
 
 namespace
 {

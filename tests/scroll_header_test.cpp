@@ -126,8 +126,7 @@ TEST_F(ScrollBar, KeepsItsPositionWithinItsRange)
         {SIF_POS, {7, 7, 7, -1}, {0, 999, 1, 0}},
         {all, {0, 200, 300, 5}, {0, 200, 201, 0}}, // all is seen
         {SIF_RANGE, {10, 5, 0, 0}, {0, 0, 1, 0}},
-        {all, {-5, 20, 5, -9}, {-5, 20, 5, -5}},
-    };
+        {all, {-5, 20, 5, -9}, {-5, 20, 5, -5}}};
     for (const auto& [mask, to, result] : cases) {
         EXPECT_EQ(Set(mask, to), result[3]);
         EXPECT_EQ(Get(), result) << result[1];

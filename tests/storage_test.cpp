@@ -1,5 +1,4 @@
-// Loading, saving and the file path: which file is taken, what the registry holds afterwards, what the user
-// is told.
+// Loading, saving and the file path: which file is taken, what the registry holds, what the user is told.
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
 #include "support/RegistryKey.h"
@@ -8,7 +7,6 @@
 
 #include <model/Host.h>
 
-#include <optional>
 #include <tuple>
 
 namespace
@@ -166,8 +164,7 @@ TEST_F(Storage, ADamagedFileIsToldAndLeavesTheBareCatalogue)
     EXPECT_EQ(m_atlas.Load({}), 0) << "what follows the rows is not read";
 }
 
-// Each is kept before the first save over it, in the dialog's copy of the table too; a file that was read, or
-// was written meanwhile, is not.
+// Each is kept before the first save over it, in a copy of the table too; a file that was read is not.
 TEST_F(Storage, AFileThatCouldNotBeReadIsKeptBesideTheNewOne)
 {
     const auto native = [this](const char* end) { return m_prefix.Native(defaultFile).string() + end; };

@@ -105,8 +105,7 @@ TEST(UnicodeTest, EachStrayByteBecomesOneReplacement)
         {"\xC0\x80"sv, u"\uFFFD\uFFFD"},                     // overlong
         {"\xF4\x90\x80\x80"sv, u"\uFFFD\uFFFD\uFFFD\uFFFD"}, // above U+10FFFF
         {"a\xE2\x82z"sv, u"a\uFFFD\uFFFDz"},                 // truncated
-        {"a\0b"sv, u"a\0b"sv},
-    };
+        {"a\0b"sv, u"a\0b"sv}};
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(ToUtf16(bytes), text) << ::testing::PrintToString(bytes);
 }
@@ -146,10 +145,3 @@ TEST(PtrArrayTest, ASizeThatIsRefusedChangesNothing)
 }
 
 } // namespace
-
-// Failing allocations are part of the test: under the sanitizer they return null, too.
-extern "C" [[gnu::visibility("default")]] const char* __asan_default_options(); // NOLINT
-const char* __asan_default_options()
-{
-    return "allocator_may_return_null=1";
-} // NOLINT

@@ -1,5 +1,4 @@
-// The editor of the whole atlas, from a host's call to the file: what its user does, and what is in the
-// table, the registry and the folders after it.
+// The editor of the whole atlas: what its user does, and what is in table, registry and folders after it.
 #include "support/AtlasHost.h"
 
 #include <QScreen>
@@ -10,18 +9,13 @@ namespace
 {
 
 namespace fs = std::filesystem;
-using test::Choose;
-using test::Click;
-using test::Edit;
-using test::EditCell;
-using test::Pick;
-using test::WidgetOf;
+using namespace test;
 
 class StyleAtlasDialog : public test::AtlasHost
 {
 protected:
-    // A digit is the width that the first cell gets; e edits that cell, l loads a, s saves as b, o and
-    // c are the buttons.
+    // A digit is the width that the first cell gets; e edits it, l loads a, s saves as b; o and c are
+    // buttons.
     void Act(k_StyleAtlasDialog& dialog, char step)
     {
         if (step == 'l' || step == 's') {
@@ -47,15 +41,13 @@ TEST_F(StyleAtlasDialog, TakesOverAndStoresAtOkAlone)
         short Answer;   // of the table after it
         short Reloaded; // and of the file that the registry names
         QString Asked;
-    } cases[] = {
-        {"o", 1, 1, 1, {}},
-        {"5c", 2, 1, 1, {}},
-        {"4eo", 1, 5, 5, {}},
-        {"6sc", 2, 5, 5, "Stilatlas speichern Style.Atlas"},
-        {"lc", 2, 5, 2, QString("Stilatlas \u00F6ffnen Style.Atlas")},
-        {"6s7o", 1, 7, 7, "Stilatlas speichern a.layout"},
-        {"8lo", 1, 2, 2, QString("Stilatlas \u00F6ffnen b.layout")},
-    };
+    } cases[] = {{"o", 1, 1, 1, {}},
+                 {"5c", 2, 1, 1, {}},
+                 {"4eo", 1, 5, 5, {}},
+                 {"6sc", 2, 5, 5, "Stilatlas speichern Style.Atlas"},
+                 {"lc", 2, 5, 2, QString("Stilatlas \u00F6ffnen Style.Atlas")},
+                 {"6s7o", 1, 7, 7, "Stilatlas speichern a.layout"},
+                 {"8lo", 1, 2, 2, QString("Stilatlas \u00F6ffnen b.layout")}};
     for (const auto& c : cases) {
         const short before = Query();
         m_asked.clear();
@@ -137,17 +129,15 @@ TEST_F(StyleAtlasDialog, LivesOnWithWhateverFileIsNamed)
         INT_PTR Rows;
         short Answer;
         std::string Told;
-    } cases[] = {
-        {IDC_LOAD, PathOf("none"), 6, -1, {}},
-        {IDC_LOAD, PathOf("one"), 6, 5, {}},
-        {IDC_LOAD, PathOf("many"), 6, 6, {}},
-        {IDC_LOAD, PathOf("other"), 7, 2, {}},
-        {IDC_LOAD, PathOf("gone"), 6, 2, {}},
-        {IDC_LOAD, PathOf("damaged"), 6, 2, "Fehler: Der Stilatlas kann nicht geladen werden. 48"},
-        {IDC_SAVE_AS, PathOf("no/folder"), 6, 3, {}},
-        {IDC_SAVE_AS, "/proc/new.layout", 6, 4, {}},
-        {IDC_SAVE_AS, PathOf("full"), 6, 5, diskFull + diskFull},
-    };
+    } cases[] = {{IDC_LOAD, PathOf("none"), 6, -1, {}},
+                 {IDC_LOAD, PathOf("one"), 6, 5, {}},
+                 {IDC_LOAD, PathOf("many"), 6, 6, {}},
+                 {IDC_LOAD, PathOf("other"), 7, 2, {}},
+                 {IDC_LOAD, PathOf("gone"), 6, 2, {}},
+                 {IDC_LOAD, PathOf("damaged"), 6, 2, "Fehler: Der Stilatlas kann nicht geladen werden. 48"},
+                 {IDC_SAVE_AS, PathOf("no/folder"), 6, 3, {}},
+                 {IDC_SAVE_AS, "/proc/new.layout", 6, 4, {}},
+                 {IDC_SAVE_AS, PathOf("full"), 6, 5, diskFull + diskFull}};
     for (const auto& c : cases) {
         test::told.clear();
         g_StyleAtlas.ColumnCount = 32;
@@ -206,28 +196,24 @@ TEST_F(StyleAtlasDialog, HasItsMenuEverywhereAndShowsWhatARuleHasDone)
 TEST_F(StyleAtlasDialog, GoesWithTheHostsWindowAtEveryStage)
 {
     static const auto clickTwice = [](k_StyleAtlasDialog& dialog) {
-        QTest::mouseDClick(&Window::Of(dialog.m_ColumnTree.m_Tree.m_hWnd)->Client(), Qt::LeftButton, {},
-                           {180, 5});
+        QTest::mouseDClick(&ClientOf(dialog.m_ColumnTree.m_Tree), Qt::LeftButton, {}, {180, 5});
     };
     static QWidget* host = nullptr;
     static const auto end = [] { QTimer::singleShot(0, [] { delete host; }); };
     void (*const stages[])(k_StyleAtlasDialog&) = {
         [](k_StyleAtlasDialog& dialog) { end(), clickTwice(dialog); },
         [](k_StyleAtlasDialog& dialog) { end(), Click(dialog, IDC_LOAD); },
-        [](k_StyleAtlasDialog& dialog) {
-            end(), test::ClickRight(dialog.m_ColumnTree.m_Tree, {180, 5});
-        },
+        [](k_StyleAtlasDialog& dialog) { end(), ClickRight(dialog.m_ColumnTree.m_Tree, CPoint(180, 5)); },
         [](k_StyleAtlasDialog& dialog) {
             QTimer::singleShot(0, [] {
-                QWidget& button = WidgetOf(test::FrontDialog<k_CurveLayoutDlg>()->m_SymbolColorPicker);
+                QWidget& button = WidgetOf(FrontDialog<k_CurveLayoutDlg>()->m_SymbolColorPicker);
                 QTest::mouseClick(&button, Qt::LeftButton);
                 auto* const popup = button.findChild<QWidget*>();
                 QTest::keyClick(popup, Qt::Key_Up); // to "More colors"
                 end(), QTest::keyClick(popup, Qt::Key_Return);
             });
             clickTwice(dialog);
-        },
-    };
+        }};
     for (const auto& stage : stages) {
         host = new QWidget;
         QTimer::singleShot(0, [&stage] { stage(*test::FrontDialog<k_StyleAtlasDialog>()); });

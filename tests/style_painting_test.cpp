@@ -2,16 +2,13 @@
 #include "support/Picture.h"
 
 #include <afxwin.h>
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <model/LineDef.h>
 
 namespace
 {
 
-using test::gapColor;
-using test::ink;
-using test::Picture;
+using namespace test;
 
 constexpr int largestSize = 25;
 constexpr int side = 32;
@@ -171,11 +168,10 @@ TEST(StylePainting, TakesAnyNumber)
 
 TEST(StylePainting, DrawsEveryLineStyleAndWidth)
 {
-    const std::string patterns[] = {
-        "############################", "########----########----####", "###---###---###---###---###-",
-        "######--##--######--##--####", "#####---##---##---#####---##", "                            ",
-        "############################",
-    };
+    const std::string patterns[] = {"############################", "########----########----####",
+                                    "###---###---###---###---###-", "######--##--######--##--####",
+                                    "#####---##---##---#####---##", "                            ",
+                                    "############################"};
     for (int i = 0; i < 7 * 11 * 2; ++i) {
         k_LineDef style;
         style.LineStyle = static_cast<short>(i % 7);

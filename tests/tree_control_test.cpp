@@ -153,8 +153,7 @@ TEST_F(Tree, TellsPlacesApart)
         {At(b, -1), TVHT_ONITEMBUTTON},           {At(b, 0), TVHT_ONITEMLABEL},
         {At(b, label.Width()), TVHT_ONITEMRIGHT}, {At(b, label.Width() - 1), TVHT_ONITEMLABEL},
         {{199, label.top}, TVHT_ONITEMRIGHT},     {{200, label.top}, TVHT_NOWHERE},
-        {At(c, -1), TVHT_ONITEMINDENT},           {{5, 5 * rowHeight}, TVHT_NOWHERE},
-    };
+        {At(c, -1), TVHT_ONITEMINDENT},           {{5, 5 * rowHeight}, TVHT_NOWHERE}};
     for (const auto& [point, expected] : cases) {
         UINT flags = 0;
         m_tree.HitTest(point, &flags);

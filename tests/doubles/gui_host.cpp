@@ -1,10 +1,9 @@
-// A host with Qt, which opens the library while it runs. Its arguments are carried out in order: "own"
-// and "gui" make an application object, with widgets or without; "window" shows a window and runs until it is
-// closed; "open=FILE" and "close" load and unload the library; "edit" opens the editor; "deaf" has the system
-// reap all children; "state" prints whose application object there is, the locale, and whether another
-// handler of errors has come to X; "!COMMAND" is for the shell; any other is a name for
-// StyleAtlasSetApplication. What is in capitals is done by another thread. A timer prints the text of each
-// message box, and closes it and every other dialog.
+// A host with Qt, which opens the library while it runs. Carries out its arguments in order, in another
+// thread if in capitals: "own" and "gui" make an application object, with widgets or without; "window" shows
+// a window; "open=FILE" and "close" load and unload the library; "edit" opens the editor; "deaf" has the
+// system reap all children; "state" prints whose application object there is, the locale, and whether X has
+// another error handler; "!COMMAND" is for the shell; others are names for StyleAtlasSetApplication. A timer
+// closes every dialog, and prints the text of each message box.
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>

@@ -1,15 +1,8 @@
-/* A host in plain C that loads the library itself. Its arguments are steps, carried out in order:
- *   open=FILE      loads it
- *   close          unloads it
- *   name=TEXT      StyleAtlasSetApplication
- *   user=ROOT|KEY  StyleAtlasChangeUserInfo
- *   reload         ReloadStyleAtlas
- *   edit           EditStyleAtlas: its result
- *   get=COLUMN,QUANTITY,SUB,INDEX,DEVICE,FLAGS
- *                  GetStyleAtlas: its result and the eight values, which are 7 beforehand
- *   !COMMAND       is for the shell
- *   late           has every function called once more when the program ends, after the library's objects
- *                  have gone; it comes before "open" */
+/* A host in plain C that loads the library itself. Carries out its arguments in order: "open=FILE" and
+ * "close" load and unload it; "name=TEXT", "user=ROOT|KEY", "reload" and "edit" call its functions, "edit"
+ * printing the result; "get=COLUMN,QUANTITY,SUB,INDEX,DEVICE,FLAGS" prints that of GetStyleAtlas and the
+ * eight values, which are 7 beforehand; "!COMMAND" is for the shell; "late", before "open", has every
+ * function called once more when the program ends, after the library's objects have gone. */
 #include <include/styleatlas.h>
 
 #include <dlfcn.h>

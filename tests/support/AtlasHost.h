@@ -1,6 +1,5 @@
-// A host of the style atlas, in a prefix of its own and in German: with three quantities in the unit library,
-// of which the last two are one group, and with somebody who reads its messages. And the user of the dialog,
-// as a host opens it: clicks, answers the dialogs above it, and chooses from its menu.
+// A German host of the style atlas, with three quantities in the unit library, the last two in one group; and
+// the user of its dialog, who clicks, answers the dialogs above it, and chooses from its menu.
 #pragma once
 
 #include "Gui.h"
@@ -103,8 +102,7 @@ template <class Dialog> Dialog* FrontDialog()
     return front != nullptr ? dynamic_cast<Dialog*>(front->Attached) : nullptr;
 }
 
-// Opens the dialog, has the user act, and closes it by its cross if it is open still. Gives what the host
-// gets.
+// Opens the dialog, has the user act, closes it by its cross if it is still open, and gives the result.
 inline int Edit(const std::function<void(k_StyleAtlasDialog&)>& user)
 {
     QTimer::singleShot(0, [&] {
@@ -120,8 +118,8 @@ inline void Click(const k_StyleAtlasDialog& dialog, int id)
     QTest::mouseClick(&WidgetOf(*dialog.GetDlgItem(id)), Qt::LeftButton);
 }
 
-// Clicks a button and names a file in the dialog that it opens, to be overwritten if that is asked; it can
-// vanish as soon as it is chosen. Gives the title of that dialog and the name that it came up with.
+// Clicks a button and names a file in its dialog; the file can vanish as soon as it is chosen. Confirms that
+// it is overwritten. Gives the title of that dialog and the name that it came up with.
 inline QString Pick(const k_StyleAtlasDialog& dialog, int id, const std::filesystem::path& file,
                     bool vanishes = false)
 {

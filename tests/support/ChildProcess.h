@@ -14,8 +14,7 @@ namespace test
 
 inline constexpr uid_t userWithoutRights = 65534;
 
-// A fork of the test's process. It ends with what its body returns, 0 to 99; a body that hangs is ended by an
-// alarm.
+// A fork of this process. It ends with what its body returns, 0 to 99; an alarm ends a body that hangs.
 class ChildProcess
 {
 public:

@@ -48,6 +48,11 @@ void SendMouse(const CWnd& window, CPoint point, QEvent::Type type, Qt::MouseBut
     QApplication::sendEvent(&widget, &event);
 }
 
+COLORREF ColorOf(QRgb pixel)
+{
+    return RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
+}
+
 int QtKeyOf(UINT virtualKey)
 {
     static const std::map<UINT, int> others = {{VK_LEFT, Qt::Key_Left},
@@ -190,8 +195,7 @@ QImage PictureOf(const CWnd& window)
 
 COLORREF PixelOf(const CWnd& window, CPoint point)
 {
-    const QRgb color = PictureOf(window).pixel(point.x, point.y);
-    return RGB(BYTE(qRed(color)), BYTE(qGreen(color)), BYTE(qBlue(color)));
+    return ColorOf(PictureOf(window).pixel(point.x, point.y));
 }
 
 std::string RowOf(const CWnd& window, int y, int left, int right)
@@ -204,11 +208,10 @@ std::string RowOf(const CWnd& window, int y, int left, int right)
     const QImage picture = PictureOf(window);
     std::string row;
     for (int x = left; x < right; ++x) {
-        const QRgb pixel = picture.pixel(x, y);
-        const COLORREF color = RGB(BYTE(qRed(pixel)), BYTE(qGreen(pixel)), BYTE(qBlue(pixel)));
-        const auto* const kind = std::ranges::find_if(
-            kinds, [color](const auto& each) { return GetSysColor(each.first) == color; });
-        row += kind != std::end(kinds) ? kind->second : 'c';
+        char kind = 'c';
+        for (const auto& [color, character] : kinds)
+            kind = ColorOf(picture.pixel(x, y)) == GetSysColor(color) ? character : kind;
+        row += kind;
     }
     return row;
 }

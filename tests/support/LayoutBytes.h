@@ -9,10 +9,45 @@
 namespace test
 {
 
+class MemoryFile : public CFile
+{
+public:
+    explicit MemoryFile(std::string_view bytes = {}) : Bytes(bytes) {}
+
+    UINT Read(void* lpBuf, UINT nCount) override
+    {
+        const std::size_t count = Bytes.copy(static_cast<char*>(lpBuf), nCount, m_position);
+        m_position += count;
+        return static_cast<UINT>(count);
+    }
+    void Write(const void* lpBuf, UINT nCount) override
+    {
+        Bytes.append(static_cast<const char*>(lpBuf), nCount);
+    }
+
+    std::string Bytes;
+
+private:
+    std::size_t m_position = 0;
+};
+
 // What the atlas writes.
-std::string BytesOf(k_StyleAtlas& atlas);
+inline std::string BytesOf(k_StyleAtlas& atlas)
+{
+    MemoryFile file;
+    CArchive archive(&file, CArchive::store);
+    atlas.Serialize(archive);
+    archive.Close();
+    return file.Bytes;
+}
 
 // Lays a file of these bytes over the atlas; lets the reader's exceptions through.
-void ReadInto(k_StyleAtlas& atlas, std::string_view bytes);
+inline void ReadInto(k_StyleAtlas& atlas, std::string_view bytes)
+{
+    MemoryFile file(bytes);
+    CArchive archive(&file, CArchive::load);
+    atlas.Serialize(archive);
+    archive.Close();
+}
 
 } // namespace test

@@ -21,11 +21,10 @@ k_UnitQuantities Report()
             scripted.Flags.data(),         static_cast<int>(scripted.Quantities.size())};
 }
 
-CString Name(WORD quantity, WORD subQuantity, DWORD flags, WORD device, WORD index, k_UnitSymbolMode mode)
+CString Name(WORD quantity, WORD sub, DWORD flags, WORD device, WORD index, k_UnitSymbolMode mode)
 {
     CString text;
-    text.Format(_T("%u.%u.%u.%d.%u.%d"), quantity, subQuantity, flags, static_cast<short>(device), index,
-                mode);
+    text.Format(_T("%u.%u.%u.%d.%u.%d"), quantity, sub, flags, static_cast<short>(device), index, mode);
     return text;
 }
 

@@ -1,6 +1,5 @@
-// The unit library of a test: it reports the quantities that the test sets, and its text for a quantity is
-// the numbers that it was asked with, in their order, with a point between two. It is set when the program
-// starts.
+// The unit library of a test, set when the program starts: it reports the quantities that the test sets, and
+// its text for a quantity is the numbers that it was asked with, in their order, with points between them.
 #pragma once
 
 #include <model/StyleAtlas.h>
