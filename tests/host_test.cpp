@@ -3,11 +3,11 @@
 #include "support/TempPrefix.h"
 
 #include <QImage>
+#include <QRegularExpression>
 #include <algorithm>
 #include <array>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <regex>
 #include <sys/stat.h>
 #include <utility>
 
@@ -34,10 +34,10 @@ struct Result : test::Outcome {
     // The last cell of the line that begins with these. Two blanks or more part cells, and stand in none.
     std::string StyleIn(const std::string& first) const
     {
-        std::smatch found;
-        const std::regex line{"\n *" + first + "  (?:.*  )?(.*)"};
-        EXPECT_TRUE(std::regex_search(Output, found, line)) << first << " is missing in " << Output;
-        return found.str(1);
+        const QString pattern = QString::fromStdString("\n *" + first + "  (?:.*  )?(.*)");
+        const auto found = QRegularExpression{pattern}.match(QString::fromStdString(Output));
+        EXPECT_TRUE(found.hasMatch()) << first << " is missing in " << Output;
+        return found.captured(1).toStdString();
     }
 
     bool IsSaying(std::string_view text) const { return Errors.find(text) != std::string::npos; }
