@@ -40,6 +40,7 @@ bool FileList::RemoveSelected()
 std::vector<std::string> FileList::Paths() const
 {
     std::vector<std::string> paths;
+    paths.reserve(static_cast<std::size_t>(count()));
     for (int row = 0; row < count(); ++row)
         paths.push_back(item(row)->data(PathRole).toByteArray().toStdString());
     return paths;

@@ -4,6 +4,7 @@
 #include "StyleAtlas.h"
 #include "UnitCalls.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <new>
@@ -36,6 +37,7 @@ QuantityKey KeyOf(const k_UnitQuantities& list, int i)
 std::vector<k_PooledQuantity> EntriesOf(const k_UnitQuantities& list)
 {
     std::vector<k_PooledQuantity> entries;
+    entries.reserve(static_cast<std::size_t>(std::max(list.Count, 0)));
     for (int i = 0; i < list.Count; ++i)
         entries.push_back({.Key = KeyOf(list, i)});
     return entries;
