@@ -131,6 +131,21 @@ TEST_P(Scale, CutsSymbolsAtTheClipBox)
     }
 }
 
+TEST(FloodFill, BesideAFigureThatIsCutIsThatOfTheCanvas)
+{
+    Picture picture(side, side);
+    CPen pen(PS_SOLID, 1, ink);
+    CBrush brush(filling);
+    picture.Dc().SelectObject(&pen);
+    picture.Dc().SelectObject(&brush);
+    picture.Dc().MoveTo(-5, 3);
+    for (const CPoint& corner : {CPoint(5, 3), CPoint(0, 9), CPoint(-5, 3)})
+        picture.Dc().LineTo(corner.x, corner.y);
+    EXPECT_TRUE(picture.Dc().FloodFill(side - 1, side - 1, ink));
+    EXPECT_EQ(picture.At(20, 20), 'o');
+    EXPECT_EQ(picture.At(0, 4), '.');
+}
+
 INSTANTIATE_TEST_SUITE_P(Screens, Scale, testing::Values(1, 1.25, 1.5, 1.75, 2, 3));
 
 } // namespace

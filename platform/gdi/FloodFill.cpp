@@ -122,7 +122,7 @@ bool FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, cons
         return true;
     }
     const std::optional<Box> figure = lines.Figure();
-    if (!figure || figure->IsWithin(canvas.Clip()) ||
+    if (!figure || !figure->Contains(from) || figure->IsWithin(canvas.Clip()) ||
         figure->Right - figure->Left > maxArea / (figure->Bottom - figure->Top))
         return FloodFill(canvas, from, border, ink);
     const Box shown = figure->Intersect(canvas.Clip());

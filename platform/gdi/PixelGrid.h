@@ -47,7 +47,8 @@ public:
                 ToInteger((static_cast<double>(point.Y) + middle) * m_scale + m_top + half)};
     }
 
-    // Lengths in pixels. A line of one unit never leaves its unit squares; wherever it lies, it is as thick.
+    // Lengths in pixels. From scale 1 on, a line of one unit never leaves its unit squares; wherever it lies,
+    // it is as thick.
     std::int64_t Thickness() const { return std::max<std::int64_t>(1, ToInteger(m_scale + rounding)); }
     std::int64_t Length(std::int64_t units) const { return Edge(units, 0); }
 

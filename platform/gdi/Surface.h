@@ -75,10 +75,7 @@ public:
 
     const Surface& Target() const { return m_surface; }
     const Box& Clip() const { return m_clip; }
-    bool Contains(std::int64_t x, std::int64_t y) const
-    {
-        return x >= m_clip.Left && x < m_clip.Right && y >= m_clip.Top && y < m_clip.Bottom;
-    }
+    bool Contains(std::int64_t x, std::int64_t y) const { return m_clip.Contains({x, y}); }
 
     // The point has to lie within the clip box.
     Pixel& At(std::int64_t x, std::int64_t y) const { return Row(y)[x]; }
