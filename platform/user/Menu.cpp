@@ -6,6 +6,7 @@
 #include "Window.h"
 #include "WindowColors.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPointer>
@@ -149,6 +150,22 @@ BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR
     return TRUE;
 }
 
+namespace
+{
+
+// Below the cell, row or control that has the focus, on the screen.
+QPoint PlaceOfFocus(QWidget& window)
+{
+    QWidget& focused = window.focusWidget() != nullptr ? *window.focusWidget() : window;
+    QAccessibleInterface* const control = QAccessible::queryAccessibleInterface(&focused);
+    const QAccessibleInterface* const part = control != nullptr ? control->focusChild() : nullptr;
+    const QRect client(focused.mapToGlobal(QPoint(0, 0)), focused.size());
+    const QRect place = part != nullptr ? part->rect().intersected(client) : client;
+    return (place.isEmpty() ? client : place).bottomLeft();
+}
+
+} // namespace
+
 // The command is sent from the event loop, because its handler may destroy the menu and the window.
 BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*lpRect*/)
 {
@@ -160,7 +177,7 @@ BOOL CMenu::TrackPopupMenu(UINT /*nFlags*/, int x, int y, CWnd* pWnd, LPCRECT /*
     QObject::connect(widget, &QObject::destroyed, &menu, &QWidget::close);
     ::ReleaseCapture();
     const bool isByKeyboard = x == -1 && y == -1;
-    const QAction* const chosen = menu.exec(isByKeyboard ? widget->mapToGlobal(QPoint(0, 0)) : QPoint(x, y));
+    const QAction* const chosen = menu.exec(isByKeyboard ? PlaceOfFocus(*widget) : QPoint(x, y));
     if (chosen == nullptr || Window::Of(widget) == nullptr)
         return TRUE;
     CallLater(*owner,

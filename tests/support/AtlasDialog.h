@@ -68,7 +68,7 @@ protected:
             body();
             m_dialog.EndDialog(IDCANCEL);
         });
-        m_dialog.DoModal();
+        EXPECT_NE(m_dialog.DoModal(), -1) << "the dialog needs a display";
     }
 
     k_ColumnTreeCtrl& Frame() { return m_dialog.m_ColumnTree; }
