@@ -1,6 +1,7 @@
 #include "PlotLayout.h"
 
 #include "Commands.h"
+#include "Texts.h"
 
 #include <QString>
 
@@ -99,7 +100,7 @@ private:
     // Each part is as wide as the widest of all panels.
     void MeasureParts(int shown)
     {
-        int maxNameWidth = 0;
+        int legendWidth = 0;
         for (const Panel& panel : std::span{m_plot.panels}.first(static_cast<std::size_t>(shown))) {
             m_values.push_back(ValueAxis(panel.values, FrameHeight() / ValueStep));
             for (const Tick& tick : m_values.back().ticks)
@@ -107,10 +108,12 @@ private:
             if (!panel.unit.empty())
                 m_unitWidth = m_lineHeight + Padding / 2;
             for (const Curve& curve : panel.curves)
-                maxNameWidth = std::max(maxNameWidth, WidthOf(m_metrics, curve.fileName));
+                legendWidth = std::max(legendWidth, SampleWidth + WidthOf(m_metrics, curve.fileName));
+            const std::string more = MoreFiles(panel.curves.size());
+            legendWidth = std::max(legendWidth, WidthOf(m_metrics, more));
         }
         if (m_cell.width() >= MinWidthForLegend)
-            m_legendWidth = std::min(SampleWidth + 2 * Padding + maxNameWidth, m_cell.width() / LegendShare);
+            m_legendWidth = std::min(legendWidth + 2 * Padding, m_cell.width() / LegendShare);
     }
 
     PanelLayout PanelAt(QPoint corner, const Panel& panel)
@@ -175,6 +178,11 @@ QRect LegendSample(QRect entry)
 QRect LegendName(QRect entry)
 {
     return entry.adjusted(SampleWidth + Padding, 0, 0, 0);
+}
+
+std::string MoreFiles(std::size_t count)
+{
+    return Text("and %1 more", {std::to_string(count)});
 }
 
 PlotLayout LayOut(const Plot& plot, QSize size, const QFontMetrics& metrics)

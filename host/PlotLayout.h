@@ -9,6 +9,7 @@
 #include <QSize>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace atlashost
@@ -31,6 +32,9 @@ struct PanelLayout {
 // The parts of an entry of the legend.
 QRect LegendSample(QRect entry);
 QRect LegendName(QRect entry);
+
+// The last line of a legend without room for so many files.
+std::string MoreFiles(std::size_t count);
 
 struct PlotLayout {
     std::vector<PanelLayout> panels; // the first panels of the plot, as many as fit; at least one

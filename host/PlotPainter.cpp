@@ -164,8 +164,8 @@ private:
                   Qt::ElideLeft);
         }
         if (!m_layout.moreFiles.isNull())
-            Write(LegendName(m_layout.moreFiles), Qt::AlignLeft | Qt::AlignVCenter,
-                  Text("and %1 more", {std::to_string(m_panel.curves.size() - m_layout.legend.size())}));
+            Write(m_layout.moreFiles, Qt::AlignLeft | Qt::AlignVCenter,
+                  MoreFiles(m_panel.curves.size() - m_layout.legend.size()));
     }
 
     QPainter& m_painter;

@@ -49,7 +49,7 @@ protected:
     Result Run(Words words, int output = -1) const
     {
         // Some programs hand down an ignored SIGCHLD.
-        words.insert(words.begin(), {"env", "--ignore-signal=CHLD", ATLAS_HOST});
+        words.insert(words.begin(), {"env", "--ignore-signal=CHLD", m_program});
         return {test::Run(words, m_environment, output)};
     }
 
@@ -72,6 +72,7 @@ protected:
 
     const test::TempPrefix m_prefix;
     const fs::path m_folder = m_prefix.MakeFolder().parent_path();
+    std::string m_program = ATLAS_HOST;
     Words m_environment = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "MENSURA_CATALOGUE"};
 };
 
@@ -196,9 +197,41 @@ TEST_F(Host, ReportsWhatItCannotDo)
         EXPECT_EQ(std::pair(result.Status, result.Output), std::pair(2, std::string{})) << message;
         EXPECT_TRUE(result.IsSaying(message)) << result.Errors;
     }
-    EXPECT_EQ(Run({"table"}, open("/dev/full", O_WRONLY | O_CLOEXEC)).Status, 1);
+    const Result full = Run({"table"}, open("/dev/full", O_WRONLY | O_CLOEXEC));
+    EXPECT_EQ(std::pair(full.Status, full.Errors),
+              std::pair(1, std::string{"atlas-host: the output cannot be written\n"}));
+    EXPECT_TRUE(Run({"--help"}).Output.starts_with("Usage: atlas-host "));
+    EXPECT_TRUE(
+        Run({"list", File("open.csv", "t,\"Wind\n")}).IsSaying(":1: a quotation mark is never closed"));
     m_environment.emplace_back("DISPLAY=:987");
     EXPECT_TRUE(Run({"window"}).IsSaying("could not connect to display :987"));
+}
+
+TEST_F(Host, ShowsItsWindowUntilItIsClosed)
+{
+    m_environment.emplace_back("QT_QPA_PLATFORM=offscreen");
+    constexpr int endedByTimeout = 124;
+    for (const Words& command : {Words{"plot", Month(0)}, {"window"}}) {
+        Words words{"timeout", "1", ATLAS_HOST};
+        words.insert(words.end(), command.begin(), command.end());
+        EXPECT_EQ(test::Run(words, m_environment).Status, endedByTimeout) << command[0];
+    }
+}
+
+TEST_F(Host, ShowsStylesWithoutTheLayoutTool)
+{
+    fs::create_directory(m_folder / "bin");
+    fs::copy_file(ATLAS_HOST, m_folder / "bin/host");
+    fs::create_directory_symlink(fs::path{ATLAS_HOST}.parent_path().parent_path() / "lib", m_folder / "lib");
+    m_program = m_folder / "bin/host";
+    constexpr std::string_view reason = "atlas-layout cannot be started: No such file or directory\n";
+    const Result styles = RunOnMonths({});
+    EXPECT_EQ(styles.Errors, "atlas-host: " + std::string{reason});
+    EXPECT_EQ(styles.StyleIn("0  Ozone"), StyleText(1, 0));
+    for (const char* const command : {"layout", "prepare"}) {
+        const Result failed = Run({command});
+        EXPECT_EQ(std::pair(failed.Status, failed.Errors), std::pair(1, styles.Errors));
+    }
 }
 
 TEST_F(Host, MakesTheFolderOfItsLayout)

@@ -7,7 +7,11 @@
 #include "PlotPainter.h"
 #include "PlotWindow.h"
 
+#include "support/TempPrefix.h"
+
 #include <QApplication>
+#include <QKeyEvent>
+#include <QPaintEngine>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -34,13 +38,190 @@ std::string Text(const QImage& image, QRect rect)
     return text;
 }
 
-TEST(Plot, DrawsReadingsAndGapsInPictureAndWindow)
+// Notes the texts and lines that are drawn on it.
+class Notes : public QPaintDevice, public QPaintEngine
 {
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    int count = 1;
-    char name[] = "plot_test";
-    char* words[] = {name, nullptr};
-    const QApplication application{count, words};
+public:
+    explicit Notes(const Plot& plot, QSize size = {900, 700}) : QPaintEngine{AllFeatures}, m_size{size}
+    {
+        QPainter painter{this};
+        DrawPlot(painter, size, plot);
+        Layout = LayOut(plot, size, painter.fontMetrics());
+    }
+
+    QPaintEngine* paintEngine() const override { return const_cast<Notes*>(this); }
+    int metric(PaintDeviceMetric which) const override
+    {
+        return which == PdmWidth    ? m_size.width()
+               : which == PdmHeight ? m_size.height()
+               : which == PdmDepth  ? 32
+                                    : 96;
+    }
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override {}
+    void drawPolygon(const QPoint*, int, PolygonDrawMode) override {}
+    void drawPath(const QPainterPath&) override {}
+    void drawLines(const QLine* lines, int count) override
+    {
+        for (; count > 0; ++lines, --count)
+            Lines.push_back(painter()->transform().map(*lines));
+    }
+    void drawTextItem(const QPointF& baseline, const QTextItem& item) override
+    {
+        const QPointF end = baseline + QPointF{item.width(), 0};
+        const QLineF place = painter()->transform().map(QLineF{baseline, end});
+        const bool isWhole = !painter()->hasClipping() || painter()->clipBoundingRect().contains(baseline);
+        Texts.push_back({item.text(), place, item.font().bold(), isWhole});
+    }
+    Type type() const override { return User; }
+
+    struct Drawn {
+        QString text;
+        QLineF baseline;
+        bool isBold;
+        bool isWhole; // not cut off
+    };
+    std::vector<Drawn> Texts;
+    QList<QLine> Lines;
+    PlotLayout Layout;
+
+    // The text, or an empty one if it isn't drawn within the rectangle.
+    Drawn In(const QRect& rect, const QString& text) const
+    {
+        const auto found = std::ranges::find_if(Texts, [&](const Drawn& drawn) {
+            return drawn.text == text && rect.contains(drawn.baseline.center().toPoint());
+        });
+        return found != Texts.end() ? *found : Drawn{};
+    }
+
+private:
+    QSize m_size;
+};
+
+const Panel Numbers{"Title", "V", TimeKind::Number, "t", {0, 6}, {1, 3}, {}};
+
+Curve CurveOf(std::size_t count)
+{
+    std::vector<Reading> readings;
+    for (std::size_t i = 0; i < count; ++i)
+        readings.push_back({6.0 * static_cast<double>(i) / static_cast<double>(count), 2});
+    return {"file", Crosses, readings, count, {}, 0};
+}
+
+class Plots : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        static int count = 1;
+        static char name[] = "plot_test";
+        static char* words[] = {name, nullptr};
+        static const QApplication application{count, words};
+    }
+};
+
+// A panel in a line of text.
+std::string Text(const Panel& panel)
+{
+    std::ostringstream text;
+    text << panel.title << '|' << panel.unit << '|' << panel.timeTitle << '|' << panel.times.low << ' '
+         << panel.times.high << '|' << panel.values.low << ' ' << panel.values.high;
+    for (const Curve& curve : panel.curves) {
+        text << '|' << curve.fileName << ' ' << curve.fileColumn << ' ' << curve.readingCount << ':';
+        for (const Reading& reading : curve.readings)
+            text << ' ' << reading.time << ' ' << reading.value;
+    }
+    return text.str();
+}
+
+TEST_F(Plots, HoldWhatTheFilesHold)
+{
+    const test::TempPrefix prefix;
+    const auto file = [&](const char* name, std::string_view content) {
+        std::filesystem::create_directories((prefix.Path() / name).parent_path());
+        test::WriteWhole(prefix.Path() / name, content);
+        return (prefix.Path() / name).string();
+    };
+    const std::string paths[] = {
+        file("a/x.csv", "Date,Wind\n1970-01-03,4\n1970-01-01,2\nlater,9\n1970-01-02,\n"),
+        file("b/x.csv", "Date,Wind\n1970-01-02 12:00,6\n"),
+        file("y.csv", " t\x1b ,voltage, Temp ,Wind\n10,,-40,1\n30,,100,1\n20,, ,1\n"),
+        file("z.csv", "name,Temp\nfirst,1\nsecond,1\n"), prefix.Path() / "none"};
+    std::vector<const char*> pointers;
+    for (const std::string& path : paths)
+        pointers.push_back(path.c_str());
+    std::string reports;
+    const Plot plot = ReadPlot(pointers, [&](const std::string& report) { reports += report + '\n'; });
+    EXPECT_EQ(plot.status, 1);
+    EXPECT_EQ(reports, paths[0] + ": rows left out, as their first field is no date: 1\n" + paths[2] +
+                           ": the column \"voltage\" has no readings, it is left out\n" + paths[4] +
+                           ": No such file or directory\n");
+    std::string panels;
+    for (const Panel& panel : plot.panels)
+        panels += Text(panel) + '\n';
+    EXPECT_EQ(panels,
+              "Wind speed, mean of 07:00 and 10:00|mph|Date|0 172800|2 6|" + paths[0] +
+                  " 0 2: 0 2 86400 nan 172800 4|" + paths[1] +
+                  " 1 1: 129600 6\n"
+                  "Temperature of the day, maximum|°F|t\uFFFD|10 30|-40 100|y 2 2: 10 -40 20 nan 30 100\n"
+                  "Wind speed, mean of 07:00 and 10:00|mph|t\uFFFD|10 30|0.9 1.1|y 2 3: 10 1 20 1 30 1\n"
+                  "Temperature of the day, maximum|°F|row|1 2|0.9 1.1|z 3 2: 1 1 2 1\n");
+}
+
+TEST_F(Plots, LabelTheirParts)
+{
+    Plot plot{{Numbers, Numbers}, 0};
+    plot.panels[0].curves = {CurveOf(3)};
+    plot.panels[1].timeKind = TimeKind::Date;
+    plot.panels[1].curves = {CurveOf(3000)};
+    const Notes notes{plot};
+    const QString note = "not every reading has its symbol";
+    for (const PanelLayout& part : notes.Layout.panels) {
+        const bool isFirst = &part == &notes.Layout.panels.front();
+        EXPECT_TRUE(notes.In(part.title, "Title").isBold);
+        EXPECT_GT(notes.In(part.unit, "V").baseline.dy(), -100);
+        EXPECT_LT(notes.In(part.unit, "V").baseline.dy(), 0) << "from below";
+        EXPECT_EQ(notes.In(part.timeLabels, "t").text.isEmpty(), !isFirst) << "dates need no title";
+        EXPECT_EQ(notes.In(part.title, note).text.isEmpty(), isFirst);
+        for (const Tick& tick : part.values.ticks) {
+            const int y = part.frame.bottom() -
+                          static_cast<int>(
+                              std::lround(part.values.range.ShareOf(tick.value) * (part.frame.height() - 1)));
+            EXPECT_TRUE(notes.Lines.contains({part.frame.left() - TickLength, y, part.frame.left() - 1, y}));
+            EXPECT_TRUE(notes.Lines.contains({part.frame.left(), y, part.frame.right(), y}));
+        }
+        for (const Tick& tick : part.times.ticks) {
+            const int x = part.frame.left() + ColumnOf(tick.value, part.times.range, part.frame.width());
+            EXPECT_TRUE(
+                notes.Lines.contains({x, part.frame.bottom() + 1, x, part.frame.bottom() + TickLength}));
+            EXPECT_TRUE(notes.Lines.contains({x, part.frame.top(), x, part.frame.bottom()}));
+        }
+    }
+    const PanelLayout& first = notes.Layout.panels.front();
+    EXPECT_FALSE(notes.In(first.timeLabels, "5").isBold);
+    EXPECT_GE(notes.In(first.timeLabels, "t").baseline.x1(), first.frame.right() + 6);
+    const PanelLayout& second = notes.Layout.panels.back();
+    EXPECT_NEAR(notes.In(second.title, note).baseline.x2(), second.frame.right(), 2);
+    plot.panels[1].title = std::string(130, 'M');
+    EXPECT_TRUE(Notes{plot}.In(second.title, note).text.isEmpty()) << "no room";
+    plot.panels[1].curves.assign(30, CurveOf(3));
+    const Notes full{plot, {900, 250}};
+    const PanelLayout& crowded = full.Layout.panels.back();
+    EXPECT_EQ(crowded.title.right(), crowded.frame.right());
+    EXPECT_FALSE(
+        full.In(crowded.moreFiles, QString{"and %1 more"}.arg(30 - crowded.legend.size())).text.isEmpty());
+    plot.panels.assign(9, Numbers);
+    const Notes many{plot, {500, 300}};
+    EXPECT_TRUE(many.In(many.Layout.footer, "quantities without room here: 6").isWhole);
+    EXPECT_EQ(many.Layout.missingPanels, 6U);
+}
+
+TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
+{
     const std::vector<Reading> readings{{0, 1}, {1, 3}, {2, Missing}, {3, 2}, {4, Missing}, {5, 3}, {6, 1}};
     const Panel panel{
         "Title", "V", TimeKind::Number, "t", {0, 6}, {1, 3}, {{"file", Crosses, readings, 5, {}, 0}}};
@@ -69,9 +250,23 @@ TEST(Plot, DrawsReadingsAndGapsInPictureAndWindow)
     PlotWindow window{plot};
     window.resize(image.size());
     EXPECT_EQ(window.grab().toImage().convertToFormat(image.format()), image);
+    window.resize(1, 1);
+    EXPECT_EQ(window.size(), QSize(320, 200));
+    window.show();
+    for (const auto& [key, isShown] : {std::pair(Qt::Key_A, true), {Qt::Key_Escape, false}}) {
+        QKeyEvent press{QEvent::KeyPress, key, Qt::NoModifier};
+        QCoreApplication::sendEvent(&window, &press);
+        EXPECT_EQ(window.isVisible(), isShown);
+        EXPECT_EQ(press.isAccepted(), !isShown);
+    }
+    const Plot none;
+    PlotView view{none};
+    const QImage empty = view.grab().toImage();
+    view.SetHint("hint");
+    EXPECT_NE(view.grab().toImage(), empty);
 }
 
-TEST(Plot, KeepsOutliersWhenItDownsamples)
+TEST_F(Plots, KeepOutliersWhenDownsampled)
 {
     std::vector<Reading> readings;
     for (int i = 0; i < 100000; ++i)
@@ -83,7 +278,7 @@ TEST(Plot, KeepsOutliersWhenItDownsamples)
     EXPECT_EQ(std::tuple(lowest.time, highest.time, kept.back().time), std::tuple(50001.0, 777.0, 99998.0));
 }
 
-TEST(Plot, PutsEvenStepsOnItsAxes)
+TEST_F(Plots, HaveEvenStepsOnTheirAxes)
 {
     const auto labels = [](const Axis& axis) {
         std::string all;
