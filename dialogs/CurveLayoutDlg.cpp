@@ -71,14 +71,7 @@ void k_CurveLayoutDlg::DoDataExchange(CDataExchange* pDX)
     DDX_Control(pDX, IDC_LINE_COLOR, m_LineColorPicker);
 }
 
-BOOL k_CurveLayoutDlg::DestroyWindow()
-{
-    DeletePictures(m_LineStyleCombo);
-    DeletePictures(m_SymbolShapeCombo);
-    return CDialog::DestroyWindow();
-}
-
-// A window that is destroyed with its owner gets WM_DESTROY, without a call of DestroyWindow.
+// Also where the window is destroyed with its owner, without a call of DestroyWindow.
 void k_CurveLayoutDlg::OnDestroy()
 {
     DeletePictures(m_LineStyleCombo);

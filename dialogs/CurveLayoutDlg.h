@@ -22,7 +22,6 @@ public:
     // The row named in the title. It stays the caller's and outlives DoModal.
     void SetQuantity(k_QuantityDesc* pQuantity) { m_Quantity = pQuantity; }
 
-    BOOL DestroyWindow() override;
     BOOL OnInitDialog() override;
 
 protected:

@@ -11,12 +11,7 @@
 namespace
 {
 
-// The pictures of the shapes differ in the shape only.
-constexpr short pictureSize = 10;
-constexpr short pictureFill = 1;
-constexpr COLORREF pictureColor = RGB(0, 0, 0);
-
-// Adds an item with a picture and returns its index. DestroyWindow deletes the picture.
+// Adds an item with a picture and returns its index. OnDestroy deletes the picture.
 LRESULT AddPicture(CComboBox& box, int position, LPCTSTR name, std::unique_ptr<k_LineDef> picture)
 {
     const LRESULT item =
@@ -88,7 +83,6 @@ void k_CurveLayoutDlg::FillLineStyles(short selected)
     for (int i = 0; i < k_LineStyleCount; ++i) {
         auto picture = std::make_unique<k_LineDef>();
         picture->LineStyle = k_LineStyles[i].LineStyle;
-        picture->LineColor = pictureColor;
         const LRESULT item = AddPicture(m_LineStyleCombo, i, k_LineStyles[i].Name, std::move(picture));
         if (k_LineStyles[i].LineStyle == selected)
             found = item;
@@ -96,6 +90,7 @@ void k_CurveLayoutDlg::FillLineStyles(short selected)
     Select(m_LineStyleCombo, found);
 }
 
+// The pictures differ in the shape only.
 void k_CurveLayoutDlg::FillSymbolShapes(short selected)
 {
     m_SymbolShapeCombo.SetDrawSymbol(true);
@@ -103,10 +98,7 @@ void k_CurveLayoutDlg::FillSymbolShapes(short selected)
     for (int i = 0; i < k_SymbolShapeCount; ++i) {
         auto picture = std::make_unique<k_LineDef>();
         picture->LineColor = ::GetSysColor(COLOR_3DLIGHT);
-        picture->SymbolColor = pictureColor;
         picture->SymbolShape = static_cast<short>(i);
-        picture->SymbolSize = pictureSize;
-        picture->SymbolFill = pictureFill;
         const LRESULT item = AddPicture(m_SymbolShapeCombo, i, k_SymbolShapes[i], std::move(picture));
         if (i == selected)
             found = item;

@@ -100,10 +100,13 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
         EXPECT_EQ(Frame().m_xOffset, 0);
         const auto& headings = dynamic_cast<QHeaderView&>(test::WidgetOf(Frame().m_Header));
         EXPECT_EQ(headings.model()->headerData(2, Qt::Horizontal).toString(), "file 2");
+        Frame().m_headerHeight = 0; // as if other settings were in force
+        Frame().UpdateScroller();
         test::ChangeSettings();
-        EXPECT_EQ(Frame().m_Header.GetFont(),
-                  CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT))));
-        EXPECT_EQ(PlaceOf(Tree()), (std::vector{0, Frame().m_headerHeight, 400, 300}));
+        for (const CWnd* const header : {&Frame().m_Header, &Frame().m_CornerHeader})
+            EXPECT_EQ(header->GetFont(),
+                      CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT))));
+        EXPECT_EQ(PlaceOf(Tree()), (std::vector{0, head, 400, 300}));
 
         CWnd* const parts[] = {&Tree(), &Frame().m_Header, &Frame().m_CornerHeader, &Frame().m_HorScroll};
         for (CWnd* const part : parts)
