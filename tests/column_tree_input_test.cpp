@@ -161,16 +161,16 @@ TEST_F(ColumnTreeInput, NeedsNoMouse)
             ExpectInView(Frame().m_cellItem);
         }
 
-        const auto openMenu = [&](const std::function<void(QMenu&)>& look) {
+        const auto openMenu = [&](CWnd& window, const std::function<void(QMenu&)>& look) {
             QTimer::singleShot(0, [&] {
                 auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
                 look(menu);
                 menu.close();
             });
-            press(121, Qt::ShiftModifier);
+            test::PressKey(window, 121, Qt::ShiftModifier);
         };
         Click(Cell(4, 1));
-        openMenu([&](QMenu& menu) {
+        openMenu(Tree(), [&](QMenu& menu) {
             const QPoint middle = test::ClientOf(Tree()).mapToGlobal(QPoint(Cell(4, 1).x, Cell(4, 1).y));
             const QPoint below = menu.pos() - middle;
             EXPECT_TRUE(below.y() > 0 && below.y() < 12) << below.y();
@@ -178,7 +178,7 @@ TEST_F(ColumnTreeInput, NeedsNoMouse)
         });
         press(VK_TAB);
         EXPECT_EQ(focus(), m_dialog.GetDlgItem(IDC_LOAD)->m_hWnd);
-        openMenu([](QMenu& menu) {
+        openMenu(*m_dialog.GetDlgItem(IDC_LOAD), [](QMenu& menu) {
             QTest::keyClick(&menu, Qt::Key_End);
             EXPECT_EQ(menu.activeAction(), menu.actions().back());
             QTest::keyClick(&menu, Qt::Key_Home);

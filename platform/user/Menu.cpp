@@ -159,9 +159,9 @@ QPoint PlaceOfFocus(QWidget& window)
     QWidget& focused = window.focusWidget() != nullptr ? *window.focusWidget() : window;
     QAccessibleInterface* const control = QAccessible::queryAccessibleInterface(&focused);
     const QAccessibleInterface* const part = control != nullptr ? control->focusChild() : nullptr;
-    const QRect client(focused.mapToGlobal(QPoint(0, 0)), focused.size());
-    const QRect place = part != nullptr ? part->rect().intersected(client) : client;
-    return (place.isEmpty() ? client : place).bottomLeft();
+    const QPoint corner = focused.mapToGlobal(QPoint(0, 0));
+    const QRect place = part != nullptr ? part->rect().intersected(QRect(corner, focused.size())) : QRect();
+    return place.isEmpty() ? corner : place.bottomLeft();
 }
 
 } // namespace
