@@ -161,29 +161,22 @@ TEST_F(ColumnTreeInput, NeedsNoMouse)
             ExpectInView(Frame().m_cellItem);
         }
 
-        const auto openMenu = [&](CWnd& window, const std::function<void(QMenu&)>& look) {
-            QTimer::singleShot(0, [&] {
-                auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
-                look(menu);
-                menu.close();
-            });
-            test::PressKey(window, 121, Qt::ShiftModifier);
-        };
-        Click(Cell(4, 1));
-        openMenu(Tree(), [&](QMenu& menu) {
-            const QPoint middle = test::ClientOf(Tree()).mapToGlobal(QPoint(Cell(4, 1).x, Cell(4, 1).y));
-            const QPoint below = menu.pos() - middle;
-            EXPECT_TRUE(below.y() > 0 && below.y() < 12) << below.y();
-            EXPECT_EQ(below.x(), -(Frame().m_columnWidths[1] / 2)) << "under the cell";
-        });
         press(VK_TAB);
         EXPECT_EQ(focus(), m_dialog.GetDlgItem(IDC_LOAD)->m_hWnd);
-        openMenu(*m_dialog.GetDlgItem(IDC_LOAD), [](QMenu& menu) {
+        Click(Cell(4, 1));
+        QTimer::singleShot(0, [&] {
+            auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
             QTest::keyClick(&menu, Qt::Key_End);
             EXPECT_EQ(menu.activeAction(), menu.actions().back());
             QTest::keyClick(&menu, Qt::Key_Home);
             EXPECT_EQ(menu.activeAction(), menu.actions().front());
+            const QPoint middle = test::ClientOf(Tree()).mapToGlobal(QPoint(Cell(4, 1).x, Cell(4, 1).y));
+            const QPoint below = menu.pos() - middle;
+            EXPECT_TRUE(below.y() > 0 && below.y() < 12) << below.y();
+            EXPECT_EQ(below.x(), -(Frame().m_columnWidths[1] / 2)) << "under the cell";
+            menu.close();
         });
+        test::PressKey(Tree(), 121, Qt::ShiftModifier);
     });
 }
 
