@@ -2,7 +2,7 @@
 
 #include "Downsampling.h"
 
-#include <bindings/qt/StylePen.h>
+#include "styleatlas-qt.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,7 +25,7 @@ constexpr int DistanceOfSparseSymbols = 2; // in sizes of the symbol
 } // namespace
 
 CurvePainter::CurvePainter(QPainter& painter, const styleatlas::Style& style)
-    : m_painter{painter}, m_style{style}, m_symbol{styleatlas::qt::MakeSymbolPicture(style)}
+    : m_painter{painter}, m_style{style}, m_symbolSize{styleatlas::SymbolSize(style)}
 {
 }
 
@@ -34,27 +34,15 @@ CurvePainter::Symbols CurvePainter::DrawCurve(const Curve& curve, QRect frame, R
     m_frame = frame;
     m_times = times;
     m_values = values;
-    m_painter.setPen(styleatlas::qt::MakePen(m_style));
+    m_painter.setPen(styleatlas::LinePen(m_style));
     if (m_style.lineStyle != LineStyle::None)
         DrawLine(Downsampled(curve.readings, times, frame.width(), MaxLinePoints));
     int distance = 0;
-    if (!m_symbol.image.isNull()) {
+    if (m_symbolSize > 0) {
         distance = SymbolDistance(curve);
         DrawSymbols(Downsampled(curve.readings, times, frame.width(), MaxSymbols), distance);
     }
     return distance > 0 ? Symbols::OfSome : Symbols::OfAll;
-}
-
-void CurvePainter::DrawSample(QRect rect)
-{
-    const QPoint centre{rect.left() + rect.width() / 2, rect.top() + rect.height() / 2};
-    m_painter.save();
-    m_painter.setClipRect(rect);
-    m_painter.setPen(styleatlas::qt::MakePen(m_style));
-    m_painter.drawLine(rect.left(), centre.y(), rect.left() + rect.width(), centre.y());
-    if (!m_symbol.image.isNull())
-        m_painter.drawImage(centre - m_symbol.centre, m_symbol.image);
-    m_painter.restore();
 }
 
 void CurvePainter::DrawLine(std::span<const Reading> readings)
@@ -74,7 +62,7 @@ void CurvePainter::DrawRun(std::vector<QPoint> points)
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() > 1)
         m_painter.drawPolyline(points.data(), static_cast<int>(points.size()));
-    else if (points.size() == 1 && m_symbol.image.isNull())
+    else if (points.size() == 1 && m_symbolSize == 0)
         m_painter.drawPoint(points.front());
 }
 
@@ -90,7 +78,7 @@ void CurvePainter::DrawSymbols(std::span<const Reading> readings, int minDistanc
         if (!isLone && point.x() - before < minDistance)
             continue;
         before = point.x();
-        m_painter.drawImage(point - m_symbol.centre, m_symbol.image);
+        styleatlas::DrawSymbol(m_painter, point, m_style);
     }
 }
 
@@ -99,7 +87,7 @@ int CurvePainter::SymbolDistance(const Curve& curve) const
 {
     if (curve.readingCount <= FewReadings || m_style.lineStyle == LineStyle::None)
         return 0;
-    const int size = m_symbol.centre.x() * 2;
+    const int size = m_symbolSize;
     const int left = ColumnOf(curve.readings.front().time, m_times, m_frame.width());
     const int right = ColumnOf(curve.readings.back().time, m_times, m_frame.width());
     const double spacing = (right - left + size) / static_cast<double>(curve.readingCount);

@@ -3,8 +3,6 @@
 
 #include "PlotData.h"
 
-#include <bindings/qt/SymbolPicture.h>
-
 #include <QPainter>
 #include <QPoint>
 #include <QRect>
@@ -28,9 +26,6 @@ public:
     // symbols, only some have one (Symbols::OfSome), unless there is no line to show the others.
     Symbols DrawCurve(const Curve& curve, QRect frame, Range times, Range values);
 
-    // The style as the legend shows it: a line through the middle with a symbol over it.
-    void DrawSample(QRect rect);
-
 private:
     void DrawLine(std::span<const Reading> readings);
     void DrawSymbols(std::span<const Reading> readings, int minDistance);
@@ -40,7 +35,7 @@ private:
 
     QPainter& m_painter;
     styleatlas::Style m_style;
-    styleatlas::qt::SymbolPicture m_symbol;
+    int m_symbolSize;
     QRect m_frame;
     Range m_times;
     Range m_values;

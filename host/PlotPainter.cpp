@@ -5,6 +5,8 @@
 #include "PlotLayout.h"
 #include "WindowText.h"
 
+#include "styleatlas-qt.h"
+
 #include <QColor>
 #include <QFont>
 #include <QFontMetrics>
@@ -158,7 +160,7 @@ private:
     {
         for (std::size_t i = 0; i < m_layout.legend.size(); ++i) {
             const Curve& curve = m_panel.curves[i];
-            CurvePainter{m_painter, curve.style}.DrawSample(LegendSample(m_layout.legend[i]));
+            styleatlas::DrawLegendSample(m_painter, LegendSample(m_layout.legend[i]), curve.style);
             // The ends of names differ more than their beginnings.
             Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter, curve.fileName,
                   Qt::ElideLeft);

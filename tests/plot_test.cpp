@@ -6,6 +6,7 @@
 #include "PlotLayout.h"
 #include "PlotPainter.h"
 #include "PlotWindow.h"
+#include "styleatlas-qt.h"
 
 #include "support/TempPrefix.h"
 
@@ -246,6 +247,17 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
                   std::string::npos)
             << from;
     EXPECT_NE(Text(image, LegendSample(layout.legend.front())).find("-#-"), std::string::npos);
+
+    const QRect sample = LegendSample(layout.legend.front());
+    const QPixmap icon = styleatlas::LegendIcon(Crosses).pixmap(sample.size());
+    EXPECT_EQ(icon.toImage().convertToFormat(QImage::Format_ARGB32).pixel(2, 9), 0xFF0000FF);
+    QPixmap pixmap{sample.size()};
+    pixmap.fill(Qt::white);
+    QPainter{&pixmap}.drawPixmap(0, 0, icon);
+    EXPECT_EQ(Text(pixmap.toImage(), pixmap.rect()), Text(image, sample));
+    const QImage large = styleatlas::LegendIcon(Crosses).pixmap(sample.size(), 2).toImage();
+    EXPECT_EQ(large.size(), sample.size() * 2);
+    EXPECT_EQ(QColor{large.pixel(4, 18)}, QColor{Qt::blue});
 
     PlotWindow window{plot};
     window.resize(image.size());

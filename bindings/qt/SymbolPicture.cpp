@@ -2,6 +2,7 @@
 
 #include <Rasteriser.h>
 #include <model/SymbolFigure.h>
+#include <styleatlas-qt.h>
 
 #include <QRgb>
 
@@ -12,7 +13,6 @@ namespace styleatlas::qt
 namespace
 {
 
-constexpr int MaxSize = 256;
 constexpr gdi::Pixel Paper = 0xFFFFFFFF;
 
 // Draws figures around the middle of an image, as the rasteriser of the style atlas does.
@@ -72,9 +72,9 @@ private:
 
 SymbolPicture MakeSymbolPicture(const Style& style)
 {
-    const int size = std::clamp<int>(style.symbolSize, 0, MaxSize);
+    const int size = SymbolSize(style);
     const int half = size / 2;
-    if (half == 0 || style.symbolShape <= SymbolShape::None || style.symbolShape > SymbolShape::Point)
+    if (size == 0)
         return {};
     ImageCanvas canvas{half, gdi::ToPixel(style.symbolColor.value)};
     k_SymbolFigure{canvas, static_cast<int>(style.symbolFill), size}.Draw(

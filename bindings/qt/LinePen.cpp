@@ -1,28 +1,21 @@
-#include "StylePen.h"
+#include "SymbolPicture.h"
 
 #include <DashPattern.h>
+#include <styleatlas-qt.h>
 
 #include <algorithm>
 #include <cstdlib>
 
-namespace styleatlas::qt
+namespace styleatlas
 {
-namespace
-{
-
-constexpr int MaxWidth = 256;
-
-} // namespace
-
-QPen MakePen(const Style& style)
+QPen LinePen(const Style& style)
 {
     if (style.lineStyle == LineStyle::None)
         return Qt::NoPen;
     const Color color = style.DrawnLineColor();
-    const int width = std::clamp(std::abs(int{style.lineWidth}), 1, MaxWidth);
+    const int width = std::clamp(std::abs(int{style.lineWidth}), 1, qt::MaxSize);
     QPen pen{QColor{color.Red(), color.Green(), color.Blue()}};
     pen.setWidth(width);
-    pen.setCosmetic(true);
     pen.setCapStyle(width > 1 ? Qt::RoundCap : Qt::FlatCap);
     pen.setJoinStyle(Qt::RoundJoin);
     const gdi::DashPattern* const pattern = gdi::FindDashPattern(static_cast<int>(style.lineStyle));
@@ -31,4 +24,4 @@ QPen MakePen(const Style& style)
     return pen;
 }
 
-} // namespace styleatlas::qt
+} // namespace styleatlas
