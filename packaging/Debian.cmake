@@ -1,5 +1,5 @@
-# The Debian packages: the libraries, the editor, what is needed to build against them, the tool for layout files, and
-# the sample host. They take the files of the release build as they are: libraries and programs find each other and their
+# The Debian packages: the libraries, the editor, the painting with Qt, what is needed to build against them, the tool
+# for layout files, and the sample host. They take the files of the release build as they are: libraries and programs find each other and their
 # data by relative paths, so that the prefix of the build doesn't matter, and debugging information is stripped on the way.
 set(maintainer "Style Atlas developers <developers@styleatlas.invalid>")
 
@@ -12,12 +12,14 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/OpenFolders.cmake)
 
-set(CPACK_COMPONENTS_ALL runtime editor development tool host)
+set(CPACK_COMPONENTS_ALL runtime editor development qt qt_development tool host)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_COMPONENT_EDITOR_DEPENDS runtime)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_COMPONENT_TOOL_DEPENDS runtime)
-set(CPACK_COMPONENT_HOST_DEPENDS runtime editor tool)
+set(CPACK_COMPONENT_QT_DEPENDS runtime)
+set(CPACK_COMPONENT_QT_DEVELOPMENT_DEPENDS qt development)
+set(CPACK_COMPONENT_HOST_DEPENDS runtime editor qt tool)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
@@ -69,6 +71,28 @@ its curve is drawn: by which symbol and by which line.
 
 This package has what a measurement program is built with: the headers, the
 CMake package, the pkg-config file, documentation and examples.")
+
+set(CPACK_DEBIAN_QT_PACKAGE_NAME libstyleatlas-qt${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_QT_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_QT_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/triggers)
+set(CPACK_COMPONENT_QT_DESCRIPTION
+"styles of the curves of measured data - painting with Qt
+The style atlas says, for every measured quantity and every file column, how
+its curve is drawn: by which symbol and by which line.
+
+This package has the library that paints these symbols and lines with Qt, as
+the editor shows them.")
+
+set(CPACK_DEBIAN_QT_DEVELOPMENT_PACKAGE_NAME libstyleatlas-qt-dev)
+set(CPACK_DEBIAN_QT_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_QT_DEVELOPMENT_PACKAGE_DEPENDS qt6-base-dev)
+set(CPACK_COMPONENT_QT_DEVELOPMENT_DESCRIPTION
+"styles of the curves of measured data - development files for Qt
+The style atlas says, for every measured quantity and every file column, how
+its curve is drawn: by which symbol and by which line.
+
+This package has what a measurement program that paints styles with Qt is
+built with: the header, the CMake package and the pkg-config file.")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME atlas-layout)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)

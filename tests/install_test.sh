@@ -84,6 +84,7 @@ expect 'a host built with CMake' "$styled" "$(found/host)"
 folder=$XDG_DATA_HOME/styleatlas/drive_c/ProgramData/Halvorn/AirLab
 expect 'the folder that the host made, and the mode of the prefix' "$folder 700" \
     "$(find "$XDG_DATA_HOME" -name AirLab) $(stat -c %a "$XDG_DATA_HOME/styleatlas")"
+expect 'a host with Qt' '' "$(QT_QPA_PLATFORM=offscreen found/qt_host found.png 2>&1 | grep -v XDG_RUNTIME_DIR)"
 expect 'a host in C++' '1: symbol 3 of size 10 in #A52A00, line of width 1 in #A52A00' "$(found/columns | sed -n 2p)"
 rm -r "$XDG_DATA_HOME"
 expect 'the prepared folder' "$folder 700" \
@@ -93,6 +94,15 @@ export PKG_CONFIG_PATH=$libraries/pkgconfig
 # shellcheck disable=SC2046,SC2086
 cc $warnings $(pkg-config --cflags styleatlas) "$examples/host.c" -o packaged $(pkg-config --libs styleatlas)
 expect 'a host built with pkg-config' "$styled" "$(LD_LIBRARY_PATH=$libraries ./packaged)"
+
+for example in columns:styleatlas qt_host:'styleatlas-qt Qt6Widgets'; do
+    # shellcheck disable=SC2046,SC2086
+    c++ -std=c++17 -fPIC $warnings $(pkg-config --cflags ${example#*:}) "$examples/${example%:*}.cpp" -o packaged \
+        $(pkg-config --libs ${example#*:})
+done
+LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen ./packaged packaged.png 2>packaged.log
+cmp found.png packaged.png
+[ "$(stat -c %s found.png)" -gt 4000 ] || fail 'the host with Qt has not drawn its curves'
 
 words="symbol colour: #A52A00
 symbol shape: triangle, point down
@@ -146,7 +156,8 @@ done
 version=$(moved/bin/atlas-host --version | cut -d ' ' -f 2)
 field() { dpkg-deb -f "packages/$1_${version}_$(dpkg --print-architecture).deb" "$2"; }
 mkdir -p root
-for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev atlas-layout atlas-host; do
+for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 libstyleatlas-qt-dev atlas-layout \
+    atlas-host; do
     package=packages/${name}_${version}_$(dpkg --print-architecture).deb
     dpkg-deb -c "$package" >>contents
     dpkg-deb -x "$package" "root/$name"
@@ -161,17 +172,20 @@ expect 'what can be executed' 'atlas-host atlas-layout' "$(find root/all -type f
 while read -r file; do
     ! readelf -SW "$file" | grep -q '\.debug_' || fail "$file is packaged with debugging information"
 done < <(find root/all/usr/bin root/all/usr/lib -type f \( -path '*/bin/*' -o -name '*.so*' \))
-expect 'the libraries for building' 'libstyleatlas.so' "$(find root/libstyleatlas-dev -name '*.so*' -printf '%f\n')"
+expect 'the libraries for building' 'libstyleatlas.so libstyleatlas-qt.so' \
+    "$(find root/libstyleatlas-dev root/libstyleatlas-qt-dev -name '*.so*' -printf '%f\n' | xargs)"
 find root/libstyleatlas1 | grep -E '/include|\.cmake$|\.pc$' && fail 'the runtime package has files of the other'
 [[ $(field libstyleatlas1 Depends) =~ libc6.*libsqlite3-0 ]] || fail 'the runtime package lacks a dependency'
 [[ $(field libstyleatlas1 Depends) != *qt* ]] || fail 'the runtime package depends on Qt'
 expect 'what the packages recommend' 'libstyleatlas-editor, qt6-translations-l10n' \
     "$(field libstyleatlas1 Recommends), $(field libstyleatlas-editor Recommends)"
 [[ $(field libstyleatlas-editor Depends) = *libqt6widgets6* ]] || fail 'the editor lacks a dependency'
-for name in libstyleatlas-editor libstyleatlas-dev atlas-layout atlas-host; do
+for name in libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 atlas-layout atlas-host; do
     [[ ", $(field $name Depends)," = *", libstyleatlas1 (= $version),"* ]] || fail "$name does not depend on its libraries"
 done
 [[ $(field atlas-host Depends) = *libqt6widgets6* ]] || fail 'the program lacks a dependency'
+[[ $(field atlas-host Depends) = *libstyleatlas-qt1* ]] || fail 'the program lacks the painting library'
+[[ $(field libstyleatlas-qt-dev Depends) = *libstyleatlas-dev*qt6-base-dev* ]] || fail 'the Qt headers lack a dependency'
 [[ $(field atlas-host Depends) = *atlas-layout* ]] || fail 'the program lacks its tool'
 [[ $(field atlas-layout Depends) != *qt* ]] || fail 'the tool depends on Qt'
 expect 'the soname' 'libstyleatlas.so.1' \
