@@ -12,13 +12,14 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/OpenFolders.cmake)
 
-set(CPACK_COMPONENTS_ALL runtime editor development qt qt_development tool host)
+set(CPACK_COMPONENTS_ALL runtime editor development qt qt_development python tool host)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_COMPONENT_EDITOR_DEPENDS runtime)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
 set(CPACK_COMPONENT_TOOL_DEPENDS runtime)
 set(CPACK_COMPONENT_QT_DEPENDS runtime)
 set(CPACK_COMPONENT_QT_DEVELOPMENT_DEPENDS qt development)
+set(CPACK_COMPONENT_PYTHON_DEPENDS runtime)
 set(CPACK_COMPONENT_HOST_DEPENDS runtime editor qt tool)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -93,6 +94,20 @@ its curve is drawn: by which symbol and by which line.
 
 This package has what a measurement program that paints styles with Qt is
 built with: the header, the CMake package and the pkg-config file.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-styleatlas)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.9)")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS python3-matplotlib)
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION
+"styles of the curves of measured data - Python package
+The style atlas says, for every measured quantity and every file column, how
+its curve is drawn: by which symbol and by which line.
+
+This package has the Python package styleatlas, which asks for styles, opens
+the editor, and gives the arguments for Matplotlib and other libraries that
+plot.")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME atlas-layout)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)

@@ -116,6 +116,13 @@ ask() { python3 "$examples/ask_for_a_style.py" "$@" 1 12 2 0 3 1; }
 expect 'the Python example with a path' "$words" "$(ask --library "$libraries/libstyleatlas.so")"
 expect 'the Python example without one' "$words" "$(LD_LIBRARY_PATH=$libraries ask)"
 
+python() { PYTHONPATH=moved/lib/python3/dist-packages /usr/bin/python3 -B "$@"; }
+expect 'the Python package' '#a52a00' "$(python -c 'import styleatlas as atlas
+atlas.set_application("AirLab")
+print(atlas.style_of(1, atlas.Key(12, 2, 0, 3, 1)).symbol_color)')"
+python "$examples/airquality.py" --picture found.svg "$sources"/data/*.csv 2>python.log || fail "$(cat python.log)"
+[ "$(grep -c '#a52a00' found.svg)" -gt 50 ] || fail 'the Python example has not drawn its curves'
+
 layout=$folder/Style.Atlas
 printf damaged >"$layout"
 message='Fehler: Der Stilatlas kann nicht geladen werden.'
@@ -154,11 +161,12 @@ done
 
 (umask 077 && cpack -G DEB --config "$build/CPackConfig.cmake" -B packages >cpack.log 2>&1) || fail "$(cat cpack.log)"
 version=$(moved/bin/atlas-host --version | cut -d ' ' -f 2)
-field() { dpkg-deb -f "packages/$1_${version}_$(dpkg --print-architecture).deb" "$2"; }
+package_of() { compgen -G "packages/$1_${version}_*.deb"; }
+field() { dpkg-deb -f "$(package_of "$1")" "$2"; }
 mkdir -p root
-for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 libstyleatlas-qt-dev atlas-layout \
-    atlas-host; do
-    package=packages/${name}_${version}_$(dpkg --print-architecture).deb
+for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 libstyleatlas-qt-dev \
+    python3-styleatlas atlas-layout atlas-host; do
+    package=$(package_of $name)
     dpkg-deb -c "$package" >>contents
     dpkg-deb -x "$package" "root/$name"
     dpkg-deb -x "$package" root/all
@@ -180,7 +188,8 @@ find root/libstyleatlas1 | grep -E '/include|\.cmake$|\.pc$' && fail 'the runtim
 expect 'what the packages recommend' 'libstyleatlas-editor, qt6-translations-l10n' \
     "$(field libstyleatlas1 Recommends), $(field libstyleatlas-editor Recommends)"
 [[ $(field libstyleatlas-editor Depends) = *libqt6widgets6* ]] || fail 'the editor lacks a dependency'
-for name in libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 atlas-layout atlas-host; do
+for name in libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 python3-styleatlas atlas-layout \
+    atlas-host; do
     [[ ", $(field $name Depends)," = *", libstyleatlas1 (= $version),"* ]] || fail "$name does not depend on its libraries"
 done
 [[ $(field atlas-host Depends) = *libqt6widgets6* ]] || fail 'the program lacks a dependency'
@@ -226,7 +235,7 @@ shown() { # library
 listed() { # library
     awk -v name="$1" '/^lib/ { on = $1 == name } on && /^ / { print $1 }' symbols | sort
 }
-dpkg-deb -I "packages/libstyleatlas1_${version}_$(dpkg --print-architecture).deb" symbols >symbols
+dpkg-deb -I "$(package_of libstyleatlas1)" symbols >symbols
 for name in libstyleatlas.so.1 libmensura.so.1 libglossa.so.1; do
     expect "the symbols of $name" "$(shown $name)" "$(listed $name)"
 done
