@@ -16,6 +16,8 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
 
 namespace atlashost
 {
@@ -121,8 +123,12 @@ protected:
         static int count = 1;
         static char name[] = "plot_test";
         static char* words[] = {name, nullptr};
-        static const QApplication application{count, words};
+        s_application = std::make_unique<QApplication>(count, words);
     }
+    static void TearDownTestSuite() { s_application.reset(); }
+
+private:
+    static inline std::unique_ptr<QApplication> s_application;
 };
 
 // A panel in a line of text.
