@@ -1,6 +1,6 @@
 #include "LineDef.h"
 
-#include "SlotPool.h"
+#include "PooledObjects.h"
 
 k_LineDef::~k_LineDef() = default;
 

@@ -1,6 +1,6 @@
 #include "QuantityDesc.h"
 
-#include "SlotPool.h"
+#include "PooledObjects.h"
 
 static_assert(sizeof(k_QuantityDesc) == 64, "a search reads one cache line of each row");
 
