@@ -21,10 +21,11 @@ namespace
 constexpr const char* withLibrary = "bench-start-with";
 constexpr const char* withoutLibrary = "bench-start-without";
 constexpr int rounds = 101;
-constexpr double maxElapsed = 3e6; // nanoseconds
+constexpr double maxTimeToAnswer = 3e6; // nanoseconds
 
 struct Cost {
     double Elapsed = 0;    // nanoseconds, to the answer
+    double ToAnswer = 0;   // nanoseconds of CPU time
     double CpuTime = 0;    // nanoseconds, of the user and of the system
     double PeakMemory = 0; // kilobytes
     double Libraries = 0;
@@ -40,6 +41,14 @@ double PeakMemory(const std::filesystem::path& process)
     }
     status >> value;
     return value;
+}
+
+// What the process has had of the processor, in nanoseconds.
+double RunningTime(const std::filesystem::path& process)
+{
+    double time = 0;
+    std::ifstream(process / "schedstat") >> time;
+    return time;
 }
 
 std::set<std::string> Libraries(const std::filesystem::path& process)
@@ -87,6 +96,7 @@ Cost RunProgram(std::string program)
         cost.QtLibraries = static_cast<double>(std::ranges::count_if(
             libraries, [](const std::string& name) { return name.starts_with("libQt"); }));
         cost.PeakMemory = PeakMemory(folder);
+        cost.ToAnswer = RunningTime(folder);
     }
     close(ends[0]);
     int status = 0;
@@ -120,6 +130,7 @@ int Run(int argc, char** argv)
         without.push_back(RunProgram(programs / withoutLibrary));
     }
     const std::pair<const char*, double Cost::*> members[] = {{"elapsed to the answer, ns", &Cost::Elapsed},
+                                                              {"CPU time to the answer, ns", &Cost::ToAnswer},
                                                               {"CPU time, ns", &Cost::CpuTime},
                                                               {"peak memory, kB", &Cost::PeakMemory},
                                                               {"libraries mapped", &Cost::Libraries}};
@@ -129,8 +140,8 @@ int Run(int argc, char** argv)
         suite.Record(peer, Low(without, member));
         suite.Compare({.Name = name, .Ours = name, .Peer = peer});
     }
-    const std::string elapsed = members[0].first;
-    suite.Compare({.Name = elapsed, .Ours = elapsed, .Peer = {}, .Goal = maxElapsed});
+    const std::string toAnswer = members[1].first;
+    suite.Compare({.Name = toAnswer, .Ours = toAnswer, .Peer = {}, .Goal = maxTimeToAnswer});
     const std::string qt = "libraries of Qt mapped";
     suite.Record(qt, Low(with, &Cost::QtLibraries));
     suite.Compare({.Name = qt, .Ours = qt, .Peer = {}});
