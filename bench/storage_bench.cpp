@@ -258,7 +258,7 @@ void AddOnDisk(bench::Suite& suite, const bench::TempFolder& folder)
 
 int Run(int argc, char** argv)
 {
-    const std::vector<std::string> options = {"--benchmark_repetitions=50", "--benchmark_min_time=0.005"};
+    const std::vector<std::string> options = {"--benchmark_repetitions=25", "--benchmark_min_time=0.02"};
     bench::Suite catalogue(argc, argv, options);
     AddCatalogues(catalogue);
     RecordRowSize(catalogue);
