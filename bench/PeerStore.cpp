@@ -110,7 +110,7 @@ void JsonSave(const std::filesystem::path& path, const PlainTable& table)
     json rows = json::array();
     for (const std::unique_ptr<PlainRow>& row : table) {
         json styles = json::array();
-        for (std::int64_t i = 0; i < row->StyleCount; ++i)
+        for (std::int32_t i = 0; i < row->StyleCount; ++i)
             styles.push_back(ToJson(*row->Styles[static_cast<std::size_t>(i)]));
         rows.push_back({{"device", row->Device},
                         {"quantity", row->Quantity},

@@ -6,8 +6,19 @@
 namespace
 {
 
-const std::unique_ptr<bench::PlainRow>* rows = nullptr;
-std::size_t rowCount = 0;
+std::span<bench::PlainRow* const> table;
+
+void AddArray(bench::PlainRow& row)
+{
+    row.Styles = std::make_unique<std::unique_ptr<bench::PlainStyle>[]>(bench::plainColumns);
+    row.StyleCount = row.StyleRoom = bench::plainColumns;
+}
+
+void AddStyles(bench::PlainRow& row)
+{
+    for (int column = 0; column < bench::plainColumns; ++column)
+        row.Styles[static_cast<std::size_t>(column)] = std::make_unique<bench::PlainStyle>();
+}
 
 } // namespace
 
@@ -21,25 +32,36 @@ static_assert(plainColumns == k_MaxFileColumns);
 std::unique_ptr<PlainRow> MakePlainRow()
 {
     auto row = std::make_unique<PlainRow>();
-    row->Styles = std::make_unique<std::unique_ptr<PlainStyle>[]>(plainColumns);
-    row->StyleCount = row->StyleRoom = plainColumns;
-    for (int column = 0; column < plainColumns; ++column)
-        row->Styles[static_cast<std::size_t>(column)] = std::make_unique<PlainStyle>();
+    AddArray(*row);
+    AddStyles(*row);
     return row;
 }
 
 PlainTable MakePlainTable(std::size_t rows)
 {
-    PlainTable table;
+    PlainTable made;
     for (std::size_t i = 0; i < rows; ++i)
-        table.push_back(MakePlainRow());
-    return table;
+        made.push_back(MakePlainRow());
+    return made;
 }
 
-void SetBareTable(const PlainTable& table)
+BareTable::BareTable(std::size_t rows, Layout layout)
 {
-    rows = table.data();
-    rowCount = table.size();
+    if (layout == Layout::Close)
+        m_close = std::make_unique<PlainRow[]>(rows);
+    for (std::size_t i = 0; i < rows; ++i) {
+        if (layout == Layout::Apart)
+            m_apart.push_back(std::make_unique<PlainRow>());
+        m_rows.push_back(layout == Layout::Apart ? m_apart.back().get() : &m_close[i]);
+        AddArray(*m_rows.back());
+    }
+    for (PlainRow* const row : m_rows)
+        AddStyles(*row);
+}
+
+void SetBareTable(const BareTable& bareTable)
+{
+    table = bareTable.Rows();
 }
 
 int BareLookup(std::int16_t fileColumn, std::uint16_t quantity, std::uint8_t subQuantity, std::uint8_t index,
@@ -48,28 +70,28 @@ int BareLookup(std::int16_t fileColumn, std::uint16_t quantity, std::uint8_t sub
                std::uint32_t* lineColor, std::int16_t* lineStyle, std::int16_t* lineWidth,
                std::uint8_t* useSymbolColor)
 {
-    const std::unique_ptr<PlainRow>* const end = rows + rowCount;
-    const std::unique_ptr<PlainRow>* row = rows;
+    PlainRow* const* row = table.data();
+    PlainRow* const* const end = row + table.size();
     while (row != end && (*row)->Quantity != quantity)
         ++row;
     if (row == end)
         return 0;
-    const PlainRow* best = row->get();
+    const PlainRow* best = *row;
     while (row != end && ((*row)->Quantity != quantity || (*row)->SubQuantity != subQuantity))
         ++row;
     if (row != end)
-        best = row->get();
+        best = *row;
     while (row != end && ((*row)->Quantity != quantity || (*row)->SubQuantity != subQuantity ||
                           static_cast<std::uint16_t>((*row)->Device) != device))
         ++row;
     if (row != end)
-        best = row->get();
+        best = *row;
     while (row != end && ((*row)->Quantity != quantity || (*row)->SubQuantity != subQuantity ||
                           static_cast<std::uint16_t>((*row)->Device) != device || (*row)->Index != index ||
                           (*row)->Flags != flags))
         ++row;
     if (row != end)
-        best = row->get();
+        best = *row;
 
     if (fileColumn < 0 || fileColumn >= best->StyleCount)
         return 0;

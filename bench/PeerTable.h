@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace bench
@@ -38,9 +39,8 @@ struct PlainRow {
     std::uint8_t Level = 0;
     void* StylesPointer = nullptr; // from here on, the layout of the library's record list
     std::unique_ptr<std::unique_ptr<PlainStyle>[]> Styles;
-    std::int64_t StyleCount = 0;
-    std::int64_t StyleRoom = 0;
-    std::int64_t StyleGrowth = 0;
+    std::int32_t StyleCount = 0;
+    std::int32_t StyleRoom = 0;
     bool Same[7] = {};
 };
 
@@ -50,8 +50,25 @@ using PlainTable = std::vector<std::unique_ptr<PlainRow>>;
 std::unique_ptr<PlainRow> MakePlainRow();
 PlainTable MakePlainTable(std::size_t rows);
 
+// How the rows of a table to search lie in memory: each on its own, with its array of pointers behind it, or
+// one behind the other, as the library's do. Their records lie elsewhere in both.
+enum class Layout { Apart, Close };
+
+// A table for BareLookup.
+class BareTable
+{
+public:
+    BareTable(std::size_t rows, Layout layout);
+    std::span<PlainRow* const> Rows() const { return m_rows; }
+
+private:
+    PlainTable m_apart;
+    std::unique_ptr<PlainRow[]> m_close;
+    std::vector<PlainRow*> m_rows;
+};
+
 // Sets the table that BareLookup searches. It stays the caller's and must not change while it is in use.
-void SetBareTable(const PlainTable& table);
+void SetBareTable(const BareTable& table);
 
 // GetStyleAtlas as a bare loop over an array of pointers to rows, with the same arguments, search stages and
 // results.

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <iostream>
 
 namespace
 {
@@ -12,32 +13,39 @@ namespace
 const std::vector<std::string> commonOptions = {
     "--benchmark_enable_random_interleaving=true",
     "--benchmark_report_aggregates_only=true",
+    "--benchmark_color=false",
 };
-constexpr std::string_view medianName = "median";
+constexpr const char* statistic = "low";
+constexpr std::size_t lowShare = 5; // one in so many results is lower
 
-// Reports to the console as usual and keeps the medians.
-class MedianReporter : public benchmark::ConsoleReporter
+using Results = std::map<std::string, double>;
+
+// Reports to standard error and keeps the results.
+class Reporter : public benchmark::ConsoleReporter
 {
 public:
-    MedianReporter(std::map<std::string, double>& medians, std::map<std::string, double>& elapsed)
-        : ConsoleReporter(OO_None), m_medians(medians), m_elapsed(elapsed)
+    Reporter(Results& cpuTimes, Results& elapsedTimes)
+        : ConsoleReporter(OO_None), m_cpuTimes(cpuTimes), m_elapsedTimes(elapsedTimes)
     {
+        SetOutputStream(&std::cerr);
     }
 
     void ReportRuns(const std::vector<Run>& runs) override
     {
+        std::vector<Run> shown;
         for (const Run& run : runs) {
-            if (run.aggregate_name != medianName)
+            if (run.aggregate_name != statistic)
                 continue;
-            m_medians[run.run_name.function_name] = run.GetAdjustedCPUTime();
-            m_elapsed[run.run_name.function_name] = run.GetAdjustedRealTime();
+            m_cpuTimes[run.run_name.function_name] = run.GetAdjustedCPUTime();
+            m_elapsedTimes[run.run_name.function_name] = run.GetAdjustedRealTime();
+            shown.push_back(run);
         }
-        ConsoleReporter::ReportRuns(runs);
+        ConsoleReporter::ReportRuns(shown);
     }
 
 private:
-    std::map<std::string, double>& m_medians;
-    std::map<std::string, double>& m_elapsed;
+    Results& m_cpuTimes;
+    Results& m_elapsedTimes;
 };
 
 } // namespace
@@ -63,57 +71,63 @@ void Suite::Add(const std::string& name, double rows, std::function<void(benchma
 {
     m_rows[name] = rows;
     // Elapsed time decides how often a body is repeated: one that waits takes hardly any CPU time.
-    benchmark::RegisterBenchmark(name.c_str(), std::move(body))->UseRealTime()->Unit(benchmark::kNanosecond);
+    benchmark::RegisterBenchmark(name.c_str(), std::move(body))
+        ->UseRealTime()
+        ->Unit(benchmark::kNanosecond)
+        ->ComputeStatistics(statistic, LowResult);
 }
 
 void Suite::Run()
 {
-    MedianReporter reporter(m_medians, m_elapsed);
+    Reporter reporter(m_cpuTimes, m_elapsedTimes);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::ClearRegisteredBenchmarks();
 }
 
-void Suite::Record(const std::string& name, double median)
+void Suite::Record(const std::string& name, double result)
 {
     m_rows[name] = 1;
-    m_medians[name] = median;
+    m_cpuTimes[name] = m_elapsedTimes[name] = result;
 }
 
 void Suite::PrintTable(std::string_view title, std::string_view unit) const
 {
-    std::printf("\n%.*s (medians, %.*s)\n", static_cast<int>(title.size()), title.data(),
+    std::printf("| work | peer | ours | peer's | ratio | goal | met |\n|---|---|---|---|---|---|---|\n");
+    std::printf("| **%.*s** (%.*s) | | | | | | |\n", static_cast<int>(title.size()), title.data(),
                 static_cast<int>(unit.size()), unit.data());
-    std::printf("%-30s %-33s %12s %12s %7s %8s  %s\n", "case", "peer", "ours", "peer", "ratio", "goal",
-                "met");
     for (const Comparison& comparison : m_comparisons)
         PrintLine(comparison);
 }
 
 void Suite::PrintLine(const Comparison& comparison) const
 {
-    PrintRatio(comparison.Name, comparison, m_medians, comparison.Goal);
-    if (comparison.WaitsForDisk)
-        PrintRatio("  the same, elapsed time", comparison, m_elapsed, 0);
-}
-
-void Suite::PrintRatio(const std::string& name, const Comparison& comparison, const Medians& medians,
-                       double goal) const
-{
-    const auto ours = medians.find(comparison.Ours);
-    const auto peer = medians.find(comparison.Peer);
-    if (ours == medians.end() || peer == medians.end()) {
-        std::printf("%-30s %-33s not run\n", name.c_str(), comparison.Peer.c_str());
+    const Results& results = comparison.WaitsForDisk ? m_elapsedTimes : m_cpuTimes;
+    const bool hasPeer = !comparison.Peer.empty();
+    if (!results.contains(comparison.Ours) || (hasPeer && !results.contains(comparison.Peer))) {
+        std::printf("| %s | not run | | | | | |\n", comparison.Name.c_str());
         return;
     }
-    const double oursNumber = ours->second / m_rows.at(comparison.Ours);
-    const double peerNumber = peer->second / m_rows.at(comparison.Peer);
-    const double ratio = oursNumber / peerNumber;
-    std::printf("%-30s %-33s %12.1f %12.1f %7.2f ", name.c_str(), comparison.Peer.c_str(), oursNumber,
-                peerNumber, ratio);
-    if (goal == 0)
-        std::printf("%8s  %s\n", "-", "-");
+    const auto result = [&](const std::string& name) { return results.at(name) / m_rows.at(name); };
+    double judged = result(comparison.Ours);
+    std::printf("| %s | %s | %.1f |", comparison.Name.c_str(), comparison.Peer.c_str(), judged);
+    if (hasPeer) {
+        const double peer = result(comparison.Peer);
+        judged /= peer;
+        std::printf(" %.1f | %.2f |", peer, judged);
+    } else {
+        std::printf(" | |");
+    }
+    if (hasPeer && comparison.Goal == 0)
+        std::printf(" | |\n");
     else
-        std::printf("<= %5.2f  %s\n", goal, ratio <= goal ? "yes" : "no");
+        std::printf(" %g | %s |\n", comparison.Goal, judged <= comparison.Goal ? "yes" : "**no**");
+}
+
+double LowResult(const std::vector<double>& results)
+{
+    std::vector<double> sorted = results;
+    std::ranges::sort(sorted);
+    return sorted[sorted.size() / lowShare];
 }
 
 int RunProgram(int argc, char** argv, int (*body)(int, char**))

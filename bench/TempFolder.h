@@ -9,12 +9,15 @@
 namespace bench
 {
 
-// In memory if possible, so that no disk is measured. Removed with the object. Raises
-// std::filesystem::filesystem_error if it can't be created.
+enum class Storage { Memory, Disk };
+
+// Removed with the object. In memory if there is such a folder; on disk in the system's folder for temporary
+// files, which TMPDIR can name. Raises std::filesystem::filesystem_error if it can't be created.
 class TempFolder
 {
 public:
-    TempFolder() : m_inMemory(access(memoryFolder, W_OK | X_OK) == 0)
+    explicit TempFolder(Storage storage = Storage::Memory)
+        : m_inMemory(storage == Storage::Memory && access(memoryFolder, W_OK | X_OK) == 0)
     {
         std::string name =
             (m_inMemory ? std::filesystem::path(memoryFolder) : std::filesystem::temp_directory_path()) /

@@ -1,4 +1,5 @@
-// The catalogue, and the layout file written and read, against JSON and against bare loops.
+// The catalogue, and the layout file written and read, against JSON and against bare loops; and how their
+// times grow with the table.
 #include "PeerStore.h"
 #include "ScriptedModel.h"
 #include "Suite.h"
@@ -7,6 +8,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <malloc.h>
 #include <stdexcept>
 
 namespace
@@ -14,9 +16,16 @@ namespace
 
 constexpr double goalAgainstJson = 0.1;
 constexpr double goalAgainstLoop = 2;
+constexpr double goalOnDisk = 1.5;
+// Of the time a row, from a table to one of twice or ten times its rows, with which the share of new pages
+// grows.
+constexpr double growthGoal = 1.5;
+constexpr double maxRowSize = 1474;                          // bytes
 constexpr std::size_t catalogueSizes[] = {150, 1500, 15000}; // entries
-constexpr WORD maxQuantities = 65535;
-constexpr WORD tableSizes[] = {30, 300, 3000}; // rows
+constexpr WORD singleRows[] = {3000, 30000, 65535};          // entries that become a row each
+constexpr WORD tableSizes[] = {30, 300, 3000};               // rows
+constexpr WORD largeTable = 30000;                           // rows
+constexpr WORD tableSizesOnDisk[] = {300, 3000};
 
 // Ten entries per quantity: three sub-quantities, two of them with indexes. Every third quantity is measured
 // by two devices.
@@ -39,7 +48,9 @@ std::vector<test::UnitEntry> RealisticEntries(std::size_t count)
     return entries;
 }
 
-void AddCatalogue(bench::Suite& suite, const std::string& size, const std::vector<test::UnitEntry>& entries)
+// Returns the name of the library's measurement.
+std::string AddCatalogue(bench::Suite& suite, const std::string& size,
+                         const std::vector<test::UnitEntry>& entries)
 {
     test::SetUnits(entries);
     const auto rows = static_cast<std::size_t>(k_StyleAtlas().BuildCatalogue());
@@ -57,6 +68,38 @@ void AddCatalogue(bench::Suite& suite, const std::string& size, const std::vecto
             benchmark::DoNotOptimize(bench::MakePlainTable(rows).data());
     });
     suite.Compare({.Name = name, .Ours = name, .Peer = peer});
+    return name;
+}
+
+void AddCatalogues(bench::Suite& suite)
+{
+    for (const std::size_t count : catalogueSizes)
+        AddCatalogue(suite, std::to_string(count) + " entries", RealisticEntries(count));
+    std::string smaller;
+    for (const WORD count : singleRows) {
+        const std::string name =
+            AddCatalogue(suite, std::to_string(count) + " single rows", test::SingleQuantities(count));
+        if (!smaller.empty())
+            suite.Compare({.Name = name, .Ours = name, .Peer = smaller, .Goal = growthGoal});
+        smaller = name;
+    }
+}
+
+std::size_t AllocatedBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+void RecordRowSize(bench::Suite& suite)
+{
+    test::SetUnits(test::SingleQuantities(largeTable));
+    k_StyleAtlas atlas;
+    const std::size_t before = AllocatedBytes();
+    const INT_PTR rows = atlas.BuildCatalogue();
+    const std::string name = "memory of a row, bytes";
+    suite.Record(name, static_cast<double>(AllocatedBytes() - before) / static_cast<double>(rows));
+    suite.Compare({.Name = name, .Ours = name, .Peer = {}, .Goal = maxRowSize});
 }
 
 bench::PlainTable PlainCopy(const k_StyleAtlas& atlas)
@@ -102,7 +145,9 @@ struct Stored {
     k_StyleAtlas Atlas;
 };
 
-std::shared_ptr<Stored> MakeStored(const bench::TempFolder& folder, WORD rows)
+enum class Peers { JsonAndLoop, Loop };
+
+std::shared_ptr<Stored> MakeStored(const bench::TempFolder& folder, WORD rows, Peers peers)
 {
     auto stored = std::make_shared<Stored>();
     stored->Rows = rows;
@@ -119,71 +164,119 @@ std::shared_ptr<Stored> MakeStored(const bench::TempFolder& folder, WORD rows)
     std::ifstream file(stored->Layout, std::ios::binary);
     stored->LayoutBytes.assign(std::istreambuf_iterator<char>(file), {});
     stored->Table = PlainCopy(stored->Atlas);
-    bench::JsonSave(stored->Json, stored->Table);
+    if (peers == Peers::JsonAndLoop)
+        bench::JsonSave(stored->Json, stored->Table);
     k_StyleAtlas again;
     if (again.Load(stored->Layout.u16string().c_str()) != 0 || again.Rows.GetSize() != rows ||
-        bench::JsonLoad(stored->Json).size() != rows)
+        (peers == Peers::JsonAndLoop && bench::JsonLoad(stored->Json).size() != rows))
         throw std::runtime_error("a stored table does not come back");
     return stored;
 }
 
-struct Side {
-    const char* Name;
-    std::function<void(Stored&)> Work;
-};
+using Work = void (*)(Stored&);
 
-void AddComparison(bench::Suite& suite, const std::shared_ptr<Stored>& stored, const Side& ours,
-                   const Side& json, const Side& loop, bool waitsForDisk)
+void Load(Stored& s)
 {
-    const std::string suffix = ", " + std::to_string(stored->Rows) + " rows";
-    for (const Side& side : {ours, json, loop}) {
-        suite.Add(side.Name + suffix, stored->Rows, [stored, work = side.Work](benchmark::State& state) {
-            test::SetUnits(EntriesOfRows(stored->Rows));
-            for ([[maybe_unused]] const auto iteration : state)
-                work(*stored);
-        });
-    }
-    const std::string name = ours.Name + suffix;
-    for (const auto& [peer, goal] : {std::pair(json, goalAgainstJson), std::pair(loop, goalAgainstLoop)})
-        suite.Compare({.Name = name,
-                       .Ours = name,
-                       .Peer = peer.Name + suffix,
-                       .Goal = goal,
-                       .WaitsForDisk = waitsForDisk});
+    k_StyleAtlas atlas;
+    atlas.Load(s.Layout.u16string().c_str());
 }
 
-void AddTableSize(bench::Suite& suite, const std::shared_ptr<Stored>& stored)
+void Save(Stored& s)
 {
-    AddComparison(
-        suite, stored,
-        {"Load",
-         [](Stored& s) {
-             k_StyleAtlas atlas;
-             atlas.Load(s.Layout.u16string().c_str());
-         }},
-        {"JSON load", [](Stored& s) { benchmark::DoNotOptimize(bench::JsonLoad(s.Json).data()); }},
-        {"loop load", [](Stored& s) { benchmark::DoNotOptimize(bench::BareLoad(s.Layout, s.Rows).data()); }},
-        false);
-    AddComparison(
-        suite, stored, {"Save", [](Stored& s) { s.Atlas.Save(s.Layout.u16string().c_str()); }},
-        {"JSON save", [](Stored& s) { bench::JsonSave(s.Json, s.Table); }},
-        {"loop save", [](Stored& s) { bench::ReplaceFile(s.Loop, s.LayoutBytes, s.LayoutBytes.size()); }},
-        true);
+    s.Atlas.Save(s.Layout.u16string().c_str());
+}
+
+void JsonLoad(Stored& s)
+{
+    benchmark::DoNotOptimize(bench::JsonLoad(s.Json).data());
+}
+
+void JsonSave(Stored& s)
+{
+    bench::JsonSave(s.Json, s.Table);
+}
+
+void LoopLoad(Stored& s)
+{
+    benchmark::DoNotOptimize(bench::BareLoad(s.Layout, s.Rows).data());
+}
+
+void LoopSave(Stored& s)
+{
+    bench::ReplaceFile(s.Loop, s.LayoutBytes, s.LayoutBytes.size());
+}
+
+// Returns the name of the measurement.
+std::string AddWork(bench::Suite& suite, const std::shared_ptr<Stored>& stored, const std::string& what,
+                    Work work)
+{
+    const std::string name = what + ", " + std::to_string(stored->Rows) + " rows";
+    suite.Add(name, stored->Rows, [stored, work](benchmark::State& state) {
+        test::SetUnits(EntriesOfRows(stored->Rows));
+        for ([[maybe_unused]] const auto iteration : state)
+            work(*stored);
+    });
+    return name;
+}
+
+void AddInMemory(bench::Suite& suite, const bench::TempFolder& folder)
+{
+    std::string load;
+    std::string save;
+    for (const WORD rows : tableSizes) {
+        const auto stored = MakeStored(folder, rows, Peers::JsonAndLoop);
+        load = AddWork(suite, stored, "Load", Load);
+        save = AddWork(suite, stored, "Save", Save);
+        const auto compare = [&](const std::string& name, const char* peer, Work work, double goal) {
+            suite.Compare(
+                {.Name = name, .Ours = name, .Peer = AddWork(suite, stored, peer, work), .Goal = goal});
+        };
+        compare(load, "JSON load", JsonLoad, goalAgainstJson);
+        compare(load, "loop load", LoopLoad, goalAgainstLoop);
+        compare(save, "JSON save", JsonSave, goalAgainstJson);
+        compare(save, "loop save", LoopSave, goalAgainstLoop);
+    }
+    const auto large = MakeStored(folder, largeTable, Peers::Loop);
+    const std::string largeLoad = AddWork(suite, large, "Load", Load);
+    const std::string largeSave = AddWork(suite, large, "Save", Save);
+    suite.Compare({.Name = largeLoad, .Ours = largeLoad, .Peer = load, .Goal = growthGoal});
+    suite.Compare({.Name = largeSave, .Ours = largeSave, .Peer = save, .Goal = growthGoal});
+}
+
+void AddOnDisk(bench::Suite& suite, const bench::TempFolder& folder)
+{
+    for (const WORD rows : tableSizesOnDisk) {
+        const auto stored = MakeStored(folder, rows, Peers::Loop);
+        const std::string name = AddWork(suite, stored, "Save", Save);
+        suite.Compare({.Name = name,
+                       .Ours = name,
+                       .Peer = AddWork(suite, stored, "one write, two fsyncs", LoopSave),
+                       .Goal = goalOnDisk,
+                       .WaitsForDisk = true});
+    }
 }
 
 int Run(int argc, char** argv)
 {
-    bench::Suite suite(argc, argv, {"--benchmark_repetitions=11", "--benchmark_min_time=0.05"});
-    const bench::TempFolder folder;
-    for (const std::size_t count : catalogueSizes)
-        AddCatalogue(suite, std::to_string(count) + " entries", RealisticEntries(count));
-    AddCatalogue(suite, "65535 quantities", test::SingleQuantities(maxQuantities));
-    suite.Run();
-    for (const WORD rows : tableSizes)
-        AddTableSize(suite, MakeStored(folder, rows));
-    suite.Run();
-    suite.PrintTable(std::string("Catalogue and layout file, files ") + folder.Place(),
-                     bench::threadTime + "a row");
+    const std::vector<std::string> options = {"--benchmark_repetitions=25", "--benchmark_min_time=0.02"};
+    bench::Suite catalogue(argc, argv, options);
+    AddCatalogues(catalogue);
+    RecordRowSize(catalogue);
+    catalogue.Run();
+    catalogue.PrintTable("Catalogue", bench::threadTime + "a row");
+
+    const bench::TempFolder inMemory;
+    bench::Suite files(argc, argv, options);
+    AddInMemory(files, inMemory);
+    files.Run();
+    files.PrintTable(std::string("Layout file ") + inMemory.Place(), bench::threadTime + "a row");
+
+    const bench::TempFolder onDisk(bench::Storage::Disk);
+    // One save at a time, as another program's turn on the processor takes longer than a save.
+    bench::Suite saves(argc, argv, {"--benchmark_repetitions=100", "--benchmark_min_time=0.000001"});
+    AddOnDisk(saves, onDisk);
+    saves.Run();
+    saves.PrintTable(std::string("Layout file ") + onDisk.Place(), "elapsed ns a row");
     return EXIT_SUCCESS;
 }
 

@@ -39,6 +39,19 @@ template <class Body> void RunExport(Body body)
     });
 }
 
+// A query raises no exception and takes a few nanoseconds, so it has no handler, and what is done before the
+// first one stands out of line.
+bool IsReadyForQuery()
+{
+    return !AfxGetStaticModuleState()->m_bEnding && g_App.m_hUnitLibrary != nullptr;
+}
+
+// False if there is no table to query.
+[[gnu::noinline, gnu::cold]] bool PrepareQuery()
+{
+    return RunExport(false, [] { return true; });
+}
+
 void LoadTable()
 {
     g_StyleAtlas.Load(CString());
@@ -62,24 +75,22 @@ int GetStyleAtlas(int16_t fileColumn, uint16_t quantity, uint8_t subQuantity, ui
                   int16_t* symbolFill, uint32_t* lineColor, int16_t* lineStyle, int16_t* lineWidth,
                   uint8_t* useSymbolColor)
 {
-    return RunExport(0, [&] {
-        const QuantityKey key{quantity, subQuantity, index, static_cast<short>(device), flags};
-        const INT_PTR row = g_StyleAtlas.FindRow(key);
-        if (row < 0 || fileColumn < 0)
-            return 0;
-        const k_LineDef* const pStyle = g_StyleAtlas.GetRowStyle(row, fileColumn);
-        if (pStyle == nullptr)
-            return 0;
-        *symbolColor = pStyle->SymbolColor;
-        *symbolShape = pStyle->SymbolShape;
-        *symbolSize = pStyle->SymbolSize;
-        *symbolFill = pStyle->SymbolFill;
-        *lineColor = pStyle->LineColor;
-        *lineStyle = pStyle->LineStyle;
-        *lineWidth = pStyle->LineWidth;
-        *useSymbolColor = pStyle->UseSymbolColor ? 1 : 0;
-        return 1;
-    });
+    if (!IsReadyForQuery() && !PrepareQuery()) [[unlikely]]
+        return 0;
+    AFX_MANAGE_STATE(AfxGetStaticModuleState());
+    const QuantityKey key{quantity, subQuantity, index, static_cast<short>(device), flags};
+    const k_LineDef* const pStyle = fileColumn >= 0 ? g_StyleAtlas.FindStyle(key, fileColumn) : nullptr;
+    if (pStyle == nullptr)
+        return 0;
+    *symbolColor = pStyle->SymbolColor;
+    *symbolShape = pStyle->SymbolShape;
+    *symbolSize = pStyle->SymbolSize;
+    *symbolFill = pStyle->SymbolFill;
+    *lineColor = pStyle->LineColor;
+    *lineStyle = pStyle->LineStyle;
+    *lineWidth = pStyle->LineWidth;
+    *useSymbolColor = pStyle->UseSymbolColor ? 1 : 0;
+    return 1;
 }
 
 void StyleAtlasChangeUserInfo(const char16_t* userRoot, const char16_t* subKey)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,25 +24,24 @@ public:
     // Reads the next record that is not an empty line; false at the end.
     bool Next();
 
-    // Of the record read last.
-    const std::vector<std::string>& Fields() const { return m_fields; }
+    // Of the record read last. The fields are valid until the next record is read.
+    const std::vector<std::string_view>& Fields() const { return m_fields; }
     std::size_t FieldCount() const { return m_fieldCount; }
     std::size_t Line() const { return m_line; } // its first line, counted from 1
     bool HasOpenQuote() const { return m_hasOpenQuote; }
 
 private:
-    enum class After { Field, Record };
-
-    After ReadField(std::string& field);
-    void ReadQuoted(std::string& field);
-    bool IsAtLineEnd() const;
-    char Take();
+    void ReadField();
+    std::string ReadQuoted();
+    std::string_view TakeToEnd();
 
     std::string_view m_rest;
-    std::vector<std::string> m_fields;
+    std::vector<std::string_view> m_fields; // of the content or of m_unquoted
+    std::deque<std::string> m_unquoted;     // what fields with quotation marks stand for
     std::size_t m_fieldCount = 0;
     std::size_t m_line = 0;
     std::size_t m_nextLine = 1;
+    bool m_isRecordComplete = false;
     bool m_hasOpenQuote = false;
 };
 

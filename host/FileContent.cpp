@@ -2,6 +2,7 @@
 
 #include "Texts.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -18,6 +19,7 @@ namespace
 {
 
 constexpr std::size_t MaxMebibytes = 64;
+constexpr std::size_t MaxSize = MaxMebibytes << 20;
 
 struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -30,7 +32,7 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 }
 
 // Without O_NONBLOCK the opening of a pipe would wait for a writer.
-File OpenRegular(const std::string& path)
+File OpenRegular(const std::string& path, std::size_t& size)
 {
     const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0)
@@ -43,6 +45,7 @@ File OpenRegular(const std::string& path)
         ThrowSystemError();
     if (!S_ISREG(status.st_mode))
         throw std::runtime_error{Text("not a regular file")};
+    size = static_cast<std::size_t>(status.st_size);
     return file;
 }
 
@@ -50,12 +53,14 @@ File OpenRegular(const std::string& path)
 
 std::string ReadFileContent(const std::string& path)
 {
-    const File file = OpenRegular(path);
+    std::size_t size = 0;
+    const File file = OpenRegular(path, size);
     std::string content;
+    content.reserve(std::min(size, MaxSize));
     std::array<char, 65536> buffer;
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
-        content.append(buffer.data(), count);
-        if (content.size() > MaxMebibytes << 20)
+        content.append(buffer.data(), count); // by the bytes read, as the file may grow meanwhile
+        if (content.size() > MaxSize)
             throw std::runtime_error{Text("larger than %1 MiB", {std::to_string(MaxMebibytes)})};
     }
     if (std::ferror(file.get()) != 0)

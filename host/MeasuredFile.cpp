@@ -7,6 +7,7 @@
 
 #include <bindings/terminal/Text.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -43,7 +44,10 @@ std::optional<double> ParseNumber(std::string_view text)
 class Reader
 {
 public:
-    explicit Reader(std::string_view content) : m_csv{content} {}
+    explicit Reader(std::string_view content)
+        : m_csv{content}, m_lines{static_cast<std::size_t>(std::ranges::count(content, '\n')) + 1}
+    {
+    }
 
     MeasuredFile Read()
     {
@@ -70,6 +74,10 @@ private:
         for (std::size_t i = 1; i < m_csv.FieldCount(); ++i)
             m_file.columns.emplace_back().header = WithoutBlanks(m_csv.Fields()[i]);
         RemarkOnOpenQuote();
+        const std::size_t maxRows = std::min(m_lines, MaxFields / m_csv.FieldCount());
+        m_file.times.reserve(maxRows);
+        for (MeasuredColumn& column : m_file.columns)
+            column.values.reserve(maxRows);
     }
 
     void ReadRow()
@@ -127,6 +135,7 @@ private:
     }
 
     CsvReader m_csv;
+    std::size_t m_lines;
     MeasuredFile m_file;
     std::size_t m_remarkCount = 0;
 };
@@ -136,6 +145,8 @@ private:
 std::string_view WithoutBlanks(std::string_view text)
 {
     constexpr std::string_view Blanks = " \t";
+    if (!text.empty() && text.front() > ' ' && text.back() > ' ')
+        return text; // most fields have none
     const std::size_t first = text.find_first_not_of(Blanks);
     if (first == std::string_view::npos)
         return {};

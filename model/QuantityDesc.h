@@ -16,6 +16,10 @@ public:
     k_QuantityDesc& operator=(const k_QuantityDesc&) = delete;
     ~k_QuantityDesc() override;
 
+    // Raises the memory exception when there is no memory.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* row, std::size_t size) noexcept;
+
     // Fills all members of the key. Always true.
     bool GetKey(QuantityKey& key) const;
 
@@ -23,9 +27,10 @@ public:
     // negative column raises the invalid argument exception.
     k_LineDef* GetColumnStyle(int column)
     {
-        if (column >= k_MaxFileColumns || column >= Styles.GetSize())
+        const INT_PTR position = column; // as wide as the array's own check, so that one comparison does
+        if (position >= k_MaxFileColumns || position >= Styles.GetSize())
             return nullptr;
-        k_LineDef* const pStyle = Styles.GetAt(column);
+        k_LineDef* const pStyle = Styles.GetAt(position);
         return pStyle != nullptr ? pStyle : GetScratchRecord();
     }
 
@@ -56,5 +61,5 @@ public:
 
 private:
     // Scratch record for an empty slot, reset on every call; writes to it are lost.
-    static k_LineDef* GetScratchRecord();
+    static k_LineDef* GetScratchRecord() noexcept;
 };

@@ -31,8 +31,19 @@ public:
     // Appends a row with a default record for each file column, and returns its index.
     INT_PTR AddRow(QuantityKey key, BYTE level);
 
-    // The index of the row that fits a key best, or -1 if none has its Quantity: see FindBestRow.
-    FORCEINLINE INT_PTR FindRow(QuantityKey key) const { return FindBestRow(Rows, key); }
+    // The index of the row that fits a key best, or -1 if none has its Quantity: see row_lookup.
+    INT_PTR FindRow(QuantityKey key) const
+    {
+        const row_lookup::Slot slot = row_lookup::FindBestRow(Rows, key);
+        return slot != nullptr ? slot - Rows.GetData() : -1;
+    }
+
+    // GetRowStyle of that row; null if there is none.
+    FORCEINLINE k_LineDef* FindStyle(QuantityKey key, int column) const
+    {
+        const row_lookup::Slot slot = row_lookup::FindBestRow(Rows, key);
+        return slot != nullptr ? row_lookup::RowOf(slot)->GetColumnStyle(column) : nullptr;
+    }
 
     // Null for an index outside the table.
     k_QuantityDesc* GetRow(INT_PTR row) const;

@@ -16,22 +16,6 @@ namespace
 // Cap on preallocation from an untrusted count: beyond it a list grows as its records are read.
 constexpr int maxPreallocated = 64;
 
-// A record as stored. Read and written in one piece, as a table has a hundred thousand of them.
-#pragma pack(push, 1)
-struct k_StoredStyle {
-    WORD Reserved;
-    COLORREF LineColor;
-    COLORREF SymbolColor;
-    short SymbolShape;
-    short SymbolSize;
-    short SymbolFill;
-    short LineStyle;
-    short LineWidth;
-    BYTE UseSymbolColor;
-};
-#pragma pack(pop)
-static_assert(sizeof(k_StoredStyle) == 21);
-
 // Maps each key to the position of its first row.
 class k_RowIndex
 {
@@ -57,13 +41,27 @@ private:
     std::map<QuantityKey, INT_PTR> m_positions; // not a hash: a hostile file could make its keys collide
 };
 
+// A record in one piece: a table has a hundred thousand of them.
+void WriteStyle(CArchive& ar, const k_LineDef& style)
+{
+    ar.WriteAll(style.Reserved, style.LineColor, style.SymbolColor, style.SymbolShape, style.SymbolSize,
+                style.SymbolFill, style.LineStyle, style.LineWidth, static_cast<BYTE>(style.UseSymbolColor));
+}
+
+void ReadStyle(CArchive& ar, k_LineDef& style)
+{
+    BYTE useSymbolColor = 0;
+    ar.ReadAll(style.Reserved, style.LineColor, style.SymbolColor, style.SymbolShape, style.SymbolSize,
+               style.SymbolFill, style.LineStyle, style.LineWidth, useSymbolColor);
+    style.UseSymbolColor = useSymbolColor != 0;
+}
+
 void WriteStyles(CArchive& ar, const k_LineDefList& styles)
 {
+    const k_LineDef asConstructed;
     for (INT_PTR i = 0; i < styles.GetSize(); ++i) {
-        if (k_LineDef* const pStyle = styles.GetAt(i))
-            pStyle->Serialize(ar);
-        else
-            k_LineDef().Serialize(ar);
+        const k_LineDef* const pStyle = styles.GetAt(i);
+        WriteStyle(ar, pStyle != nullptr ? *pStyle : asConstructed);
     }
 }
 
@@ -77,11 +75,11 @@ void ReadStyles(CArchive& ar, k_LineDefList& styles, int count)
     for (int i = 0; i < count; ++i) {
         k_LineDef* const pHeld = i < styles.GetSize() ? styles.GetAt(i) : nullptr;
         if (pHeld != nullptr) {
-            pHeld->Serialize(ar);
+            ReadStyle(ar, *pHeld);
             continue;
         }
         auto style = std::make_unique<k_LineDef>();
-        style->Serialize(ar);
+        ReadStyle(ar, *style);
         styles.SetAtGrow(i, style.get());
         static_cast<void>(style.release());
     }
@@ -158,8 +156,8 @@ void k_SerializeLayoutHead(CArchive& ar, DWORD& version, DWORD& columnCount, DWO
 void k_QuantityDesc::Serialize(CArchive& ar)
 {
     if (ar.IsStoring()) {
-        ar << static_cast<int>(Styles.GetSize());
-        ar << Device << Quantity << SubQuantity << Index << Flags << ReservedFlag << Level;
+        ar.WriteAll(static_cast<int>(Styles.GetSize()), Device, Quantity, SubQuantity, Index, Flags,
+                    static_cast<BYTE>(ReservedFlag), Level);
         WriteStyles(ar, Styles);
     } else {
         ar >> ColumnCount;
@@ -170,21 +168,8 @@ void k_QuantityDesc::Serialize(CArchive& ar)
 
 void k_LineDef::Serialize(CArchive& ar)
 {
-    k_StoredStyle stored{};
-    if (ar.IsStoring()) {
-        stored = {Reserved,   LineColor, SymbolColor, SymbolShape,   SymbolSize,
-                  SymbolFill, LineStyle, LineWidth,   UseSymbolColor};
-        ar.Write(&stored, sizeof stored);
-    } else {
-        ar.EnsureRead(&stored, sizeof stored);
-        Reserved = stored.Reserved;
-        LineColor = stored.LineColor;
-        SymbolColor = stored.SymbolColor;
-        SymbolShape = stored.SymbolShape;
-        SymbolSize = stored.SymbolSize;
-        SymbolFill = stored.SymbolFill;
-        LineStyle = stored.LineStyle;
-        LineWidth = stored.LineWidth;
-        UseSymbolColor = stored.UseSymbolColor != 0;
-    }
+    if (ar.IsStoring())
+        WriteStyle(ar, *this);
+    else
+        ReadStyle(ar, *this);
 }

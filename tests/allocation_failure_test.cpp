@@ -197,18 +197,23 @@ TEST_F(AllocationFailure, WhileLoadingSavingAndCopying)
         EXPECT_EQ(m_atlas.Rows.GetSize(), lastRow + 1);
     });
     FailEach([this] { m_atlas.Save(layout); });
-    FailEach([] {
-        k_StyleAtlas large; // more records than a block of their memory holds
-        for (WORD quantity = 0; quantity < 70; ++quantity)
-            large.AddRow({quantity, 0, 0, 0, 0}, 0);
+    const auto addRows = [](k_StyleAtlas& atlas) { // more than a block of their memory holds
+        for (WORD quantity = 0; quantity < 3000; ++quantity)
+            atlas.AddRow({quantity, 0, 0, 0, 0}, 0);
+    };
+    FailEach([&addRows] {
+        k_StyleAtlas large;
+        addRows(large);
     });
+    addRows(m_atlas);
+    const std::string all = test::BytesOf(m_atlas);
     k_StyleAtlas copy;
     m_atlas.UnreadFiles = {layout};
     FailEach([&] {
         copy.Assign(m_atlas);
         EXPECT_EQ(copy.UnreadFiles.size(), 1U);
     });
-    EXPECT_EQ(test::BytesOf(copy), m_stored);
+    EXPECT_EQ(test::BytesOf(copy), all);
 }
 
 TEST_F(AllocationFailure, AnOpeningThatThrowsIsToldAndEndsTheSave)

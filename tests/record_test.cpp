@@ -1,6 +1,6 @@
 // Records, rows and lists: initial values, deep copies, who deletes what, and the edges of the file columns.
-#include <model/LineDefPool.h>
 #include <model/QuantityDesc.h>
+#include <model/SlotPool.h>
 
 #include <algorithm>
 #include <cstring>
@@ -39,7 +39,8 @@ const auto asConstructed = std::tuple(0, 0U, 0U, 0, 10, 1, PS_SOLID, 1, false);
 // Places come and go at random, up to some blocks full and down to none.
 TEST(Record, HasItsPlaceToItself)
 {
-    static k_LineDefPool memory; // it keeps a block
+    constexpr std::size_t size = 32;
+    static k_SlotPool<size> memory; // it keeps a block
     std::mt19937 random(4711);
     std::vector<std::pair<unsigned char*, int>> places; // and what fills each
     for (const std::size_t wanted : {5000, 0, 9000, 3000, 7000, 2100, 0, 4000, 0}) {
@@ -48,12 +49,12 @@ TEST(Record, HasItsPlaceToItself)
             if (grows || places.empty()) {
                 auto* const place = static_cast<unsigned char*>(memory.Take());
                 places.emplace_back(place, random() % 251);
-                std::memset(place, places.back().second, k_LineDefPool::slotSize);
+                std::memset(place, places.back().second, size);
                 continue;
             }
             std::swap(places[random() % places.size()], places.back());
             const auto [place, fill] = places.back();
-            ASSERT_EQ(std::count(place, place + k_LineDefPool::slotSize, fill), k_LineDefPool::slotSize);
+            ASSERT_EQ(std::count(place, place + size, fill), size);
             memory.Return(place);
             places.pop_back();
         }

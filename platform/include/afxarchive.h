@@ -3,6 +3,7 @@
 
 #include <afxfile.h>
 
+#include <array>
 #include <bit>
 #include <cstring>
 #include <memory>
@@ -41,6 +42,30 @@ public:
             return ReadThrough(static_cast<BYTE*>(lpBuf), nCount);
         std::memcpy(lpBuf, m_lpBufCur, nCount);
         m_lpBufCur += nCount;
+    }
+
+    // Integers one behind the other, in one comparison: as with << or >> for each. A read past the end of the
+    // file changes none of them.
+    template <class... Integers> void WriteAll(Integers... values)
+    {
+        std::array<BYTE, (sizeof(Integers) + ...)> beyond;
+        const bool fits = m_lpWriteEnd - m_lpBufCur >= static_cast<std::ptrdiff_t>(beyond.size());
+        BYTE* at = fits ? m_lpBufCur : beyond.data();
+        ((std::memcpy(at, &values, sizeof values), at += sizeof values), ...);
+        if (fits)
+            m_lpBufCur = at;
+        else
+            WriteThrough(beyond.data(), static_cast<UINT>(beyond.size()));
+    }
+    template <class... Integers> void ReadAll(Integers&... values)
+    {
+        std::array<BYTE, (sizeof(Integers) + ...)> beyond;
+        const BYTE* at = m_lpBufCur;
+        if (m_lpReadEnd - m_lpBufCur >= static_cast<std::ptrdiff_t>(beyond.size()))
+            m_lpBufCur += beyond.size();
+        else
+            ReadThrough(beyond.data(), static_cast<UINT>(beyond.size())), at = beyond.data();
+        ((std::memcpy(&values, at, sizeof values), at += sizeof values), ...);
     }
 
     CArchive& operator<<(BYTE by) { return Put(by); }

@@ -13,8 +13,8 @@ public:
     bool IsEmpty() const { return m_nSize == 0; }
 
     // Truncates the array, or grows it with nulls. Raises the invalid argument exception for a negative size
-    // and the memory exception when out of memory, and leaves the array unchanged. nGrowBy sets the minimum
-    // number of elements by which the capacity grows from now on; -1 keeps it.
+    // and the memory exception when out of memory, and leaves the array unchanged. nGrowBy is the minimum
+    // number of elements by which the capacity grows, if it does.
     void SetSize(INT_PTR nNewSize, INT_PTR nGrowBy = -1);
 
     // An index outside the array raises the invalid argument exception. SetAtGrow grows the array instead,
@@ -43,7 +43,6 @@ private:
     void Reserve(INT_PTR nNewSize, INT_PTR nGrowBy);
 
     void** m_pData = nullptr;
-    INT_PTR m_nSize = 0;
-    INT_PTR m_nMaxSize = 0;
-    INT_PTR m_nGrowBy = 0;
+    int m_nSize = 0; // narrow, as a table has an array in each of its rows
+    int m_nMaxSize = 0;
 };

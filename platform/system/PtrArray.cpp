@@ -8,7 +8,7 @@ namespace
 {
 
 constexpr INT_PTR minGrowth = 4;
-constexpr INT_PTR maxElements = std::numeric_limits<INT_PTR>::max() / static_cast<INT_PTR>(sizeof(void*));
+constexpr INT_PTR maxElements = std::numeric_limits<int>::max();
 
 } // namespace
 
@@ -21,10 +21,8 @@ void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
     if (nNewSize < 0)
         AfxThrowInvalidArgException();
-    const INT_PTR growBy = nGrowBy >= 0 ? nGrowBy : m_nGrowBy;
     if (nNewSize > m_nMaxSize)
-        Reserve(nNewSize, growBy);
-    m_nGrowBy = growBy;
+        Reserve(nNewSize, nGrowBy);
     if (nNewSize == 0) {
         std::free(m_pData);
         m_pData = nullptr;
@@ -33,14 +31,15 @@ void CPtrArray::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
     }
     if (nNewSize > m_nSize)
         std::fill(m_pData + m_nSize, m_pData + nNewSize, nullptr);
-    m_nSize = nNewSize;
+    m_nSize = static_cast<int>(nNewSize);
 }
 
 // An array that is appended to grows by half, which keeps the cost of copying linear; the first allocation is
 // exact.
 void CPtrArray::Reserve(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
-    const INT_PTR growth = m_nMaxSize > 0 ? std::max({nGrowBy, minGrowth, m_nMaxSize / 2}) : nGrowBy;
+    const INT_PTR usual = m_nMaxSize > 0 ? std::max<INT_PTR>(minGrowth, m_nMaxSize / 2) : 0;
+    const INT_PTR growth = std::max(nGrowBy, std::min(usual, maxElements - m_nMaxSize));
     if (nNewSize > maxElements || growth > maxElements - m_nMaxSize)
         AfxThrowMemoryException();
     const INT_PTR newMax = std::max(nNewSize, m_nMaxSize + growth);
@@ -48,7 +47,7 @@ void CPtrArray::Reserve(INT_PTR nNewSize, INT_PTR nGrowBy)
     if (data == nullptr)
         AfxThrowMemoryException();
     m_pData = static_cast<void**>(data);
-    m_nMaxSize = newMax;
+    m_nMaxSize = static_cast<int>(newMax);
 }
 
 void CPtrArray::SetAtGrow(INT_PTR nIndex, void* newElement)

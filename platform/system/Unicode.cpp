@@ -52,8 +52,7 @@ struct LeadByte {
     std::size_t Length; // of the whole character, in bytes
     char32_t Min;       // smaller characters of this length are overlong forms
 };
-constexpr LeadByte leadBytes[] = {
-    {0x80, 0x00, 1, 0}, {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
+constexpr LeadByte leadBytes[] = {{0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}};
 
 } // namespace
 
@@ -73,6 +72,10 @@ std::string ToUtf8(std::u16string_view text)
 std::optional<char32_t> TakeCharacter(std::string_view& text)
 {
     const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    if (const char32_t ascii = byte(0); ascii < 0x80) { // most characters of every catalogue
+        text.remove_prefix(1);
+        return ascii;
+    }
     for (const LeadByte& lead : leadBytes) {
         if ((byte(0) & lead.Mask) != lead.Pattern)
             continue;
