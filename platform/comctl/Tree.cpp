@@ -138,11 +138,6 @@ HFONT TreeWindow::TextFont() const
     return Font() != nullptr ? Font() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
 }
 
-QFontMetrics TreeWindow::Metrics() const
-{
-    return QFontMetrics(gdi::ToQFont(TextFont()));
-}
-
 BOOL CTreeCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
 {
     return CreateControl(*this, MakeControl<TreeWindow>, {nullptr, dwStyle, rect, pParentWnd, nID});

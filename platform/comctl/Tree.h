@@ -6,7 +6,6 @@
 #include "TreeItems.h"
 
 #include <DeviceContext.h>
-#include <QFontMetrics>
 #include <QTreeWidget>
 #include <QtConvert.h>
 #include <WidgetWindow.h>
@@ -104,17 +103,21 @@ private:
     bool HasButton(const TreeItem& item) const;
     bool Selects(UINT flags) const; // for a click with these hit-test flags
     HFONT TextFont() const;
-    QFontMetrics Metrics() const;
     void UpdateLayout();
 
-    std::vector<HTREEITEM> VisibleRows() const;
+    // Paint rows, and whether they have drawn within their own places alone.
+    bool PaintRows(HDC context, const QRect& part);
+    bool PaintRow(HDC context, TreeItem& row, bool asks);
+    std::vector<HTREEITEM> RowsIn(const QRect& part) const; // part begins with a row
+    QRect WholeRowsOf(const QRect& part) const;
+    QRect ShownPart() const; // of the client area, which may be wider than the window's parent
     NMTVCUSTOMDRAW Describe(HDC context, const TreeItem& item) const;
     LRESULT Ask(NMTVCUSTOMDRAW& draw, DWORD stage);
-    void PaintRow(HDC context, TreeItem& row, bool asks);
     void DrawLines(const gdi::DeviceContext& dc, const TreeItem& item, QRect branch) const;
     void DrawButton(const gdi::DeviceContext& dc, const TreeItem& item, const QRect& branch) const;
     void DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const;
 
     TreeHandles m_handles;
+    bool m_drawsBeyondRows = false;  // at the last painting, in part or as a whole
     HTREEITEM m_lastCaret = nullptr; // when the caret was taken away
 };

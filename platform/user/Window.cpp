@@ -205,7 +205,7 @@ LRESULT Window::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_ERASEBKGND:
         if (Background == 0)
             return 0;
-        if (const auto* const dc = gdi::DeviceContext::FromHandle(reinterpret_cast<HDC>(wParam)))
+        if (auto* const dc = gdi::DeviceContext::FromHandle(reinterpret_cast<HDC>(wParam)))
             dc->FillUnits(gdi::ToBox(Client().rect()), gdi::ToPixel(GetSysColor(Background - 1)));
         return 1;
     case WM_CONTEXTMENU:
