@@ -2,7 +2,9 @@
 #include "Tree.h"
 
 #include "Control.h"
+#include "ScrollBarPicture.h"
 
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QtConvert.h>
@@ -37,6 +39,18 @@ public:
     {
         return {GetSystemMetrics(SM_CXVSCROLL), QScrollBar::sizeHint().height()};
     }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        if (!m_picture.Paint(*this, option))
+            QScrollBar::paintEvent(event);
+    }
+
+private:
+    ScrollBarPicture m_picture;
 };
 
 // Whether lParam of the message points to a structure.
@@ -78,6 +92,7 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
     setFrameShape(QFrame::NoFrame);
     setLayoutDirection(Qt::LeftToRight);
     setHeaderHidden(true);
+    disconnect(header(), &QHeaderView::sectionResized, this, nullptr); // would repaint all a second time
     setIndentation(0); // lines, button and label are painted here
     setItemDelegate(new RowDelegate(*this));
     setUniformRowHeights(true);
