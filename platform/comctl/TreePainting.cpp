@@ -181,7 +181,7 @@ void TreeWindow::DrawLines(const gdi::DeviceContext& dc, const TreeItem& item, Q
     for (; row != nullptr && !square.isEmpty() && square.left() >= 0; row = row->Parent()) {
         const QPoint middle = square.center();
         QRect line(middle.x(), square.top(), 1, square.height());
-        if (Sibling(*row, 1) == nullptr)
+        if (row->Sibling(1) == nullptr)
             line.setBottom(row == &item ? middle.y() : line.top() - 1);
         if (row == &item) {
             DrawDots(dc, QRect(middle, QPoint(square.right(), middle.y())), ink);

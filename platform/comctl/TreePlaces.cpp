@@ -109,8 +109,15 @@ bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
 {
     if (bar != SB_VERT)
         return false;
-    const_cast<TreeWindow&>(*this).UpdateLayout(); // would happen later anyway
     const QScrollBar& vertical = *verticalScrollBar();
+    if (m_delay) {
+        const int page = std::max(1, viewport()->height() / RowHeight());
+        info.nMax = m_delay->Rows > page ? m_delay->Rows - 1 : 0;
+        info.nPage = static_cast<UINT>(page);
+        info.nPos = std::min(vertical.value(), std::max(0, m_delay->Rows - page));
+        return true;
+    }
+    const_cast<TreeWindow&>(*this).UpdateLayout(); // would happen later anyway
     info.nMax = vertical.maximum() > 0 ? vertical.maximum() + vertical.pageStep() - 1 : 0;
     info.nPage = static_cast<UINT>(vertical.pageStep());
     info.nPos = vertical.value();

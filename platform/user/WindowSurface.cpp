@@ -32,6 +32,8 @@ WindowSurface::~WindowSurface() = default;
 void WindowSurface::Invalidate(const QRect& rectangle, bool erase)
 {
     QWidget& client = m_window.Client();
+    if (!client.updatesEnabled() && !IsDrawnByMessage)
+        return; // Qt paints all of it, with what is inside, when they are enabled
     m_invalid += rectangle.intersected(client.rect());
     m_erase = m_erase || erase;
     // At a broken scale, Qt may leave out a pixel at the edges of what it updates.
