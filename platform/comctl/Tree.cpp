@@ -2,7 +2,7 @@
 #include "Tree.h"
 
 #include "Control.h"
-#include "ScrollBarPicture.h"
+#include "ScrollBarPictures.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -45,12 +45,12 @@ protected:
     {
         QStyleOptionSlider option;
         initStyleOption(&option);
-        if (!m_picture.Paint(*this, option))
+        if (!m_pictures.Paint(*this, option))
             QScrollBar::paintEvent(event);
     }
 
 private:
-    ScrollBarPicture m_picture;
+    ScrollBarPictures m_pictures;
 };
 
 // Whether lParam of the message points to a structure.
