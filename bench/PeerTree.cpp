@@ -11,8 +11,7 @@
 namespace
 {
 
-constexpr int rowRole = Qt::UserRole + 1;
-constexpr int columnCount = 1 + k_MaxFileColumns;
+constexpr int maxLevels = 3;
 
 class CellDelegate : public QStyledItemDelegate
 {
@@ -26,9 +25,8 @@ public:
             QStyledItemDelegate::paint(painter, option, index);
         } else {
             painter->fillRect(cell, Qt::white);
-            const auto row = index.siblingAtColumn(0).data(rowRole).value<void*>();
-            bench::PaintStyleByPainter(*painter,
-                                       *static_cast<k_QuantityDesc*>(row)->GetColumnStyle(index.column() - 1),
+            k_QuantityDesc& row = static_cast<const bench::AtlasModel*>(index.model())->RowAt(index);
+            bench::PaintStyleByPainter(*painter, *row.GetColumnStyle(index.column() - 1),
                                        cell.adjusted(leftInset, labelInset, -rightInset, -labelInset));
         }
         painter->setPen(gdi::ToQColor(::GetSysColor(COLOR_3DLIGHT)));
@@ -54,6 +52,54 @@ private:
 namespace bench
 {
 
+void AtlasModel::SetRows(const k_StyleAtlas& atlas)
+{
+    beginResetModel();
+    m_nodes.clear();
+    m_roots.clear();
+    const auto count = static_cast<int>(atlas.Rows.GetSize());
+    m_nodes.reserve(static_cast<std::size_t>(count));
+    int parents[maxLevels + 1] = {-1, -1, -1, -1};
+    for (int index = 0; index < count; ++index) {
+        k_QuantityDesc* const row = atlas.GetRow(index);
+        const int parent = parents[row->Level];
+        std::vector<int>& siblings =
+            parent < 0 ? m_roots : m_nodes[static_cast<std::size_t>(parent)].Children;
+        const QString label =
+            QString::fromUtf16(static_cast<const char16_t*>(atlas.GetRowLabel(index).GetString()));
+        siblings.push_back(index);
+        m_nodes.push_back({row, label, parent, CountOf(siblings) - 1, {}});
+        parents[row->Level + 1] = index;
+    }
+    endResetModel();
+}
+
+QModelIndex AtlasModel::index(int row, int column, const QModelIndex& parent) const
+{
+    const std::vector<int>& children = ChildrenOf(parent);
+    if (row < 0 || row >= CountOf(children) || column < 0 || column >= columnCountOfAll)
+        return {};
+    return createIndex(row, column, static_cast<quintptr>(children[static_cast<std::size_t>(row)]));
+}
+
+QModelIndex AtlasModel::parent(const QModelIndex& child) const
+{
+    const int parent = child.isValid() ? NodeAt(child).Parent : -1;
+    if (parent < 0)
+        return {};
+    return createIndex(m_nodes[static_cast<std::size_t>(parent)].Place, 0, static_cast<quintptr>(parent));
+}
+
+QVariant AtlasModel::data(const QModelIndex& index, int role) const
+{
+    return role == Qt::DisplayRole && index.column() == 0 ? QVariant(NodeAt(index).Label) : QVariant();
+}
+
+QVariant AtlasModel::headerData(int section, Qt::Orientation /*orientation*/, int role) const
+{
+    return role == Qt::DisplayRole && section > 0 ? QVariant(QString("file %1").arg(section)) : QVariant();
+}
+
 PeerTree::PeerTree(int rowHeight, int treeColumnWidth, int fileColumnWidth, QWidget* parent)
     : QTreeView(parent)
 {
@@ -62,32 +108,15 @@ PeerTree::PeerTree(int rowHeight, int treeColumnWidth, int fileColumnWidth, QWid
     setUniformRowHeights(true);
     setFrameShape(NoFrame);
     setHorizontalScrollMode(ScrollPerPixel);
-    m_model.setColumnCount(columnCount);
-    for (int column = 0; column < columnCount; ++column)
-        m_model.setHeaderData(column, Qt::Horizontal,
-                              column == 0 ? QString() : QString("file %1").arg(column));
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(1);
-    for (int column = 0; column < columnCount; ++column)
+    for (int column = 0; column < AtlasModel::columnCountOfAll; ++column)
         setColumnWidth(column, column == 0 ? treeColumnWidth : fileColumnWidth);
 }
 
 void PeerTree::Fill(const k_StyleAtlas& atlas)
 {
-    m_model.removeRows(0, m_model.rowCount());
-    QStandardItem* parents[] = {m_model.invisibleRootItem(), nullptr, nullptr};
-    const auto count = atlas.Rows.GetSize();
-    for (INT_PTR index = 0; index < count; ++index) {
-        k_QuantityDesc* const row = atlas.GetRow(index);
-        auto* const item = new QStandardItem(
-            QString::fromUtf16(static_cast<const char16_t*>(atlas.GetRowLabel(index).GetString())));
-        item->setData(QVariant::fromValue(static_cast<void*>(row)), rowRole);
-        item->setColumnCount(columnCount);
-        QStandardItem* const parent = parents[row->Level];
-        parent->appendRow(item);
-        if (row->Level + 1 < static_cast<int>(std::size(parents)))
-            parents[row->Level + 1] = item;
-    }
+    m_model.SetRows(atlas);
     expandAll();
 }
 

@@ -17,7 +17,9 @@
 namespace
 {
 
-constexpr double painterGoal = 1.0 / 3;
+constexpr double painterGoal = 0.1;
+constexpr double wideLineGoal = 2;
+constexpr short wideLine = 10;
 constexpr double growthGoal = 1;
 constexpr int cellWidth = 60;
 constexpr int cellHeight = 18;
@@ -178,6 +180,31 @@ void AddPage(bench::Suite& suite)
                 });
 }
 
+// Both strokes of a wide line, against filling its box twice.
+void AddWideLine(bench::Suite& suite)
+{
+    static constexpr RECT cell{10, 0, cellWidth + 10, cellHeight};
+    static const std::string name = "line of width " + std::to_string(wideLine);
+    suite.Add(name, 1, [](benchmark::State& state) {
+        Board board(cellWidth + 20, cellHeight);
+        k_LineDef style;
+        SetStyle(style, 0, 0);
+        style.LineWidth = wideLine;
+        for ([[maybe_unused]] const auto iteration : state)
+            style.DrawLine(&board.Dc, cell);
+    });
+    suite.Add("fill, " + name, 1, [](benchmark::State& state) {
+        Board board(cellWidth + 20, cellHeight);
+        CRect box(cell.left, cell.bottom / 2, cell.right, cell.bottom / 2);
+        box.InflateRect(wideLine / 2, wideLine / 2);
+        for ([[maybe_unused]] const auto iteration : state) {
+            board.Dc.FillSolidRect(&box, cellColor);
+            board.Dc.FillSolidRect(&box, lineColor);
+        }
+    });
+    suite.Compare({.Name = name, .Ours = name, .Peer = "fill, " + name, .Goal = wideLineGoal});
+}
+
 // A large symbol against a small one, per pixel of the square that holds it.
 void AddGrowth(bench::Suite& suite)
 {
@@ -208,6 +235,7 @@ int Run(int argc, char** argv)
     bench::Suite pictures(argc, argv, options);
     AddCells(pictures);
     AddPage(pictures);
+    AddWideLine(pictures);
     pictures.Run();
     bench::Suite growth(argc, argv, options);
     AddGrowth(growth);

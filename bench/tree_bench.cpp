@@ -18,21 +18,24 @@
 namespace
 {
 
-constexpr double paintGoal = 0.5;
-constexpr double noGoal = 0;
+constexpr double repaintGoal = 0.4;
+constexpr double lineDownGoal = 1;
+constexpr double lineSidewaysGoal = 1.5;
+constexpr double dragGoal = 0.5;
+constexpr double foldGoal = 1;
 constexpr double fillGoal = 1;
 constexpr double growthGoal = 1.25; // allows for the cache misses of a larger table
-constexpr int pageRows = 20;
-constexpr WORD tableSizes[] = {300, 5000};
-constexpr WORD rowsOfGroup = 10;
+constexpr int rowsOfDrag = 40;      // more than a page
+constexpr int tableSizes[] = {300, 3000, 30000};
+constexpr int rowsOfGroup = 10;
 constexpr double maxDifferent = 0.1; // of the pixels of the cells
 
 // Groups of ten rows, styled by the bulk rules.
-void MakeTable(WORD rows)
+void MakeTable(int rows)
 {
     g_StyleAtlas.Clear();
     g_StyleAtlas.ColumnCount = k_MaxFileColumns;
-    for (WORD row = 0; row < rows; ++row) {
+    for (int row = 0; row < rows; ++row) {
         const auto group = static_cast<WORD>(row / rowsOfGroup + 1);
         const auto index = static_cast<BYTE>(row % rowsOfGroup);
         g_StyleAtlas.AddRow({group, 0, index, -1, 0}, index == 0 ? 0 : 1);
@@ -47,12 +50,16 @@ void Settle()
     QCoreApplication::processEvents();
 }
 
+enum class End { Left, Right };
+
 // One of the two trees, with the actions that are measured.
 struct Tree {
     QWidget* Page = nullptr; // shows the rows
+    QScrollBar* Down = nullptr;
     std::function<void()> Fill;
     std::function<void(int)> ScrollAcross; // by a file column, forward or backward
-    std::function<void(int)> ScrollDown;   // by a row
+    std::function<void(End)> ScrollToEnd;  // of the columns
+    std::function<void(bool)> ExpandAll;   // or collapse
 };
 
 class Trees
@@ -62,88 +69,75 @@ public:
     {
         CRect label;
         Child().GetItemRect(Child().GetNextItem(nullptr, TVGN_ROOT), &label, TRUE);
-        m_rowHeight = label.Height();
-        m_peer = std::make_unique<bench::PeerTree>(m_rowHeight, Frame().m_columnWidths[0], FileWidth());
+        m_peer = std::make_unique<bench::PeerTree>(label.Height(), Frame().m_columnWidths[0], FileWidth());
         m_peer->setWindowFlag(Qt::Dialog);
+        m_peer->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        m_peer->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         m_peer->show();
         m_peer->Fill(m_dialog.m_Atlas);
+        Settle();
+        m_peer->resize(m_peer->size() + PageOf(Ours()).size() - m_peer->viewport()->size());
+        Settle();
     }
 
     Tree Ours()
     {
-        return {
-            .Page = &Window::Of(Child().m_hWnd)->Client(),
-            .Fill = [this] { m_dialog.FillTree(); },
-            .ScrollAcross =
-                [this](int step) { Frame().SendMessage(WM_HSCROLL, step > 0 ? SB_LINERIGHT : SB_LINELEFT); },
-            .ScrollDown =
-                [this](int step) {
-                    auto& tree = static_cast<QAbstractScrollArea&>(Window::Of(Child().m_hWnd)->Widget());
-                    QScrollBar& bar = *tree.verticalScrollBar();
-                    bar.setValue(bar.value() + step);
-                }};
+        auto& tree = static_cast<QAbstractScrollArea&>(Window::Of(Child().m_hWnd)->Widget());
+        return {.Page = tree.viewport(),
+                .Down = tree.verticalScrollBar(),
+                .Fill = [this] { m_dialog.FillTree(); },
+                .ScrollAcross = [this](int step) { Scroll(step > 0 ? SB_LINERIGHT : SB_LINELEFT); },
+                .ScrollToEnd = [this](End end) { Scroll(end == End::Left ? SB_LEFT : SB_RIGHT); },
+                .ExpandAll = [this](bool expands) { expands ? Child().ExpandAll() : Child().CollapseAll(); }};
     }
 
     Tree Peer()
     {
-        return {.Page = m_peer->viewport(),
-                .Fill = [this] { m_peer->Fill(m_dialog.m_Atlas); },
-                .ScrollAcross =
-                    [this](int step) {
-                        QScrollBar& bar = *m_peer->horizontalScrollBar();
-                        bar.setValue(bar.value() + step * FileWidth());
-                    },
-                .ScrollDown =
-                    [this](int step) {
-                        QScrollBar& bar = *m_peer->verticalScrollBar();
-                        bar.setValue(bar.value() + step);
-                    }};
+        QScrollBar* const across = m_peer->horizontalScrollBar();
+        return {
+            .Page = m_peer->viewport(),
+            .Down = m_peer->verticalScrollBar(),
+            .Fill = [this] { m_peer->Fill(m_dialog.m_Atlas); },
+            .ScrollAcross = [this,
+                             across](int step) { across->setValue(across->value() + step * FileWidth()); },
+            .ScrollToEnd = [across](End end) { across->setValue(end == End::Left ? 0 : across->maximum()); },
+            .ExpandAll = [this](bool expands) { expands ? m_peer->expandAll() : m_peer->collapseAll(); }};
     }
 
-    // Resizes both trees so that their pages show the same number of rows and file columns.
-    void Resize(int columns)
-    {
-        const QSize page(Frame().m_columnWidths[0] + columns * FileWidth(), pageRows * m_rowHeight);
-        const bool hasBar = columns < k_MaxFileColumns;
-        const QSize bars(::GetSystemMetrics(SM_CXVSCROLL), hasBar ? ::GetSystemMetrics(SM_CYHSCROLL) : 0);
-        const QSize all = page + bars + QSize(0, Frame().m_headerHeight);
-        QApplication::activeModalWidget()->setFixedSize(all);
-        Frame().MoveWindow(0, 0, all.width(), all.height());
-        m_peer->setHorizontalScrollBarPolicy(hasBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-        Settle();
-        m_peer->resize(m_peer->size() + page - m_peer->viewport()->size());
-        Settle();
-    }
+    // What there is to see of a tree.
+    static QRect PageOf(const Tree& tree) { return tree.Page->visibleRegion().boundingRect(); }
 
-    // Throws unless both show the same cells except for rounding.
-    void RequireAlike()
+    // Scrolls both and throws unless they show the same cells except for rounding.
+    void Show(End end)
     {
-        const QImage ours = PictureOf(*Ours().Page);
-        const QImage peer = PictureOf(*Peer().Page);
-        const QRect cells = ours.rect().intersected(peer.rect()).adjusted(Frame().m_columnWidths[0], 0, 0, 0);
+        QImage pictures[2];
+        for (int i = 0; i < 2; ++i) {
+            const Tree tree = i == 0 ? Ours() : Peer();
+            tree.ScrollToEnd(end);
+            Settle();
+            const QRect page = PageOf(tree);
+            pictures[i] = QImage(page.size(), QImage::Format_RGB32);
+            tree.Page->render(&pictures[i], QPoint(), page);
+        }
+        const QRect cells =
+            pictures[0].rect().adjusted(end == End::Left ? Frame().m_columnWidths[0] : 0, 0, 0, 0);
         int different = 0;
         for (int y = cells.top(); y <= cells.bottom(); ++y) {
             for (int x = cells.left(); x <= cells.right(); ++x)
-                different += ours.pixel(x, y) != peer.pixel(x, y) ? 1 : 0;
+                different += pictures[0].pixel(x, y) != pictures[1].pixel(x, y) ? 1 : 0;
         }
-        if (ours.size() != peer.size() || different > cells.width() * cells.height() * maxDifferent)
+        if (pictures[0].size() != pictures[1].size() ||
+            different > cells.width() * cells.height() * maxDifferent)
             throw std::runtime_error("the two trees differ");
-    }
-
-    static QImage PictureOf(QWidget& page)
-    {
-        QImage image(page.size(), QImage::Format_RGB32);
-        page.render(&image);
-        return image;
     }
 
 private:
     k_ColumnTreeCtrl& Frame() { return m_dialog.m_ColumnTree; }
     k_CustomTreeChildCtrl& Child() { return Frame().m_Tree; }
     int FileWidth() { return Frame().m_columnWidths[1]; }
+    void Scroll(UINT code) { Frame().SendMessage(WM_HSCROLL, code); }
 
     k_StyleAtlasDialog& m_dialog;
-    int m_rowHeight = 0;
     std::unique_ptr<bench::PeerTree> m_peer;
 };
 
@@ -164,57 +158,71 @@ void AddPair(bench::Suite& suite, Trees& trees, const std::string& name, double 
     suite.Compare({.Name = name, .Ours = name, .Peer = "QTreeView, " + name, .Goal = goal});
 }
 
-void AddPage(bench::Suite& suite, Trees& trees)
+void AddScrolling(bench::Suite& suite, Trees& trees, End end)
 {
-    AddPair(suite, trees, "repaint of a page", 1, paintGoal,
+    const std::string place = end == End::Left ? ", left end" : ", right end";
+    const int inward = end == End::Left ? 1 : -1;
+    AddPair(suite, trees, "repaint of the page" + place, 1, repaintGoal,
             [](const Tree& tree, int) { tree.Page->repaint(); });
-    const auto image = std::make_shared<QImage>(Trees::PictureOf(*trees.Ours().Page));
-    AddPair(suite, trees, "page into an image", 1, paintGoal,
-            [image](const Tree& tree, int) { tree.Page->render(image.get()); });
-}
-
-// No goal: the peer moves the pixels that remain visible, ours paints the whole page.
-void AddScrolling(bench::Suite& suite, Trees& trees)
-{
-    AddPair(suite, trees, "a column to the side", 1, noGoal, [](const Tree& tree, int step) {
-        tree.ScrollAcross(step);
+    AddPair(suite, trees, "line down or up" + place, 1, lineDownGoal, [](const Tree& tree, int step) {
+        tree.Down->setValue(tree.Down->value() + step);
         Settle();
     });
-    AddPair(suite, trees, "a row down or up", 1, noGoal, [](const Tree& tree, int step) {
-        tree.ScrollDown(step);
+    AddPair(suite, trees, "line sideways" + place, 1, lineSidewaysGoal, [inward](const Tree& tree, int step) {
+        tree.ScrollAcross(inward * step);
+        Settle();
+    });
+    AddPair(suite, trees, "thumb drag, a step" + place, 1, dragGoal, [](const Tree& tree, int step) {
+        tree.Down->setValue(tree.Down->value() + step * rowsOfDrag);
         Settle();
     });
 }
 
-std::string NameOfFill(WORD rows)
+std::string NameOf(const char* work, int rows)
 {
-    return "fill, " + std::to_string(rows) + " rows";
+    return work + (", " + std::to_string(rows)) + " rows";
+}
+
+void AddFilling(bench::Suite& suite, Trees& trees, int rows)
+{
+    AddPair(suite, trees, NameOf("fill", rows), rows, fillGoal, [](const Tree& tree, int) {
+        tree.Fill();
+        Settle();
+    });
+    AddPair(suite, trees, NameOf("collapse and expand all", rows), rows, foldGoal, [](const Tree& tree, int) {
+        tree.ExpandAll(false);
+        Settle();
+        tree.ExpandAll(true);
+        Settle();
+    });
 }
 
 // Runs in the dialog's event loop.
 void RunAll(const std::vector<bench::Suite*>& suites, k_StyleAtlasDialog& dialog)
 {
+    Settle();
     Trees trees(dialog);
-    trees.Resize(k_MaxFileColumns);
-    trees.RequireAlike();
-    AddPage(*suites[0], trees);
-    suites[0]->Run();
-    trees.Resize(k_MaxFileColumns / 2);
-    AddScrolling(*suites[0], trees);
-    suites[0]->Run();
-    trees.Resize(k_MaxFileColumns);
-    for (const WORD rows : tableSizes) {
+    for (const End end : {End::Left, End::Right}) {
+        trees.Show(end);
+        AddScrolling(*suites[0], trees, end);
+        suites[0]->Run();
+    }
+    trees.Show(End::Left);
+    for (const int rows : tableSizes) {
         MakeTable(rows);
         dialog.m_Atlas.Assign(g_StyleAtlas);
-        AddPair(*suites[1], trees, NameOfFill(rows), rows, fillGoal, [](const Tree& tree, int) {
-            tree.Fill();
-            Settle();
-        });
+        trees.Ours().Fill(); // it still has rows of the previous table
+        trees.Peer().Fill();
+        AddFilling(*suites[1], trees, rows);
         suites[1]->Run();
     }
-    const std::string small = NameOfFill(tableSizes[0]);
-    const std::string large = NameOfFill(tableSizes[1]);
-    suites[1]->Compare({.Name = large, .Ours = large, .Peer = small, .Goal = growthGoal});
+    const int smallest = tableSizes[1]; // below that, painting counts for more than the rows
+    const int largest = tableSizes[2];
+    for (const char* const work : {"fill", "collapse and expand all"})
+        suites[1]->Compare({.Name = NameOf(work, largest),
+                            .Ours = NameOf(work, largest),
+                            .Peer = NameOf(work, smallest),
+                            .Goal = growthGoal});
 }
 
 int Run(int argc, char** argv)
@@ -237,8 +245,8 @@ int Run(int argc, char** argv)
     dialog.DoModal();
     if (failure)
         std::rethrow_exception(failure);
-    painting.PrintTable("Painting the tree, 20 rows and 32 or 16 file columns", bench::threadTime + "a page");
-    filling.PrintTable("Filling the tree", bench::threadTime + "a row");
+    painting.PrintTable("The tree as its dialog opens", bench::threadTime + "a step");
+    filling.PrintTable("The rows of the tree", bench::threadTime + "a row");
     return EXIT_SUCCESS;
 }
 

@@ -2,6 +2,7 @@
 #include "ColumnTreeCtrl.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <model/QuantityDesc.h>
 
 namespace
@@ -86,8 +87,10 @@ private:
     // A line to the right of each column and one below the row. Then m_row is as wide as the columns.
     void PaintGrid()
     {
+        int end = 0;
         for (int column = 0; column < m_columnCount; ++column) {
-            m_row.right = m_frame.ColumnEnd(column);
+            end += m_frame.m_columnWidths.at(column);
+            m_row.right = end;
             m_dc.DrawEdge(&m_row, BDR_SUNKENINNER, BF_RIGHT);
         }
         m_dc.DrawEdge(&m_row, BDR_SUNKENINNER, BF_BOTTOM);
@@ -123,10 +126,12 @@ private:
 
     void PaintCells()
     {
+        int end = m_frame.m_columnWidths[0];
         for (int column = 1; column < m_columnCount; ++column) {
-            const int left = m_frame.ColumnEnd(column - 1) + m_frame.m_cellMargin + cellLeftInset;
-            const int right = m_frame.ColumnEnd(column) - cellRightInset;
-            PaintCell(column, CRect(left, m_label.top + cellInsetY, right, m_label.bottom - cellInsetY));
+            const int left = end + m_frame.m_cellMargin + cellLeftInset;
+            end += m_frame.m_columnWidths.at(column);
+            PaintCell(column, CRect(left, m_label.top + cellInsetY, end - cellRightInset,
+                                    m_label.bottom - cellInsetY));
         }
     }
 
@@ -134,16 +139,28 @@ private:
     {
         if (cell.left < 0 || cell.right < 0 || cell.left >= cell.right)
             return;
+        const k_LineDef* const pStyle =
+            m_pQuantity != nullptr ? m_pQuantity->GetColumnStyle(column - 1) : nullptr;
+        if (!IsVisible(cell, pStyle))
+            return;
         if (IsSelected(column)) {
             CBrush highlight(::GetSysColor(COLOR_HIGHLIGHT));
             m_dc.FillRect(&cell, &highlight);
         }
-        const k_LineDef* const pStyle =
-            m_pQuantity != nullptr ? m_pQuantity->GetColumnStyle(column - 1) : nullptr;
         if (pStyle != nullptr) {
             pStyle->DrawLine(&m_dc, cell);
             pStyle->DrawSymbol(&m_dc, cell);
         }
+    }
+
+    // Its picture may reach beyond the cell.
+    bool IsVisible(CRect cell, const k_LineDef* pStyle) const
+    {
+        if (pStyle != nullptr) {
+            const int reach = 1 + std::max(std::abs(pStyle->SymbolSize), std::abs(pStyle->LineWidth)) / 2;
+            cell.InflateRect(reach, reach);
+        }
+        return m_dc.RectVisible(&cell) != FALSE;
     }
 
     bool IsSelected(int column) const

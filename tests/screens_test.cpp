@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <controls/ColorPopup.h>
+#include <random>
 
 namespace
 {
@@ -53,9 +54,10 @@ class Screens : public test::ColumnTreeTest
 {
 protected:
     // Calls a function with the dialog on each screen, and with the screen's scale.
-    void RunOnEach(const std::function<void(double scale)>& body)
+    void RunOnEach(const std::function<void(double scale)>& body,
+                   const std::vector<BYTE>& levels = {0, 1, 2, 2, 1, 0})
     {
-        test::SetTable({0, 1, 2, 2, 1, 0}, 32);
+        test::SetTable(levels, 32);
         RunInside([&] {
             QWidget& window = test::WidgetOf(m_dialog);
             const QSize size = window.size();
@@ -91,6 +93,44 @@ TEST_F(Screens, ShowTheTreeInTheirPixels)
         test::Click(Tree(), Label(0));
         EXPECT_EQ(before, Shown(m_dialog)) << "pixels are left behind";
     });
+}
+
+TEST_F(Screens, ShowAfterEachStepWhatAFreshPaintingShows)
+{
+    std::vector<BYTE> levels;
+    for (int i = 0; i < 200; ++i)
+        levels.push_back(static_cast<BYTE>(i % 7 == 0 ? 0 : 1 + i % 2));
+    std::minstd_rand random;
+    const auto below = [&random](std::size_t end) { return static_cast<int>(random() % end); };
+    RunOnEach(
+        [&](double /*scale*/) {
+            for (int row = 0; row < 200; ++row) {
+                for (int column = 0; column < 32; ++column) {
+                    k_LineDef& style = *Style(row, column);
+                    style.SymbolShape = static_cast<short>(row % 10);
+                    style.SymbolFill = static_cast<short>(column % 3);
+                    style.SymbolSize = static_cast<short>(row % 50 == 49 ? 10 + column : 6 + column % 9);
+                    style.LineWidth = static_cast<short>(row % 60 == 59 ? 30 : 1 + column % 5);
+                }
+            }
+            Frame().InvalidateRect(nullptr, TRUE);
+            const std::pair<const char*, std::function<void()>> steps[] = {
+                {"wheel", [&] { test::TurnWheel(Tree(), 40 * (below(7) - 3)); }},
+                {"line", [&] { test::TurnWheel(Tree(), below(2) != 0 ? -40 : 40); }},
+                {"sideways", [&] { Frame().SendMessage(WM_HSCROLL, static_cast<WPARAM>(below(8))); }},
+                {"row", [&] { test::Click(Tree(), Label(below(20))); }},
+                {"cell", [&] { test::Click(Tree(), Cell(below(20), 1 + below(8))); }},
+                {"key", [&] { test::PressKey(Tree(), below(2) != 0 ? VK_DOWN : VK_UP); }},
+                {"top", [&] { Tree().Select(Row(below(100)), TVGN_FIRSTVISIBLE); }},
+                {"group", [&] { Tree().Expand(Row(below(30)), below(2) != 0 ? TVE_COLLAPSE : TVE_EXPAND); }},
+            };
+            for (int i = 0; i < 40; ++i) {
+                const auto& [name, act] = steps[below(std::size(steps))];
+                act();
+                ASSERT_EQ(Shown(m_dialog), test::WidgetOf(m_dialog).grab().toImage()) << name << ' ' << i;
+            }
+        },
+        levels);
 }
 
 TEST_F(Screens, ShowThePopupToItsEdges)

@@ -224,6 +224,17 @@ TEST_F(Tree, ScrollsByRows)
     EXPECT_EQ(Scroll() + Next(TVGN_FIRSTVISIBLE), "5 2 2c");
     m_tree.Expand(a, TVE_COLLAPSE);
     EXPECT_EQ(Scroll() + Next(TVGN_NEXTVISIBLE, c), "2 2 00") << "where the topmost row has gone";
+    m_tree.Select(a, TVGN_FIRSTVISIBLE);
+    for (const UINT code : {TVE_EXPAND, TVE_COLLAPSE}) {
+        LockWindowUpdate(m_hWnd);
+        for (const HTREEITEM row : {a, b, e})
+            m_tree.Expand(row, code);
+        const std::string locked = Scroll();
+        LockWindowUpdate(nullptr);
+        EXPECT_EQ(locked, Scroll());
+        EXPECT_EQ(locked, code == TVE_EXPAND ? "5 2 0" : "0 2 0");
+    }
+    m_tree.Expand(e, TVE_EXPAND);
     for (int i = 0; i < 5000; ++i)
         Add(_T("x"), i % 50 == 0 ? TVI_ROOT : e);
     m_tree.MoveWindow(0, 0, 0, 0);

@@ -95,6 +95,14 @@ void ScrollBarWindow::End()
         NotifyScroll(SB_ENDSCROLL);
 }
 
+void ScrollBarWindow::paintEvent(QPaintEvent* event)
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    if (!m_pictures.Paint(*this, option))
+        WidgetWindow::paintEvent(event);
+}
+
 void ScrollBarWindow::mouseReleaseEvent(QMouseEvent* event)
 {
     WidgetWindow::mouseReleaseEvent(event);

@@ -1,6 +1,8 @@
 // The horizontal scroll bar.
 #pragma once
 
+#include "ScrollBarPictures.h"
+
 #include <QScrollBar>
 #include <WidgetWindow.h>
 
@@ -24,6 +26,7 @@ public:
     int SetScrollInfo(const SCROLLINFO& info) override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
@@ -32,4 +35,5 @@ private:
     void End();
 
     bool m_isScrolling = false;
+    ScrollBarPictures m_pictures;
 };

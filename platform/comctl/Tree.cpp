@@ -2,7 +2,9 @@
 #include "Tree.h"
 
 #include "Control.h"
+#include "ScrollBarPictures.h"
 
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QtConvert.h>
@@ -37,6 +39,18 @@ public:
     {
         return {GetSystemMetrics(SM_CXVSCROLL), QScrollBar::sizeHint().height()};
     }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        if (!m_pictures.Paint(*this, option))
+            QScrollBar::paintEvent(event);
+    }
+
+private:
+    ScrollBarPictures m_pictures;
 };
 
 // Whether lParam of the message points to a structure.
@@ -78,6 +92,7 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
     setFrameShape(QFrame::NoFrame);
     setLayoutDirection(Qt::LeftToRight);
     setHeaderHidden(true);
+    disconnect(header(), &QHeaderView::sectionResized, this, nullptr); // would repaint all a second time
     setIndentation(0); // lines, button and label are painted here
     setItemDelegate(new RowDelegate(*this));
     setUniformRowHeights(true);
@@ -136,11 +151,6 @@ LRESULT TreeWindow::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
 HFONT TreeWindow::TextFont() const
 {
     return Font() != nullptr ? Font() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
-}
-
-QFontMetrics TreeWindow::Metrics() const
-{
-    return QFontMetrics(gdi::ToQFont(TextFont()));
 }
 
 BOOL CTreeCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)

@@ -6,10 +6,10 @@
 #include "TreeItems.h"
 
 #include <DeviceContext.h>
-#include <QFontMetrics>
 #include <QTreeWidget>
 #include <QtConvert.h>
 #include <WidgetWindow.h>
+#include <optional>
 #include <vector>
 
 class TreeWindow : public ScrollAreaWindow<QTreeWidget>
@@ -92,29 +92,47 @@ private:
     void ExpandBelow(TreeItem& item); // all rows below it, and itself
 
     // Expands or collapses at the request of the program, with the selected row staying where it is in the
-    // view, or else the topmost row.
+    // view, or else the topmost row. While painting is locked, the layout is delayed until a place is asked
+    // for: each step of it would move all rows below.
     bool ExpandInPlace(HTREEITEM handle, WPARAM code);
+    struct KeptPlace {
+        HTREEITEM Row; // may be null
+        int Top;
+    };
+    KeptPlace PlaceToKeep() const;
+    void Restore(const KeptPlace& kept);
+    void doItemsLayout() override;
+    void EndDelay();
+    int RowCount() const; // of the rows that are shown
 
     TreeItem* FirstVisible() const { return static_cast<TreeItem*>(itemAt(0, 0)); }
-    TreeItem* Sibling(const TreeItem& item, int distance) const; // null if there is none
-    UINT StateOf(const TreeItem& item) const;                    // TVIS_ values
-    TreeItem* ShownParent(TreeItem* item) const;                 // the row, or the one it is collapsed into
+    UINT StateOf(const TreeItem& item) const;    // TVIS_ values
+    TreeItem* ShownParent(TreeItem* item) const; // the row, or the one it is collapsed into
 
     Hit HitTest(QPoint point) const;
     bool HasButton(const TreeItem& item) const;
     bool Selects(UINT flags) const; // for a click with these hit-test flags
     HFONT TextFont() const;
-    QFontMetrics Metrics() const;
     void UpdateLayout();
 
-    std::vector<HTREEITEM> VisibleRows() const;
+    // Paint rows, and whether they have drawn within their own places alone.
+    bool PaintRows(HDC context, const QRect& part);
+    bool PaintRow(HDC context, TreeItem& row, bool asks);
+    std::vector<HTREEITEM> RowsIn(const QRect& part) const; // part begins with a row
+    QRect WholeRowsOf(const QRect& part) const;
+    QRect ShownPart() const; // of the client area, which may be wider than the window's parent
     NMTVCUSTOMDRAW Describe(HDC context, const TreeItem& item) const;
     LRESULT Ask(NMTVCUSTOMDRAW& draw, DWORD stage);
-    void PaintRow(HDC context, TreeItem& row, bool asks);
     void DrawLines(const gdi::DeviceContext& dc, const TreeItem& item, QRect branch) const;
     void DrawButton(const gdi::DeviceContext& dc, const TreeItem& item, const QRect& branch) const;
     void DrawLabel(const NMTVCUSTOMDRAW& draw, const TreeItem& item, const Places& places) const;
 
     TreeHandles m_handles;
+    bool m_drawsBeyondRows = false; // at the last painting, in part or as a whole
+    struct Delay {
+        KeptPlace Kept;
+        int Rows; // that are shown, with those of steps that Qt's layout doesn't know yet
+    };
+    std::optional<Delay> m_delay;    // of the layout
     HTREEITEM m_lastCaret = nullptr; // when the caret was taken away
 };

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
+#include <utility>
 
 void TreeWindow::NotifyExpanded(const TreeItem& item, WPARAM code)
 {
@@ -21,7 +22,10 @@ bool TreeWindow::Expand(TreeItem& item, WPARAM code)
     const bool expands = code == TVE_EXPAND;
     if ((!expands && code != TVE_COLLAPSE) || item.childCount() == 0 || item.IsExpanded() == expands)
         return false;
+    const int collapsed = m_delay && item.IsShown() ? item.ExpandedBelow() : 0;
     SetExpanded(item, expands);
+    if (m_delay && item.IsShown())
+        m_delay->Rows += expands ? item.ExpandedBelow() : -collapsed;
     NotifyExpanded(item, code);
     return true;
 }
@@ -52,19 +56,57 @@ bool TreeWindow::ExpandInPlace(HTREEITEM handle, WPARAM code)
     TreeItem* const item = Find(handle);
     if (item == nullptr)
         return false;
-    const QRect view = viewport()->rect();
-    const TreeItem* kept = ShownParent(TreeTable(*this).Selected().Row);
-    if (kept == nullptr || !view.intersects(RowOf(*kept)))
-        kept = FirstVisible();
-    HTREEITEM const place = kept != nullptr ? kept->Handle() : nullptr;
-    const int before = kept != nullptr ? RowOf(*kept).top() : 0;
+    if (!updatesEnabled()) {
+        if (!m_delay) {
+            UpdateLayout();
+            m_delay = {PlaceToKeep(), RowCount()};
+        }
+        scheduleDelayedItemsLayout(); // Qt itself counts on that for each row it expands
+        return Expand(*item, code);
+    }
+    const KeptPlace kept = PlaceToKeep();
     if (!Expand(*item, code))
         return false;
     UpdateLayout();
-    if (const TreeItem* const after = ShownParent(Find(place)))
-        verticalScrollBar()->setValue(verticalScrollBar()->value() +
-                                      (RowOf(*after).top() - before) / RowHeight());
+    Restore(kept);
     return true;
+}
+
+TreeWindow::KeptPlace TreeWindow::PlaceToKeep() const
+{
+    const TreeItem* kept = ShownParent(TreeTable(const_cast<TreeWindow&>(*this)).Selected().Row);
+    if (kept == nullptr || !viewport()->rect().intersects(RowOf(*kept)))
+        kept = FirstVisible();
+    return kept != nullptr ? KeptPlace{kept->Handle(), RowOf(*kept).top()} : KeptPlace{};
+}
+
+void TreeWindow::Restore(const KeptPlace& kept)
+{
+    if (const TreeItem* const row = ShownParent(Find(kept.Row)))
+        verticalScrollBar()->setValue(verticalScrollBar()->value() +
+                                      (RowOf(*row).top() - kept.Top) / RowHeight());
+}
+
+void TreeWindow::doItemsLayout()
+{
+    const std::optional<Delay> delay = std::exchange(m_delay, std::nullopt);
+    QTreeWidget::doItemsLayout();
+    if (delay)
+        Restore(delay->Kept);
+}
+
+void TreeWindow::EndDelay()
+{
+    if (m_delay)
+        UpdateLayout();
+}
+
+int TreeWindow::RowCount() const
+{
+    int count = topLevelItemCount();
+    for (int i = 0; i < topLevelItemCount(); ++i)
+        count += static_cast<const TreeItem*>(topLevelItem(i))->ExpandedBelow();
+    return count;
 }
 
 // ---- The mouse

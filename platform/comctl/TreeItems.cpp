@@ -38,6 +38,37 @@ bool TreeItem::IsBelow(const TreeItem& other) const
     return parent != nullptr;
 }
 
+bool TreeItem::IsShown() const
+{
+    const TreeItem* parent = Parent();
+    while (parent != nullptr && parent->IsExpanded())
+        parent = parent->Parent();
+    return parent == nullptr;
+}
+
+int TreeItem::ExpandedBelow() const
+{
+    const int groupSize = childCount();
+    if (groupSize == 0 || !IsExpanded())
+        return 0;
+    int count = groupSize;
+    for (int i = 0; i < groupSize; ++i)
+        count += static_cast<const TreeItem*>(child(i))->ExpandedBelow();
+    return count;
+}
+
+// Qt would search all siblings.
+TreeItem* TreeItem::Sibling(int distance) const
+{
+    const QTreeWidgetItem* const group = Parent() != nullptr ? Parent() : treeWidget()->invisibleRootItem();
+    if (group->child(m_place) != this)
+        m_place = group->indexOfChild(const_cast<TreeItem*>(this));
+    auto* const sibling = static_cast<TreeItem*>(group->child(m_place + distance));
+    if (sibling != nullptr)
+        sibling->m_place = m_place + distance;
+    return sibling;
+}
+
 void TreeItem::SetExpanded(bool isExpanded)
 {
     m_isExpanded = isExpanded;

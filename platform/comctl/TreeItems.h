@@ -35,6 +35,9 @@ public:
     TreeItem* Parent() const { return static_cast<TreeItem*>(parent()); } // may be null
     int Level() const;                                                    // 0 without a parent
     bool IsBelow(const TreeItem& other) const;
+    bool IsShown() const;                  // all parents are expanded
+    int ExpandedBelow() const;             // number of rows that are shown below it if it is
+    TreeItem* Sibling(int distance) const; // null if there is none
 
     // Only rows with children are expanded in the view, which keeps a record for each expanded row.
     bool IsExpanded() const { return childCount() > 0 ? isExpanded() : m_isExpanded; }
@@ -52,4 +55,5 @@ private:
     HTREEITEM m_handle;
     QString m_text;
     bool m_isExpanded = false;
+    mutable int m_place = 0; // among its siblings, when it was last needed
 };

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QtConvert.h>
 #include <ScreenPixels.h>
+#include <algorithm>
 
 namespace
 {
@@ -35,15 +36,34 @@ void DrawDots(const gdi::DeviceContext& dc, const QRect& line, gdi::Pixel ink)
                     [ink](gdi::Pixel& pixel) { pixel = ink; });
 }
 
+// Limits the clip box of a context during its lifetime.
+class ClipScope
+{
+public:
+    ClipScope(gdi::DeviceContext& dc, const QRect& clip) : m_dc(dc), m_before(dc.Drawing)
+    {
+        m_dc.Drawing =
+            gdi::Canvas(m_before.Target(), dc.Grid.Pixels(gdi::ToBox(clip)).Intersect(m_before.Clip()));
+    }
+    ClipScope(const ClipScope&) = delete;
+    ClipScope& operator=(const ClipScope&) = delete;
+    ~ClipScope() { m_dc.Drawing = m_before; }
+
+private:
+    gdi::DeviceContext& m_dc;
+    gdi::Canvas m_before;
+};
+
 } // namespace
 
 // WM_PAINT without a context. The parent's custom draw needs a context of the layer's here too.
 void TreeWindow::paintEvent(QPaintEvent* /*event*/)
 {
-    ScreenPixels pixels(*viewport());
+    const QRect part = Surface().PaintedPart();
+    ScreenPixels pixels(*viewport(), part);
     if (pixels.IsNull())
         return;
-    const gdi::OwnedContext context(pixels.CreateContext(gdi::ToRect(viewport()->rect())));
+    const gdi::OwnedContext context(pixels.CreateContext(gdi::ToRect(part)));
     if (!context)
         return;
     PaintInto(context.get());
@@ -51,17 +71,49 @@ void TreeWindow::paintEvent(QPaintEvent* /*event*/)
     pixels.Show(painter, QPoint(0, 0));
 }
 
+// A row that draws beyond its own place may cover its neighbours, and they cover it: then all are painted,
+// whatever part is asked for, and none is cut.
 void TreeWindow::PaintInto(HDC context)
 {
     SelectObject(context, TextFont());
-    gdi::DeviceContext::FromHandle(context)->FillUnits(gdi::ToBox(viewport()->rect()),
-                                                       gdi::ToPixel(BackgroundColor(isEnabled())));
+    const QRect part = Surface().PaintedPart();
+    const bool paintsPart = !m_drawsBeyondRows;
+    if (paintsPart && PaintRows(context, WholeRowsOf(part)))
+        return;
+    m_drawsBeyondRows = !PaintRows(context, viewport()->rect());
+    if (paintsPart && !part.contains(ShownPart()))
+        Surface().Invalidate(viewport()->rect(), true);
+}
+
+QRect TreeWindow::ShownPart() const
+{
+    return viewport()->visibleRegion().boundingRect();
+}
+
+// A part from end to end of the shown columns, and with whole rows: what is cut there is cut in each
+// painting.
+QRect TreeWindow::WholeRowsOf(const QRect& part) const
+{
+    const int rowHeight = RowHeight();
+    const QRect shown = ShownPart().united(part);
+    const int top = part.top() / rowHeight * rowHeight;
+    const int bottom = (part.bottom() / rowHeight + 1) * rowHeight;
+    return {shown.left(), top, shown.width(), bottom - top};
+}
+
+bool TreeWindow::PaintRows(HDC context, const QRect& part)
+{
+    gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
+    const ClipScope clip(dc, part);
+    dc.FillUnits(gdi::ToBox(part), gdi::ToPixel(BackgroundColor(isEnabled())));
     NMTVCUSTOMDRAW all{};
     const bool asks = (Ask(all, CDDS_PREPAINT) & CDRF_NOTIFYITEMDRAW) != 0;
-    for (const HTREEITEM row : VisibleRows()) {
+    bool isWithin = true;
+    for (const HTREEITEM row : RowsIn(part)) {
         if (TreeItem* const item = Find(row))
-            PaintRow(context, *item, asks);
+            isWithin = PaintRow(context, *item, asks) && isWithin;
     }
+    return isWithin;
 }
 
 LRESULT TreeWindow::Ask(NMTVCUSTOMDRAW& draw, DWORD stage)
@@ -71,14 +123,14 @@ LRESULT TreeWindow::Ask(NMTVCUSTOMDRAW& draw, DWORD stage)
 }
 
 // As handles, because the parent may change any row during its custom draw.
-std::vector<HTREEITEM> TreeWindow::VisibleRows() const
+std::vector<HTREEITEM> TreeWindow::RowsIn(const QRect& part) const
 {
     std::vector<HTREEITEM> rows;
-    for (const TreeItem* item = FirstVisible(); item != nullptr;
-         item = static_cast<const TreeItem*>(itemBelow(item))) {
-        if (RowOf(*item).top() >= viewport()->height())
-            break;
+    const int end = std::min(part.bottom() + 1, viewport()->height());
+    const auto* item = static_cast<const TreeItem*>(itemAt(0, part.top()));
+    for (int top = part.top(); item != nullptr && top < end; top += RowHeight()) {
         rows.push_back(item->Handle());
+        item = static_cast<const TreeItem*>(itemBelow(item));
     }
     return rows;
 }
@@ -99,14 +151,15 @@ NMTVCUSTOMDRAW TreeWindow::Describe(HDC context, const TreeItem& item) const
     return draw;
 }
 
-void TreeWindow::PaintRow(HDC context, TreeItem& row, bool asks)
+bool TreeWindow::PaintRow(HDC context, TreeItem& row, bool asks)
 {
+    gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
+    dc.Drawn = gdi::noBox;
     NMTVCUSTOMDRAW draw = Describe(context, row);
     const LRESULT answer = asks ? Ask(draw, CDDS_ITEMPREPAINT) : CDRF_DODEFAULT;
     const TreeItem* const item = Find(reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec));
     if (item == nullptr)
-        return;
-    const gdi::DeviceContext& dc = *gdi::DeviceContext::FromHandle(context);
+        return true;
     const Places places = PlacesOf(*item);
     if ((Style & TVS_HASLINES) != 0)
         DrawLines(dc, *item, places.Branch);
@@ -115,6 +168,8 @@ void TreeWindow::PaintRow(HDC context, TreeItem& row, bool asks)
     DrawLabel(draw, *item, places);
     if ((answer & CDRF_NOTIFYPOSTPAINT) != 0)
         Ask(draw, CDDS_ITEMPOSTPAINT);
+    const gdi::Box place = dc.Grid.Pixels(gdi::ToBox(places.Row));
+    return dc.Drawn.Top >= place.Top && dc.Drawn.Bottom <= place.Bottom;
 }
 
 // From the label to the vertical line, up to the previous row and down to the next sibling; further left, the
@@ -126,7 +181,7 @@ void TreeWindow::DrawLines(const gdi::DeviceContext& dc, const TreeItem& item, Q
     for (; row != nullptr && !square.isEmpty() && square.left() >= 0; row = row->Parent()) {
         const QPoint middle = square.center();
         QRect line(middle.x(), square.top(), 1, square.height());
-        if (Sibling(*row, 1) == nullptr)
+        if (row->Sibling(1) == nullptr)
             line.setBottom(row == &item ? middle.y() : line.top() - 1);
         if (row == &item) {
             DrawDots(dc, QRect(middle, QPoint(square.right(), middle.y())), ink);

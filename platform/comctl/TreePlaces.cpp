@@ -1,9 +1,12 @@
 // Geometry and scrolling of a tree.
 #include "Tree.h"
 
+#include <FontTexts.h>
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <cstring>
 
 namespace
@@ -18,7 +21,7 @@ constexpr int minRowHeight = 16;
 // Even, so that dotted lines continue in the next row.
 int TreeWindow::RowHeight() const
 {
-    return (std::max(Metrics().height() + rowPadding, minRowHeight) + 1) / 2 * 2;
+    return (std::max(gdi::FontTexts::Of(TextFont())->Height() + rowPadding, minRowHeight) + 1) / 2 * 2;
 }
 
 QRect TreeWindow::RowOf(const TreeItem& item) const
@@ -35,7 +38,7 @@ TreeWindow::Places TreeWindow::PlacesOf(const TreeItem& item) const
     const bool hasBranches = (Style & (TVS_HASLINES | TVS_HASBUTTONS)) != 0;
     const bool isRootInset = hasBranches && (Style & TVS_LINESATROOT) != 0;
     const int left = (item.Level() + (isRootInset ? 1 : 0)) * branchWidth;
-    const int width = Metrics().horizontalAdvance(item.Text()) + 2 * labelPadding;
+    const int width = gdi::FontTexts::Of(TextFont())->Width(item.Text()) + 2 * labelPadding;
     const int branch = left > 0 ? branchWidth : 0;
     return {row, {left - branch, row.top(), branch, row.height()}, {left, row.top(), width, row.height()}};
 }
@@ -106,17 +109,30 @@ bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
 {
     if (bar != SB_VERT)
         return false;
-    const_cast<TreeWindow&>(*this).UpdateLayout(); // would happen later anyway
     const QScrollBar& vertical = *verticalScrollBar();
+    if (m_delay) {
+        const int page = std::max(1, viewport()->height() / RowHeight());
+        info.nMax = m_delay->Rows > page ? m_delay->Rows - 1 : 0;
+        info.nPage = static_cast<UINT>(page);
+        info.nPos = std::min(vertical.value(), std::max(0, m_delay->Rows - page));
+        return true;
+    }
+    const_cast<TreeWindow&>(*this).UpdateLayout(); // would happen later anyway
     info.nMax = vertical.maximum() > 0 ? vertical.maximum() + vertical.pageStep() - 1 : 0;
     info.nPage = static_cast<UINT>(vertical.pageStep());
     info.nPos = vertical.value();
     return true;
 }
 
-// Qt would move the pixels that it has painted, but not those of the surface.
-void TreeWindow::scrollContentsBy(int /*dx*/, int /*dy*/)
+// Moves the pixels that stay in view if the rows can't be told from painted ones there: dots alternate, so
+// they have to move by an even number; at a broken scale the rows aren't alike.
+void TreeWindow::scrollContentsBy(int /*dx*/, int rows)
 {
     QToolTip::hideText(); // its row is elsewhere now
-    Surface().Invalidate(viewport()->rect(), true);
+    const int distance = rows * RowHeight();
+    const bool isWholeScale = devicePixelRatio() == std::floor(devicePixelRatio());
+    if (!m_drawsBeyondRows && isWholeScale && std::abs(distance) < viewport()->height())
+        viewport()->scroll(0, distance);
+    else
+        Surface().Invalidate(viewport()->rect(), true);
 }

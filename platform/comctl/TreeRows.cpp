@@ -31,6 +31,7 @@ HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
     TreeItem* const parent = Find(row.hParent);
     if (parent == nullptr && !IsRoot(row.hParent))
         return nullptr;
+    EndDelay();
     auto* const item = new TreeItem(m_handles);
     SetContents(*item, row.item); // before the view knows the row
     if (parent != nullptr)
@@ -43,6 +44,7 @@ HTREEITEM TreeWindow::Insert(const TVINSERTSTRUCTW& row)
 
 bool TreeWindow::Delete(HTREEITEM handle)
 {
+    EndDelay();
     if (IsRoot(handle)) {
         clear();
         return true;
@@ -96,12 +98,6 @@ UINT TreeWindow::StateOf(const TreeItem& item) const
 
 // ---- Relations
 
-TreeItem* TreeWindow::Sibling(const TreeItem& item, int distance) const
-{
-    const QModelIndex index = indexFromItem(&item);
-    return static_cast<TreeItem*>(itemFromIndex(index.siblingAtRow(index.row() + distance)));
-}
-
 HTREEITEM TreeWindow::Next(HTREEITEM handle, WPARAM relation) const
 {
     switch (relation) {
@@ -119,7 +115,7 @@ HTREEITEM TreeWindow::Next(HTREEITEM handle, WPARAM relation) const
         return relation == TVGN_CHILD && IsRoot(handle) ? HandleOf(topLevelItem(0)) : nullptr;
     switch (relation) {
     case TVGN_NEXT:
-        return HandleOf(Sibling(*item, 1));
+        return HandleOf(item->Sibling(1));
     case TVGN_PARENT:
         return HandleOf(item->Parent());
     case TVGN_CHILD:

@@ -175,6 +175,15 @@ COLORREF GetBkColor(HDC context)
     return gdi::Get(context, &DeviceContext::BackgroundColor, CLR_INVALID);
 }
 
+BOOL RectVisible(HDC context, LPCRECT rectangle)
+{
+    if (context == nullptr || rectangle == nullptr)
+        return FALSE;
+    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    const gdi::Box box = target.Grid.Pixels(gdi::ToBox(*rectangle));
+    return box.Intersect(target.Drawing.Clip()).IsEmpty() ? FALSE : TRUE;
+}
+
 BOOL PtVisible(HDC context, int x, int y)
 {
     if (context == nullptr)

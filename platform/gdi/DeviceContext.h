@@ -63,8 +63,15 @@ public:
     static DeviceContext* FromHandle(HDC handle) { return reinterpret_cast<DeviceContext*>(handle); }
 
     // Fills a box of units. A side of one unit is a line, as thick as any other.
-    void FillUnits(const Box& units, Pixel ink) const { Drawing.FillBox(PixelsOfStrip(units), ink); }
+    void FillUnits(const Box& units, Pixel ink) { Fill(PixelsOfStrip(units), ink); }
     Box PixelsOfStrip(const Box& units) const;
+
+    // In pixels, clipped only when drawn.
+    void Fill(const Box& box, Pixel ink)
+    {
+        Drawing.FillBox(box, ink);
+        Drawn.Include(box);
+    }
 
     Canvas Drawing; // in pixels
     PixelGrid Grid; // of the units that callers draw in
@@ -77,6 +84,7 @@ public:
     COLORREF BackgroundColor = RGB(255, 255, 255);
     int BackgroundMode = OPAQUE;
     POINT Position{0, 0};
+    Box Drawn = noBox; // holds all shapes since it was reset, in pixels, also where the clip box has cut them
     RecentLines Lines;
 
 private:

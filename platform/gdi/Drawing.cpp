@@ -35,6 +35,9 @@ Box ShapeBox(const DeviceContext& context, int left, int top, int right, int bot
 void DrawStroke(DeviceContext& context, Point from, Point to, const Stroke& stroke)
 {
     DrawThinLine(context.Drawing, from, to, stroke);
+    context.Drawn.Include({std::min(from.X, to.X), std::min(from.Y, to.Y),
+                           std::max(from.X, to.X) + stroke.Thickness,
+                           std::max(from.Y, to.Y) + stroke.Thickness});
     context.Lines.AddThin(from, to, stroke);
 }
 
@@ -53,6 +56,9 @@ void DrawLine(DeviceContext& context, Point from, Point to)
     const Point first = Bounded(grid.OnLine(from, pen.Width(), width));
     const Point end = Bounded(grid.OnLine(*last, pen.Width(), width));
     DrawWideLine(context.Drawing, first, end, width, pen.Ink());
+    const std::int64_t reach = width / 2;
+    context.Drawn.Include({std::min(first.X, end.X) - reach, std::min(first.Y, end.Y) - reach,
+                           std::max(first.X, end.X) + reach + 1, std::max(first.Y, end.Y) + reach + 1});
     context.Lines.AddWide(first, end, width, pen.Ink());
 }
 
@@ -123,7 +129,7 @@ BOOL Rectangle(HDC context, int left, int top, int right, int bottom)
     if (const auto ink = target.SelectedBrush->Ink()) {
         const std::int64_t frame = hasOutline ? target.Grid.Thickness() : 0;
         const Box within{box.Left + frame, box.Top + frame, box.Right - frame, box.Bottom - frame};
-        target.Drawing.FillBox(within, *ink);
+        target.Fill(within, *ink);
         target.Lines.AddBox(within, *ink);
     }
     if (hasOutline)
@@ -135,11 +141,12 @@ BOOL Ellipse(HDC context, int left, int top, int right, int bottom)
 {
     if (context == nullptr)
         return FALSE;
-    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    DeviceContext& target = *DeviceContext::FromHandle(context);
     const gdi::Pen& pen = *target.SelectedPen;
     const auto outline = pen.IsNull() ? std::nullopt : std::optional<gdi::Pixel>(pen.Ink());
-    gdi::DrawEllipse(target.Drawing, gdi::ShapeBox(target, left, top, right, bottom), outline,
-                     target.SelectedBrush->Ink(), target.Grid.Thickness());
+    const Box box = gdi::ShapeBox(target, left, top, right, bottom);
+    gdi::DrawEllipse(target.Drawing, box, outline, target.SelectedBrush->Ink(), target.Grid.Thickness());
+    target.Drawn.Include(box);
     return TRUE;
 }
 
@@ -147,11 +154,16 @@ BOOL FloodFill(HDC context, int x, int y, COLORREF border)
 {
     if (context == nullptr)
         return FALSE;
-    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    DeviceContext& target = *DeviceContext::FromHandle(context);
     const auto ink = target.SelectedBrush->Ink();
+    if (!ink)
+        return FALSE;
     const gdi::Point from = target.Grid.Middle({x, y});
-    return ink && gdi::FloodFigure(target.Drawing, from, gdi::ToPixel(border), *ink, target.Lines) ? TRUE
-                                                                                                   : FALSE;
+    const gdi::Rows rows = gdi::FloodFigure(target.Drawing, from, gdi::ToPixel(border), *ink, target.Lines);
+    if (rows.IsEmpty())
+        return FALSE;
+    target.Drawn.Include({from.X, rows.Top, from.X + 1, rows.Bottom});
+    return TRUE;
 }
 
 BOOL CloseFigure(HDC /*context*/)
@@ -183,7 +195,9 @@ BOOL BitBlt(HDC to, int x, int y, int width, int height, HDC from, int fromX, in
     const Box readable{there.Left - across, there.Top - down, there.Right - across, there.Bottom - down};
     const Box wanted = grid.Pixels({x, y, std::int64_t{x} + width, std::int64_t{y} + height});
     const Box box = wanted.Intersect(target.Clip()).Intersect(readable);
-    if (!box.IsEmpty())
-        gdi::CopyPixels(target, box, source, down, across);
+    if (box.IsEmpty())
+        return TRUE;
+    gdi::CopyPixels(target, box, source, down, across);
+    DeviceContext::FromHandle(to)->Drawn.Include(box);
     return TRUE;
 }

@@ -34,16 +34,19 @@ void DrawBorder(const DeviceContext& context, const Box& box, const Border& bord
 {
     const Canvas& canvas = context.Drawing;
     const std::int64_t width = context.Grid.Thickness();
-    const Pixel lit = SysPixel(border.Lit);
-    const Pixel shaded = SysPixel(border.Shaded);
+    // A row of cells has an edge for each column, of which few are visible.
+    const auto fill = [&canvas](const Box& side, int color) {
+        if (!side.Intersect(canvas.Clip()).IsEmpty())
+            canvas.FillBox(side, SysPixel(color));
+    };
     if ((sides & BF_LEFT) != 0)
-        canvas.FillBox({box.Left, box.Top, box.Left + width, box.Bottom}, lit);
+        fill({box.Left, box.Top, box.Left + width, box.Bottom}, border.Lit);
     if ((sides & BF_TOP) != 0)
-        canvas.FillBox({box.Left, box.Top, box.Right, box.Top + width}, lit);
+        fill({box.Left, box.Top, box.Right, box.Top + width}, border.Lit);
     if ((sides & BF_RIGHT) != 0)
-        canvas.FillBox({box.Right - width, box.Top, box.Right, box.Bottom}, shaded);
+        fill({box.Right - width, box.Top, box.Right, box.Bottom}, border.Shaded);
     if ((sides & BF_BOTTOM) != 0)
-        canvas.FillBox({box.Left, box.Bottom - width, box.Right, box.Bottom}, shaded);
+        fill({box.Left, box.Bottom - width, box.Right, box.Bottom}, border.Shaded);
 }
 
 // The box without the named sides.
@@ -118,8 +121,10 @@ BOOL DrawEdge(HDC context, LPRECT rectangle, UINT edge, UINT flags)
 {
     if (context == nullptr || rectangle == nullptr)
         return FALSE;
-    const DeviceContext& target = *DeviceContext::FromHandle(context);
-    gdi::DrawEdges(target, target.Grid.Pixels(gdi::ToBox(*rectangle)), edge, flags);
+    DeviceContext& target = *DeviceContext::FromHandle(context);
+    const Box box = target.Grid.Pixels(gdi::ToBox(*rectangle));
+    gdi::DrawEdges(target, box, edge, flags);
+    target.Drawn.Include(box);
     return TRUE;
 }
 
@@ -129,10 +134,12 @@ BOOL DrawFrameControl(HDC context, LPRECT rectangle, UINT type, UINT state)
     if (context == nullptr || rectangle == nullptr || type != DFC_SCROLL ||
         (state & ~(DFCS_INACTIVE | DFCS_PUSHED)) != mark)
         return FALSE;
-    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    DeviceContext& target = *DeviceContext::FromHandle(context);
     const Box box = target.Grid.Pixels(gdi::ToBox(*rectangle));
-    if (!box.IsEmpty())
-        gdi::DrawScrollButton(target, box, state);
+    if (box.IsEmpty())
+        return TRUE;
+    gdi::DrawScrollButton(target, box, state);
+    target.Drawn.Include(box);
     return TRUE;
 }
 
@@ -140,10 +147,11 @@ BOOL DrawFocusRect(HDC context, LPCRECT rectangle)
 {
     if (context == nullptr || rectangle == nullptr)
         return FALSE;
-    const DeviceContext& target = *DeviceContext::FromHandle(context);
+    DeviceContext& target = *DeviceContext::FromHandle(context);
     const Box box = target.PixelsOfStrip(gdi::ToBox(*rectangle));
     if (box.IsEmpty())
         return TRUE;
+    target.Drawn.Include(box);
     const std::int64_t width = target.Grid.Thickness();
     const Box within{box.Left + width, box.Top + width, box.Right - width, box.Bottom - width};
     gdi::InvertDots(target, {box.Left, box.Top, box.Right, box.Top + width});

@@ -30,16 +30,25 @@ public:
         if (row < m_box.Top || row >= m_box.Bottom)
             return {m_box.Right, m_box.Left};
         const std::int64_t y = 2 * (row - m_box.Top) + 1 - m_height;
-        const auto rest = static_cast<Wide>(m_height * m_height - y * y);
-        const auto width = static_cast<Wide>(m_width);
-        const auto height = static_cast<Wide>(m_height);
-        const std::int64_t half =
-            m_width == m_height ? FloorSqrt(rest) : FloorSqrt(width * width * rest, height * height);
+        const std::int64_t half = HalfWidth(m_height * m_height - y * y);
         const std::int64_t margin = CeilDiv(m_width - 1 - half, 2);
         return {m_box.Left + margin, m_box.Right - margin};
     }
 
 private:
+    // Of a row by the difference of the squares of height and row.
+    std::int64_t HalfWidth(std::int64_t rest) const
+    {
+        constexpr std::int64_t maxSide = 1 << 15; // whose products fit
+        if (m_width == m_height)
+            return FloorSqrt64(rest);
+        if (m_width < maxSide && m_height < maxSide)
+            return FloorSqrt64(m_width * m_width * rest, m_height * m_height);
+        const auto width = static_cast<Wide>(m_width);
+        const auto height = static_cast<Wide>(m_height);
+        return FloorSqrt(width * width * static_cast<Wide>(rest), height * height);
+    }
+
     Box m_box;
     std::int64_t m_width;
     std::int64_t m_height;

@@ -33,8 +33,10 @@ public:
     }
 
     // Calls filled(span) for every span filled.
-    template <class Filled> void Run(Seed first, const Filled& filled)
+    template <class Filled> Rows Run(Seed first, const Filled& filled)
     {
+        int top = first.Y;
+        int bottom = first.Y;
         m_seeds.push_back(first);
         while (!m_seeds.empty()) {
             const Seed seed = m_seeds.back();
@@ -43,9 +45,12 @@ public:
                 continue;
             const Span span = FillSpanAround(seed);
             filled(span);
+            top = std::min(top, span.Y);
+            bottom = std::max(bottom, span.Y);
             Plant(span, span.Y - 1);
             Plant(span, span.Y + 1);
         }
+        return {top, std::int64_t{bottom} + 1};
     }
 
 private:
@@ -96,30 +101,28 @@ Seed ToSeed(Point point)
 
 } // namespace
 
-bool FloodFill(const Canvas& canvas, Point from, Pixel border, Pixel ink)
+Rows FloodFill(const Canvas& canvas, Point from, Pixel border, Pixel ink)
 {
     if (!CanFill(canvas, from, border))
-        return false;
+        return {};
     Filler filler(canvas, border);
-    if (IsSameColor(border, ink)) {
-        filler.Run(ToSeed(from), [](const Span&) {});
-        return true;
-    }
+    if (IsSameColor(border, ink))
+        return filler.Run(ToSeed(from), [](const Span&) {});
     std::vector<Span> spans;
-    filler.Run(ToSeed(from), [&spans](const Span& span) { spans.push_back(span); });
+    const Rows rows = filler.Run(ToSeed(from), [&spans](const Span& span) { spans.push_back(span); });
     for (const Span& span : spans)
         canvas.FillSpan(span.Y, span.Left, span.Right, ink);
-    return true;
+    return rows;
 }
 
-bool FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, const RecentLines& lines)
+Rows FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, const RecentLines& lines)
 {
     constexpr std::int64_t maxArea = std::int64_t{1} << 18;
     // A rectangle may be as large as the window, on each of its cells.
     const auto framed = lines.Framed(border);
     if (framed && framed->Place.Contains(from) && canvas.IsFilled(framed->Place, framed->Ink)) {
         canvas.FillBox(framed->Place, ink);
-        return true;
+        return {framed->Place.Top, framed->Place.Bottom};
     }
     const std::optional<Box> figure = lines.Figure();
     if (!figure || !figure->Contains(from) || figure->IsWithin(canvas.Clip()) ||
@@ -127,7 +130,7 @@ bool FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, cons
         return FloodFill(canvas, from, border, ink);
     const Box shown = figure->Intersect(canvas.Clip());
     if (shown.IsEmpty())
-        return false;
+        return {};
 
     // The whole figure, with what there is of it on the canvas.
     const auto width = static_cast<int>(figure->Right - figure->Left);
@@ -142,11 +145,11 @@ bool FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, cons
 
     const Point seed{from.X - figure->Left, from.Y - figure->Top};
     if (!CanFill(whole, seed, border))
-        return false;
-    Filler(whole, border).Run(ToSeed(seed), [&](const Span& span) {
+        return {};
+    const Rows rows = Filler(whole, border).Run(ToSeed(seed), [&](const Span& span) {
         canvas.FillSpan(span.Y + figure->Top, span.Left + figure->Left, span.Right + figure->Left, ink);
     });
-    return true;
+    return {rows.Top + figure->Top, rows.Bottom + figure->Top};
 }
 
 } // namespace gdi

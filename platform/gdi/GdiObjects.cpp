@@ -128,7 +128,8 @@ Pen::Pen(int style, int width, COLORREF color, bool isStock)
 
 Bitmap::Bitmap(int width, int height, const PixelGrid& grid, bool isStock)
     : GdiObject(Kind::Bitmap, isStock), m_width(width), m_height(height), m_grid(grid),
-      m_pixels(std::make_unique<Pixel[]>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)))
+      m_pixels(std::make_unique_for_overwrite<Pixel[]>(static_cast<std::size_t>(width) *
+                                                       static_cast<std::size_t>(height)))
 {
 }
 

@@ -33,4 +33,16 @@ inline std::int64_t FloorSqrt(Wide dividend, Wide divisor = 1)
     return static_cast<std::int64_t>(root);
 }
 
+// The same for a quotient of numbers below 2^62 whose result is below 2^31.
+inline std::int64_t FloorSqrt64(std::int64_t dividend, std::int64_t divisor = 1)
+{
+    auto root =
+        static_cast<std::int64_t>(std::sqrt(static_cast<double>(dividend) / static_cast<double>(divisor)));
+    while (root * root * divisor > dividend)
+        --root;
+    while ((root + 1) * (root + 1) * divisor <= dividend)
+        ++root;
+    return root;
+}
+
 } // namespace gdi

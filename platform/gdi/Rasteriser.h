@@ -42,7 +42,14 @@ void DrawEllipse(const Canvas& canvas, const Box& box, std::optional<Pixel> outl
                  std::optional<Pixel> interior, std::int64_t thickness = 1);
 
 // Fills the pixels connected to the first one vertically and horizontally, up to the border colour and the
-// clip box. Fails if the first pixel has that colour or is outside of the clip box.
-bool FloodFill(const Canvas& canvas, Point from, Pixel border, Pixel ink);
+// clip box. Gives the rows it has filled; none if the first pixel has that colour or is outside of the clip
+// box.
+struct Rows {
+    std::int64_t Top = 0;
+    std::int64_t Bottom = 0;
+
+    bool IsEmpty() const { return Top >= Bottom; }
+};
+Rows FloodFill(const Canvas& canvas, Point from, Pixel border, Pixel ink);
 
 } // namespace gdi

@@ -63,6 +63,6 @@ private:
 // As FloodFill, but if the last lines make a closed figure that the clip box cuts, the result is the cut of
 // what the whole figure would get: a figure whose inside has to be filled from a point, or around a corner,
 // outside. Beyond 2^18 pixels a figure's size counts for nothing.
-bool FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, const RecentLines& lines);
+Rows FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, const RecentLines& lines);
 
 } // namespace gdi

@@ -1,6 +1,7 @@
 // The pixels that a device context draws on.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <windef.h>
@@ -53,11 +54,20 @@ struct Box {
     {
         return point.X >= Left && point.X < Right && point.Y >= Top && point.Y < Bottom;
     }
+    void Include(const Box& other)
+    {
+        *this = {std::min(Left, other.Left), std::min(Top, other.Top), std::max(Right, other.Right),
+                 std::max(Bottom, other.Bottom)};
+    }
     bool IsWithin(const Box& other) const
     {
         return Left >= other.Left && Top >= other.Top && Right <= other.Right && Bottom <= other.Bottom;
     }
 };
+
+// Beyond all coordinates, so that including a box gives that box.
+constexpr std::int64_t noPlace = std::int64_t{1} << 40;
+constexpr Box noBox{noPlace, noPlace, -noPlace, -noPlace};
 
 inline Box ToBox(const RECT& rect)
 {

@@ -1,9 +1,8 @@
 // Text, drawn by Qt on the pixels of the context.
 #include "DeviceContext.h"
+#include "FontTexts.h"
 #include "QtConvert.h"
 
-#include <QFontMetrics>
-#include <QPainter>
 #include <string>
 #include <vector>
 
@@ -70,8 +69,8 @@ std::vector<Line> SplitLines(std::u16string_view text, UINT format)
 class TextBlock
 {
 public:
-    TextBlock(const DeviceContext& context, std::vector<Line> lines, const RECT& rect, UINT format)
-        : m_context(context), m_font(ToQFont(context.SelectedFont->Wanted())), m_metrics(m_font),
+    TextBlock(DeviceContext& context, std::vector<Line> lines, const RECT& rect, UINT format)
+        : m_context(context), m_font(FontTexts::Of(context.SelectedFont->Wanted())),
           m_lines(std::move(lines)), m_rect(rect), m_format(format)
     {
     }
@@ -80,31 +79,24 @@ public:
     {
         int width = 0;
         for (const Line& line : m_lines)
-            width = std::max(width, m_metrics.horizontalAdvance(line.Text));
+            width = std::max(width, m_font->Width(line.Text));
         return width;
     }
 
-    int Height() const { return m_metrics.height() * static_cast<int>(m_lines.size()); }
+    int Height() const { return m_font->Height() * static_cast<int>(m_lines.size()); }
 
     void Draw() const
     {
         const Canvas& canvas = m_context.Drawing;
-        const PixelGrid& grid = m_context.Grid;
-        const Box clip = grid.Pixels(ToBox(m_rect)).Intersect(canvas.Clip());
+        const Box clip = m_context.Grid.Pixels(ToBox(m_rect)).Intersect(canvas.Clip());
         if (clip.IsEmpty())
             return;
-        QImage image = ToQImage(canvas.Target());
-        QPainter painter(&image);
-        painter.setClipRect(ToQRect(clip));
-        painter.translate(grid.Left(), grid.Top());
-        painter.scale(grid.Scale(), grid.Scale());
-        painter.setFont(m_font);
-        painter.setPen(ToQColor(m_context.TextColor));
+        m_context.Drawn.Include(clip);
         const Canvas clipped(canvas.Target(), clip);
         int y = Top();
         for (const Line& line : m_lines) {
-            DrawLine(painter, clipped, line, y);
-            y += m_metrics.height();
+            DrawLine(clipped, line, y);
+            y += m_font->Height();
         }
     }
 
@@ -115,23 +107,20 @@ private:
         return m_rect.top + (isCentred ? (m_rect.bottom - m_rect.top - Height()) / 2 : 0);
     }
 
-    void DrawLine(QPainter& painter, const Canvas& canvas, const Line& line, int y) const
+    void DrawLine(const Canvas& canvas, const Line& line, int y) const
     {
         const int space = m_rect.right - m_rect.left;
-        QString text = line.Text;
-        // Qt alone would shorten a text that is too wide by a fraction of a pixel.
-        if ((m_format & DT_END_ELLIPSIS) != 0 && m_metrics.horizontalAdvance(text) > space)
-            text = m_metrics.elidedText(text, Qt::ElideRight, space);
-        const int width = m_metrics.horizontalAdvance(text);
+        const QString text = (m_format & DT_END_ELLIPSIS) != 0 ? m_font->Elided(line.Text, space) : line.Text;
+        const int width = m_font->Width(text);
         const int x = m_rect.left + ((m_format & DT_CENTER) != 0 ? (space - width) / 2 : 0);
-        const int baseline = y + m_metrics.ascent();
+        const int baseline = y + m_font->Ascent();
         if (m_context.BackgroundMode == OPAQUE)
-            FillUnits(canvas, {x, y, x + width, y + m_metrics.height()}, m_context.BackgroundColor);
-        painter.drawText(x, baseline, text);
+            FillUnits(canvas, {x, y, x + width, y + m_font->Height()}, m_context.BackgroundColor);
+        m_font->Draw(canvas, m_context.Grid, {x, baseline}, text, ToPixel(m_context.TextColor));
         if (line.Underlined < 0 || line.Underlined >= text.size())
             return;
-        const int start = x + m_metrics.horizontalAdvance(text.left(line.Underlined));
-        const int end = x + m_metrics.horizontalAdvance(text.left(line.Underlined + 1));
+        const int start = x + m_font->Width(text.left(line.Underlined));
+        const int end = x + m_font->Width(text.left(line.Underlined + 1));
         FillUnits(canvas, {start, baseline + 1, end, baseline + 2}, m_context.TextColor);
     }
 
@@ -140,9 +129,8 @@ private:
         canvas.FillBox(m_context.PixelsOfStrip(units), ToPixel(color));
     }
 
-    const DeviceContext& m_context;
-    QFont m_font;
-    QFontMetrics m_metrics;
+    DeviceContext& m_context;
+    std::shared_ptr<FontTexts> m_font;
     std::vector<Line> m_lines;
     RECT m_rect;
     UINT m_format;

@@ -79,7 +79,30 @@ void DrawSolidStraight(const Canvas& canvas, Point from, Point to, Pixel ink)
         canvas.FillBox({from.X, std::min(from.Y, to.Y + 1), from.X + 1, std::max(from.Y + 1, to.Y)}, ink);
 }
 
-// Calls draw(step, minor, major) for each pixel from which that many across meet the clip box.
+// The samples of styles. False, without effect, for any other line.
+bool DrawLevelDashes(const Canvas& canvas, const Walk& walk, const Stroke& stroke)
+{
+    if (walk.Depth != 0 || walk.IsSteep || stroke.Thickness != 1 || stroke.Scale != 1)
+        return false;
+    std::int64_t first = walk.First();
+    std::int64_t last = walk.Last();
+    ClipSteps(walk, canvas.Clip(), first, last);
+    if (first >= last || walk.Start.Y < canvas.Clip().Top || walk.Start.Y >= canvas.Clip().Bottom)
+        return true;
+    Pixel* pixel = canvas.Row(walk.Start.Y) + walk.Start.X + walk.MajorStep * first;
+    auto unit = static_cast<int>(first % stroke.Period);
+    for (std::int64_t j = first; j < last; ++j, pixel += walk.MajorStep) {
+        if ((stroke.Dashes >> unit & 1) != 0)
+            *pixel = stroke.Ink;
+        else if (stroke.Gap)
+            *pixel = *stroke.Gap;
+        if (++unit == stroke.Period)
+            unit = 0;
+    }
+    return true;
+}
+
+// Calls draw(step, minor, major, pixel) for each pixel from which that many across meet the clip box.
 template <class Draw>
 void WalkPixels(const Canvas& canvas, const Walk& walk, std::int64_t across, const Draw& draw)
 {
@@ -95,40 +118,42 @@ void WalkPixels(const Canvas& canvas, const Walk& walk, std::int64_t across, con
     std::int64_t minor = walk.MinorStart() + walk.MinorStep * (walk.MinorNumerator(j) / whole);
     std::int64_t rest = walk.MinorNumerator(j) % whole;
     std::int64_t major = walk.MajorStart() + walk.MajorStep * j;
-    for (; j < last; ++j, major += walk.MajorStep) {
+    Pixel* const pixels = canvas.Target().Pixels;
+    const std::ptrdiff_t stride = canvas.Target().Stride;
+    const std::ptrdiff_t majorStep = walk.MajorStep * (walk.IsSteep ? stride : 1);
+    const std::ptrdiff_t minorStep = walk.MinorStep * (walk.IsSteep ? 1 : stride);
+    std::ptrdiff_t at = walk.IsSteep ? major * stride + minor : minor * stride + major;
+    for (; j < last; ++j, major += walk.MajorStep, at += majorStep) {
         if (minor >= low && minor < high)
-            draw(j, minor, major);
+            draw(j, minor, major, pixels + at);
         rest += 2 * walk.Depth;
         if (rest >= whole) {
             rest -= whole;
             minor += walk.MinorStep;
+            at += minorStep;
         }
     }
-}
-
-Pixel& PixelAt(const Canvas& canvas, const Walk& walk, std::int64_t minor, std::int64_t major)
-{
-    return walk.IsSteep ? canvas.At(minor, major) : canvas.At(major, minor);
 }
 
 // Each step is a bar across the line.
 void DrawDashes(const Canvas& canvas, const Walk& walk, const Stroke& stroke)
 {
     const std::int64_t across = stroke.Thickness;
-    WalkPixels(canvas, walk, across, [&](std::int64_t j, std::int64_t minor, std::int64_t major) {
-        const std::int64_t steps = walk.IsUpwards ? walk.Length - j : j;
-        const auto unit = static_cast<std::int64_t>(static_cast<double>(steps) / stroke.Scale);
-        const bool isInked = (stroke.Dashes >> (unit % stroke.Period) & 1) != 0;
-        if (!isInked && !stroke.Gap)
-            return;
-        const Pixel ink = isInked ? stroke.Ink : *stroke.Gap;
-        if (across == 1)
-            PixelAt(canvas, walk, minor, major) = ink;
-        else if (walk.IsSteep)
-            canvas.FillBox({minor, major, minor + across, major + 1}, ink);
-        else
-            canvas.FillBox({major, minor, major + 1, minor + across}, ink);
-    });
+    WalkPixels(canvas, walk, across,
+               [&](std::int64_t j, std::int64_t minor, std::int64_t major, Pixel* pixel) {
+                   const std::int64_t steps = walk.IsUpwards ? walk.Length - j : j;
+                   const auto unit = static_cast<std::int64_t>(static_cast<double>(steps) / stroke.Scale);
+                   const bool isInked = (stroke.Dashes >> (unit % stroke.Period) & 1) != 0;
+                   if (!isInked && !stroke.Gap)
+                       return;
+                   const Pixel ink = isInked ? stroke.Ink : *stroke.Gap;
+                   if (across == 1)
+                       *pixel = ink;
+                   else if (walk.IsSteep)
+                       canvas.FillBox({minor, major, minor + across, major + 1}, ink);
+                   else
+                       canvas.FillBox({major, minor, major + 1, minor + across}, ink);
+               });
 }
 
 // Through the middles of the squares of both ends. The last one touches the square at which the line ends.
@@ -157,14 +182,13 @@ void DrawThinLine(const Canvas& canvas, Point from, Point to, const Stroke& stro
         return;
     const Walk walk = MakeWalk(from, to);
     if (!stroke.IsSolid())
-        return DrawDashes(canvas, walk, stroke);
+        return DrawLevelDashes(canvas, walk, stroke) ? void() : DrawDashes(canvas, walk, stroke);
     if (stroke.Thickness > 1)
         return DrawThickLine(canvas, walk, from, stroke);
     if (from.X == to.X || from.Y == to.Y)
         return DrawSolidStraight(canvas, from, to, stroke.Ink);
-    WalkPixels(canvas, walk, 1, [&](std::int64_t, std::int64_t minor, std::int64_t major) {
-        PixelAt(canvas, walk, minor, major) = stroke.Ink;
-    });
+    WalkPixels(canvas, walk, 1,
+               [&](std::int64_t, std::int64_t, std::int64_t, Pixel* pixel) { *pixel = stroke.Ink; });
 }
 
 } // namespace gdi

@@ -54,6 +54,11 @@ public:
     // The shape is convex, so the pixels of a row are one range.
     Range PixelsOf(std::int64_t row) const
     {
+        if (m_down == 0) { // from end to end
+            const Range left = PixelsOfEnd(m_across < 0 ? m_last : m_first, row);
+            const std::int64_t length = std::abs(m_across);
+            return left.IsEmpty() ? left : Range{left.Low, left.High + length};
+        }
         Range all{farAway, -farAway};
         for (const Range& part : {PixelsOfEnd(m_first, row), PixelsOfEnd(m_last, row), PixelsBetween(row)}) {
             if (part.IsEmpty())
@@ -76,7 +81,7 @@ private:
         const std::int64_t y = 2 * row - end.Y;
         if (std::abs(y) > m_width)
             return {1, 0};
-        const std::int64_t half = FloorSqrt(static_cast<Wide>(m_width * m_width - y * y));
+        const std::int64_t half = FloorSqrt64(m_width * m_width - y * y);
         return {CeilDiv(end.X - half, 2), FloorDiv(end.X + half, 2)};
     }
 

@@ -126,7 +126,9 @@ int SetBkMode(HDC context, int mode);
 COLORREF GetTextColor(HDC context);
 COLORREF GetBkColor(HDC context);
 
+// Whether anything there is within the clip rectangle.
 BOOL PtVisible(HDC context, int x, int y);
+BOOL RectVisible(HDC context, LPCRECT rectangle);
 
 // ---- Drawing
 

@@ -9,9 +9,9 @@
 namespace
 {
 
-QSize PixelSize(const gdi::PixelGrid& grid, QSize units)
+QRect PixelsOf(const gdi::PixelGrid& grid, const QRect& units)
 {
-    return {static_cast<int>(grid.X(units.width())), static_cast<int>(grid.Y(units.height()))};
+    return gdi::ToQRect(grid.Pixels(gdi::ToBox(units)));
 }
 
 gdi::PixelGrid GridOf(const QWidget& widget)
@@ -30,21 +30,31 @@ gdi::PixelGrid GridOf(const QPainter& painter, QPoint origin)
 
 } // namespace
 
-ScreenPixels::ScreenPixels(const gdi::PixelGrid& grid, QSize units)
-    : m_grid(grid), m_image(PixelSize(grid, units), QImage::Format_RGB32)
+ScreenPixels::ScreenPixels(const gdi::PixelGrid& grid, const QRect& part)
+    : m_grid(grid), m_first(PixelsOf(grid, part).topLeft()),
+      m_image(PixelsOf(grid, part).size(), QImage::Format_RGB32)
 {
 }
 
-ScreenPixels::ScreenPixels(const QWidget& widget) : ScreenPixels(GridOf(widget), widget.size()) {}
+ScreenPixels::ScreenPixels(const QWidget& widget, const QRect& part) : ScreenPixels(GridOf(widget), part) {}
 
 ScreenPixels::ScreenPixels(const QPainter& painter, const QRect& place)
-    : ScreenPixels(GridOf(painter, place.topLeft()), place.size())
+    : ScreenPixels(GridOf(painter, place.topLeft()), QRect(QPoint(0, 0), place.size()))
 {
 }
 
-bool ScreenPixels::Fits(const QWidget& widget) const
+bool ScreenPixels::Fits(const QWidget& widget, const QRect& part) const
 {
-    return m_grid == GridOf(widget) && m_image.size() == PixelSize(m_grid, widget.size());
+    return m_grid == GridOf(widget) && QRect(m_first, m_image.size()) == PixelsOf(m_grid, part);
+}
+
+bool ScreenPixels::MoveTo(const QWidget& widget, const QRect& part)
+{
+    const QRect pixels = PixelsOf(m_grid, part);
+    if (m_grid != GridOf(widget) || m_image.size() != pixels.size())
+        return false;
+    m_first = pixels.topLeft();
+    return true;
 }
 
 void ScreenPixels::Fill(COLORREF color)
@@ -54,7 +64,11 @@ void ScreenPixels::Fill(COLORREF color)
 
 HDC ScreenPixels::CreateContext(const RECT& clip)
 {
-    return gdi::CreateSurfaceDC(gdi::ToSurface(m_image), clip, m_grid);
+    gdi::Surface surface = gdi::ToSurface(m_image);
+    surface.Pixels -= m_first.y() * surface.Stride + m_first.x();
+    surface.Width += m_first.x();
+    surface.Height += m_first.y();
+    return gdi::CreateSurfaceDC(surface, clip, m_grid);
 }
 
 void ScreenPixels::Show(QPainter& painter, QPoint origin) const
@@ -63,6 +77,6 @@ void ScreenPixels::Show(QPainter& painter, QPoint origin) const
     const QPointF place = toDevice.map(QPointF(origin));
     painter.save();
     painter.setWorldTransform(toDevice.inverted(), true);
-    painter.drawImage(QPointF(std::round(place.x()), std::round(place.y())), m_image);
+    painter.drawImage(QPointF(std::round(place.x()), std::round(place.y())) + m_first, m_image);
     painter.restore();
 }

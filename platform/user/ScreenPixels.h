@@ -11,17 +11,22 @@ class QWidget;
 class ScreenPixels
 {
 public:
-    // Not yet painted. Of a widget, at its place in its window.
-    explicit ScreenPixels(const QWidget& widget);
+    // Not yet painted. Of a part of a widget, at its place in its window.
+    ScreenPixels(const QWidget& widget, const QRect& part);
     // Of a place in the painter's coordinates.
     ScreenPixels(const QPainter& painter, const QRect& place);
 
     bool IsNull() const { return m_image.isNull(); } // without memory
-    bool Fits(const QWidget& widget) const;
+    bool Fits(const QWidget& widget, const QRect& part) const;
+
+    // Makes them those of another part, in the widget's coordinates as before. False if there are more or
+    // fewer of them, or at another place between the screen's.
+    bool MoveTo(const QWidget& widget, const QRect& part);
 
     void Fill(COLORREF color);
 
-    // A context on them, which they have to outlive. Null without memory.
+    // A context on them, which they have to outlive. Null without memory. The clip rectangle is in the area's
+    // coordinates.
     HDC CreateContext(const RECT& clip);
 
     // Shows them one to one where the painter's clip lets it. The area's origin is in the painter's
@@ -29,8 +34,9 @@ public:
     void Show(QPainter& painter, QPoint origin) const;
 
 private:
-    ScreenPixels(const gdi::PixelGrid& grid, QSize units);
+    ScreenPixels(const gdi::PixelGrid& grid, const QRect& part);
 
     gdi::PixelGrid m_grid;
+    QPoint m_first; // place of the image's first pixel
     QImage m_image;
 };

@@ -39,6 +39,9 @@ std::unordered_set<const Window*>& LiveWindows()
     return *windows;
 }
 
+// Programs send many messages in a row to one window.
+const Window* lastFound = nullptr;
+
 } // namespace
 
 Window::Window(QWidget& widget) : m_widget(widget)
@@ -49,13 +52,25 @@ Window::Window(QWidget& widget) : m_widget(widget)
 
 Window::~Window()
 {
+    Forget();
+}
+
+void Window::Forget()
+{
     LiveWindows().erase(this);
+    if (lastFound == this)
+        lastFound = nullptr;
 }
 
 Window* Window::Of(HWND handle)
 {
     auto* const window = reinterpret_cast<Window*>(handle);
-    return LiveWindows().contains(window) ? window : nullptr;
+    if (window == nullptr || window == lastFound)
+        return window;
+    if (!LiveWindows().contains(window))
+        return nullptr;
+    lastFound = window;
+    return window;
 }
 
 Window* Window::Of(const QWidget* widget)
@@ -162,7 +177,7 @@ void Window::SendLastMessages()
     m_isGone = true;
     Attached = nullptr;
     m_font.reset();
-    LiveWindows().erase(this);
+    Forget();
 }
 
 void Window::FontRelease::operator()(gdi::Font* font) const
@@ -205,7 +220,7 @@ LRESULT Window::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_ERASEBKGND:
         if (Background == 0)
             return 0;
-        if (const auto* const dc = gdi::DeviceContext::FromHandle(reinterpret_cast<HDC>(wParam)))
+        if (auto* const dc = gdi::DeviceContext::FromHandle(reinterpret_cast<HDC>(wParam)))
             dc->FillUnits(gdi::ToBox(Client().rect()), gdi::ToPixel(GetSysColor(Background - 1)));
         return 1;
     case WM_CONTEXTMENU:

@@ -119,6 +119,7 @@ private:
         void operator()(gdi::Font* font) const;
     };
     void UseFont(HFONT font);
+    void Forget(); // from now on the handle is invalid
 
     QWidget& m_widget;
     EventTranslator m_events{*this};

@@ -5,6 +5,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QtConvert.h>
+#include <cmath>
 #include <utility>
 #include <winmsg.h>
 
@@ -31,10 +32,12 @@ WindowSurface::~WindowSurface() = default;
 void WindowSurface::Invalidate(const QRect& rectangle, bool erase)
 {
     QWidget& client = m_window.Client();
+    if (!client.updatesEnabled() && !IsDrawnByMessage)
+        return; // Qt paints all of it, with what is inside, when they are enabled
     m_invalid += rectangle.intersected(client.rect());
     m_erase = m_erase || erase;
     // At a broken scale, Qt may leave out a pixel at the edges of what it updates.
-    const int margin = client.devicePixelRatioF() == client.devicePixelRatio() ? 0 : 1;
+    const int margin = client.devicePixelRatio() == std::floor(client.devicePixelRatio()) ? 0 : 1;
     client.update(rectangle.adjusted(-margin, -margin, margin, margin));
     // Qt doesn't repaint an opaque child with its parent.
     QWidget& widget = m_window.Widget();
@@ -56,8 +59,8 @@ void WindowSurface::UpdateNow()
 bool WindowSurface::EnsurePixels()
 {
     const QWidget& client = m_window.Client();
-    if (m_pixels == nullptr || !m_pixels->Fits(client)) {
-        m_pixels = std::make_unique<ScreenPixels>(client);
+    if (m_pixels == nullptr || !m_pixels->Fits(client, client.rect())) {
+        m_pixels = std::make_unique<ScreenPixels>(client, client.rect());
         m_pixels->Fill(gdi::ToColorRef(client.palette().color(QPalette::Window)));
         m_invalid = client.rect();
         m_erase = true;
@@ -65,15 +68,27 @@ bool WindowSurface::EnsurePixels()
     return !m_pixels->IsNull();
 }
 
-HDC WindowSurface::ContextOn(const QRect& clip)
+bool WindowSurface::EnsurePixelsOfPart()
 {
-    return EnsurePixels() ? m_pixels->CreateContext(gdi::ToRect(clip)) : nullptr;
+    const QWidget& client = m_window.Client();
+    if (m_pixels == nullptr || !m_pixels->MoveTo(client, m_asked)) {
+        m_pixels = std::make_unique<ScreenPixels>(client, m_asked);
+        m_pixels->Fill(gdi::ToColorRef(client.palette().color(QPalette::Window)));
+    }
+    return !m_pixels->IsNull();
+}
+
+QRect WindowSurface::PaintedPart() const
+{
+    return m_asked.isEmpty() ? m_window.Client().rect() : m_asked;
 }
 
 HDC WindowSurface::BeginPaint()
 {
-    EnsurePixels();
-    const HDC context = ContextOn(m_invalid.boundingRect());
+    const bool isPart = !m_asked.isEmpty() && m_window.Client().testAttribute(Qt::WA_OpaquePaintEvent);
+    const bool hasPixels = isPart ? EnsurePixelsOfPart() : EnsurePixels();
+    const QRect clip = isPart ? m_asked : m_invalid.boundingRect();
+    const HDC context = hasPixels ? m_pixels->CreateContext(gdi::ToRect(clip)) : nullptr;
     m_invalid = {};
     m_showsPixels = true;
     if (context != nullptr && std::exchange(m_erase, false))
@@ -83,7 +98,7 @@ HDC WindowSurface::BeginPaint()
 
 HDC WindowSurface::GetContext()
 {
-    return ContextOn(m_window.Client().rect());
+    return EnsurePixels() ? m_pixels->CreateContext(gdi::ToRect(m_window.Client().rect())) : nullptr;
 }
 
 void WindowSurface::ReleaseContext(HDC context)
@@ -108,8 +123,11 @@ void WindowSurface::Paint(const QPaintEvent& event, const std::function<void()>&
             m_invalid += event.region();
             m_erase = true;
         }
+        m_asked = event.region().boundingRect();
         paint();
-        m_invalid = {};
+        m_asked = {};
+        if (!m_showsPixels) // else BeginPaint has done it, and more may be invalid by now
+            m_invalid = {};
     }
     if (!m_showsPixels || m_pixels == nullptr)
         return;

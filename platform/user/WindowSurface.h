@@ -37,17 +37,22 @@ public:
     // WM_PAINT alone draws the window. Pixels that were drawn through BeginPaint are shown.
     void Paint(const QPaintEvent& event, const std::function<void()>& paint);
 
+    // The part of the client area that is being painted: what a paint event asks for, and otherwise all.
+    QRect PaintedPart() const;
+
     // Whether WM_PAINT alone draws the window, on pixels that persist.
     bool IsDrawnByMessage = false;
 
 private:
-    // False without memory.
-    bool EnsurePixels();
+    // Both are false without memory.
+    bool EnsurePixels();       // of the whole client area, and keeps those there are
+    bool EnsurePixelsOfPart(); // of the painted part of an opaque client area, which is drawn as a whole
     HDC ContextOn(const QRect& clip);
 
     Window& m_window;
-    std::unique_ptr<ScreenPixels> m_pixels; // of the client area, once there was a context on it
+    std::unique_ptr<ScreenPixels> m_pixels; // of the client area or a part, once there was a context on it
     QRegion m_invalid;
+    QRect m_asked; // by the current paint event; empty outside of one
     bool m_erase = true;
     bool m_showsPixels = false; // in the current paint event
 };

@@ -2,6 +2,7 @@
 #include "Window.h"
 
 #include <afxwin.h>
+#include <cstdint>
 
 namespace
 {
@@ -28,6 +29,25 @@ const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message, UINT code
         }
     }
     return nullptr;
+}
+
+// The same for messages without code and id, with the last results: maps never change.
+const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message)
+{
+    struct Result {
+        const AFX_MSGMAP* Map;
+        UINT Message;
+        const AFX_MSGMAP_ENTRY* Entry;
+    };
+    constexpr std::size_t resultCount = 64;
+    static constinit thread_local Result results[resultCount]{};
+    if (message >= firstRegistered) // its number may be registered later
+        return FindEntry(map, message, 0, 0);
+    Result& result =
+        results[(reinterpret_cast<std::uintptr_t>(map) / sizeof(AFX_MSGMAP) + message) % resultCount];
+    if (result.Map != map || result.Message != message)
+        result = {map, message, FindEntry(map, message, 0, 0)};
+    return result.Entry;
 }
 
 } // namespace
@@ -66,7 +86,7 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     default:
         break;
     }
-    const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), message, 0, 0);
+    const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), message);
     if (entry == nullptr)
         return FALSE;
     *pResult = entry->pfnCall(this, wParam, lParam);
