@@ -128,4 +128,52 @@ TEST_F(LayoutTool, ComparesFiles)
     EXPECT_EQ(Run({"diff", before, File("bad.layout", 4)}).Status, 2);
 }
 
+bool Has(const test::Outcome& outcome, std::string_view text)
+{
+    return (outcome.Output + outcome.Errors).find(text) != std::string::npos;
+}
+
+TEST_F(LayoutTool, ExplainsWhichRowAnswers)
+{
+    const std::string path = File("good.layout");
+    const std::tuple<std::vector<std::string>, std::vector<std::string>, int> cases[] = {
+        {{path, "10,2,0,1", "--column", "2"},
+         {"Table: the layout file " + path, "at stage 4 of 4: O_3: " + Quantity,
+          "stage 4, index and flags too: it agrees", "Style: unknown symbol 77"},
+         0},
+        {{path, "O_3"}, {Quantity + "; file column 0\n", "Style: no symbol; solid line"}, 0},
+        {{path, "10,2,7,1,0x3"},
+         {"at stage 3 of 4: O_3: " + Quantity, "stage 4, index and flags too: no row"},
+         0},
+        {{path, "10,2,0,-1"},
+         {"at stage 2 of 4", "a row of its own would fit best: O_3: no device, quantity 10"},
+         0},
+        {{path, "20,200,0,5"},
+         {"at stage 1 of 4: Temp: device 3", "rows further down that fit as well: 14",
+          "file does not have this row"},
+         0},
+        {{path, "10,2,0,1", "--column", "3"}, {"no record for this file column"}, 1},
+        {{path, "998"}, {"No row has quantity 998: there is no style."}, 1},
+        {{"O_3", "--host", "AirLab", "--column", "1"},
+         {"as there is no layout file /", "Style: cross, empty, size 10, #A52A00"},
+         0},
+        {{"O_3", "--host", "Tandrell", "--column", "1"}, {"Style: cross, empty, size 10, #000000"}, 0},
+        {{File("bad.layout", 100), "O_3"}, {"is damaged", "Style: no symbol; solid line"}, 2},
+        {{path, "10,2,0,1,0,0"}, {"is neither the symbol"}, 2},
+        {{path, "O_3", "--host", "AirLab"}, {"takes a quantity"}, 2},
+        {{"/nowhere", "O_3"}, {"/nowhere: No such file"}, 2}};
+    for (const auto& [words, texts, status] : cases) {
+        std::vector<std::string> command{"explain"};
+        command.insert(command.end(), words.begin(), words.end());
+        const test::Outcome outcome = Run(command);
+        EXPECT_EQ(outcome.Status, status) << outcome.Output << outcome.Errors;
+        for (const std::string& text : texts)
+            EXPECT_TRUE(Has(outcome, text)) << text << "\n" << outcome.Output << outcome.Errors;
+    }
+    EXPECT_FALSE(exists(m_prefix.Path() / "registry.db") || exists(m_prefix.Native())) << "it only looks";
+    const std::string own = m_prefix.MakeFolder("ProgramData/Halvorn/AirLab") / "Style.Atlas";
+    std::filesystem::copy(path, own);
+    EXPECT_TRUE(Has(Run({"explain", "--host", "AirLab", "O_3"}), "the layout file " + own));
+}
+
 } // namespace
