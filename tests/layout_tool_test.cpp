@@ -176,4 +176,101 @@ TEST_F(LayoutTool, ExplainsWhichRowAnswers)
     EXPECT_TRUE(Has(Run({"explain", "--host", "AirLab", "O_3"}), "the layout file " + own));
 }
 
+const std::string Document = R"({
+  "version": 1, "fileColumns": 32,
+  "rows": [
+    {
+      "symbol": "O_3",
+      "key": {"quantity": 10, "subQuantity": 2, "index": 0, "device": 1, "flags": 0},
+      "level": 0,
+      "styles": [
+        {"columns": "0-1", "shape": "none", "fill": "empty", "size": 10, "color": "#000000", "line": "solid", )"
+                             R"("width": 1, "lineColor": "#000000", "useSymbolColor": false},
+        {"columns": "2", "shape": 77, "fill": "empty", "size": -3, "color": "#11223307", "line": "solid", )"
+                             R"("width": 1, "lineColor": "#000000", "useSymbolColor": true, "reserved": 4660}
+      ]
+    },
+    {
+      "key": {"quantity": 999, "subQuantity": 65535, "index": 7, "device": -1, "flags": 240},
+      "level": 9, "reserved": true,
+      "styles": []
+    }
+  ]
+}
+)";
+
+TEST_F(LayoutTool, BringsAFileToJsonAndBack)
+{
+    EXPECT_EQ(Run({"export", "--json", File("good.layout")}).Output, Document);
+    const std::string json = m_prefix.Path() / "layout.json";
+    const std::string made = m_prefix.Path() / "made.layout";
+    k_StyleAtlas full; // a row twice, and more records than there are file columns
+    full.Rows.Add(new k_QuantityDesc(QuantityKey{0xFFFF, 0, 0xFF, -32768, 0xFFFFFFFF}));
+    full.Rows.Add(new k_QuantityDesc(QuantityKey{0xFFFF, 0, 0xFF, -32768, 0xFFFFFFFF}));
+    full.Version = full.ColumnCount = 0xFFFFFFFF;
+    for (int i = 0; i < 32768; ++i) {
+        full.GetRow(1)->Styles.Add(new k_LineDef);
+        k_LineDef& record = *full.GetRow(1)->Styles.GetAt(i);
+        record.SymbolShape = record.LineStyle = record.SymbolFill = static_cast<short>(i / 9 % 14 - 2);
+        record.LineColor = i > 32000 ? static_cast<COLORREF>(i) * 131071 : 0;
+    }
+    for (const std::string& bytes : {GoodFile(), test::BytesOf(full), std::string(12, '\0')}) {
+        test::WriteWhole(made, bytes);
+        test::WriteWhole(json, Run({"export", made}).Output);
+        EXPECT_TRUE(Run({"import", json}).Output == bytes);
+        std::filesystem::remove(made);
+        const std::string link = m_prefix.Path() / "link";
+        std::filesystem::remove(link);
+        std::filesystem::create_symlink("made.layout", link);
+        EXPECT_EQ(Run({"import", "--json", json, link}).Status, 0);
+        EXPECT_TRUE(test::ReadWhole(made) == bytes && std::filesystem::is_symlink(link));
+    }
+    EXPECT_EQ(Run({"import", json, "/dev/full"}).Errors,
+              "atlas-layout: /dev/full: No space left on device\n");
+    EXPECT_EQ(Run({"export", File("cut.layout", 75)}).Output, "");
+}
+
+TEST_F(LayoutTool, SaysWhereADocumentIsWrong)
+{
+    const std::string path = m_prefix.Path() / "wrong.json";
+    const std::string target = File("target.layout");
+    const auto changed = [](std::string_view from, std::string_view to) {
+        return std::string{Document}.replace(Document.find(from), from.size(), to);
+    };
+    const std::string deep(1000000, '[');
+    const std::pair<std::string, const char*> cases[] = {
+        {"", "line 1, column 1: not JSON: "},
+        {"{\"version\": 1,\n \"\xC3\xBC\xFF\"", "line 2, column 4: not JSON: "},
+        {Document + "{", "line 20, column 1: not JSON: "},
+        {deep, "line 1, column 1: no array belongs here"},
+        {changed("1,", deep), "line 2, column 14: no array belongs here"},
+        {changed("\"O_3\"", "{\"a\": 1}"), "line 5, column 17: no object belongs here"},
+        {changed("\"O_3\"", "3"), "line 5, column 17: a text is expected here"},
+        {changed("[\n        {", "[7, {"), "line 8, column 18: an object or an array is expected here"},
+        {changed("\"version\": 1", "\"version\":\n4294967296\n"),
+         "line 3, column 10: a whole number from 0 to 4294967295"},
+        {changed("\"version\": 1", "\"version\": 1e999"), "line 2, column 19: not JSON: number overflow"},
+        {changed("\"version\": 1", "\"version\": 1.5"), "line 2, column 16: a text, a whole number"},
+        {changed("\"device\": 1", "\"device\": 32768"), "a whole number from -32768 to 32767 is expected"},
+        {changed("\"level\": 0", "\"level\": null"), "line 7, column 19: a text, a whole number"},
+        {changed("\"level\"", "\"levels\""), "line 7, column 14: unknown name \"levels\""},
+        {changed("\"level\": 0", "\"level\": 0, \"level\": 0"),
+         "line 7, column 25: \"level\" is there twice"},
+        {changed("\"level\": 0,", ""), "line 12, column 5: \"level\" is missing"},
+        {changed("\"0-1\"", "\"1-2\""), "line 9, column 25: file columns from 0 on"},
+        {changed("\"2\"", "\"2-32768\""), "line 10, column 29: file columns from 2 on"},
+        {changed("\"none\"", "\"nose\""),
+         "line 9, column 42: one of these, or a number, is expected here: none, cross"},
+        {changed("\"#000000\"", "\"#00000G\""), "a colour as"},
+        {changed("false", "0"), "true or false is expected here"}};
+    for (const auto& [document, message] : cases) {
+        test::WriteWhole(path, document);
+        const test::Outcome outcome = Run({"import", path, target});
+        EXPECT_EQ(outcome.Status, 1);
+        EXPECT_TRUE(Has(outcome, "atlas-layout: " + path + ": ") && Has(outcome, message)) << message << "\n"
+                                                                                           << outcome.Errors;
+        EXPECT_TRUE(test::ReadWhole(target) == GoodFile());
+    }
+}
+
 } // namespace

@@ -40,4 +40,10 @@ int CompareLayouts(Words paths, const Options& options);
 // Prints which row answers for a quantity, at which stage of the search, and its style.
 int ExplainStyle(Words words, const Options& options);
 
+// Prints a layout file as JSON.
+int ExportLayout(Words paths, const Options& options);
+
+// Writes the layout file of a JSON document.
+int ImportLayout(Words paths, const Options& options);
+
 } // namespace atlaslayout

@@ -24,6 +24,8 @@ constexpr const char* Usage =
        atlas-layout check FILE...
        atlas-layout diff OLD NEW
        atlas-layout explain [--host NAME | FILE] QUANTITY [--column N]
+       atlas-layout export FILE
+       atlas-layout import DOCUMENT [FILE]
        atlas-layout prepare HOST
        atlas-layout key HOST
 
@@ -33,6 +35,9 @@ Works on layout files, the files in which the style atlas keeps its styles.
   check FILE...  whether they are good, or where they are damaged and how
   diff OLD NEW   the rows and styles in which two layout files differ
   explain        which row of the table gives a quantity its style, and why
+  export FILE    the layout file as JSON, for version control
+  import         makes the layout file of such a document; "-" is standard input, and without FILE it goes to
+                 standard output
   prepare HOST   makes the folder of the layout file of a host of this name, and prints it
   key HOST       the registry key below HKEY_USERS in which such a host finds its settings
 
@@ -41,6 +46,7 @@ left out. Without a host and a file, the styles are those of a host without a la
 
   --host NAME        the table of a host of this name
   --column N         the file column of the command explain (0)
+  --json             the format of export and import, which have no other
   --help             show this text
   --version          show the version
 
@@ -92,6 +98,8 @@ constexpr Command Commands[] = {
     {"diff", CompareLayouts, Marked("two files"), 2, 2, 0, NoAnswer},
     {"explain", ExplainStyle, Marked("a quantity, and a file before it or a host"), 1, 2,
      BitOf(Option::Host) | BitOf(Option::Column), NoAnswer},
+    {"export", ExportLayout, Marked("one file"), 1, 1, BitOf(Option::Json)},
+    {"import", ImportLayout, Marked("a JSON document and at most one file"), 1, 2, BitOf(Option::Json)},
     {"prepare", PrepareFolder, Marked("the name of a host"), 1, 1},
     {"key", ShowKey, Marked("the name of a host"), 1, 1},
 };
