@@ -273,4 +273,51 @@ TEST_F(LayoutTool, SaysWhereADocumentIsWrong)
     }
 }
 
+TEST_F(LayoutTool, MergesChangesOfTwo)
+{
+    const std::string base = File("base.layout");
+    const std::string output = m_prefix.Path() / "merged.layout";
+    const auto with = [](std::string file, std::size_t at, std::string_view bytes) {
+        return file.replace(at, bytes.size(), bytes);
+    };
+    const std::string good = GoodFile();
+    const std::string oneRow = with(good.substr(0, 92), 8, "\1"sv);
+    const std::string added = with(good, 8, "\3"sv).insert(12, std::string(16, '\0') + '\1');
+    const std::string record = " O_3: " + Quantity + "\n  file column ";
+    // Ours, theirs, the merged file, and with theirs preferred where they conflict, the conflicts.
+    const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
+        {with(good, 39, "\4"), with(good, 43, "\5"), with(with(good, 39, "\4"), 43, "\5"),
+         ""}, // of one record
+        {with(good, 0, "\2"), with(good, 91, "\0"sv), with(with(good, 0, "\2"), 91, "\0"sv), ""},
+        {with(good, 50, "\1"), with(good, 50, "\1"), with(good, 50, "\1"), ""},
+        {with(good, 39, "\4"), with(good, 39, "\5"), with(good, 39, "\5"),
+         "file column 0  shape: base \"none\", ours \"square\", theirs \"plus\""},
+        {oneRow, with(good, 0, "\2"), with(oneRow, 0, "\2"), ""},
+        {with(good, 0, "\2"), oneRow, with(oneRow, 0, "\2"), ""},
+        {oneRow, with(good, 108, "\1"), with(good, 108, "\1"), "deleted by ours, changed by theirs"},
+        {with(good, 108, "\1"), oneRow, oneRow, "changed by ours, deleted by theirs"},
+        {with(good, 39, "\4"), added, with(added, 56, "\4"), ""},
+        {with(added, 28, "\2"), added, added, "level: ours 2, theirs 1"},
+        {with(good.substr(0, 71) + good.substr(92), 12, "\2"), with(good, 39, "\4"),
+         with(with(good.substr(0, 71) + good.substr(92), 12, "\2"), 39, "\4"), ""},
+        {with(good.substr(0, 71) + good.substr(92), 12, "\2"), with(good, 81, "\4"), with(good, 81, "\4"),
+         "number of records: ours 2, theirs 3"}};
+    for (const auto& [ourBytes, theirBytes, merged, conflict] : cases) {
+        const std::string ours = m_prefix.Path() / "ours.layout";
+        const std::string theirs = m_prefix.Path() / "theirs.layout";
+        test::WriteWhole(ours, ourBytes);
+        test::WriteWhole(theirs, theirBytes);
+        const test::Outcome outcome = Run({"merge", base, ours, theirs});
+        EXPECT_EQ(outcome.Status, conflict.empty() ? 0 : 1);
+        EXPECT_TRUE(Has(outcome, conflict) && outcome.Output.empty() == conflict.empty()) << outcome.Output;
+        EXPECT_TRUE(test::ReadWhole(ours) == (conflict.empty() ? merged : ourBytes)) << conflict;
+        test::WriteWhole(ours, ourBytes);
+        EXPECT_EQ(Run({"merge", "--theirs", "--output", output, base, ours, theirs}).Status, 0);
+        EXPECT_TRUE(test::ReadWhole(output) == merged && test::ReadWhole(ours) == ourBytes) << conflict;
+        EXPECT_EQ(Run({"merge", "--ours", "--output", output, base, ours, theirs}).Status, 0);
+        EXPECT_TRUE(conflict.empty() || test::ReadWhole(output) == ourBytes) << conflict;
+    }
+    EXPECT_EQ(Run({"merge", base, base, File("bad.layout", 4)}).Status, 2);
+}
+
 } // namespace

@@ -46,4 +46,7 @@ int ExportLayout(Words paths, const Options& options);
 // Writes the layout file of a JSON document.
 int ImportLayout(Words paths, const Options& options);
 
+// Merges the changes of two layout files since a third.
+int MergeLayouts(Words paths, const Options& options);
+
 } // namespace atlaslayout

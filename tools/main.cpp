@@ -26,6 +26,7 @@ constexpr const char* Usage =
        atlas-layout explain [--host NAME | FILE] QUANTITY [--column N]
        atlas-layout export FILE
        atlas-layout import DOCUMENT [FILE]
+       atlas-layout merge BASE OURS THEIRS [--output FILE] [--ours | --theirs]
        atlas-layout prepare HOST
        atlas-layout key HOST
 
@@ -38,6 +39,8 @@ Works on layout files, the files in which the style atlas keeps its styles.
   export FILE    the layout file as JSON, for version control
   import         makes the layout file of such a document; "-" is standard input, and without FILE it goes to
                  standard output
+  merge          takes the changes of OURS and THEIRS since BASE together, in OURS; where they conflict, lists the
+                 conflicts and writes nothing
   prepare HOST   makes the folder of the layout file of a host of this name, and prints it
   key HOST       the registry key below HKEY_USERS in which such a host finds its settings
 
@@ -47,13 +50,15 @@ left out. Without a host and a file, the styles are those of a host without a la
   --host NAME        the table of a host of this name
   --column N         the file column of the command explain (0)
   --json             the format of export and import, which have no other
+  --output FILE      where merge writes
+  --ours, --theirs   whose value merge takes where there is a conflict
   --help             show this text
   --version          show the version
 
 Exit status: 0 where all went well; 1 where something could not be read, made or written, or a layout file is
 damaged; 2 where the command line was not understood. The command diff ends with 0 where the files are the same,
 1 where they differ, and 2 where they cannot be compared. In the same way explain ends with 1 where there is no
-style.
+style, and merge where there are conflicts.
 )";
 
 const char* HostName(Words words)
@@ -100,6 +105,8 @@ constexpr Command Commands[] = {
      BitOf(Option::Host) | BitOf(Option::Column), NoAnswer},
     {"export", ExportLayout, Marked("one file"), 1, 1, BitOf(Option::Json)},
     {"import", ImportLayout, Marked("a JSON document and at most one file"), 1, 2, BitOf(Option::Json)},
+    {"merge", MergeLayouts, Marked("three files"), 3, 3,
+     BitOf(Option::Output) | BitOf(Option::Ours) | BitOf(Option::Theirs), NoAnswer},
     {"prepare", PrepareFolder, Marked("the name of a host"), 1, 1},
     {"key", ShowKey, Marked("the name of a host"), 1, 1},
 };
