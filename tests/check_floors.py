@@ -48,7 +48,8 @@ ARCHIVES = [
     ['controls/libstyleatlas_controls.a', 'controls/libstyleatlas_color_messages.a'],
     ['dialogs/libstyleatlas_dialogs.a'],
     ['frame/CMakeFiles/styleatlas_module.dir', 'frame/CMakeFiles/styleatlas_exports.dir'],
-    ['bindings/CMakeFiles/styleatlas-qt.dir', 'bindings/libstyleatlas_terminal.a'],
+    ['bindings/CMakeFiles/styleatlas-qt.dir', 'bindings/libstyleatlas_terminal.a',
+     'bindings/libstyleatlas_distinct.a'],
     ['tools/CMakeFiles/atlas-layout.dir', 'host/libatlas_host_parts.a'],
 ]
 

@@ -3,6 +3,8 @@
 #include "support/Process.h"
 #include "support/TempPrefix.h"
 
+#include <bindings/distinct/Sight.h>
+
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -318,6 +320,109 @@ TEST_F(LayoutTool, MergesChangesOfTwo)
         EXPECT_TRUE(conflict.empty() || test::ReadWhole(output) == ourBytes) << conflict;
     }
     EXPECT_EQ(Run({"merge", base, base, File("bad.layout", 4)}).Status, 2);
+}
+
+// The test data of Sharma, Wu and Dalal (2005): two colours each, and their difference.
+TEST(ColorDifference, IsThatOfThePublishedPairs)
+{
+    constexpr double pairs[][7] = {{50, 2.6772, -79.7751, 50, 0, -82.7485, 2.0425},
+                                   {50, 3.1571, -77.2803, 50, 0, -82.7485, 2.8615},
+                                   {50, 2.8361, -74.02, 50, 0, -82.7485, 3.4412},
+                                   {50, -1.3802, -84.2814, 50, 0, -82.7485, 1},
+                                   {50, -1.1848, -84.8006, 50, 0, -82.7485, 1},
+                                   {50, -0.9009, -85.5211, 50, 0, -82.7485, 1},
+                                   {50, 0, 0, 50, -1, 2, 2.3669},
+                                   {50, -1, 2, 50, 0, 0, 2.3669},
+                                   {50, 2.49, -0.001, 50, -2.49, 0.0009, 7.1792},
+                                   {50, 2.49, -0.001, 50, -2.49, 0.001, 7.1792},
+                                   {50, 2.49, -0.001, 50, -2.49, 0.0011, 7.2195},
+                                   {50, 2.49, -0.001, 50, -2.49, 0.0012, 7.2195},
+                                   {50, -0.001, 2.49, 50, 0.0009, -2.49, 4.8045},
+                                   {50, -0.001, 2.49, 50, 0.001, -2.49, 4.8045},
+                                   {50, -0.001, 2.49, 50, 0.0011, -2.49, 4.7461},
+                                   {50, 2.5, 0, 50, 0, -2.5, 4.3065},
+                                   {50, 2.5, 0, 73, 25, -18, 27.1492},
+                                   {50, 2.5, 0, 61, -5, 29, 22.8977},
+                                   {50, 2.5, 0, 56, -27, -3, 31.9030},
+                                   {50, 2.5, 0, 58, 24, 15, 19.4535},
+                                   {50, 2.5, 0, 50, 3.1736, 0.5854, 1},
+                                   {50, 2.5, 0, 50, 3.2972, 0, 1},
+                                   {50, 2.5, 0, 50, 1.8634, 0.5757, 1},
+                                   {50, 2.5, 0, 50, 3.2592, 0.335, 1},
+                                   {60.2574, -34.0099, 36.2677, 60.4626, -34.1751, 39.4387, 1.2644},
+                                   {63.0109, -31.0961, -5.8663, 62.8187, -29.7946, -4.0864, 1.2630},
+                                   {61.2901, 3.7196, -5.3901, 61.4292, 2.2480, -4.9620, 1.8731},
+                                   {35.0831, -44.1164, 3.7933, 35.0232, -40.0716, 1.5901, 1.8645},
+                                   {22.7233, 20.0904, -46.6940, 23.0331, 14.9730, -42.5619, 2.0373},
+                                   {36.4612, 47.8580, 18.3852, 36.2715, 50.5065, 21.2231, 1.4146},
+                                   {90.8027, -2.0831, 1.4410, 91.1528, -1.6435, 0.0447, 1.4441},
+                                   {90.9257, -0.5406, -0.9208, 88.6381, -0.8985, -0.7239, 1.5381},
+                                   {6.7747, -0.2908, -2.4247, 5.8714, -0.0985, -2.2286, 0.6377},
+                                   {2.0776, 0.0795, -1.1350, 0.9033, -0.0636, -0.5514, 0.9082}};
+    for (const auto& [l1, a1, b1, l2, a2, b2, difference] : pairs) {
+        EXPECT_NEAR(styleatlas::distinct::Difference({l1, a1, b1}, {l2, a2, b2}), difference, 0.00005);
+        EXPECT_NEAR(styleatlas::distinct::Difference({l2, a2, b2}, {l1, a1, b1}), difference, 0.00005);
+    }
+}
+
+TEST(Sight, LeavesGreysAsTheyAre)
+{
+    using namespace styleatlas::distinct;
+    for (const Sight sight : Sights) {
+        for (const std::uint32_t grey : {0x000000U, 0x777777U, 0xFFFFFFU})
+            EXPECT_LT(Difference(Seen({grey}, sight), Seen({grey}, Sight::Normal)), 0.001);
+    }
+    EXPECT_NEAR(Seen({0xFFFFFF}, Sight::Normal).l, 100, 0.001);
+}
+
+TEST_F(LayoutTool, FindsCurvesThatCannotBeToldApart)
+{
+    const std::string path = m_prefix.Path() / "two.layout";
+    struct Look {
+        COLORREF line;
+        short lineStyle = PS_SOLID;
+        short shape = 0; // no symbol: its colour doesn't show
+        COLORREF symbol = RGB(0, 255, 255);
+        bool usesSymbolColor = false;
+    };
+    const auto find = [&](const Look& one, const Look& other, const char* ground = "white") {
+        k_StyleAtlas atlas;
+        atlas.ColumnCount = 1;
+        for (const Look& look : {one, other}) {
+            const INT_PTR row = atlas.AddRow({static_cast<WORD>(900 + atlas.Rows.GetSize())}, 0);
+            k_LineDef& record = *atlas.GetRowStyle(row, 0);
+            record.LineColor = look.line;
+            record.LineStyle = look.lineStyle;
+            record.SymbolShape = look.shape;
+            record.SymbolColor = look.symbol;
+            record.UseSymbolColor = look.usesSymbolColor;
+        }
+        test::WriteWhole(path, test::BytesOf(atlas));
+        return Run({"distinct", path, "--columns", "0", "--quantities", "900-901", "--against", ground});
+    };
+    const std::string all = "too close in colour: ";
+    EXPECT_EQ(find({RGB(0, 0, 0)}, {RGB(200, 0, 0)}).Status, 0);
+    EXPECT_EQ(find({RGB(0, 0, 0)}, {RGB(0, 0, 0), PS_DASH}).Status, 0) << "another figure";
+    EXPECT_TRUE(Has(find({RGB(9, 9, 9)}, {0x07090909}), "the same symbol, line and colours"));
+    const test::Outcome dark = find({RGB(0, 0, 0)}, {RGB(10, 10, 10)});
+    EXPECT_TRUE(Has(dark, all + "normal sight ") && dark.Status == 1) << dark.Output;
+    const std::tuple<COLORREF, COLORREF, const char*> blind[] = {
+        {RGB(0xD5, 0x00, 0x00), RGB(0x6B, 0x6B, 0x6B), "greyscale"},
+        {RGB(0xB0, 0x30, 0x00), RGB(0x4C, 0x4C, 0x00), "protan"},
+        {RGB(0xA0, 0x30, 0x00), RGB(0x60, 0x60, 0x00), "deutan"},
+        {RGB(0x00, 0x60, 0xA0), RGB(0x00, 0x6A, 0x6A), "tritan"}};
+    for (const auto& [one, other, sight] : blind) {
+        const test::Outcome found = find({one}, {other});
+        EXPECT_TRUE(Has(found, sight) && !Has(found, "normal sight")) << sight << found.Output;
+    }
+    EXPECT_TRUE(Has(find({RGB(0, 0, 0)}, {RGB(255, 255, 0)}), "too little contrast to the ground, 1.1:"));
+    EXPECT_TRUE(
+        Has(find({RGB(0, 0, 0)}, {RGB(255, 255, 0)}, "#101010"), "too little contrast to the ground, 1.1:"));
+    const Look symbol{RGB(0, 0, 255), PS_SOLID, 8, RGB(0, 255, 255), true}; // and the line in its colour
+    EXPECT_TRUE(Has(find(symbol, {RGB(0, 0, 0)}), "too little contrast to the ground, 1.3:"));
+    EXPECT_EQ(Run({"distinct", "--quantities", "900", "--columns", "3-1"}).Status, 2);
+    EXPECT_EQ(Run({"distinct", "--quantities", "10-12", "--columns", "0-1"}).Status, 0)
+        << "the default styles";
 }
 
 } // namespace

@@ -40,6 +40,9 @@ int CompareLayouts(Words paths, const Options& options);
 // Prints which row answers for a quantity, at which stage of the search, and its style.
 int ExplainStyle(Words words, const Options& options);
 
+// Prints the curves that can't be told apart, and those that can't be seen.
+int FindAlike(Words paths, const Options& options);
+
 // Prints a layout file as JSON.
 int ExportLayout(Words paths, const Options& options);
 

@@ -24,6 +24,7 @@ constexpr const char* Usage =
        atlas-layout check FILE...
        atlas-layout diff OLD NEW
        atlas-layout explain [--host NAME | FILE] QUANTITY [--column N]
+       atlas-layout distinct [--host NAME | FILE] [--columns A-B] [--quantities LIST] [--against COLOUR]
        atlas-layout export FILE
        atlas-layout import DOCUMENT [FILE]
        atlas-layout merge BASE OURS THEIRS [--output FILE] [--ours | --theirs]
@@ -36,6 +37,7 @@ Works on layout files, the files in which the style atlas keeps its styles.
   check FILE...  whether they are good, or where they are damaged and how
   diff OLD NEW   the rows and styles in which two layout files differ
   explain        which row of the table gives a quantity its style, and why
+  distinct       the curves that cannot be told apart, or hardly be seen
   export FILE    the layout file as JSON, for version control
   import         makes the layout file of such a document; "-" is standard input, and without FILE it goes to
                  standard output
@@ -49,6 +51,9 @@ left out. Without a host and a file, the styles are those of a host without a la
 
   --host NAME        the table of a host of this name
   --column N         the file column of the command explain (0)
+  --columns A-B      the file columns of the command distinct (0-31)
+  --quantities LIST  its quantities, as numbers, ranges and symbols: 10,20-23,U (all)
+  --against COLOUR   the ground of its curves, as #FFFFE0 or by its English name (white)
   --json             the format of export and import, which have no other
   --output FILE      where merge writes
   --ours, --theirs   whose value merge takes where there is a conflict
@@ -58,7 +63,7 @@ left out. Without a host and a file, the styles are those of a host without a la
 Exit status: 0 where all went well; 1 where something could not be read, made or written, or a layout file is
 damaged; 2 where the command line was not understood. The command diff ends with 0 where the files are the same,
 1 where they differ, and 2 where they cannot be compared. In the same way explain ends with 1 where there is no
-style, and merge where there are conflicts.
+style, distinct where it has found something, and merge where there are conflicts.
 )";
 
 const char* HostName(Words words)
@@ -103,6 +108,9 @@ constexpr Command Commands[] = {
     {"diff", CompareLayouts, Marked("two files"), 2, 2, 0, NoAnswer},
     {"explain", ExplainStyle, Marked("a quantity, and a file before it or a host"), 1, 2,
      BitOf(Option::Host) | BitOf(Option::Column), NoAnswer},
+    {"distinct", FindAlike, Marked("a file or a host"), 0, 1,
+     BitOf(Option::Host) | BitOf(Option::Columns) | BitOf(Option::Quantities) | BitOf(Option::Against),
+     NoAnswer},
     {"export", ExportLayout, Marked("one file"), 1, 1, BitOf(Option::Json)},
     {"import", ImportLayout, Marked("a JSON document and at most one file"), 1, 2, BitOf(Option::Json)},
     {"merge", MergeLayouts, Marked("three files"), 3, 3,
