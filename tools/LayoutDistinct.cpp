@@ -235,7 +235,7 @@ int FindAlike(Words paths, const Options& options)
         return NoAnswer;
     if (isAlike || isClose || isFaint)
         return Negative;
-    std::cout << Text("every curve can be seen and told from the others") << '\n';
+    std::cout << Text("every curve can be seen and distinguished from the others") << '\n';
     return Succeeded;
 }
 

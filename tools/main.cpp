@@ -19,8 +19,10 @@ namespace
 {
 
 using namespace styleatlas::terminal;
-constexpr const char* Usage =
-    R"(Usage: atlas-layout show FILE...
+
+std::string Usage()
+{
+    return Text(R"(Usage: atlas-layout show FILE...
        atlas-layout check FILE...
        atlas-layout diff OLD NEW
        atlas-layout explain [--host NAME | FILE] QUANTITY [--column N]
@@ -64,7 +66,14 @@ Exit status: 0 where all went well; 1 where something could not be read, made or
 damaged; 2 where the command line was not understood. The command diff ends with 0 where the files are the same,
 1 where they differ, and 2 where they cannot be compared. In the same way explain ends with 1 where there is no
 style, distinct where it has found something, and merge where there are conflicts.
-)";
+)");
+}
+
+// Marks a text for the translators.
+constexpr const char* Marked(const char* english)
+{
+    return english;
+}
 
 const char* HostName(Words words)
 {
@@ -83,12 +92,6 @@ int ShowKey(Words words, const Options& /*options*/)
 {
     std::cout << ToUtf8(k_HostSettings::SubKeyOf(ToUtf16(HostName(words)).c_str())) << '\n';
     return Succeeded;
-}
-
-// Marks a text for the translators.
-constexpr const char* Marked(const char* english)
-{
-    return english;
 }
 
 constexpr std::size_t AnyNumber = std::numeric_limits<std::size_t>::max();
@@ -151,7 +154,7 @@ int Run(int argc, char** argv)
     Options options;
     const int first = ReadOptions(argc, argv, options);
     if (options.Has(Option::Help)) {
-        std::cout << Usage;
+        std::cout << Usage();
     } else if (options.Has(Option::Version)) {
         std::cout << ProgramName << " " ATLAS_LAYOUT_VERSION "\n";
     } else {
