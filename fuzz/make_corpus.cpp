@@ -67,6 +67,10 @@ int main(int /*count*/, char** argv)
     };
     test::WriteWhole(made("units") / "forms",
                      "* ;0x10;*;*;*;U;Voltage\n4;16;2;12;0x3;U_12;\n-1;16;0;0;0;\u20AC;a\n");
+    test::WriteWhole(made("document") / "row", R"({"version": 1, "fileColumns": 32, "rows": [
+    {"symbol": "U", "key": {"quantity": 30, "subQuantity": 1, "index": 0, "device": -1, "flags": 2}, "level": 1,
+     "reserved": true, "styles": [{"columns": "0-31", "shape": "cross", "fill": 9, "size": 10, "color": "#A52A00",
+     "line": "none", "width": 1, "lineColor": "#A52A0001", "useSymbolColor": false, "reserved": 7}]}]})");
     MakeLayouts(made("layout"));
     MakeValues(made("values"));
     MakeRegistry(made("registry"));

@@ -101,6 +101,9 @@ public:
     // is remembered for Save.
     int Load(CString path);
 
+    // The path that Load takes from the registry, or the default path. Stores nothing.
+    CString GetStoredFilePath() const;
+
     // Writes the table to the path or, if it is empty, to FilePath. The path becomes FilePath once the whole
     // file is on disk. The result is always false.
     //

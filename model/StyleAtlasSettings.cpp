@@ -100,6 +100,14 @@ void k_StyleAtlas::ReadFilePath()
     FilePath = path;
 }
 
+CString k_StyleAtlas::GetStoredFilePath() const
+{
+    k_SettingsKey key(RegistryPath);
+    CString path;
+    return key.Open() && key.ReadPath(path) ? path
+                                            : CutToBuffer(k_HostSettings::DefaultPathOf(g_ApplicationName));
+}
+
 bool k_StyleAtlas::SetFilePath(CString path)
 {
     if (path.IsEmpty())

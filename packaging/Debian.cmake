@@ -112,10 +112,12 @@ plot.")
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME atlas-layout)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)
 set(CPACK_COMPONENT_TOOL_DESCRIPTION
-"shows, checks and compares layout files of the style atlas
+"explains, checks, compares and merges layout files of the style atlas
 The style atlas keeps the styles of a measurement program in a layout file.
-The program shows such files, says where they are damaged, compares them, and
-makes the folder in which they are kept. It needs no display.")
+The program shows such files, says where they are damaged, compares and merges
+them, writes them as JSON and reads that, and makes the folder in which they
+are kept. It explains why a curve has its style, and finds curves that can't
+be told apart. It needs no display.")
 
 set(CPACK_DEBIAN_HOST_PACKAGE_NAME atlas-host)
 set(CPACK_DEBIAN_HOST_PACKAGE_SECTION science)

@@ -3,9 +3,9 @@
 
   - Includes: frame, dialogs, controls and model know the class framework, each other downward, the language library, the
     public header and the C++ library; no Qt, no POSIX, nothing of the layer's inside. The layer knows nothing above it.
-    Tools know the model and the layer's floor without windows. Bindings know the public headers; what paints there takes
-    figures, dashes and rasteriser from the library. The host knows the public headers, the bindings and the headers
-    of the unit and the language library. No circle of files.
+    Tools know the model, the language library and the layer's floor without windows. Bindings know the public headers;
+    what paints there takes figures, dashes and rasteriser from the library. The host knows the public headers, the
+    bindings and the headers of the unit and the language library. No circle of files.
   - Links: no archive needs a symbol that only an archive of a floor above it defines.
 """
 import re
@@ -26,7 +26,7 @@ BELOW = {
     'model': ['framework', 'language'],
     'platform': [],
     'components': ['framework', 'system'],
-    'tools': ['bindings', 'model', 'include', 'framework', 'system', 'units'],
+    'tools': ['bindings', 'model', 'include', 'framework', 'system', 'language', 'units'],
     'bindings': ['include', 'figures', 'dashes', 'rasteriser'],
     'host': ['bindings', 'include', 'language', 'units'],
     'include': [],
@@ -48,7 +48,8 @@ ARCHIVES = [
     ['controls/libstyleatlas_controls.a', 'controls/libstyleatlas_color_messages.a'],
     ['dialogs/libstyleatlas_dialogs.a'],
     ['frame/CMakeFiles/styleatlas_module.dir', 'frame/CMakeFiles/styleatlas_exports.dir'],
-    ['bindings/CMakeFiles/styleatlas-qt.dir', 'bindings/libstyleatlas_terminal.a'],
+    ['bindings/CMakeFiles/styleatlas-qt.dir', 'bindings/libstyleatlas_terminal.a',
+     'bindings/libstyleatlas_distinct.a'],
     ['tools/CMakeFiles/atlas-layout.dir', 'host/libatlas_host_parts.a'],
 ]
 

@@ -159,6 +159,16 @@ for program in atlas-host atlas-layout; do
     done
 done
 
+complete() { # words
+    bash -c 'source moved/share/bash-completion/completions/atlas-layout; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1))
+        _atlas_layout 2>/dev/null; echo "${COMPREPLY[*]}"' bash atlas-layout "$@"
+}
+expect 'the completion of a command' 'explain export' "$(complete ex)"
+expect 'the completion of an option' '--column' "$(complete explain --c)"
+expect 'the completion of a file' 'packaged' "$(complete explain --host AirLab packag)"
+expect 'the commands that are completed' "$(moved/bin/atlas-layout --help | sed -n 's/^  \([a-z]*\).*/\1/p' | grep . | xargs)" \
+    "$(complete '' | sed 's/ --.*//')"
+
 (umask 077 && cpack -G DEB --config "$build/CPackConfig.cmake" -B packages >cpack.log 2>&1) || fail "$(cat cpack.log)"
 version=$(moved/bin/atlas-host --version | cut -d ' ' -f 2)
 package_of() { compgen -G "packages/$1_${version}_*.deb"; }

@@ -1,14 +1,13 @@
 #include "Commands.h"
+#include "LayoutReader.h"
 #include "LayoutWords.h"
+#include "Runs.h"
 
 #include <bindings/terminal/Text.h>
 
 #include <algorithm>
 #include <iostream>
-#include <map>
-#include <stdexcept>
 #include <utility>
-#include <vector>
 
 namespace atlaslayout
 {
@@ -18,72 +17,20 @@ namespace
 using styleatlas::terminal::NoLimit;
 using styleatlas::terminal::Printable;
 
-// A whole file, as the style atlas takes it: of several rows with one key, the last.
-struct LayoutTable {
-    // Throws std::runtime_error, which names the file.
-    explicit LayoutTable(const char* path);
-
-    // Null if there is none.
-    const LayoutRow* Find(const QuantityKey& key) const
-    {
-        const auto found = positions.find(key);
-        return found == positions.end() ? nullptr : &rows[found->second];
-    }
-
-    std::string shownPath;
-    std::string headWords;
-    std::vector<LayoutRow> rows;
-    std::map<QuantityKey, std::size_t> positions;
-};
-
-LayoutTable::LayoutTable(const char* path) : shownPath{Printable(path, NoLimit)}
-{
-    try {
-        LayoutReader file{path};
-        headWords = HeadWords(file);
-        while (std::optional<LayoutRow> row = file.Next()) {
-            const auto [place, isNew] = positions.try_emplace(row->key, rows.size());
-            if (isNew)
-                rows.push_back(std::move(*row));
-            else
-                rows[place->second] = std::move(*row);
-        }
-        if (file.Damage())
-            throw std::runtime_error{DamageWords(*file.Damage())};
-    } catch (const std::runtime_error& error) {
-        throw std::runtime_error{shownPath + ": " + error.what()};
-    }
-}
-
-// Divides the numbers below count into runs of equal keyOf(number), and calls use(first, last, key) for each.
-template <class KeyOf, class Use> void ForEachRun(std::size_t count, KeyOf keyOf, Use use)
-{
-    if (count == 0)
-        return;
-    std::size_t first = 0;
-    auto key = keyOf(first);
-    for (std::size_t i = 1; i < count; ++i) {
-        auto next = keyOf(i);
-        if (next == key)
-            continue;
-        use(first, i - 1, key);
-        first = i;
-        key = std::move(next);
-    }
-    use(first, count - 1, key);
-}
-
-using Words = std::pair<std::string, std::string>; // the old ones and the new ones
+using Change = std::pair<std::string, std::string>; // the old ones and the new ones
 
 class Comparison
 {
 public:
-    Comparison(const LayoutTable& oldTable, const LayoutTable& newTable) : m_old{oldTable}, m_new{newTable} {}
+    Comparison(const char* oldPath, const char* newPath)
+        : m_oldPath{oldPath}, m_newPath{newPath}, m_old{ReadLayout(oldPath)}, m_new{ReadLayout(newPath)}
+    {
+    }
 
     // True if the files are the same.
     bool Print()
     {
-        PrintChange("", {m_old.headWords, m_new.headWords});
+        PrintChange("", {HeadWords(m_old.head), HeadWords(m_new.head)});
         for (const LayoutRow& row : m_old.rows) {
             if (const LayoutRow* const other = m_new.Find(row.key))
                 CompareRows(row, *other);
@@ -105,32 +52,29 @@ private:
         ForEachRun(
             std::max(row.recordCount, other.recordCount),
             [&](std::size_t i) { return RecordChange(row, other, i); },
-            [this](std::size_t first, std::size_t last, const Words& words) {
+            [this](std::size_t first, std::size_t last, const Change& words) {
                 const std::string columns = ColumnWords(first, last) + "  ";
                 PrintChange("  ", {columns + words.first, columns + words.second});
             });
         m_commonRow = nullptr;
     }
 
-    static Words RecordChange(const LayoutRow& row, const LayoutRow& other, std::size_t i)
+    static Change RecordChange(const LayoutRow& row, const LayoutRow& other, std::size_t i)
     {
-        const auto recordOf = [i](const LayoutRow& of) {
-            return i < of.recordCount ? &of.RecordOf(i) : nullptr;
-        };
-        const LayoutRecord* const before = recordOf(row);
-        const LayoutRecord* const after = recordOf(other);
+        const LayoutRecord* const before = row.RecordOf(i);
+        const LayoutRecord* const after = other.RecordOf(i);
         if (before != nullptr && after != nullptr && *before == *after)
             return {};
         const auto inWords = [](const LayoutRecord* record, auto words) {
             return record != nullptr ? words(*record) : "no record";
         };
-        Words shown{inWords(before, RecordWords), inWords(after, RecordWords)};
+        Change shown{inWords(before, RecordWords), inWords(after, RecordWords)};
         if (shown.first == shown.second) // they differ in what the words leave out
             shown = {FieldWords(*before, *after), FieldWords(*after, *before)};
         return shown;
     }
 
-    void PrintChange(const char* indent, const Words& words)
+    void PrintChange(const char* indent, const Change& words)
     {
         if (words.first == words.second)
             return;
@@ -142,25 +86,26 @@ private:
     void PrintLine(char side, const char* indent, const std::string& words)
     {
         if (std::exchange(m_isSame, false))
-            std::cout << "--- " << m_old.shownPath << "\n+++ " << m_new.shownPath << '\n';
+            std::cout << "--- " << Printable(m_oldPath, NoLimit) << "\n+++ " << Printable(m_newPath, NoLimit)
+                      << '\n';
         if (const LayoutRow* const row = std::exchange(m_commonRow, nullptr))
             std::cout << ' ' << KeyWords(row->key) << '\n';
         std::cout << side << indent << words << '\n';
     }
 
-    const LayoutTable& m_old;
-    const LayoutTable& m_new;
+    const char* m_oldPath;
+    const char* m_newPath;
+    LayoutTable m_old;
+    LayoutTable m_new;
     const LayoutRow* m_commonRow = nullptr; // not yet named
     bool m_isSame = true;
 };
 
 } // namespace
 
-int CompareLayouts(const char* oldPath, const char* newPath)
+int CompareLayouts(Words paths, const Options& /*options*/)
 {
-    const LayoutTable oldTable{oldPath};
-    const LayoutTable newTable{newPath};
-    return Comparison{oldTable, newTable}.Print() ? Succeeded : LayoutsDiffer;
+    return Comparison{paths[0], paths[1]}.Print() ? Succeeded : Negative;
 }
 
 } // namespace atlaslayout

@@ -1,5 +1,6 @@
 // The commands show and check.
 #include "Commands.h"
+#include "LayoutReader.h"
 #include "LayoutWords.h"
 
 #include <bindings/terminal/StyleWords.h>
@@ -20,7 +21,7 @@ using namespace styleatlas::terminal;
 constexpr int columnsWidth = 22; // of the words for a run of file columns
 
 // Calls handle(reader, printable path) for each file that can be opened. Returns the worst exit status.
-template <class Handle> int ForEachLayout(std::span<const char* const> paths, Handle handle)
+template <class Handle> int ForEachLayout(Words paths, Handle handle)
 {
     int status = Succeeded;
     for (const char* const path : paths) {
@@ -50,7 +51,8 @@ void ShowRow(const LayoutRow& row, ColorDepth colors)
 int ShowLayout(LayoutReader& file, const std::string& shownPath)
 {
     const ColorDepth colors = ColorsOfOutput();
-    std::cout << shownPath << ": " << HeadWords(file) << ", " << Counted(file.RowCount(), "row") << '\n';
+    std::cout << shownPath << ": " << HeadWords(file.Head()) << ", " << Counted(file.RowCount(), "row")
+              << '\n';
     while (const std::optional<LayoutRow> row = file.Next())
         ShowRow(*row, colors);
     if (!file.Damage())
@@ -80,12 +82,12 @@ int CheckLayout(LayoutReader& file, const std::string& shownPath)
 
 } // namespace
 
-int ShowLayouts(std::span<const char* const> paths)
+int ShowLayouts(Words paths, const Options& /*options*/)
 {
     return ForEachLayout(paths, ShowLayout);
 }
 
-int CheckLayouts(std::span<const char* const> paths)
+int CheckLayouts(Words paths, const Options& /*options*/)
 {
     return ForEachLayout(paths, CheckLayout);
 }

@@ -1,8 +1,8 @@
 #include "LayoutWords.h"
 
-#include <bindings/terminal/StyleWords.h>
+#include "Quantities.h"
+
 #include <bindings/terminal/Text.h>
-#include <mensura.h>
 
 #include <cstdint>
 #include <vector>
@@ -15,19 +15,6 @@ namespace
 using styleatlas::Color;
 using styleatlas::Style;
 using namespace styleatlas::terminal;
-
-constexpr short noDevice = -1;
-
-// Empty if the unit library doesn't know the quantity: it answers with "#" and the number then.
-std::string SymbolOf(const QuantityKey& key)
-{
-    static_assert(k_GroupSubQuantity == MENSURA_WHOLE_QUANTITY);
-    const std::string symbol =
-        ToUtf8(MensuraGetSymbolW(key.Quantity, key.SubQuantity, key.Flags,
-                                 static_cast<std::uint16_t>(key.Device), key.Index, MENSURA_SYMBOL));
-    const bool isKnown = symbol != std::string{"#"}.append(std::to_string(key.Quantity));
-    return isKnown ? Printable(symbol) : std::string{};
-}
 
 void AddUnusedByte(std::string& words, const char* name, Color color)
 {
@@ -56,25 +43,21 @@ std::vector<Field> FieldsOf(const LayoutRecord& record)
 
 } // namespace
 
-std::string DamageWords(const LayoutDamage& damage)
+std::string HeadWords(const LayoutHead& head)
 {
-    return "damaged at byte " + std::to_string(damage.byte) + ": " + damage.reason;
+    return "version " + std::to_string(head.version) + ", " + Counted(head.columnCount, "file column");
 }
 
-std::string HeadWords(const LayoutReader& file)
-{
-    return "version " + std::to_string(file.Version()) + ", " + Counted(file.ColumnCount(), "file column");
-}
-
-std::string KeyWords(const QuantityKey& key)
+std::string KeyWords(const QuantityKey& key, Translator text)
 {
     const std::string symbol = SymbolOf(key);
     std::string words = symbol.empty() ? "" : symbol + ": ";
-    words += key.Device == noDevice ? "no device" : "device " + std::to_string(key.Device);
-    words += ", quantity " + std::to_string(key.Quantity) + ", ";
-    words += key.SubQuantity == k_GroupSubQuantity ? "the whole group"
-                                                   : "sub-quantity " + std::to_string(key.SubQuantity);
-    return words + ", index " + std::to_string(key.Index) + ", flags " + Hexadecimal(key.Flags);
+    words += key.Device == NoDevice ? text("no device", {}) : text("device %1", {std::to_string(key.Device)});
+    words += ", " + text("quantity %1", {std::to_string(key.Quantity)}) + ", ";
+    words += key.SubQuantity == k_GroupSubQuantity
+                 ? text("the whole group", {})
+                 : text("sub-quantity %1", {std::to_string(key.SubQuantity)});
+    return words + ", " + text("index %1, flags %2", {std::to_string(key.Index), Hexadecimal(key.Flags)});
 }
 
 std::string RowWords(const LayoutRow& row)
@@ -105,10 +88,10 @@ std::string FieldWords(const LayoutRecord& record, const LayoutRecord& other)
     return words;
 }
 
-std::string ColumnWords(std::size_t first, std::size_t last)
+std::string ColumnWords(std::size_t first, std::size_t last, Translator text)
 {
-    return first == last ? "file column " + std::to_string(first)
-                         : "file columns " + std::to_string(first) + " to " + std::to_string(last);
+    return first == last ? text("file column %1", {std::to_string(first)})
+                         : text("file columns %1 to %2", {std::to_string(first), std::to_string(last)});
 }
 
 } // namespace atlaslayout
