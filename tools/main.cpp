@@ -7,7 +7,6 @@
 #include <model/HostSettings.h>
 
 #include <algorithm>
-#include <clocale>
 #include <iostream>
 #include <limits>
 #include <string_view>
@@ -138,7 +137,6 @@ void PrintError(const std::string& message)
 int main(int argc, char** argv)
 {
     using namespace atlaslayout;
-    std::setlocale(LC_ALL, "");
     try {
         const int status = Run(argc, argv);
         if (std::cout.flush())
