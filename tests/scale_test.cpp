@@ -78,6 +78,10 @@ TEST_P(Scale, LeavesNoPixelOutAndGivesEveryLineOneThickness)
             line.Dc().LineTo(side, 40 + x);
             const int length = line.Size().cx;
             EXPECT_EQ(line.Count('#'), (2 * length - static_cast<int>(grid.X(x))) * Thickness());
+
+            Picture upright(side, side, {0, 0, side, side}, grid);
+            upright.Dc().FillSolidRect(x, 0, 1, side, ink);
+            EXPECT_EQ(upright.Painted().Width(), Thickness());
         }
     });
 }
