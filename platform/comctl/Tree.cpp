@@ -78,7 +78,6 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
     setFrameShape(QFrame::NoFrame);
     setLayoutDirection(Qt::LeftToRight);
     setHeaderHidden(true);
-    setIndentation(0); // lines, button and label are painted here
     setItemDelegate(new RowDelegate(*this));
     setUniformRowHeights(true);
     setVerticalScrollBar(new VerticalBar(this));
