@@ -3,6 +3,7 @@
 #include "support/ChildProcess.h"
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
+#include "support/RegistryKey.h"
 #include "support/ScriptedModel.h"
 #include "support/TempPrefix.h"
 
@@ -345,6 +346,8 @@ TEST_F(AllocationFailure, AChoiceAfterAFailedLookIsKept)
         m_atlas.Load({});
         databaseCallsLeft = -1;
         EXPECT_NE(m_atlas.FilePath, layout);
+        test::RegistryKey other;
+        EXPECT_TRUE(other.Open(_T("S-1\\key")) == ERROR_SUCCESS && !other.Get().empty());
         m_atlas.SetRegistryPath(_T("S-1\\key")); // writes a path, but none that was made up
         EXPECT_EQ(Settings(), m_settings) << call;
         SetApplication();

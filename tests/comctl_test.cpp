@@ -195,6 +195,8 @@ TEST_F(Controls, AComboBoxSelectsTheNextItemThatBeginsWithAText)
 TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
 {
     MakeBox(CBS_DROPDOWN, {});
+    m_box.SetCueBanner(_T("cue"));
+    EXPECT_EQ(test::WidgetOf(m_box).findChild<QLineEdit*>()->placeholderText(), "cue");
     m_box.SetWindowText(_T("7"));
     for (LPCTSTR const text : {_T("7"), _T("12753"), _T("1275")})
         Send(CB_ADDSTRING, 0, text);

@@ -19,6 +19,7 @@ struct Style : k_LineDef {
         SymbolShape = static_cast<short>(shape);
         SymbolFill = static_cast<short>(fill);
         SymbolSize = static_cast<short>(size);
+        LineWidth = static_cast<short>(1 + size % 3);
         SymbolColor = LineColor = ink;
     }
 };

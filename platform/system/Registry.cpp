@@ -105,7 +105,7 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, 
 
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, const BYTE* data, DWORD size)
 {
-    const std::uint64_t value = ValueHash(name, {reinterpret_cast<const char*>(data), size});
+    const std::uint64_t value = ValueHash({reinterpret_cast<const char*>(data), size});
     if (key == nullptr || key == HKEY_USERS) {
         if (unopened.IsQueried)
             RegistryFailures::RefuseValue(unopened.Hash, value);

@@ -59,11 +59,9 @@ std::uint64_t KeyHash(std::u16string_view subKey)
     return hash.Value();
 }
 
-std::uint64_t ValueHash(std::u16string_view name, std::string_view bytes)
+std::uint64_t ValueHash(std::string_view bytes)
 {
     Hash hash;
-    for (const char16_t c : name)
-        hash.Add(FoldCharacter(c));
     for (const char byte : bytes)
         hash.Add(static_cast<unsigned char>(byte));
     return hash.Value();

@@ -13,7 +13,7 @@ bool IsAnswer(LONG result);
 
 // Hashes: of a key without regard to case and empty path parts, of a value with all its bytes; never 0.
 std::uint64_t KeyHash(std::u16string_view subKey);
-std::uint64_t ValueHash(std::u16string_view name, std::string_view bytes);
+std::uint64_t ValueHash(std::string_view bytes);
 
 namespace RegistryFailures
 {
