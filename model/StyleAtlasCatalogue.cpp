@@ -36,10 +36,9 @@ QuantityKey KeyOf(const k_UnitQuantities& list, int i)
 
 std::vector<k_PooledQuantity> EntriesOf(const k_UnitQuantities& list)
 {
-    std::vector<k_PooledQuantity> entries;
-    entries.reserve(static_cast<std::size_t>(std::max(list.Count, 0)));
+    std::vector<k_PooledQuantity> entries(static_cast<std::size_t>(std::max(list.Count, 0)));
     for (int i = 0; i < list.Count; ++i)
-        entries.push_back({.Key = KeyOf(list, i)});
+        entries[static_cast<std::size_t>(i)].Key = KeyOf(list, i);
     return entries;
 }
 

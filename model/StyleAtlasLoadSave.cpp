@@ -50,8 +50,6 @@ int k_StyleAtlas::Load(CString path)
         BuildCatalogue();
         CArchive archive(&file, CArchive::load, archiveBufferSize);
         Serialize(archive);
-        archive.Close();
-        file.Close();
         ForgetUnread(path);
         return 0;
     } catch (CException* e) {

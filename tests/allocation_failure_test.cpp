@@ -3,6 +3,7 @@
 #include "support/ChildProcess.h"
 #include "support/LayoutBytes.h"
 #include "support/MessageRecorder.h"
+#include "support/RegistryKey.h"
 #include "support/ScriptedModel.h"
 #include "support/TempPrefix.h"
 
@@ -242,7 +243,8 @@ TEST_F(AllocationFailure, ASaveLeavesTheOldFileOrTheNewOneWhole)
     };
     for (const bool isLinked : {false, true}) {
         for (const bool isUnread : {false, true}) {
-            for (systemFailure = EIO; systemFailure != 0; systemFailure = systemFailure == EIO ? ENOSPC : 0) {
+            for (const int error : {EIO, ENOSPC, EBUSY}) { // the last: of a mount point
+                systemFailure = error;
                 const auto prepare = [&] {
                     std::filesystem::remove_all(m_prefix.Native());
                     m_prefix.MakeFolder();
@@ -339,12 +341,18 @@ TEST_F(AllocationFailure, WhatIsDoneAgainTakesNoMoreMemory)
 // The user's choice isn't a value made up after a failed read: it is stored as soon as the lock is released.
 TEST_F(AllocationFailure, AChoiceAfterAFailedLookIsKept)
 {
-    databaseCallsLeft = 0;
-    m_atlas.Load({});
-    databaseCallsLeft = -1;
-    EXPECT_NE(m_atlas.FilePath, layout);
-    SetApplication();
-    EXPECT_EQ(m_atlas.FilePath, layout);
+    for (long call = 0; call < 7; ++call) {
+        databaseCallsLeft = call;
+        m_atlas.Load({});
+        databaseCallsLeft = -1;
+        EXPECT_NE(m_atlas.FilePath, layout);
+        test::RegistryKey other;
+        EXPECT_TRUE(other.Open(_T("S-1\\key")) == ERROR_SUCCESS && !other.Get().empty());
+        m_atlas.SetRegistryPath(_T("S-1\\key")); // writes a path, but none that was made up
+        EXPECT_EQ(Settings(), m_settings) << call;
+        SetApplication();
+        EXPECT_EQ(m_atlas.FilePath, layout);
+    }
     databaseCallsLeft = 0;
     m_atlas.Load({});
     databaseCallsLeft = -1;

@@ -141,7 +141,11 @@ TEST_F(ColumnTree, IsLightOnEveryDarkDesktop)
     QImage shown;
     {
         const test::DesktopColors colors(dark);
-        RunInside([&] { shown = test::PictureOf(m_dialog); });
+        RunInside([&] {
+            shown = test::PictureOf(m_dialog);
+            const QPalette palette = test::WidgetOf(m_dialog).palette();
+            EXPECT_NE(palette.color(QPalette::Disabled, QPalette::Text), palette.color(QPalette::Text));
+        });
         int light = 0;
         for (int i = 0; i < shown.width() * shown.height(); ++i)
             light += qGray(shown.pixel(i % shown.width(), i / shown.width())) > 200 ? 1 : 0;

@@ -32,6 +32,7 @@ public:
         EXPECT_EQ(item->rcItem, CRect(0, 0, place.Width(), place.Height()));
         EXPECT_EQ(item->itemAction, ODA_DRAWENTIRE);
         m_state = item->itemState;
+        EXPECT_EQ(CDC::FromHandle(item->hDC)->GetBkColor(), GetSysColor(COLOR_BTNFACE));
         CDC::FromHandle(item->hDC)->FillSolidRect(&item->rcItem, owners);
     }
     UINT m_state = 0;
@@ -45,6 +46,8 @@ public:
     void DrawItem(LPDRAWITEMSTRUCT item) override
     {
         EXPECT_GT(CDC::FromHandle(item->hDC)->GetTextExtent(_T("x")).cy, 40);
+        EXPECT_EQ(CDC::FromHandle(item->hDC)->GetTextColor(), GetSysColor(COLOR_WINDOWTEXT));
+        EXPECT_EQ(item->CtlType, ODT_COMBOBOX);
         m_drawn.insert({item->itemID, item->itemAction, item->itemState, static_cast<UINT>(item->itemData)});
     }
     std::set<std::array<UINT, 4>> m_drawn;
@@ -114,6 +117,7 @@ TEST_F(Controls, AButtonIsDrawnByItsOwner)
 
 TEST_F(Controls, AComboBoxIsMeasuredAndDrawnByItsOwner)
 {
+    const test::DesktopColors colors({{QPalette::Text, owners}});
     LOGFONTW large{};
     large.lfHeight = -40;
     CFont font;
@@ -191,6 +195,8 @@ TEST_F(Controls, AComboBoxSelectsTheNextItemThatBeginsWithAText)
 TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
 {
     MakeBox(CBS_DROPDOWN, {});
+    m_box.SetCueBanner(_T("cue"));
+    EXPECT_EQ(test::WidgetOf(m_box).findChild<QLineEdit*>()->placeholderText(), "cue");
     m_box.SetWindowText(_T("7"));
     for (LPCTSTR const text : {_T("7"), _T("12753"), _T("1275")})
         Send(CB_ADDSTRING, 0, text);
@@ -212,6 +218,9 @@ TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
     EXPECT_FALSE(isGrey());
     m_parent.SetFocus();
     EXPECT_TRUE(isGrey()) << "not taken";
+    m_box.SetFocus();
+    EXPECT_FALSE(isGrey());
+    m_parent.SetFocus();
     Send(CB_SETCURSEL, 0);
     EXPECT_FALSE(isGrey());
 }

@@ -123,7 +123,16 @@ TEST(MessageTest, AFullOrBrokenPipeOnStandardErrorHoldsNothingUp)
             return 3;
         if (close(broken[0]) != 0 || dup2(broken[1], STDERR_FILENO) < 0)
             return 4;
-        return MessageBoxW(nullptr, _T("text"), _T("Error"), MB_OK) == IDOK ? 0 : 5; // and no signal
+        if (MessageBoxW(nullptr, _T("text"), _T("Error"), MB_OK) != IDOK) // and no signal
+            return 5;
+        sigset_t signals; // of the host, which stay as they are
+        if (pthread_sigmask(SIG_BLOCK, nullptr, &signals) != 0 || sigismember(&signals, SIGPIPE) != 0)
+            return 6;
+        sigaddset(&signals, SIGPIPE);
+        pthread_sigmask(SIG_SETMASK, &signals, nullptr);
+        raise(SIGPIPE);
+        MessageBoxW(nullptr, _T("text"), _T("Error"), MB_OK);
+        return sigpending(&signals) == 0 && sigismember(&signals, SIGPIPE) == 1 ? 0 : 7;
     };
     EXPECT_EQ(test::RunInChild(showMessages), 0);
 }

@@ -2,6 +2,7 @@
 #include "support/Picture.h"
 
 #include <QGuiApplication>
+#include <QtConvert.h>
 #include <afxwin.h>
 #include <gtest/gtest.h>
 #include <set>
@@ -27,6 +28,16 @@ TEST(Objects, ComeBackFromTheContextAndGoWithTheirSelection)
     ::SelectObject(dc.m_hDC, bare);
     EXPECT_EQ(HPEN(*dc.SelectObject(&second)), bare); // a temporary object of the framework
     EXPECT_EQ(gdi::LiveObjects(), before + 3);
+    {
+        CDC brief;
+        brief.CreateCompatibleDC(nullptr);
+        HDC const handle = brief.m_hDC;
+        ::SelectObject(handle, bare);
+        EXPECT_EQ(CDC::FromHandle(handle), &brief);
+        brief.Detach();
+        EXPECT_NE(CDC::FromHandle(handle), &brief);
+        brief.Attach(handle);
+    }
     ::DeleteObject(bare);
     first.DeleteObject();
     EXPECT_TRUE(second.DeleteObject()); // while it is selected
@@ -107,7 +118,7 @@ TEST_F(Text, IsMeasuredByLines)
     CRect rect(10, 10, 0, 0);
     EXPECT_EQ(dc.DrawText(_T("word"), rect, measured), word.cy);
     EXPECT_EQ(rect, CRect(10, 10, 10 + word.cx, 10 + word.cy));
-    EXPECT_EQ(dc.DrawText(_T("a\r\nword\n"), rect, measured), 3 * word.cy);
+    EXPECT_EQ(dc.DrawText(_T("a\nword\r\n"), rect, measured), 3 * word.cy);
     EXPECT_EQ(rect.Width(), word.cx);
     dc.DrawText(_T("w&ord"), rect, DT_CALCRECT); // the ampersand is a mark
     EXPECT_EQ(rect.Width(), word.cx);
@@ -115,6 +126,10 @@ TEST_F(Text, IsMeasuredByLines)
     EXPECT_GT(rect.Width(), word.cx);
     EXPECT_EQ(dc.GetTextExtent(_T("words"), 4).cx, word.cx);
     EXPECT_TRUE(picture.Painted() == CRect());
+    dc.DrawText(_T("word"), rect, 0);
+    const int baseline = picture.Painted().bottom;
+    dc.DrawText(_T("w&ord"), rect, 0);
+    EXPECT_GT(picture.Painted().bottom, baseline);
 }
 
 TEST_F(Text, StaysInItsRectangle)
@@ -147,6 +162,15 @@ TEST_F(Text, IsFilledBehindAndCut)
     Picture clipped(120, 60, {8, 7, 12, 60});
     clipped.Dc().DrawText(_T("word"), rect, 0);
     EXPECT_EQ(clipped.Painted(), CRect(8, 7, 12, 5 + size.cy));
+}
+
+TEST_F(Text, HasTheDesktopsFont)
+{
+    QFont wanted(QStringLiteral("a family"));
+    wanted.setPixelSize(20);
+    wanted.setBold(true);
+    wanted.setItalic(true);
+    EXPECT_EQ(gdi::ToQFont(gdi::ToLogFont(wanted)), wanted);
 }
 
 TEST_F(Text, OfAnyKindIsHarmless)

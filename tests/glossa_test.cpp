@@ -108,6 +108,15 @@ TEST_F(Glossa, FollowsEveryVariableByItsRank)
     }
 }
 
+TEST_F(Glossa, PrefersTheCatalogueOfTheTerritoryAndTheModifier)
+{
+    UseLanguage("xx_YY.UTF-8@z");
+    for (const std::string language : {"xx", "xx_YY", "xx@z", "xx_YY@z"}) {
+        Write(language, Compile({{"Styleatlas\4Cancel", language}}));
+        EXPECT_EQ(Shown(_T("Cancel")), std::u16string(language.begin(), language.end()));
+    }
+}
+
 TEST_F(Glossa, TranslatesBySectionAndLanguageAndElseGivesTheTextItself)
 {
     UseLanguage("de");

@@ -245,7 +245,9 @@ TEST_F(Host, MakesTheFolderOfItsLayout)
     m_environment.insert(m_environment.end(),
                          {"STYLEATLAS_PREFIX", "XDG_DATA_HOME=relative", "HOME=" + m_prefix.Path().string()});
     Run({"table"});
-    EXPECT_TRUE(fs::exists(m_prefix.Path() / ".local/share/styleatlas/drive_c/ProgramData/Halvorn/AirLab"));
+    const fs::path made = m_prefix.Path() / ".local/share/styleatlas";
+    EXPECT_TRUE(fs::exists(made / "drive_c/ProgramData/Halvorn/AirLab"));
+    EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all);
 }
 
 } // namespace

@@ -24,6 +24,7 @@ std::string GoodFile()
     k_LineDef& last = *atlas.GetRowStyle(0, 2);
     last.Reserved = 0x1234;
     last.SymbolColor = 0x07332211;
+    last.LineColor = 0x05000000;
     last.SymbolShape = 77;
     last.SymbolSize = -3;
     last.UseSymbolColor = true;
@@ -37,7 +38,7 @@ const std::string Group = "no device, quantity 999, the whole group, index 7, fl
                           "level 9, reserved flag, 0 records\n";
 const std::string Plain = "no symbol; solid line, width 1, #000000\n";
 const std::string Last = "unknown symbol 77, empty, size -3, #112233; solid line, width 1, #112233 as the "
-                         "symbol; reserved 0x1234; symbol colour with 0x7\n";
+                         "symbol; reserved 0x1234; symbol colour with 0x7; line colour with 0x5\n";
 
 class LayoutTool : public testing::Test
 {
@@ -71,7 +72,10 @@ TEST_F(LayoutTool, ShowsAFileInWords)
     const std::string cut = File("cut.layout", 75);
     const test::Outcome shown = Run({"show", cut});
     EXPECT_EQ(shown.Output, cut + head + "; level 0, 2" + firstTwo) << "what stands before the damage";
+    EXPECT_TRUE(shown.Errors.starts_with("atlas-layout: " + cut + ": damaged at byte 75")) << shown.Errors;
     EXPECT_EQ(shown.Status, 1);
+    EXPECT_EQ(test::Run({"sh", "-c", ATLAS_HOST " layout show \"$0\" >/dev/full", whole}, {}).Errors,
+              "atlas-layout: the output cannot be written\n");
 }
 
 TEST_F(LayoutTool, ReportsWhereAFileIsDamaged)
@@ -127,7 +131,9 @@ TEST_F(LayoutTool, ComparesFiles)
         EXPECT_EQ(compared.Output, difference.empty() ? "" : paths + difference);
         EXPECT_EQ(compared.Status, difference.empty() ? 0 : 1);
     }
-    EXPECT_EQ(Run({"diff", before, File("bad.layout", 4)}).Status, 2);
+    const test::Outcome failed = Run({"diff", before, File("bad.layout", 4)});
+    EXPECT_NE(failed.Errors.find("bad.layout"), std::string::npos) << failed.Errors;
+    EXPECT_EQ(failed.Status, 2);
 }
 
 bool Has(const test::Outcome& outcome, std::string_view text)

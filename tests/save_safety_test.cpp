@@ -29,11 +29,20 @@ bool IsWhole(const std::string& contents)
     return contents == Contents(contents[0]);
 }
 
-enum Outcome { saved, refused, diskFull, otherFailure, notTried };
+enum Outcome { saved, refused, diskFull, otherFailure, notTried, leftOpen };
+
+// The number that the next file gets: a file left open raises it.
+int NextDescriptor()
+{
+    const int next = dup(STDERR_FILENO);
+    close(next);
+    return next;
+}
 
 // Saves as the model does.
 Outcome Save(LPCTSTR path, const std::string& contents)
 {
+    const int next = NextDescriptor();
     try {
         CMirrorFile file;
         if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
@@ -43,11 +52,11 @@ Outcome Save(LPCTSTR path, const std::string& contents)
             ar << static_cast<BYTE>(c);
         ar.Close();
         file.Close();
-        return saved;
+        return NextDescriptor() == next ? saved : leftOpen;
     } catch (CFileException* e) {
         const bool isFull = e->m_cause == CFileException::diskFull;
         e->Delete();
-        return isFull ? diskFull : otherFailure;
+        return NextDescriptor() != next ? leftOpen : isFull ? diskFull : otherFailure;
     }
 }
 
@@ -139,7 +148,9 @@ TEST_F(SaveTest, TheFileBeforeItIsKeptAndNoOther)
 TEST_F(SaveTest, AFileWithOtherNamesKeepsThem)
 {
     fs::create_hard_link(file, folder / "other");
+    fs::permissions(file, fs::perms{0640});
     EXPECT_EQ(Save(drivePath, Contents('n')), saved);
+    EXPECT_EQ(fs::status(previous).permissions(), fs::perms{0640});
     EXPECT_EQ(test::ReadWhole(folder / "other"), Contents('n'));
     EXPECT_EQ(test::ReadWhole(previous), "old");
     EXPECT_EQ(Save(drivePath, "short"), saved);
@@ -149,6 +160,9 @@ TEST_F(SaveTest, AFileWithOtherNamesKeepsThem)
     };
     EXPECT_EQ(test::RunInChild(saveMore), diskFull);
     EXPECT_EQ(test::ReadWhole(file), "short");
+    EXPECT_TRUE(fs::remove(previous) && fs::create_directory(previous)); // which no copy can replace
+    EXPECT_EQ(Save(drivePath, "last"), saved);
+    EXPECT_EQ(test::EntryCount(folder), 3);
 }
 
 TEST_F(SaveTest, AFullDiskIsReportedAndTheOldFileKept)

@@ -19,6 +19,7 @@ struct Style : k_LineDef {
         SymbolShape = static_cast<short>(shape);
         SymbolFill = static_cast<short>(fill);
         SymbolSize = static_cast<short>(size);
+        LineWidth = static_cast<short>(1 + size % 3);
         SymbolColor = LineColor = ink;
     }
 };
@@ -78,6 +79,10 @@ TEST_P(Scale, LeavesNoPixelOutAndGivesEveryLineOneThickness)
             line.Dc().LineTo(side, 40 + x);
             const int length = line.Size().cx;
             EXPECT_EQ(line.Count('#'), (2 * length - static_cast<int>(grid.X(x))) * Thickness());
+
+            Picture upright(side, side, {0, 0, side, side}, grid);
+            upright.Dc().FillSolidRect(x, 0, 1, side, ink);
+            EXPECT_EQ(upright.Painted().Width(), Thickness());
         }
     });
 }

@@ -196,6 +196,11 @@ TEST_F(Tree, TellsItsParentWhatTheUserDoes)
         act();
         EXPECT_EQ(std::exchange(m_heard, {}) + ' ' + Next(TVGN_CARET), told);
     }
+    m_tree.Select(d, TVGN_CARET);
+    SetFocus();
+    m_tree.Select(nullptr, TVGN_CARET);
+    m_tree.SetFocus();
+    EXPECT_EQ(Next(TVGN_CARET), "d") << "where it was";
     // The parent may change any row at a notification, even while painting.
     for (const int index : {3, 4, 7, 11}) {
         Delete(TVI_ROOT);
@@ -217,6 +222,9 @@ TEST_F(Tree, ScrollsByRows)
     EXPECT_EQ(Scroll(), "5 5 0");
     EXPECT_EQ(test::ClientOf(m_tree).x(), 0); // with the bar at the right
     EXPECT_EQ(Name(m_tree.HitTest({200 - GetSystemMetrics(SM_CXVSCROLL), 1})), "0");
+    test::TurnWheel(m_tree, -120);
+    EXPECT_EQ(Scroll(), "5 5 1");
+    test::TurnWheel(m_tree, 120);
     m_tree.EnsureVisible(f);
     EXPECT_EQ(Scroll() + Next(TVGN_FIRSTVISIBLE), "5 5 1b");
     m_tree.MoveWindow(0, 0, 200, 2 * rowHeight);
@@ -263,9 +271,10 @@ TEST_F(Tree, LetsItsParentDrawAlong)
     EXPECT_EQ(picture.PixelAt(199, 3 * rowHeight), gdi::ToPixel(ours));
     EXPECT_EQ(test::PixelOf(m_tree, {199, 3 * rowHeight}), ours);
     std::string lines; // across signs, dotted lines, and the label with the focus
-    for (const std::size_t y : {5, 13, 21, 23, 32, 33, 39, 40})
+    for (const std::size_t y : {1, 5, 13, 21, 23, 32, 33, 39, 40})
         lines += picture.Text().substr(lineLength * y, y < 32 ? 2 * square : 2 * square + 4) + '\n';
-    EXPECT_EQ(lines, "     #       #                        \n"
+    EXPECT_EQ(lines, "                                      \n"
+                     "     #       #                        \n"
                      "         #                            \n"
                      "         #              #   o   #     \n"
                      "         #              # ooooo ## # #\n"

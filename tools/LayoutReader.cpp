@@ -4,12 +4,22 @@
 
 #include <cerrno>
 #include <cstring>
+#include <memory>
 #include <stdexcept>
 #include <utility>
 
 namespace atlaslayout
 {
 using styleatlas::terminal::Counted;
+
+namespace
+{
+
+struct DeleteException {
+    void operator()(CException* error) const { error->Delete(); }
+};
+
+} // namespace
 
 LayoutReader::LayoutReader(const char* path) : m_file{path}
 {
@@ -40,20 +50,15 @@ template <class Serialize> LayoutReader::Result LayoutReader::Read(Serialize ser
     try {
         serialize();
         return Result::Good;
-    } catch (CArchiveException* error) {
-        const bool isEnd = error->m_cause == CArchiveException::endOfFile;
-        error->Delete();
+    } catch (CException* caught) {
+        const std::unique_ptr<CException, DeleteException> error{caught};
+        if (const auto* const ofFile = dynamic_cast<const CFileException*>(caught))
+            throw std::runtime_error{std::strerror(ofFile->m_lOsError)};
+        if (dynamic_cast<const CMemoryException*>(caught) != nullptr)
+            throw std::runtime_error{std::strerror(ENOMEM)};
+        const auto* const ofArchive = dynamic_cast<const CArchiveException*>(caught);
+        const bool isEnd = ofArchive != nullptr && ofArchive->m_cause == CArchiveException::endOfFile;
         return isEnd ? Result::EndOfFile : Result::Refused;
-    } catch (CFileException* error) {
-        const LONG number = error->m_lOsError;
-        error->Delete();
-        throw std::runtime_error{std::strerror(number)};
-    } catch (CMemoryException* error) {
-        error->Delete();
-        throw std::runtime_error{std::strerror(ENOMEM)};
-    } catch (CException* error) {
-        error->Delete();
-        return Result::Refused;
     }
 }
 

@@ -8,7 +8,6 @@
 #include <model/HostSettings.h>
 
 #include <algorithm>
-#include <clocale>
 #include <iostream>
 #include <limits>
 #include <string_view>
@@ -178,7 +177,6 @@ void PrintError(const std::string& message)
 int main(int argc, char** argv)
 {
     using namespace atlaslayout;
-    std::setlocale(LC_ALL, "");
     try {
         return Run(argc, argv);
     } catch (const styleatlas::terminal::UsageError& error) {

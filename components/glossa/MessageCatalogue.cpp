@@ -21,7 +21,6 @@ constexpr char16_t accessKeyMark = u'&';
 std::u16string StripText(std::u16string_view text)
 {
     std::u16string stripped;
-    stripped.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         // "&&" stands for a single "&".
         if (text[i] == accessKeyMark && ++i == text.size())

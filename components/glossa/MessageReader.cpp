@@ -104,7 +104,6 @@ std::optional<std::vector<Message>> ReadMessages(std::string_view bytes)
     if (!reader.ReadHead())
         return std::nullopt;
     std::vector<Message> messages;
-    messages.reserve(reader.Count());
     for (std::uint32_t i = 0; i < reader.Count(); ++i) {
         Message message;
         if (!reader.ReadMessage(i, message))

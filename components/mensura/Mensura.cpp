@@ -45,11 +45,7 @@ public:
         return *m_catalogue;
     }
 
-    void Forget()
-    {
-        m_catalogue.reset();
-        m_numbers.clear();
-    }
+    void Forget() { m_catalogue.reset(); }
 
     // The text of a quantity that the catalogue doesn't have.
     const char16_t* NumberText(std::uint16_t quantity)
@@ -65,11 +61,11 @@ public:
 private:
     void Read(std::string path)
     {
-        Forget();
-        m_path = std::move(path);
         // The stamp comes first, so that a file which changes while it is read is read again.
-        m_stamp = StampOf(m_path);
-        m_catalogue = ReadUnitCatalogue(m_path);
+        const std::optional<FileStamp> stamp = StampOf(path);
+        m_catalogue = ReadUnitCatalogue(path);
+        m_path = std::move(path);
+        m_stamp = stamp;
     }
 
     std::optional<UnitCatalogue> m_catalogue;
@@ -85,9 +81,15 @@ UnitLibrary& Library()
     return library;
 }
 
-void ReportNoMemory()
+// The result of the body; of one that throws, the failure.
+template <class Result, class Body> Result Guarded(Result failure, Body body)
 {
-    WriteToStandardError("mensura: not enough memory for the catalogue\n");
+    try {
+        return body();
+    } catch (...) {
+        WriteToStandardError("mensura: not enough memory for the catalogue\n");
+        return failure;
+    }
 }
 
 QuantityKey KeyOf(std::uint32_t quantity, std::uint32_t subQuantity, std::uint32_t flags,
@@ -108,58 +110,48 @@ void MensuraGetQuantitiesW(uint16_t** devices, uint16_t** quantities, int** subQ
     *devices = *quantities = *indexes = nullptr;
     *subQuantities = nullptr;
     *flags = nullptr;
-    *count = 0;
-    try {
+    *count = mensura::Guarded(0, [=] {
         mensura::QuantityArrays& arrays = mensura::Library().Refreshed().Arrays();
         if (arrays.Devices.empty())
-            return;
+            return 0;
         *devices = arrays.Devices.data();
         *quantities = arrays.Quantities.data();
         *subQuantities = arrays.SubQuantities.data();
         *indexes = arrays.Indexes.data();
         *flags = arrays.Flags.data();
-        *count = static_cast<int>(arrays.Devices.size());
-    } catch (...) {
-        mensura::ReportNoMemory();
-    }
+        return static_cast<int>(arrays.Devices.size());
+    });
 }
 
 const char16_t* MensuraGetSymbolW(uint32_t quantity, uint32_t subQuantity, uint32_t flags, uint32_t device,
                                   uint32_t index, int mode)
 {
-    try {
+    return mensura::Guarded(mensura::numberMark, [=] {
         mensura::UnitLibrary& library = mensura::Library();
         const mensura::QuantityKey key = mensura::KeyOf(quantity, subQuantity, flags, device, index);
         const mensura::QuantityTexts* const texts = library.Current().Find(key);
         if (texts == nullptr)
             return library.NumberText(key.Quantity);
         return (mode == MENSURA_SYMBOL_AND_NAME ? texts->SymbolAndName : texts->Symbol).c_str();
-    } catch (...) {
-        mensura::ReportNoMemory();
-        return mensura::numberMark;
-    }
+    });
 }
 
 const char16_t* MensuraGetNameW(uint32_t quantity, uint32_t subQuantity, uint32_t flags, uint32_t device,
                                 uint32_t index)
 {
-    try {
+    return mensura::Guarded(mensura::noText, [=] {
         const mensura::QuantityKey key = mensura::KeyOf(quantity, subQuantity, flags, device, index);
         const mensura::QuantityTexts* const texts = mensura::Library().Current().Find(key);
         return texts == nullptr ? mensura::noText : texts->Name.c_str();
-    } catch (...) {
-        mensura::ReportNoMemory();
-        return mensura::noText;
-    }
+    });
 }
 
 void MensuraChangeUserInfoW(const char16_t*, const char16_t*, uint16_t)
 {
-    try {
+    mensura::Guarded(0, [] {
         mensura::Library().Forget();
-    } catch (...) {
-        mensura::ReportNoMemory();
-    }
+        return 0;
+    });
 }
 
 const MensuraExport ModuleExports[] = {

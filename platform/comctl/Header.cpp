@@ -129,8 +129,7 @@ void HeaderWindow::mouseMoveEvent(QMouseEvent* event)
 
 void HeaderWindow::wheelEvent(QWheelEvent* event)
 {
-    if (!ScrollBarWindow::TakeWheel(*this, *event))
-        ScrollAreaWindow::wheelEvent(event);
+    event->setAccepted(ScrollBarWindow::TakeWheel(*this, *event));
 }
 
 // Qt has already resized: restore, then ask the parent.

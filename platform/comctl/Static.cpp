@@ -53,7 +53,6 @@ QAccessibleInterface* StaticWindow::NewAccessible()
 // A tree among the children makes it a table.
 void StaticWindow::childEvent(QChildEvent* event)
 {
-    WidgetWindow::childEvent(event);
     if (event->added())
         accessible::Renew(*this);
 }

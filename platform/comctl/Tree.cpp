@@ -93,7 +93,6 @@ TreeWindow::TreeWindow(DWORD style, QWidget* parent) : ScrollAreaWindow(parent)
     setLayoutDirection(Qt::LeftToRight);
     setHeaderHidden(true);
     disconnect(header(), &QHeaderView::sectionResized, this, nullptr); // would repaint all a second time
-    setIndentation(0); // lines, button and label are painted here
     setItemDelegate(new RowDelegate(*this));
     setUniformRowHeights(true);
     setVerticalScrollBar(new VerticalBar(this));

@@ -1,5 +1,7 @@
 #include "TreeItems.h"
 
+#include <utility>
+
 HTREEITEM TreeHandles::Add(TreeItem& item)
 {
     m_items.push_back(&item);
@@ -12,8 +14,7 @@ void TreeHandles::Remove(HTREEITEM handle)
     m_items[reinterpret_cast<std::size_t>(handle) - m_forgotten - 1] = nullptr;
     if (--m_rows > 0)
         return;
-    m_forgotten += m_items.size();
-    m_items.clear();
+    m_forgotten += std::exchange(m_items, {}).size();
 }
 
 TreeItem* TreeHandles::Find(HTREEITEM handle) const

@@ -60,11 +60,11 @@ int LiveObjects()
     return liveObjects.load(std::memory_order_relaxed);
 }
 
-GdiObject::GdiObject(Kind kind, bool isStock) : m_kind(kind), m_isStock(isStock)
+// The wrapper of a stock object is created now, because threads share the object.
+GdiObject::GdiObject(Kind kind, bool isStock)
+    : m_kind(kind), m_isStock(isStock), m_wrapper(isStock ? NewWrapper() : nullptr)
 {
-    if (isStock)
-        Wrapper(); // created now, because threads share the object
-    else
+    if (!isStock)
         liveObjects.fetch_add(1, std::memory_order_relaxed);
 }
 
@@ -102,11 +102,16 @@ CGdiObject* GdiObject::Wrapper()
 {
     if (m_attached != nullptr)
         return m_attached;
-    if (!m_wrapper) {
-        m_wrapper = MakeWrapper(m_kind);
-        m_wrapper->m_hObject = Handle();
-    }
+    if (!m_wrapper)
+        m_wrapper = NewWrapper();
     return m_wrapper.get();
+}
+
+std::unique_ptr<CGdiObject> GdiObject::NewWrapper()
+{
+    std::unique_ptr<CGdiObject> wrapper = MakeWrapper(m_kind);
+    wrapper->m_hObject = Handle();
+    return wrapper;
 }
 
 void GdiObject::ForgetAttached(const CGdiObject* wrapper)

@@ -48,6 +48,8 @@ protected:
     GdiObject(Kind kind, bool isStock);
 
 private:
+    std::unique_ptr<CGdiObject> NewWrapper();
+
     Kind m_kind;
     bool m_isStock;
     bool m_isDeleted = false;

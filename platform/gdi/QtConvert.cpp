@@ -35,7 +35,6 @@ QFont ToQFont(const LOGFONTW& wanted)
     font.setBold(wanted.lfWeight >= FW_BOLD);
     font.setItalic(wanted.lfItalic != 0);
     font.setUnderline(wanted.lfUnderline != 0);
-    font.setStrikeOut(wanted.lfStrikeOut != 0);
     return font;
 }
 

@@ -14,8 +14,8 @@ public:
     CFile() = default;
     ~CFile() override; // closes, and ignores errors
 
-    // For reading, opens regular files only, so that no device or pipe can block the caller. modeCreate
-    // truncates an existing file. False if the file can't be opened.
+    // Opens a file that isn't open yet. For reading, opens regular files only, so that no device or pipe can
+    // block the caller. modeCreate truncates an existing file. False if the file can't be opened.
     virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags);
     virtual UINT Read(void* lpBuf, UINT nCount); // fewer bytes only at the end of the file
     virtual void Write(const void* lpBuf, UINT nCount);

@@ -13,11 +13,10 @@ class PLATFORM_API CWinThread : public CCmdTarget
 {
 public:
     virtual BOOL InitInstance(); // true
-    virtual int ExitInstance();  // 0
 };
 
 // The application object of a module. The framework calls InitInstance when the module has been loaded and
-// its static objects are constructed, and ExitInstance before they are destroyed.
+// its static objects are constructed.
 class PLATFORM_API CWinApp : public CWinThread
 {
 public:

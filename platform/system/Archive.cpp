@@ -23,10 +23,10 @@ CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize)
 
 CArchive::~CArchive()
 {
-    if (m_pFile == nullptr || (m_nMode & bNoFlushOnDelete) != 0)
+    if ((m_nMode & bNoFlushOnDelete) != 0)
         return;
     try {
-        Close();
+        Flush();
     } catch (CException* e) {
         e->Delete(); // a destructor has no way to report it
     }
@@ -43,7 +43,6 @@ void CArchive::Flush()
 void CArchive::Close()
 {
     Flush();
-    m_pFile = nullptr;
 }
 
 void CArchive::WriteThrough(const BYTE* from, UINT nCount)

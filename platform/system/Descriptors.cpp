@@ -25,6 +25,14 @@ StandardDescriptors::~StandardDescriptors()
     errno = error;
 }
 
+Descriptor::~Descriptor()
+{
+    const int error = errno;
+    if (m_number >= 0)
+        close(m_number);
+    errno = error;
+}
+
 int OpenAt(int folder, const char* path, int flags, mode_t mode)
 {
     const StandardDescriptors descriptors;
@@ -34,4 +42,13 @@ int OpenAt(int folder, const char* path, int flags, mode_t mode)
 int OpenFile(const char* path, int flags, mode_t mode)
 {
     return OpenAt(AT_FDCWD, path, flags, mode);
+}
+
+Folder OpenFolder(const std::string& path)
+{
+    Descriptor file(OpenFile(path.c_str(), O_RDONLY | O_DIRECTORY));
+    Folder folder(file ? fdopendir(file.Get()) : nullptr, closedir);
+    if (folder)
+        file.Release();
+    return folder;
 }

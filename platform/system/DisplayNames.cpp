@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <dlfcn.h>
+#include <memory>
 
 namespace
 {
@@ -24,8 +25,7 @@ std::string NamedDisplay()
 
 bool HasWindowLibrary()
 {
-    void* const loaded = dlopen(windowLibrary, RTLD_LAZY | RTLD_NOLOAD);
-    if (loaded != nullptr)
-        dlclose(loaded);
+    const std::unique_ptr<void, int (*)(void*)> loaded(dlopen(windowLibrary, RTLD_LAZY | RTLD_NOLOAD),
+                                                       dlclose);
     return loaded != nullptr;
 }

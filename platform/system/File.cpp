@@ -12,6 +12,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -49,8 +50,7 @@ bool HasSizeLimit()
 
 CFile::~CFile()
 {
-    if (m_hFile != hFileNull)
-        close(m_hFile);
+    CFile::Abort();
 }
 
 BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
@@ -65,21 +65,19 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 
 BOOL CFile::OpenNative(const std::string& path, int flags, UINT mode)
 {
-    CFile::Abort();
-    const int file = OpenFile(path.c_str(), flags | commonFlags, mode);
-    if (file < 0)
+    Descriptor file(OpenFile(path.c_str(), flags | commonFlags, mode));
+    if (!file)
         return FALSE;
     struct stat status {
     };
     const bool writing = (flags & O_ACCMODE) != O_RDONLY;
     const bool isUsable =
-        fstat(file, &status) == 0 && (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
+        fstat(file.Get(), &status) == 0 && (S_ISREG(status.st_mode) || (writing && S_ISCHR(status.st_mode)));
     if (!isUsable) {
-        close(file);
         errno = EINVAL;
         return FALSE;
     }
-    m_hFile = file;
+    m_hFile = file.Release();
     return TRUE;
 }
 
@@ -135,18 +133,13 @@ void CFile::Close()
 {
     if (m_hFile == hFileNull)
         return;
-    const int result = close(m_hFile);
-    const int error = errno;
-    m_hFile = hFileNull;
-    if (result != 0 && error != EINTR) // after EINTR the descriptor is closed
-        ThrowSystemError(error);
+    if (close(std::exchange(m_hFile, hFileNull)) != 0 && errno != EINTR) // which closes it, too
+        ThrowSystemError(errno);
 }
 
 void CFile::Abort()
 {
-    if (m_hFile != hFileNull)
-        close(m_hFile);
-    m_hFile = hFileNull;
+    const Descriptor closed(std::exchange(m_hFile, hFileNull));
 }
 
 void CFile::ThrowSystemError(int error) const

@@ -41,7 +41,6 @@ CMirrorFile::~CMirrorFile()
 
 BOOL CMirrorFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 {
-    CMirrorFile::Abort();
     if ((nOpenFlags & modeCreate) == 0)
         return CFile::Open(lpszFileName, nOpenFlags);
     return WithFrameworkMemory([&] {
@@ -118,8 +117,6 @@ void CMirrorFile::Close()
     });
     if (error != 0)
         ThrowSystemError(error);
-    m_bOverwrites = false;
-    m_strContents.clear();
     CFile::Close();
 }
 
@@ -136,13 +133,11 @@ int CMirrorFile::CloseMirror()
             return refusal;
         CFile::Abort(); // the new file: its contents have been read back
         unlink(m_strMirrorName.c_str());
-        m_strMirrorName.clear();
         if (!OpenOver(O_RDWR) && !OpenOver(O_WRONLY))
             return refusal;
         KeepAsPrevious(m_strTarget, Keeping::byCopy);
         return Overwrite(m_hFile, m_strContents);
     }
-    m_strMirrorName.clear();
     FlushFolder(FolderOf(m_strTarget));
     return 0;
 }
@@ -152,7 +147,5 @@ void CMirrorFile::Abort()
     if (m_hFile != hFileNull && !m_strMirrorName.empty())
         unlink(m_strMirrorName.c_str());
     m_strMirrorName.clear();
-    m_strContents.clear();
-    m_bOverwrites = false;
     CFile::Abort();
 }

@@ -15,11 +15,7 @@ void CMirrorFile::Write(const void* lpBuf, UINT nCount)
 {
     if (m_strContents.size() + nCount > pieceSize)
         HandOver();
-    WithFrameworkMemory([&] {
-        if (m_strContents.empty())
-            m_strContents.reserve(pieceSize);
-        m_strContents.append(static_cast<const char*>(lpBuf), nCount);
-    });
+    WithFrameworkMemory([&] { m_strContents.append(static_cast<const char*>(lpBuf), nCount); });
 }
 
 // A file that is overwritten in place stays untouched until Close, when its new contents are complete.

@@ -16,13 +16,7 @@ public:
     }
     ModuleAttach(const ModuleAttach&) = delete;
     ModuleAttach& operator=(const ModuleAttach&) = delete;
-    ~ModuleAttach()
-    {
-        const AFX_MAINTAIN_STATE2 state(AfxGetStaticModuleState());
-        AfxGetStaticModuleState()->m_bEnding = true;
-        if (CWinApp* const app = AfxGetApp())
-            app->ExitInstance();
-    }
+    ~ModuleAttach() { AfxGetStaticModuleState()->m_bEnding = true; }
 };
 
 const ModuleAttach attach;

@@ -5,9 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/random.h>
@@ -27,13 +25,13 @@ bool IsNewName(std::string_view name)
            name.substr(1, digitCount).find_first_not_of("0123456789abcdef") == std::string_view::npos;
 }
 
-int OpenFolder(const std::string& folder)
+std::string NameOf(const std::string& folder)
 {
-    return OpenFile(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+    return folder.empty() ? "." : folder;
 }
 
-// Whether a new file still has its name: another writer may have removed it as a leftover before it was
-// locked. On a file system without locks nothing is removed as a leftover.
+// Whether a new file keeps its name: another writer may have removed it as a leftover before it was locked,
+// or be about to. On a file system without locks nothing is removed as a leftover.
 bool LockNewFile(int file)
 {
     struct stat status {
@@ -63,13 +61,10 @@ int MakeNewFile(const std::string& folder, mode_t mode, std::string& path)
 {
     for (int i = 0; i < maxTries; ++i) {
         path = NewPath(folder);
-        const int file = OpenFile(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOCTTY, mode);
-        if (file < 0 && errno == EEXIST)
-            continue;
-        if (file < 0 || LockNewFile(file))
-            return file;
-        close(file);
-        unlink(path.c_str());
+        Descriptor file(OpenFile(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOCTTY, mode));
+        const bool isTaken = !file && errno == EEXIST;
+        if (!isTaken && (!file || LockNewFile(file.Get())))
+            return file.Release();
     }
     errno = EBUSY;
     return -1;
@@ -77,31 +72,20 @@ int MakeNewFile(const std::string& folder, mode_t mode, std::string& path)
 
 void RemoveLeftovers(const std::string& folder)
 {
-    const int descriptor = OpenFolder(folder);
-    if (descriptor < 0)
-        return;
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(fdopendir(descriptor), closedir);
-    if (!entries) {
-        close(descriptor);
-        return;
-    }
-    while (const dirent* const entry = readdir(entries.get())) {
+    const Folder entries = OpenFolder(NameOf(folder));
+    while (const dirent* const entry = entries ? readdir(entries.get()) : nullptr) {
         if (!IsNewName(entry->d_name))
             continue;
-        const int file = OpenAt(descriptor, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
-        if (file < 0)
-            continue;
-        if (flock(file, LOCK_SH | LOCK_NB) == 0) // NFS grants no exclusive lock on a file opened for reading
-            unlinkat(descriptor, entry->d_name, 0);
-        close(file);
+        const int in = dirfd(entries.get());
+        const Descriptor file(OpenAt(in, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK));
+        // NFS grants no exclusive lock on a file opened for reading.
+        if (file && flock(file.Get(), LOCK_SH | LOCK_NB) == 0)
+            unlinkat(in, entry->d_name, 0);
     }
 }
 
 void FlushFolder(const std::string& folder)
 {
-    const int file = OpenFolder(folder);
-    if (file < 0)
-        return;
-    fsync(file); // not every file system can; the files in it are synced already
-    close(file);
+    const Descriptor file(OpenFile(NameOf(folder).c_str(), O_RDONLY | O_DIRECTORY));
+    fsync(file.Get()); // not every file system can; the files in it are synced already
 }

@@ -46,10 +46,8 @@ public:
     Copy& operator=(const Copy&) = delete;
     ~Copy()
     {
-        if (m_file < 0)
-            return;
-        unlink(m_path.c_str());
-        close(m_file);
+        if (m_file)
+            unlink(m_path.c_str());
     }
     int Error() const { return m_error; } // 0 for none
     const std::string& Path() const { return m_path; }
@@ -57,23 +55,22 @@ public:
 private:
     int Make(const std::string& path, const std::string& folder)
     {
-        const int from = OpenFile(path.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK);
-        if (from < 0)
-            return errno;
+        const Descriptor from(OpenFile(path.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK));
         struct stat status {
         };
-        int error = fstat(from, &status) == 0 ? 0 : errno;
-        m_file = error == 0 ? MakeNewFile(folder, ownersOnly, m_path) : -1;
+        if (!from || fstat(from.Get(), &status) != 0)
+            return errno;
+        m_file = Descriptor(MakeNewFile(folder, ownersOnly, m_path));
+        if (!m_file)
+            return errno;
+        const int error = CopyContents(from.Get(), m_file.Get());
         if (error == 0)
-            error = m_file >= 0 ? CopyContents(from, m_file) : errno;
-        if (error == 0)
-            CopyPermissions(m_file, path, status);
-        close(from);
+            CopyPermissions(m_file.Get(), path, status);
         return error;
     }
 
     std::string m_path;
-    int m_file = -1;
+    Descriptor m_file{-1};
     int m_error;
 };
 

@@ -11,9 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <dirent.h>
-#include <fcntl.h>
-#include <memory>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -93,16 +90,10 @@ std::string NameInFolder(const std::string& folder, const std::string& name)
 {
     if (Exists(folder + '/' + name))
         return name;
-    const int file = OpenFile(folder.c_str(), O_RDONLY | O_DIRECTORY);
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(file >= 0 ? fdopendir(file) : nullptr, closedir);
-    if (!entries) {
-        if (file >= 0)
-            close(file);
-        return name;
-    }
+    const Folder entries = OpenFolder(folder);
     const std::string folded = FoldCase(name);
     std::string found;
-    while (const dirent* const entry = readdir(entries.get())) {
+    while (const dirent* const entry = entries ? readdir(entries.get()) : nullptr) {
         if ((found.empty() || entry->d_name < found) && FoldCase(entry->d_name) == folded)
             found = entry->d_name;
     }

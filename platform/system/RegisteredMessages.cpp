@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <string>
 #include <vector>
 
 namespace
@@ -11,9 +12,9 @@ constexpr UINT firstNumber = 0xC000;
 constexpr UINT lastNumber = 0xFFFF;
 
 // Constructed on first use, as names are registered by static constructors.
-std::vector<CString>& Names()
+std::vector<std::u16string>& Names()
 {
-    static std::vector<CString> names;
+    static std::vector<std::u16string> names;
     return names;
 }
 
@@ -21,9 +22,9 @@ std::vector<CString>& Names()
 
 UINT RegisterWindowMessageW(LPCWSTR name)
 {
-    std::vector<CString>& names = Names();
-    const auto found = std::find_if(names.begin(), names.end(),
-                                    [name](const CString& known) { return known.CompareNoCase(name) == 0; });
+    std::vector<std::u16string>& names = Names();
+    const auto isSame = [name](const std::u16string& known) { return _wcsicmp(known.c_str(), name) == 0; };
+    const auto found = std::ranges::find_if(names, isSame);
     const UINT number = firstNumber + static_cast<UINT>(found - names.begin());
     if (found != names.end())
         return number;
@@ -32,9 +33,6 @@ UINT RegisterWindowMessageW(LPCWSTR name)
     try {
         names.emplace_back(name);
     } catch (const std::bad_alloc&) {
-        return 0;
-    } catch (CException* e) {
-        e->Delete();
         return 0;
     }
     return number;

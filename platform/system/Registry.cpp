@@ -9,10 +9,11 @@
 
 #include <cstdint>
 #include <new>
+#include <utility>
 
 // An open key, with a connection of its own.
 struct HKEY__ {
-    sqlite3* Store;
+    Database Store;
     sqlite3_int64 Id;
     REGSAM Access;
     std::uint64_t Hash;
@@ -51,8 +52,7 @@ LONG OpenKey(LPCWSTR subKey, REGSAM access, HKEY* key)
     sqlite3_int64 id = 0;
     if (const LONG error = OpenStoredKey(subKey, database, id))
         return error;
-    *key = new HKEY__{database.get(), id, access, KeyHash(subKey), false, ERROR_SUCCESS};
-    static_cast<void>(database.release());
+    *key = new HKEY__{std::move(database), id, access, KeyHash(subKey), false, ERROR_SUCCESS};
     return ERROR_SUCCESS;
 }
 
@@ -65,10 +65,8 @@ LONG RegOpenKeyExW(HKEY root, LPCWSTR subKey, DWORD /*options*/, REGSAM access, 
     const LONG result = Guarded([&] { return OpenKey(subKey, access, key); });
     const std::uint64_t hash = KeyHash(subKey);
     unopened = {.Hash = result != ERROR_SUCCESS ? hash : 0};
-    if (result != ERROR_SUCCESS)
+    if (result != ERROR_SUCCESS) // a key that was opened has values still unknown
         RegistryFailures::Record(hash, result);
-    else
-        RegistryFailures::RecordOpened(hash);
     return result;
 }
 
@@ -78,7 +76,7 @@ LONG RegCreateKeyExW(HKEY root, LPCWSTR subKey, DWORD /*reserved*/, LPWSTR /*key
     if (root != HKEY_USERS)
         return ERROR_INVALID_HANDLE;
     const std::uint64_t hash = KeyHash(subKey);
-    if (const LONG error = RegistryFailures::OpenErrorOf(hash))
+    if (const LONG error = RegistryFailures::ErrorOf(hash))
         return error;
     const LONG created = Guarded([&] { return CreateStoredKey(subKey); });
     if (created == ERROR_SUCCESS)
@@ -96,7 +94,8 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, 
     }
     const LONG result = Guarded([&]() -> LONG {
         const bool isAllowed = (key->Access & KEY_READ) == KEY_READ;
-        return isAllowed ? ReadStoredValue(key->Store, key->Id, name, type, data, size) : ERROR_ACCESS_DENIED;
+        return isAllowed ? ReadStoredValue(key->Store.get(), key->Id, name, type, data, size)
+                         : ERROR_ACCESS_DENIED;
     });
     key->IsRead = IsAnswer(result);
     key->ReadError = key->IsRead ? ERROR_SUCCESS : result;
@@ -106,7 +105,7 @@ LONG RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* /*reserved*/, DWORD* type, 
 
 LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, const BYTE* data, DWORD size)
 {
-    const std::uint64_t value = ValueHash(name, type, {reinterpret_cast<const char*>(data), size});
+    const std::uint64_t value = ValueHash({reinterpret_cast<const char*>(data), size});
     if (key == nullptr || key == HKEY_USERS) {
         if (unopened.IsQueried)
             RegistryFailures::RefuseValue(unopened.Hash, value);
@@ -121,7 +120,8 @@ LONG RegSetValueExW(HKEY key, LPCWSTR name, DWORD /*reserved*/, DWORD type, cons
         return error;
     return Guarded([&]() -> LONG {
         const bool isAllowed = (key->Access & KEY_WRITE) == KEY_WRITE;
-        return isAllowed ? StoreValue(key->Store, key->Id, name, type, data, size) : ERROR_ACCESS_DENIED;
+        return isAllowed ? StoreValue(key->Store.get(), key->Id, name, type, data, size)
+                         : ERROR_ACCESS_DENIED;
     });
 }
 
@@ -130,7 +130,6 @@ LONG RegCloseKey(HKEY key)
     if (key == nullptr || key == HKEY_USERS)
         return ERROR_INVALID_HANDLE;
     const StandardDescriptors descriptors;
-    sqlite3_close(key->Store);
     delete key;
     return ERROR_SUCCESS;
 }

@@ -13,8 +13,7 @@ constexpr std::size_t maxKeys = 16; // a host has one or two
 
 struct Failure {
     std::uint64_t Key = 0;
-    LONG Result = ERROR_SUCCESS; // of the last attempt; ERROR_SUCCESS in a free slot
-    LONG OpenResult = ERROR_SUCCESS;
+    LONG Result = ERROR_SUCCESS;    // of the last attempt; ERROR_SUCCESS in a free slot
     std::uint64_t RefusedValue = 0; // 0 for none
 };
 
@@ -52,22 +51,17 @@ std::uint64_t KeyHash(std::u16string_view subKey)
 {
     Hash hash;
     char16_t before = u'\\';
-    for (const char16_t c : subKey) {
-        if (before == u'\\' && c != u'\\')
-            hash.Add(u'\\');
-        if (c != u'\\')
+    for (const char16_t c : subKey.substr(0, subKey.find_last_not_of(u'\\') + 1)) {
+        if (c != u'\\' || before != u'\\')
             hash.Add(FoldCharacter(c));
         before = c;
     }
     return hash.Value();
 }
 
-std::uint64_t ValueHash(std::u16string_view name, DWORD type, std::string_view bytes)
+std::uint64_t ValueHash(std::string_view bytes)
 {
     Hash hash;
-    for (const char16_t c : name)
-        hash.Add(FoldCharacter(c));
-    hash.Add(type);
     for (const char byte : bytes)
         hash.Add(static_cast<unsigned char>(byte));
     return hash.Value();
@@ -86,19 +80,13 @@ void RegistryFailures::Record(std::uint64_t key, LONG result)
         oldest = (oldest + 1) % maxKeys;
         *failure = {.Key = key};
     }
-    failure->Result = failure->OpenResult = result;
+    failure->Result = result;
 }
 
-void RegistryFailures::RecordOpened(std::uint64_t key)
-{
-    if (Failure* const failure = Find(key))
-        failure->OpenResult = ERROR_SUCCESS;
-}
-
-LONG RegistryFailures::OpenErrorOf(std::uint64_t key)
+LONG RegistryFailures::ErrorOf(std::uint64_t key)
 {
     const Failure* const failure = Find(key);
-    return failure != nullptr ? failure->OpenResult : ERROR_SUCCESS;
+    return failure != nullptr ? failure->Result : ERROR_SUCCESS;
 }
 
 void RegistryFailures::RefuseValue(std::uint64_t key, std::uint64_t value)

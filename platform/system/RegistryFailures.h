@@ -13,7 +13,7 @@ bool IsAnswer(LONG result);
 
 // Hashes: of a key without regard to case and empty path parts, of a value with all its bytes; never 0.
 std::uint64_t KeyHash(std::u16string_view subKey);
-std::uint64_t ValueHash(std::u16string_view name, DWORD type, std::string_view bytes);
+std::uint64_t ValueHash(std::string_view bytes);
 
 namespace RegistryFailures
 {
@@ -21,11 +21,8 @@ namespace RegistryFailures
 // Records the result of opening or reading a key; an answer clears the key's record.
 void Record(std::uint64_t key, LONG result);
 
-// The key was opened: it exists, but its values are still unknown.
-void RecordOpened(std::uint64_t key);
-
-// The error of the last attempt to open the key, or ERROR_SUCCESS.
-LONG OpenErrorOf(std::uint64_t key);
+// The error of the last attempt to open or read the key, or ERROR_SUCCESS.
+LONG ErrorOf(std::uint64_t key);
 
 // Refuses a value that was made up because this key could not be read, through any handle and for any key,
 // until this key has been read.

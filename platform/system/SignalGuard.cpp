@@ -21,16 +21,12 @@ SignalGuard::SignalGuard() noexcept
 
 SignalGuard::~SignalGuard()
 {
-    sigset_t pending;
-    sigpending(&pending);
-    constexpr std::timespec atOnce{0, 0};
     for (const int number : guardedSignals) {
-        if (sigismember(&pending, number) != 1 || sigismember(&m_hostPending, number) == 1)
-            continue;
-        sigset_t raisedHere;
-        sigemptyset(&raisedHere);
-        sigaddset(&raisedHere, number);
-        sigtimedwait(&raisedHere, nullptr, &atOnce);
+        if (sigismember(&m_hostPending, number) == 1)
+            sigdelset(&m_guarded, number);
+    }
+    constexpr std::timespec atOnce{0, 0};
+    while (sigtimedwait(&m_guarded, nullptr, &atOnce) > 0) {
     }
     pthread_sigmask(SIG_SETMASK, &m_hostMask, nullptr);
 }

@@ -36,26 +36,22 @@ Statement::Statement(sqlite3* database, std::string_view text)
 
 Statement& Statement::Bind(int parameter, sqlite3_int64 number)
 {
-    return Keep(sqlite3_bind_int64(m_statement, parameter, number));
+    sqlite3_bind_int64(m_statement, parameter, number);
+    return *this;
 }
 
 Statement& Statement::Bind(int parameter, std::string_view text)
 {
-    return Keep(
-        sqlite3_bind_text64(m_statement, parameter, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8));
+    sqlite3_bind_text64(m_statement, parameter, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+    return *this;
 }
 
 Statement& Statement::BindData(int parameter, const BYTE* data, DWORD size)
 {
     if (size == 0)
-        return Keep(sqlite3_bind_zeroblob(m_statement, parameter, 0));
-    return Keep(sqlite3_bind_blob64(m_statement, parameter, data, size, SQLITE_STATIC));
-}
-
-Statement& Statement::Keep(int result)
-{
-    if (m_result == SQLITE_OK)
-        m_result = result;
+        sqlite3_bind_zeroblob(m_statement, parameter, 0);
+    else
+        sqlite3_bind_blob64(m_statement, parameter, data, size, SQLITE_STATIC);
     return *this;
 }
 

@@ -15,6 +15,7 @@ using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 LONG ErrorOf(int result);
 
 // A prepared statement. Parameters count from 1; texts and data that are bound must outlive the last step.
+// What is too large to be bound is null, which no column takes and no row has.
 class Statement
 {
 public:
@@ -27,7 +28,7 @@ public:
     Statement& Bind(int parameter, std::string_view text);
     Statement& BindData(int parameter, const BYTE* data, DWORD size);
 
-    // SQLITE_ROW, SQLITE_DONE, or the first error since construction.
+    // SQLITE_ROW, SQLITE_DONE, or an error, of the construction too.
     int Step() { return m_result == SQLITE_OK ? sqlite3_step(m_statement) : m_result; }
 
     sqlite3_int64 Number(int column) const { return sqlite3_column_int64(m_statement, column); }
@@ -36,8 +37,6 @@ public:
     sqlite3_int64 DataSize(int column) const { return sqlite3_column_bytes(m_statement, column); }
 
 private:
-    Statement& Keep(int result);
-
     sqlite3_stmt* m_statement = nullptr;
     int m_result = SQLITE_OK;
 };

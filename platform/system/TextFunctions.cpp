@@ -50,16 +50,12 @@ int WideCharToMultiByte(UINT /*codePage*/, DWORD /*flags*/, LPCWSTR text, int le
     if (length == upToTerminator)
         bytes.push_back(0);
     const auto room = static_cast<std::size_t>(std::max(size, 0));
-    if (bytes.size() <= room) {
-        bytes.copy(target, bytes.size());
-        return static_cast<int>(bytes.size());
-    }
-    std::size_t fitting = room;
-    while (fitting > 0 && IsInsideCharacter(bytes[fitting]))
-        --fitting;
-    bytes.copy(target, fitting);
-    std::fill(target + fitting, target + room, 0);
-    return 0;
+    const bool fits = bytes.size() <= room;
+    std::size_t count = fits ? bytes.size() : room;
+    while (!fits && count > 0 && IsInsideCharacter(bytes[count]))
+        --count;
+    std::fill(std::copy_n(bytes.data(), count, target), target + room, 0);
+    return fits ? static_cast<int>(bytes.size()) : 0;
 }
 
 int _wsplitpath_s(LPCWSTR path, LPWSTR drive, std::size_t driveSize, LPWSTR folder, std::size_t folderSize,

@@ -59,7 +59,6 @@ constexpr LeadByte leadBytes[] = {{0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800},
 std::string ToUtf8(std::u16string_view text)
 {
     std::string out;
-    out.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t c = text[i];
         if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]))
@@ -98,7 +97,6 @@ std::optional<char32_t> TakeCharacter(std::string_view& text)
 std::u16string ToUtf16(std::string_view text)
 {
     std::u16string out;
-    out.reserve(text.size());
     while (!text.empty()) {
         const std::optional<char32_t> c = TakeCharacter(text);
         AppendUtf16(out, c.value_or(replacement));

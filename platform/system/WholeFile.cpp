@@ -14,31 +14,14 @@ namespace
 
 constexpr std::size_t blockSize = 16384;
 
-class Descriptor
-{
-public:
-    // Without O_NONBLOCK, opening a pipe would block until it has a writer.
-    explicit Descriptor(const char* path) : m_file(OpenFile(path, O_RDONLY | O_NOCTTY | O_NONBLOCK)) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (m_file >= 0)
-            close(m_file);
-    }
-    int Get() const { return m_file; }
-
-private:
-    int m_file;
-};
-
 } // namespace
 
 const char* ReadWholeFile(const std::string& nativePath, std::size_t maxBytes, std::string& bytes)
 {
     bytes.clear();
-    const Descriptor file(nativePath.c_str());
-    if (file.Get() < 0)
+    // Without O_NONBLOCK, opening a pipe would block until it has a writer.
+    const Descriptor file(OpenFile(nativePath.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK));
+    if (!file)
         return std::strerror(errno);
     struct stat status {
     };

@@ -32,11 +32,6 @@ BOOL CWinThread::InitInstance()
     return TRUE;
 }
 
-int CWinThread::ExitInstance()
-{
-    return 0;
-}
-
 CWinApp::CWinApp()
 {
     afxModuleState.m_pCurrentWinApp = this;
