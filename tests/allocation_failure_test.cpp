@@ -341,7 +341,7 @@ TEST_F(AllocationFailure, WhatIsDoneAgainTakesNoMoreMemory)
 // The user's choice isn't a value made up after a failed read: it is stored as soon as the lock is released.
 TEST_F(AllocationFailure, AChoiceAfterAFailedLookIsKept)
 {
-    for (long call = 0; call < 7; ++call) {
+    for (long call = 6; call >= 0; --call) {
         databaseCallsLeft = call;
         m_atlas.Load({});
         databaseCallsLeft = -1;

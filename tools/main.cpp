@@ -8,6 +8,7 @@
 #include <model/HostSettings.h>
 
 #include <algorithm>
+#include <clocale>
 #include <iostream>
 #include <limits>
 #include <string_view>
@@ -177,6 +178,9 @@ void PrintError(const std::string& message)
 int main(int argc, char** argv)
 {
     using namespace atlaslayout;
+    // For the reasons that the system gives. Numbers stay as they are in files.
+    std::setlocale(LC_CTYPE, "");
+    std::setlocale(LC_MESSAGES, "");
     try {
         return Run(argc, argv);
     } catch (const styleatlas::terminal::UsageError& error) {
