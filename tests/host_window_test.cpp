@@ -35,6 +35,8 @@ TEST(HostWindow, DoesWhatItsMenusSay)
     char name[] = "host_window_test";
     char* words[] = {name, nullptr};
     const QApplication application{count, words};
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                       prefix.Path().c_str()); // the last folder
     ownCalls.reload();
     MainWindow window{"AirLab", ownCalls};
     window.show();

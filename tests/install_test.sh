@@ -100,8 +100,8 @@ for example in columns:styleatlas qt_host:'styleatlas-qt Qt6Widgets'; do
     c++ -std=c++17 -fPIC $warnings $(pkg-config --cflags ${example#*:}) "$examples/${example%:*}.cpp" -o packaged \
         $(pkg-config --libs ${example#*:})
 done
-LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen ./packaged packaged.png 2>packaged.log
-cmp found.png packaged.png
+LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen ./packaged drawn.png 2>drawn.log
+cmp found.png drawn.png
 [ "$(stat -c %s found.png)" -gt 4000 ] || fail 'the host with Qt has not drawn its curves'
 
 words="symbol colour: #A52A00

@@ -184,7 +184,8 @@ TEST_F(LayoutTool, ExplainsWhichRowAnswers)
     EXPECT_TRUE(Has(Run({"explain", "--host", "AirLab", "O_3"}), "the layout file " + own));
 }
 
-const std::string Document = R"({
+const std::string Document =
+    R"({
   "version": 1, "fileColumns": 32,
   "rows": [
     {
@@ -193,9 +194,9 @@ const std::string Document = R"({
       "level": 0,
       "styles": [
         {"columns": "0-1", "shape": "none", "fill": "empty", "size": 10, "color": "#000000", "line": "solid", )"
-                             R"("width": 1, "lineColor": "#000000", "useSymbolColor": false},
+    R"("width": 1, "lineColor": "#000000", "useSymbolColor": false},
         {"columns": "2", "shape": 77, "fill": "empty", "size": -3, "color": "#11223307", "line": "solid", )"
-                             R"("width": 1, "lineColor": "#000000", "useSymbolColor": true, "reserved": 4660}
+    R"("width": 1, "lineColor": "#00000005", "useSymbolColor": true, "reserved": 4660}
       ]
     },
     {
