@@ -4,6 +4,7 @@
 
 #include <QtWidgets>
 #include <afxdlgs.h>
+#include <sys/stat.h>
 
 namespace
 {
@@ -21,6 +22,7 @@ std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, Q
         const auto& types = *shown.findChild<QComboBox*>("fileTypeCombo");
         EXPECT_EQ(types.itemText(0) + types.itemText(1), "Layout-files (*.layout)All files (*.*)");
         EXPECT_EQ(shown.nameFilters().last(), "All files (*.*) (*)");
+        EXPECT_GT(shown.palette().color(QPalette::Base).lightness(), 200);
         atOpening = shown.windowTitle() + ' ' + shown.directory().path() + ' ' + name.text();
         name.setText(typed);
         QTimer::singleShot(0, &shown, [&] {
@@ -39,10 +41,13 @@ std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, Q
 TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
 {
     const test::TempPrefix prefix;
+    const test::DesktopColors dark({{QPalette::Base, RGB(0, 0, 0)}});
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
     test::WriteWhole(prefix.MakeFolder("a") / "x.layout", "");
     test::WriteWhole(prefix.MakeFolder("a") / "\xFF.layout", ""); // not UTF-8
-    prefix.MakeFolder("b");
+    ASSERT_EQ(mkfifo((prefix.MakeFolder("b") / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(symlink("pipe", (prefix.MakeFolder("b") / "link.layout").c_str()),
+              0); // would hang who reads it
     const QString root = prefix.Path().c_str();
     const std::u16string native = (prefix.Path() / "n.layout").u16string();
     const struct {
