@@ -39,9 +39,6 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
         const QPoint ok = test::WidgetOf(*shown.GetDlgItem(IDOK)).pos();
         EXPECT_NEAR(double(ok.x()) / client.right, 251.0 / 317, 0.01);
         EXPECT_NEAR(double(ok.y()) / client.bottom, 7.0 / 198, 0.01);
-        CDataExchange exchange{&shown, FALSE};
-        CWnd none;
-        EXPECT_THROW(DDX_Control(&exchange, 4711, none), CInvalidArgException*);
         const auto end = [&shown] {
             EXPECT_EQ(test::WidgetOf(shown).focusWidget(),
                       &test::WidgetOf(*shown.GetDlgItem(IDC_SYMBOL_SHAPE)));
@@ -88,11 +85,11 @@ TEST(Dialogs, StandBeforeAWindowOfTheHost)
     EXPECT_EQ(ownerOf(inside.winId()), std::pair(static_cast<const QWidget*>(&host), host.winId()));
     QWindow foreign;
     const WId id = foreign.winId();
-    const WId known = test::IsOnX() ? id : 0;
+    const WId known = test::isOnX ? id : 0;
     EXPECT_EQ(ownerOf(id), (std::pair<const QWidget*, WId>(nullptr, known)));
     foreign.destroy();
     EXPECT_EQ(CWnd::FromHandle(reinterpret_cast<HWND>(id)), nullptr);
-    EXPECT_EQ(test::IsOnX() ? "" : test::FailuresOnX("*Host"), "");
+    EXPECT_EQ(test::isOnX ? "" : test::FailuresOnX("*Host"), "");
 }
 
 // Where a control has its text. A group box keeps its frame visible at both sides of it.

@@ -1,4 +1,4 @@
-// The dialogs and the menu embedded in the module, and a dialog that is cut short.
+// The dialogs and the menu embedded in the module.
 #include "support/ResourceText.h"
 
 #include <dialogs/resource.h>
@@ -26,10 +26,7 @@ constexpr const char* atlasDialog = "80c800c8 'Symbol/Color style atlas' 0,0,508
 
 TEST(ResourcesTest, TheDialogsAreWhatTheirClassesExpect)
 {
-    const auto whole = FindResource(ResourceType::Dialog, IDD_STYLE_ATLAS);
-    EXPECT_EQ(DialogText(whole), atlasDialog);
-    for (std::size_t size = 0; size < whole.size(); ++size) // in copies: sanitizers see reads past the end
-        EXPECT_EQ(DialogText(std::vector(whole.begin(), whole.begin() + size)), "") << size;
+    EXPECT_EQ(DialogText(FindResource(ResourceType::Dialog, IDD_STYLE_ATLAS)), atlasDialog);
 }
 
 TEST(ResourcesTest, TheMenuAndTheNumberListsAreInOrder)

@@ -1,10 +1,9 @@
 // A host with Qt, which opens the library while it runs. Carries out its arguments in order, in another
 // thread if in capitals: "own" and "gui" make an application object, with widgets or without; "window" shows
 // a window; "open=FILE" and "close" load and unload the library; "edit" opens the editor; "deaf" has the
-// system reap all children; "late" opens the editor once the objects of libraries that are loaded later have
-// gone; "state" prints whose application object there is, the locale, whether X has another error handler,
-// and whether more files are open than at the last time; "!COMMAND" is for the shell; others are names for
-// StyleAtlasSetApplication. A timer closes every dialog, and prints the text of each message box.
+// system reap all children; "state" prints whose application object there is, the locale, whether X has
+// another error handler, and whether more files are open than the last time; "!COMMAND" is for the shell;
+// others are names for StyleAtlasSetApplication. A timer closes every dialog, and prints each message box.
 #include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
@@ -122,9 +121,7 @@ int main(int argc, char** argv)
             window.show();
             QTimer::singleShot(0, &window, &QWidget::close);
             std::printf("window: %d\n", QApplication::exec());
-        } else if (call == "late")
-            std::atexit([] { Call("edit"); });
-        else if (call.starts_with("open="))
+        } else if (call.starts_with("open="))
             library = dlopen(call.c_str() + 5, RTLD_NOW);
         else if (call == "close")
             dlclose(library);

@@ -47,13 +47,9 @@ inline Outcome Run(const std::vector<std::string>& arguments, const std::vector<
     return {status, contents(printed), contents(errors)};
 }
 
-inline bool IsOnX()
-{
-    return std::getenv("TEST_ON_X") != nullptr;
-}
+inline const bool isOnX = std::getenv("TEST_ON_X") != nullptr;
 
-// Runs tests of this program again, on an X server of their own, where IsOnX holds. Gives what they print if
-// they fail.
+// Runs tests of this program on an X server of their own, with isOnX. Gives what they print if they fail.
 inline std::string FailuresOnX(const std::string& tests)
 {
     const std::string program = std::filesystem::read_symlink("/proc/self/exe");
