@@ -52,11 +52,6 @@ protected:
     {
         return TreeTable()->tableInterface()->cellAt(row, column);
     }
-    Accessibility()
-    {
-        QAccessible::setActive(true);
-        QAccessible::installUpdateHandler([](QAccessibleEvent* event) { event->accessibleInterface(); });
-    }
     const test::ScopedVariable m_language{"LANGUAGE", "en"};
 };
 

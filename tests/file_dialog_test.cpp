@@ -4,7 +4,6 @@
 
 #include <QtWidgets>
 #include <afxdlgs.h>
-#include <sys/stat.h>
 
 namespace
 {
@@ -45,9 +44,7 @@ TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
     test::WriteWhole(prefix.MakeFolder("a") / "x.layout", "");
     test::WriteWhole(prefix.MakeFolder("a") / "\xFF.layout", ""); // not UTF-8
-    ASSERT_EQ(mkfifo((prefix.MakeFolder("b") / "pipe").c_str(), 0600), 0);
-    ASSERT_EQ(symlink("pipe", (prefix.MakeFolder("b") / "link.layout").c_str()),
-              0); // would hang who reads it
+    prefix.MakeFolder("b");
     const QString root = prefix.Path().c_str();
     const std::u16string native = (prefix.Path() / "n.layout").u16string();
     const struct {
