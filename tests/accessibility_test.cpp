@@ -152,6 +152,10 @@ TEST_F(Accessibility, TheStyleDialogTellsWhatTheEyeSees)
         EXPECT_EQ(NameOf(shapes->child(6)), "asterisk");
         EXPECT_EQ(NameOf(ObjectOf(dialog.m_LineStyleCombo)->child(0)->child(2)), "dotted");
 
+        QAccessibleActionInterface& picker = *ObjectOf(dialog.m_LineColorPicker)->actionInterface();
+        EXPECT_EQ(picker.actionNames().value(0), QAccessibleActionInterface::pressAction());
+        picker.doAction(QAccessibleActionInterface::setFocusAction());
+        EXPECT_EQ(shown->focusWidget(), &test::WidgetOf(dialog.m_LineColorPicker));
         Press(ObjectOf(dialog.m_LineColorPicker));
         QTRY_VERIFY(CWnd::GetCapture() != nullptr);
         QAccessibleInterface* const popup = ObjectOf(*CWnd::GetCapture());
@@ -162,6 +166,8 @@ TEST_F(Accessibility, TheStyleDialogTellsWhatTheEyeSees)
         test::PressKey(*CWnd::GetCapture(), VK_LEFT); // the cell for more colours
         test::PressKey(*CWnd::GetCapture(), VK_LEFT);
         EXPECT_EQ(NameOf(popup->focusChild()), "White");
+        const QAccessible::State state = popup->focusChild()->state();
+        EXPECT_TRUE(state.focusable && state.selectable && state.selected);
         Press(popup->child(8));
         EXPECT_EQ(NameOf(ObjectOf(dialog.m_LineColorPicker)), "Line colour, Dark red");
         EXPECT_EQ(CWnd::GetCapture(), nullptr);

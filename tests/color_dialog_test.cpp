@@ -9,6 +9,7 @@ namespace
 // The program's own custom colours are separate.
 TEST(ColorDialog, BeginsWithItsColorAndHasCustomColorsOfItsOwn)
 {
+    const test::DesktopColors dark({{QPalette::Base, RGB(0, 0, 0)}});
     const QTemporaryDir settings; // where Qt keeps custom colours
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     std::vector<COLORREF> custom(16, 0xC0FFEE);
@@ -16,6 +17,8 @@ TEST(ColorDialog, BeginsWithItsColorAndHasCustomColorsOfItsOwn)
     dialog.m_cc.lpCustColors = custom.data();
     QColorDialog::setCustomColor(0, Qt::green);
     test::AnswerNext<QColorDialog>([](QColorDialog& shown) {
+        EXPECT_TRUE(shown.testOption(QColorDialog::DontUseNativeDialog)) << "which has other custom colours";
+        EXPECT_GT(shown.palette().color(QPalette::Base).lightness(), 200);
         EXPECT_EQ(shown.currentColor(), QColor(0x56, 0x34, 0x12));
         EXPECT_EQ(QColorDialog::customColor(15), QColor(0xEE, 0xFF, 0xC0));
         shown.setCurrentColor(QColor(0x11, 0x22, 0x33));

@@ -11,7 +11,8 @@
 namespace
 {
 
-[[maybe_unused]] const int german = setenv("LANGUAGE", "de", 1) + setenv("LC_ALL", "de_DE.UTF-8", 1);
+[[maybe_unused]] const int isSet = setenv("LANGUAGE", "de", 1) + setenv("LC_ALL", "de_DE.UTF-8", 1) +
+                                   setenv("QT_QPA_PLATFORM", "offscreen:configfile=" TWO_SCREENS, 1);
 
 constexpr COLORREF initial = 0x123456; // no colour of the palette
 constexpr LPCTSTR none = _T("");
@@ -228,6 +229,8 @@ TEST_F(ColorPopup, TellsItsOwnerHowItEnds)
     EXPECT_EQ(press({16}, VK_ESCAPE), "change ff, cancel 123456");
     EXPECT_EQ(end({16}, LeaveProgram), "change ff, cancel 123456");
     EXPECT_EQ(end({16}, [] { test::WidgetOf(*popup).close(); }), "change ff, cancel 123456");
+    const auto pressAltF4 = [] { QTest::keyClick(&test::WidgetOf(*popup), Qt::Key_F4, Qt::AltModifier); };
+    EXPECT_EQ(end({16}, pressAltF4), "change ff, cancel 123456");
     EXPECT_EQ(click({}, {5, 5}), "ok 123456");
     EXPECT_EQ(press({}, VK_RETURN), "ok 123456");
     EXPECT_EQ(press({CELL_DEFAULT}, VK_RETURN), "change ff000000, ok ff000000");

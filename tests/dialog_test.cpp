@@ -1,6 +1,7 @@
 // Modal dialogs and menus from the module's templates, and the commands of the user.
 #include "support/Gui.h"
 
+#include "support/Process.h"
 #include "support/TempPrefix.h"
 
 #include <Application.h>
@@ -38,8 +39,14 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
         const QPoint ok = test::WidgetOf(*shown.GetDlgItem(IDOK)).pos();
         EXPECT_NEAR(double(ok.x()) / client.right, 251.0 / 317, 0.01);
         EXPECT_NEAR(double(ok.y()) / client.bottom, 7.0 / 198, 0.01);
-        const auto end = [&shown] { shown.EndDialog(7); };
-        times++ == 0 ? end() : QTimer::singleShot(0, end);
+        const auto end = [&shown] {
+            EXPECT_EQ(test::WidgetOf(shown).focusWidget(),
+                      &test::WidgetOf(*shown.GetDlgItem(IDC_SYMBOL_SHAPE)));
+            const QRgb border = test::PictureOf(*shown.GetDlgItem(IDOK)).pixel(3, 3);
+            EXPECT_NE(border, test::PictureOf(shown).pixel(3, 3)) << "Qt paints no button";
+            shown.EndDialog(7);
+        };
+        times++ == 0 ? shown.EndDialog(7) : QTimer::singleShot(0, end);
         return TRUE;
     };
     for (int i = 0; i < 2; ++i) { // a dialog can be shown again
@@ -78,10 +85,11 @@ TEST(Dialogs, StandBeforeAWindowOfTheHost)
     EXPECT_EQ(ownerOf(inside.winId()), std::pair(static_cast<const QWidget*>(&host), host.winId()));
     QWindow foreign;
     const WId id = foreign.winId();
-    const WId known = QGuiApplication::platformName() == "xcb" ? id : 0;
+    const WId known = test::isOnX ? id : 0;
     EXPECT_EQ(ownerOf(id), (std::pair<const QWidget*, WId>(nullptr, known)));
     foreign.destroy();
     EXPECT_EQ(CWnd::FromHandle(reinterpret_cast<HWND>(id)), nullptr);
+    EXPECT_EQ(test::isOnX ? "" : test::FailuresOnX("*Host"), "");
 }
 
 // Where a control has its text. A group box keeps its frame visible at both sides of it.
@@ -170,6 +178,7 @@ END_MESSAGE_MAP()
 
 TEST(Menus, SendTheUsersChoiceToTheirOwner)
 {
+    const test::DesktopColors dark({{QPalette::Base, RGB(0, 0, 0)}});
     k_Owner owner;
     CMenu menu;
     EXPECT_FALSE(menu.LoadMenu(IDD_CURVE_LAYOUT));
@@ -189,8 +198,11 @@ TEST(Menus, SendTheUsersChoiceToTheirOwner)
         QTimer::singleShot(0, [&act = act, &place = place] {
             auto& shown = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
             EXPECT_EQ(shown.pos(), place);
+            EXPECT_EQ(CWnd::GetCapture(), nullptr);
+            EXPECT_GT(shown.palette().color(QPalette::Base).lightness(), 200);
             act(shown);
         });
+        owner.SetCapture();
         EXPECT_TRUE(popup.TrackPopupMenu(TPM_RIGHTBUTTON, point.x, point.y, &owner));
         EXPECT_FALSE(owner.m_isToldToExpand) << "posted";
         test::Settle();

@@ -21,6 +21,7 @@ std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, Q
         const auto& types = *shown.findChild<QComboBox*>("fileTypeCombo");
         EXPECT_EQ(types.itemText(0) + types.itemText(1), "Layout-files (*.layout)All files (*.*)");
         EXPECT_EQ(shown.nameFilters().last(), "All files (*.*) (*)");
+        EXPECT_GT(shown.palette().color(QPalette::Base).lightness(), 200);
         atOpening = shown.windowTitle() + ' ' + shown.directory().path() + ' ' + name.text();
         name.setText(typed);
         QTimer::singleShot(0, &shown, [&] {
@@ -39,6 +40,7 @@ std::u16string Pick(CFileDialog& dialog, const QString& typed, Qt::Key answer, Q
 TEST(FileDialog, OpensInTheNearestFolderAndGivesTheFileThatTheUserNames)
 {
     const test::TempPrefix prefix;
+    const test::DesktopColors dark({{QPalette::Base, RGB(0, 0, 0)}});
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
     test::WriteWhole(prefix.MakeFolder("a") / "x.layout", "");
     test::WriteWhole(prefix.MakeFolder("a") / "\xFF.layout", ""); // not UTF-8

@@ -133,10 +133,13 @@ TEST_F(LayoutCombobox, AMixedBoxStaysLightWhenTheUserHasChosen)
     test::Settle();
     QAbstractItemView& list = *dynamic_cast<QComboBox&>(test::WidgetOf(m_box)).view();
     ASSERT_TRUE(list.isVisible());
-    const QImage shown = list.viewport()->grab().toImage();
-    const auto itemPixel = [&](int item) {
-        return shown.pixel(list.visualRect(list.model()->index(item, 0)).topLeft() + QPoint(1, 1));
+    const QImage shown = list.screen()->grabWindow(list.window()->winId()).toImage();
+    const auto placeOf = [&](int item) {
+        const QPoint corner = list.viewport()->mapTo(list.window(), QPoint());
+        return list.visualRect(list.model()->index(item, 0)).translated(corner);
     };
+    const auto itemPixel = [&](int item) { return shown.pixel(placeOf(item).topLeft() + QPoint(1, 1)); };
+    EXPECT_EQ(shown.copy(placeOf(1)), shown.copy(placeOf(2))) << "the same style";
     EXPECT_GE(list.visualRect(list.model()->index(0, 0)).height(), 16); // for a symbol of size 10
     EXPECT_EQ(itemPixel(0), gdi::ToPixel(::GetSysColor(COLOR_HIGHLIGHT)));
     EXPECT_EQ(itemPixel(1), gdi::ToPixel(::GetSysColor(COLOR_3DLIGHT)));

@@ -1,4 +1,4 @@
-// The dialogs and the menu embedded in the module, and a dialog that is cut short.
+// The dialogs and the menu embedded in the module.
 #include "support/ResourceText.h"
 
 #include <dialogs/resource.h>
@@ -26,16 +26,7 @@ constexpr const char* atlasDialog = "80c800c8 'Symbol/Color style atlas' 0,0,508
 
 TEST(ResourcesTest, TheDialogsAreWhatTheirClassesExpect)
 {
-    const auto whole = FindResource(ResourceType::Dialog, IDD_STYLE_ATLAS);
-    EXPECT_EQ(DialogText(whole), atlasDialog);
-    for (std::size_t size = 0; size < whole.size(); ++size) // in copies: sanitizers see reads past the end
-        EXPECT_EQ(DialogText(std::vector(whole.begin(), whole.begin() + size)), "") << size;
-    // Boxes with pictures are owner-drawn without texts; boxes with numbers are editable.
-    const std::string curveDialog = DialogText(FindResource(ResourceType::Dialog, IDD_CURVE_LAYOUT));
-    for (const char* const box :
-         {"1004 ComboBox 50210023", "1009 ComboBox 50210023", "1019 ComboBox 50210002",
-          "1020 ComboBox 50210002", "1021 ComboBox 50210003"})
-        EXPECT_NE(curveDialog.find(box), std::string::npos) << curveDialog;
+    EXPECT_EQ(DialogText(FindResource(ResourceType::Dialog, IDD_STYLE_ATLAS)), atlasDialog);
 }
 
 TEST(ResourcesTest, TheMenuAndTheNumberListsAreInOrder)

@@ -23,7 +23,7 @@ struct CHOOSECOLORW {
 
 // ---- Files
 
-constexpr DWORD OFN_OVERWRITEPROMPT = 0x0002; // the user confirms that a file is replaced
+constexpr DWORD OFN_OVERWRITEPROMPT = 0x0002; // always in effect for saving
 constexpr DWORD OFN_HIDEREADONLY = 0x0004;    // without effect
 
 // Texts may be null, and have to outlive the dialog.

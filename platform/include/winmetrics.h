@@ -37,8 +37,8 @@ static_assert(sizeof(NONCLIENTMETRICSW) == 504);
 
 constexpr UINT SPI_GETNONCLIENTMETRICS = 41;
 
-// Supports SPI_GETNONCLIENTMETRICS alone: the desktop's fonts and the width of scroll bars. The structure has
-// 504 bytes, or 500 without its last member.
+// Supports SPI_GETNONCLIENTMETRICS alone, and of that the desktop's fonts. The structure has 504 bytes, or
+// 500 without its last member.
 BOOL SystemParametersInfoW(UINT action, UINT size, void* data, UINT update);
 
 struct OSVERSIONINFOW {

@@ -79,12 +79,10 @@ INT_PTR AskUser(HWND owner, COLORREF& color, COLORREF* customColors)
 
 } // namespace
 
-CColorDialog::CColorDialog(COLORREF clrInit, DWORD dwFlags, CWnd* pParentWnd)
+CColorDialog::CColorDialog(COLORREF clrInit, DWORD /*dwFlags*/, CWnd* pParentWnd)
 {
-    m_cc.lStructSize = sizeof m_cc;
     m_cc.hwndOwner = pParentWnd != nullptr ? pParentWnd->GetSafeHwnd() : nullptr;
     m_cc.rgbResult = clrInit;
-    m_cc.Flags = dwFlags | CC_RGBINIT;
 }
 
 // A failure counts as IDCANCEL.

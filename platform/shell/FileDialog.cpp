@@ -66,7 +66,6 @@ public:
 void SetUp(QFileDialog& dialog, const OPENFILENAMEW& wanted, bool opens)
 {
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, (wanted.Flags & OFN_OVERWRITEPROMPT) == 0);
     dialog.setAcceptMode(opens ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(opens ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     if (wanted.lpstrTitle != nullptr)
@@ -88,14 +87,12 @@ void Select(QFileDialog& dialog, const path& file, LPCWSTR initialFolder)
 
 } // namespace
 
-CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags,
+CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD /*dwFlags*/,
                          LPCTSTR lpszFilter, CWnd* pParentWnd, DWORD /*dwSize*/, BOOL /*bVistaStyle*/)
     : m_bOpenFileDialog(bOpenFileDialog), m_strFile(lpszFileName != nullptr ? lpszFileName : _T("")),
       m_strFilter(lpszFilter != nullptr ? lpszFilter : _T(""))
 {
-    m_ofn.lStructSize = sizeof m_ofn;
     m_ofn.hwndOwner = pParentWnd != nullptr ? pParentWnd->GetSafeHwnd() : nullptr;
-    m_ofn.Flags = dwFlags;
     m_ofn.lpstrDefExt = lpszDefExt;
 }
 

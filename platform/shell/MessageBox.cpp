@@ -58,21 +58,14 @@ int ShowMessage(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     return answer;
 }
 
-// Goes with the module, or when the program ends: before the libraries that a box needs.
+// Goes when the program ends, before the libraries that a box needs: there are no calls after that.
 class Hook
 {
 public:
-    Hook() = default;
+    Hook() { SetMessageBoxHook(&ShowMessage); }
     Hook(const Hook&) = delete;
     Hook& operator=(const Hook&) = delete;
-    ~Hook()
-    {
-        SetMessageBoxHook(m_before);
-        afxModuleState.m_bEnding = true;
-    }
-
-private:
-    MessageBoxHook m_before = SetMessageBoxHook(&ShowMessage);
+    ~Hook() { afxModuleState.m_bEnding = true; }
 };
 
 const Hook hook;

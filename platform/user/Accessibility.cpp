@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QtConvert.h>
 #include <afxwnd.h>
+#include <memory>
 
 namespace accessible
 {
@@ -38,9 +39,8 @@ QString NameOf(const Window& window, int part)
     BSTR name = nullptr;
     if (window.Attached != nullptr)
         Contain([&] { window.Attached->get_accName(PartNumber(part), &name); });
-    QString result = gdi::ToQString(name);
-    SysFreeString(name);
-    return result;
+    const std::unique_ptr<WCHAR, decltype(&SysFreeString)> owned(name, &SysFreeString);
+    return gdi::ToQString(name);
 }
 
 int FocusedPart(const Window& window)
@@ -83,11 +83,6 @@ void Renew(Window& window)
 void Install()
 {
     QAccessible::installFactory(MakeFor);
-}
-
-void Remove()
-{
-    QAccessible::removeFactory(MakeFor);
 }
 
 } // namespace accessible

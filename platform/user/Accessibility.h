@@ -23,8 +23,7 @@ QString WithoutMnemonic(const QString& text);
 // Forgets an object that Qt has made already, for a window that has become another kind of control.
 void Renew(Window& window);
 
-// Makes Qt ask Window::NewAccessible during the lifetime of an application object.
+// Makes Qt ask Window::NewAccessible. It may be called again.
 void Install();
-void Remove();
 
 } // namespace accessible

@@ -43,7 +43,6 @@ public:
         state.selectable = true;
         state.focused = isValid() && accessible::FocusedPart(*Window::Of(m_widget)) == m_part;
         state.selected = state.focused;
-        state.invalid = !isValid();
         return state;
     }
 

@@ -33,7 +33,7 @@ public:
 
     Watcher(const Watcher&) = delete;
     Watcher& operator=(const Watcher&) = delete;
-    ~Watcher() override { accessible::Remove(); }
+    ~Watcher() override = default;
 
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
@@ -44,20 +44,14 @@ private:
     // To all top-level windows.
     void SendActivation(Qt::ApplicationState state)
     {
-        const bool isActive = state == Qt::ApplicationActive;
-        if (isActive == m_isActive)
-            return;
-        m_isActive = isActive;
         QList<QPointer<QWidget>> widgets;
         for (QWidget* const widget : QApplication::topLevelWidgets())
             widgets.append(widget);
         for (const QPointer<QWidget>& widget : widgets) {
             if (Window* const window = Window::Of(widget))
-                window->SendContained(WM_ACTIVATEAPP, isActive ? 1 : 0);
+                window->SendContained(WM_ACTIVATEAPP, state == Qt::ApplicationActive ? 1 : 0);
         }
     }
-
-    bool m_isActive = true;
 };
 
 int holderCount = 0; // all on one thread

@@ -30,8 +30,6 @@ std::u16string ByteReader::Text()
     std::u16string text;
     while (const std::uint16_t unit = Word())
         text.push_back(unit);
-    if (!m_good)
-        text.clear();
     return text;
 }
 

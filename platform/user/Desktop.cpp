@@ -11,6 +11,7 @@ namespace
 
 constexpr int thumbSize = 17;
 constexpr int edgeWidth = 2;
+constexpr DWORD ntPlatform = 2;
 constexpr UINT sizeWithPadding = sizeof(NONCLIENTMETRICSW);
 constexpr UINT sizeWithoutPadding = sizeWithPadding - sizeof(int);
 
@@ -23,12 +24,7 @@ QSize DesktopSize()
 
 LOGFONTW DesktopFont()
 {
-    if (CanShowWindows())
-        return gdi::ToLogFont(QApplication::font());
-    LOGFONTW font{};
-    font.lfHeight = -gdi::commonFontHeight;
-    font.lfWeight = FW_NORMAL;
-    return font;
+    return CanShowWindows() ? gdi::ToLogFont(QApplication::font()) : LOGFONTW{};
 }
 
 } // namespace
@@ -62,16 +58,11 @@ BOOL SystemParametersInfoW(UINT action, UINT size, void* data, UINT /*update*/)
         return FALSE;
     metrics->lfCaptionFont = metrics->lfSmCaptionFont = metrics->lfMenuFont = metrics->lfStatusFont =
         metrics->lfMessageFont = DesktopFont();
-    metrics->iScrollWidth = metrics->iScrollHeight = thumbSize;
     return TRUE;
 }
 
 BOOL GetVersionExW(OSVERSIONINFOW* version)
 {
-    version->dwMajorVersion = 10;
-    version->dwMinorVersion = 0;
-    version->dwBuildNumber = 0;
-    version->dwPlatformId = 2;
-    version->szCSDVersion[0] = 0;
+    *version = {version->dwOSVersionInfoSize, 10, 0, 0, ntPlatform, {}};
     return TRUE;
 }

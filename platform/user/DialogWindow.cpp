@@ -68,7 +68,6 @@ void DialogWindow::AddControl(const DialogItem& item)
     control.Id = item.Id;
     control.SetText(gdi::ToQString(item.Title));
     control.Widget().setGeometry(QStyle::visualRect(layoutDirection(), rect(), ToPixels(item.Rect)));
-    control.Widget().setEnabled((item.Style & WS_DISABLED) == 0);
     control.Widget().setVisible((item.Style & WS_VISIBLE) != 0);
 }
 

@@ -6,9 +6,9 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <poll.h>
 #include <string>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -41,41 +41,26 @@ void EndTrialAtFatal(QtMsgType type, const QMessageLogContext& /*context*/, cons
         _exit(EXIT_FAILURE);
 }
 
-// Detaches the child from the host: signal handlers and standard files.
-void LeaveHost()
+// Runs in the child, which ends with the host if that crashes. It waits for a byte, answers with a byte when
+// it has an application object, and returns when the socket is closed. It doesn't load the desktop's theme,
+// which might use a connection that the host has open.
+void TryInChild(int line)
 {
     for (int number = 1; number < NSIG; ++number)
-        std::signal(number, SIG_DFL);
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-    if (const int null = open("/dev/null", O_WRONLY); null >= 0) {
-        dup2(null, STDOUT_FILENO);
-        dup2(null, STDERR_FILENO);
-    }
-}
-
-// Runs in the child. It waits for a byte, answers with a byte when it has an application object, and ends
-// when the socket is closed or the alarm goes off. It doesn't load the desktop's theme, which might use a
-// connection that the host has open.
-[[noreturn]] void TryInChild(int line)
-{
-    LeaveHost();
+        std::signal(number, SIG_DFL); // the handlers are the host's
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     char byte = 0;
     if (read(line, &byte, 1) != 1)
-        _exit(EXIT_FAILURE);
-    alarm(static_cast<unsigned>(maxDuration.count()) + 1);
+        return;
     setenv("QT_QPA_PLATFORMTHEME", "generic", 1);
     unsetenv("SESSION_MANAGER");
     qInstallMessageHandler(EndTrialAtFatal);
     static char name[] = "styleatlas";
     static char* arguments[] = {name, nullptr};
     int count = 1;
-    const QGuiApplication trial(count, arguments);
-    alarm(0);
+    static const QGuiApplication trial(count, arguments);
     if (QGuiApplication::primaryScreen() != nullptr && write(line, &byte, 1) == 1)
         (void)!read(line, &byte, 1);
-    _exit(EXIT_SUCCESS);
 }
 
 } // namespace
@@ -103,6 +88,7 @@ void DisplayTrial::Run()
     if (child == 0) {
         close(ends[0]); // otherwise the socket would stay open
         TryInChild(ends[1]);
+        _exit(EXIT_FAILURE);
     }
     close(ends[1]);
     m_process = child > 0 ? static_cast<int>(syscall(SYS_pidfd_open, child, 0)) : -1;

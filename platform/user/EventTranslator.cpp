@@ -23,8 +23,7 @@
 struct EventTranslator::Pending {
     UINT Message;
     QEvent& Event;
-    const QtHandling& ByQt;
-    bool IsHandledByQt = false;
+    const QtHandling* ByQt; // null once Qt has handled it
     bool Result = true;
 };
 
@@ -75,7 +74,6 @@ void SendContextMenu(Window& window, const QContextMenuEvent& event)
 {
     const bool isByKey = event.reason() == QContextMenuEvent::Keyboard;
     const QPoint point = isByKey ? QPoint(-1, -1) : event.globalPos();
-    SetMessagePosition(event.globalPos());
     window.SendContained(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window.Handle()), gdi::ToLParam(point));
 }
 
@@ -128,7 +126,6 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
     case QEvent::Wheel: {
         const auto& wheel = static_cast<const QWheelEvent&>(event);
         const QPoint point = wheel.globalPosition().toPoint();
-        SetMessagePosition(point);
         const WPARAM keys = MouseKeys(wheel.buttons(), wheel.modifiers());
         const bool isSideways = IsSideways(wheel); // Qt counts that to the left
         const int delta = isSideways ? -wheel.angleDelta().x() : wheel.angleDelta().y();
@@ -141,17 +138,13 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         if (IsMenuKey(pressed)) {
             SendContextMenu(m_window,
                             QContextMenuEvent(QContextMenuEvent::Keyboard, QPoint(), QCursor::pos()));
-            event.accept();
             return true;
         }
-        if (m_window.ActForMouse(pressed)) {
-            event.accept();
+        if (m_window.ActForMouse(pressed))
             return true;
-        }
         const UINT key = VirtualKeyOf(pressed);
         if (key == 0)
             break;
-        SetMessagePosition(QCursor::pos());
         return SendInput(WM_KEYDOWN, key, 1, event, qtHandling);
     }
     case QEvent::FocusIn:
@@ -168,10 +161,12 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         return SendFor(WM_SIZE, 0, gdi::ToLParam(m_window.Client().size()), event, qtHandling);
     case QEvent::ApplicationFontChange:
     case QEvent::PaletteChange:
-    case QEvent::StyleChange:
-        if (!m_window.Widget().isWindow())
-            break;
-        return SendFor(WM_SETTINGCHANGE, 0, 0, event, qtHandling);
+    case QEvent::StyleChange: {
+        const bool result = qtHandling(event);
+        if (m_window.Widget().isWindow())
+            m_window.SendContained(WM_SETTINGCHANGE);
+        return result;
+    }
     case QEvent::Paint:
         m_window.Surface().Paint(static_cast<const QPaintEvent&>(event), [&] {
             if (m_window.Attached != nullptr)
@@ -182,7 +177,6 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
         return true;
     case QEvent::ContextMenu:
         SendContextMenu(m_window, static_cast<const QContextMenuEvent&>(event));
-        event.accept();
         return true;
     case QEvent::ToolTip:
         if (!m_window.HasToolTips)
@@ -199,10 +193,8 @@ bool EventTranslator::TranslateAny(QEvent& event, const QtHandling& qtHandling)
 bool EventTranslator::SendInput(UINT message, WPARAM wParam, LPARAM lParam, QEvent& event,
                                 const QtHandling& qtHandling)
 {
-    if (PreTranslate(message, wParam, lParam)) {
-        event.accept();
+    if (PreTranslate(message, wParam, lParam))
         return true;
-    }
     if (message == WM_KEYDOWN && IsNavigationKey(wParam) && IsInDialog(m_window.Widget()))
         return m_window.IsGone() || qtHandling(event);
     const bool result = m_window.IsGone() || SendFor(message, wParam, lParam, event, qtHandling);
@@ -244,24 +236,22 @@ bool EventTranslator::SendFor(UINT message, WPARAM wParam, LPARAM lParam, QEvent
                               const QtHandling& qtHandling)
 {
     const QPointer<QWidget> widget(&m_window.Widget()); // a handler's event loop may delete it
-    Pending pending{message, event, qtHandling};
+    Pending pending{message, event, &qtHandling};
     Pending* const before = std::exchange(m_pending, &pending);
     m_window.SendContained(message, wParam, lParam);
     if (!widget.isNull())
         m_pending = before;
-    if (!pending.IsHandledByQt)
-        event.setAccepted(message !=
-                          WM_CLOSE); // handled without Qt, which hides a window that accepts a close
+    if (pending.ByQt != nullptr) // handled without Qt, which hides a window that accepts a close
+        event.setAccepted(message != WM_CLOSE);
     return pending.Result;
 }
 
 bool EventTranslator::PassToQt(UINT message, WPARAM wParam)
 {
     const bool carriesContext = message == WM_PAINT && wParam != 0;
-    if (m_pending == nullptr || m_pending->Message != message || m_pending->IsHandledByQt || carriesContext)
+    if (m_pending == nullptr || m_pending->Message != message || m_pending->ByQt == nullptr || carriesContext)
         return false;
     Pending& pending = *m_pending;
-    pending.IsHandledByQt = true;
-    pending.Result = pending.ByQt(pending.Event);
+    pending.Result = (*std::exchange(pending.ByQt, nullptr))(pending.Event);
     return true;
 }

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <map>
+#include <memory>
 
 namespace
 {
@@ -30,8 +31,8 @@ bool HasXWindow(std::uintptr_t id)
     static const auto reply = XFunction<XAttributesReply>("xcb_get_window_attributes_reply");
     if (ask == nullptr || reply == nullptr)
         return false;
-    void* const attributes = reply(connection, ask(connection, static_cast<std::uint32_t>(id)), nullptr);
-    std::free(attributes);
+    const std::unique_ptr<void, decltype(&std::free)> attributes(
+        reply(connection, ask(connection, static_cast<std::uint32_t>(id)), nullptr), &std::free);
     return attributes != nullptr;
 }
 

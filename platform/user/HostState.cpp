@@ -3,11 +3,11 @@
 #include <QCoreApplication>
 #include <clocale>
 #include <dlfcn.h>
+#include <memory>
+#include <utility>
 
 namespace
 {
-
-constexpr const char* plainLocale = "C";
 
 bool isCreatingOurs = false;
 
@@ -23,8 +23,7 @@ void SetPendingLocale()
 {
     if (isCreatingOurs || PendingLocale().empty())
         return;
-    std::setlocale(LC_ALL, PendingLocale().c_str());
-    PendingLocale().clear();
+    std::setlocale(LC_ALL, std::exchange(PendingLocale(), {}).c_str());
 }
 
 constexpr const char* xLibrary = "libX11.so.6";
@@ -36,29 +35,27 @@ XHandler savedHandlers[std::size(handlerSetters)];
 // Exchanges the handlers with the saved ones, if the program has loaded the X library.
 void SwapXHandlers()
 {
-    void* const library = dlopen(xLibrary, RTLD_LAZY | RTLD_NOLOAD);
+    const std::unique_ptr<void, int (*)(void*)> library(dlopen(xLibrary, RTLD_LAZY | RTLD_NOLOAD), &dlclose);
     if (library == nullptr)
         return;
     for (std::size_t i = 0; i < std::size(handlerSetters); ++i) {
-        const auto set = reinterpret_cast<XHandler (*)(XHandler)>(dlsym(library, handlerSetters[i]));
+        const auto set = reinterpret_cast<XHandler (*)(XHandler)>(dlsym(library.get(), handlerSetters[i]));
         savedHandlers[i] = set(savedHandlers[i]);
     }
-    dlclose(library);
 }
 
 } // namespace
 
-// Qt always replaces this locale, which isn't UTF-8. If it is still set afterwards, Qt hasn't set any.
+// Qt sets the locale of the environment, if it sets any.
 HostLocale::HostLocale() : m_before(std::setlocale(LC_ALL, nullptr))
 {
-    std::setlocale(LC_ALL, plainLocale);
     isCreatingOurs = true;
 }
 
 HostLocale::~HostLocale()
 {
     const std::string after = std::setlocale(LC_ALL, nullptr);
-    if (after != plainLocale) {
+    if (after != m_before) {
         PendingLocale() = after;
         qAddPreRoutine(&SetPendingLocale);
     }

@@ -80,8 +80,6 @@ void Fill(Menu& menu, const std::vector<MenuTemplateItem>& items)
             menu.addAction(NewCommand(menu, item.Id, item.Text));
         } else {
             auto* const popup = new Menu(&menu);
-            popup->setTitle(gdi::ToQString(item.Text));
-            popup->menuAction()->setData(noCommand);
             menu.addMenu(popup);
             Fill(*popup, item.Items);
         }
@@ -125,7 +123,7 @@ int CMenu::GetMenuItemCount() const
 UINT CMenu::GetMenuItemID(int nPos) const
 {
     const QAction* const item = ItemAt(m_hMenu, static_cast<UINT>(nPos));
-    return item != nullptr ? item->data().toUInt() : noCommand;
+    return item != nullptr && item->menu() == nullptr ? item->data().toUInt() : noCommand;
 }
 
 int CMenu::GetMenuString(UINT nPosition, CString& rString, UINT nFlags) const

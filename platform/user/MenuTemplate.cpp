@@ -43,11 +43,9 @@ bool ReadItems(ByteReader& in, int levelsLeft, std::vector<MenuTemplateItem>& it
 std::optional<std::vector<MenuTemplateItem>> ReadMenuTemplate(std::span<const std::byte> bytes)
 {
     ByteReader in(bytes);
-    const std::uint16_t version = in.Word();
-    const std::uint16_t restOfHeader = in.Word();
-    in.Bytes(restOfHeader);
+    const std::uint32_t versionAndRestOfHeader = in.DWord(); // 0 and without any in this format
     std::vector<MenuTemplateItem> items;
-    if (version != 0 || !ReadItems(in, maxLevels, items))
+    if (versionAndRestOfHeader != 0 || !ReadItems(in, maxLevels, items))
         return std::nullopt;
     return items;
 }

@@ -50,11 +50,6 @@ Window::Window(QWidget& widget) : m_widget(widget)
     accessible::Renew(*this); // Qt may have made one while it was just a widget
 }
 
-Window::~Window()
-{
-    Forget();
-}
-
 void Window::Forget()
 {
     LiveWindows().erase(this);
@@ -79,6 +74,11 @@ Window* Window::Of(const QWidget* widget)
     return window != nullptr && LiveWindows().contains(window) ? const_cast<Window*>(window) : nullptr;
 }
 
+bool Window::IsGone() const
+{
+    return this != lastFound && !LiveWindows().contains(this);
+}
+
 Window* Window::Parent()
 {
     return Of(m_widget.parentWidget());
@@ -86,7 +86,7 @@ Window* Window::Parent()
 
 LRESULT Window::Send(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (m_isGone)
+    if (IsGone())
         return 0;
     if (Attached == nullptr)
         return Default(message, wParam, lParam);
@@ -154,7 +154,7 @@ void Window::SendPendingSize()
 
 void Window::Destroy()
 {
-    if (m_isGone)
+    if (IsGone())
         return;
     SendLastMessages();
     m_widget.hide();
@@ -165,7 +165,7 @@ void Window::Destroy()
 // handler can prevent it, nor can an exception.
 void Window::SendLastMessages()
 {
-    if (m_isGone)
+    if (IsGone())
         return;
     ReleaseCaptureOf(*this);
     SendContained(WM_DESTROY);
@@ -174,9 +174,7 @@ void Window::SendLastMessages()
             window->SendLastMessages();
     }
     SendContained(WM_NCDESTROY);
-    m_isGone = true;
     Attached = nullptr;
-    m_font.reset();
     Forget();
 }
 
@@ -197,7 +195,6 @@ void Window::UseFont(HFONT font)
         held->Hold();
     m_font.reset(held);
     m_widget.setFont(held != nullptr ? gdi::ToQFont(font) : QFont());
-    Client().update();
 }
 
 QString Window::Text() const

@@ -26,7 +26,7 @@ public:
     explicit Window(QWidget& widget);
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
-    virtual ~Window();
+    virtual ~Window() = default;
 
     // Creates the window of a framework object with a factory, which gives null on failure, and sends
     // WM_CREATE. Fails, with nothing attached, if the object has a window already, without a display or a
@@ -63,7 +63,7 @@ public:
 
     // Sends the last messages, and deletes the widget when control returns to the event loop.
     void Destroy();
-    bool IsGone() const { return m_isGone; } // the last messages have been sent
+    bool IsGone() const; // the last messages have been sent
 
     // Notifies the parent: WM_COMMAND with the id and a code, or WM_NOTIFY with a code, whose header is
     // filled in here, and which gives the parent's result.
@@ -125,5 +125,4 @@ private:
     EventTranslator m_events{*this};
     WindowSurface m_surface{*this};
     std::unique_ptr<gdi::Font, FontRelease> m_font;
-    bool m_isGone = false;
 };

@@ -1,7 +1,6 @@
 // Window classes registered by the library, and their windows.
 #include "AccessibleWindow.h"
 #include "WidgetWindow.h"
-#include "WindowColors.h"
 
 #include <QKeyEvent>
 #include <afxwin.h>
@@ -37,13 +36,9 @@ class PlainWindow : public WidgetWindow<QWidget>
 public:
     explicit PlainWindow(QWidget* parent, Qt::WindowFlags flags) : WidgetWindow(parent, flags)
     {
-        setAttribute(Qt::WA_OpaquePaintEvent);
-        setAttribute(Qt::WA_NoSystemBackground);
         setMouseTracking(true);
         setFocusPolicy(Qt::StrongFocus);
         Surface().IsDrawnByMessage = true;
-        if (isWindow())
-            UseWindowColors(*this);
     }
 
     QAccessibleInterface* NewAccessible() override { return new AccessibleWindow(*this, QAccessible::List); }
@@ -57,16 +52,10 @@ protected:
     {
         if (IsPopup() && event->key() == Qt::Key_F4 && event->modifiers().testFlag(Qt::AltModifier))
             close();
-        else
-            WidgetWindow::keyPressEvent(event);
     }
 
     // The window's own handling of WM_CLOSE.
-    void closeEvent(QCloseEvent* event) override
-    {
-        event->ignore();
-        Destroy();
-    }
+    void closeEvent(QCloseEvent* /*event*/) override { Destroy(); }
 
     // Colours and fonts may have changed. Doesn't depend on a handler of WM_SETTINGCHANGE.
     bool event(QEvent* event) override

@@ -1,11 +1,12 @@
 // Creates the window of a framework object.
 #include "Application.h"
 #include "Contain.h"
+#include "Later.h"
 #include "Window.h"
 
-#include <QTimer>
 #include <QtConvert.h>
 #include <afxwin.h>
+#include <memory>
 
 namespace
 {
@@ -15,14 +16,14 @@ constexpr LRESULT notCreated = -1;
 // Null on failure.
 Window* Make(const CREATESTRUCT& creation, UINT id, const Window::Factory& factory)
 {
-    Window* window = nullptr;
+    std::unique_ptr<Window> window;
     const bool isMade = Contain([&] {
         Window* const parent = Window::Of(creation.hwndParent);
         const auto style = static_cast<DWORD>(creation.style);
         const bool needsParent = (style & WS_CHILD) != 0 || creation.hwndParent != nullptr;
         if (!CanShowWindows() || (needsParent && parent == nullptr))
             return;
-        window = factory(parent != nullptr ? &parent->Widget() : nullptr);
+        window.reset(factory(parent != nullptr ? &parent->Widget() : nullptr));
         if (window == nullptr)
             return;
         window->Style = style;
@@ -30,38 +31,22 @@ Window* Make(const CREATESTRUCT& creation, UINT id, const Window::Factory& facto
         if (creation.lpszName != nullptr)
             window->SetText(gdi::ToQString(creation.lpszName));
         window->Widget().setGeometry(creation.x, creation.y, creation.cx, creation.cy);
-        window->Widget().setEnabled((style & WS_DISABLED) == 0);
     });
-    if (!isMade && window != nullptr) {
-        window->Destroy();
-        return nullptr;
-    }
-    return window;
+    return isMade ? window.release() : nullptr;
 }
 
 void Show(QWidget& widget)
 {
     widget.show();
-    if (!widget.isWindow())
-        return;
-    widget.activateWindow();
-    widget.setFocus();
+    if (widget.isWindow())
+        widget.setFocus();
 }
 
 // From the event loop: a desktop can place a popup only when it appears, so its creator has to be done with
 // it.
 void ShowLater(Window& popup)
 {
-    QWidget& widget = popup.Widget();
-    auto* const timer = new QTimer(&widget);
-    timer->setSingleShot(true);
-    QObject::connect(timer, &QTimer::timeout, timer, [&popup, &widget] {
-        if (popup.IsGone())
-            return;
-        widget.show();
-        widget.setFocus();
-    });
-    timer->start(0);
+    CallLater(popup, [&widget = popup.Widget()] { Show(widget); });
 }
 
 } // namespace

@@ -19,9 +19,5 @@ CClientDC::CClientDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
 
 CClientDC::~CClientDC()
 {
-    const HDC context = Detach();
-    if (Window* const window = Window::Of(m_hWnd))
-        window->Surface().ReleaseContext(context);
-    else
-        ::DeleteDC(context);
+    ::ReleaseDC(m_hWnd, Detach());
 }

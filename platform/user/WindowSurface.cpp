@@ -101,9 +101,8 @@ HDC WindowSurface::GetContext()
     return EnsurePixels() ? m_pixels->CreateContext(gdi::ToRect(m_window.Client().rect())) : nullptr;
 }
 
-void WindowSurface::ReleaseContext(HDC context)
+void WindowSurface::ShowDrawing()
 {
-    DeleteDC(context);
     if (IsDrawnByMessage)
         m_window.Client().update();
 }

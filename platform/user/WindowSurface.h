@@ -28,10 +28,11 @@ public:
     // A context on the invalid part, erased if necessary; the part is valid afterwards. Null without memory.
     HDC BeginPaint();
 
-    // A context on the whole client area at any time; null without memory. Releasing it shows what was drawn,
-    // if WM_PAINT alone draws the window.
+    // A context on the whole client area at any time; null without memory.
     HDC GetContext();
-    void ReleaseContext(HDC context);
+
+    // Shows what was drawn on such a context, if WM_PAINT alone draws the window.
+    void ShowDrawing();
 
     // Handles a paint event of the client widget. paint sends WM_PAINT, or lets Qt paint; it isn't called if
     // WM_PAINT alone draws the window. Pixels that were drawn through BeginPaint are shown.

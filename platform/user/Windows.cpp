@@ -155,9 +155,8 @@ HDC GetWindowDC(HWND handle)
 
 int ReleaseDC(HWND handle, HDC context)
 {
+    DeleteDC(context);
     if (Window* const window = Window::Of(handle))
-        window->Surface().ReleaseContext(context);
-    else
-        DeleteDC(context);
+        window->Surface().ShowDrawing();
     return context != nullptr ? 1 : 0;
 }

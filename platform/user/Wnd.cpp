@@ -23,8 +23,6 @@ CWnd::~CWnd()
 {
     if (m_hWnd != nullptr)
         CWnd::DestroyWindow();
-    if (Window* const window = Window::Of(m_hWnd))
-        window->Attached = nullptr;
 }
 
 BOOL CWnd::SubclassWindow(HWND hWnd)
@@ -70,10 +68,8 @@ CWnd* CWnd::FromHandle(HWND hWnd)
 BOOL CWnd::DestroyWindow()
 {
     Window* const window = Window::Of(m_hWnd);
-    if (window == nullptr || (window->Attached != nullptr && window->Attached != this)) {
-        m_hWnd = nullptr;
+    if (window == nullptr || (window->Attached != nullptr && window->Attached != this))
         return FALSE;
-    }
     if (window->Attached == this)
         window->Destroy(); // this object may be gone afterwards
     return TRUE;

@@ -146,7 +146,6 @@ int CWnd::OnCreate(CREATESTRUCT* /*lpCreateStruct*/)
 
 void CWnd::OnNcDestroy()
 {
-    Default();
     Detach();
     PostNcDestroy();
 }
@@ -163,7 +162,6 @@ void CWnd::OnSettingChange(UINT /*uFlags*/, LPCTSTR /*lpszSection*/)
     const MSG change = Window::CurrentMessage();
     if (Window* const window = Window::Of(m_hWnd); window != nullptr && window->Widget().isWindow())
         ::EnumChildWindows(m_hWnd, forward, reinterpret_cast<LPARAM>(&change));
-    Default();
 }
 
 const MSG* CWnd::GetCurrentMessage()

@@ -60,13 +60,10 @@ void CWnd::ScreenToClient(LPRECT lpRect) const
     ::OffsetRect(lpRect, topLeft.x - lpRect->left, topLeft.y - lpRect->top);
 }
 
-void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint)
+void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL /*bRepaint*/)
 {
-    if (Window* const window = Window::Of(m_hWnd)) {
+    if (Window* const window = Window::Of(m_hWnd))
         window->Place({x, y, nWidth, nHeight});
-        if (bRepaint != FALSE)
-            window->Surface().Invalidate(window->Client().rect(), true);
-    }
 }
 
 void CWnd::MoveWindow(LPCRECT lpRect, BOOL bRepaint)

@@ -1,11 +1,12 @@
 // A host with Qt, which opens the library while it runs. Carries out its arguments in order, in another
 // thread if in capitals: "own" and "gui" make an application object, with widgets or without; "window" shows
 // a window; "open=FILE" and "close" load and unload the library; "edit" opens the editor; "deaf" has the
-// system reap all children; "state" prints whose application object there is, the locale, and whether X has
-// another error handler; "!COMMAND" is for the shell; others are names for StyleAtlasSetApplication. A timer
-// closes every dialog, and prints the text of each message box.
+// system reap all children; "state" prints whose application object there is, the locale, whether X has
+// another error handler, and whether more files are open than the last time; "!COMMAND" is for the shell;
+// others are names for StyleAtlasSetApplication. A timer closes every dialog, and prints each message box.
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
@@ -14,8 +15,10 @@
 #include <csignal>
 #include <cstdio>
 #include <dlfcn.h>
+#include <filesystem>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 // No process may be signalled by its number.
@@ -25,6 +28,13 @@ extern "C" [[gnu::visibility("default")]] int kill(pid_t, int) noexcept
     return 0;
 }
 
+// Nor may one crash, which the desktop would tell the user.
+extern "C" [[gnu::visibility("default"), noreturn]] void abort() noexcept
+{
+    sigqueue(getppid(), SIGUSR1, {});
+    _exit(EXIT_FAILURE);
+}
+
 namespace
 {
 
@@ -32,6 +42,7 @@ using XHandler = int (*)(void*, void*);
 
 void* library = nullptr;
 const QCoreApplication* own = nullptr;
+QPointer<QWidget> dialog;
 
 int HandleXError(void* /*display*/, void* /*error*/)
 {
@@ -51,10 +62,14 @@ void CloseWindow()
     if (window == nullptr || !window->isVisible())
         return;
     if (const auto* const box = qobject_cast<QMessageBox*>(window)) {
-        std::printf("box: %s\n", qPrintable(box->text()));
+        const bool isDark = box->palette().color(QPalette::Window).lightness() < 128;
+        const bool isPlain = box->textFormat() == Qt::PlainText && !isDark;
+        std::printf("%sbox: %s\n", isPlain ? "" : "dark or formatted ", qPrintable(box->text()));
         box->button(QMessageBox::Ok)->click();
-    } else
+    } else {
+        dialog = window;
         window->close();
+    }
 }
 
 void Attend()
@@ -70,15 +85,18 @@ void PrintState()
     const QCoreApplication* const present = QCoreApplication::instance();
     const char* const whose = present == nullptr ? "none" : present == own ? "own" : "the library's";
     const bool isHandled = present == nullptr && !HasXHandler();
-    std::printf("%s %s%s\n", whose, std::setlocale(LC_ALL, nullptr), isHandled ? " handled" : "");
+    const auto files = std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    static auto before = files;
+    std::printf("%s %s%s%s\n", whose, std::setlocale(LC_ALL, nullptr), isHandled ? " handled" : "",
+                present == nullptr && std::exchange(before, files) < files ? " with open files" : "");
 }
 
 void Call(std::string call)
 {
     std::ranges::transform(call, call.begin(), [](unsigned char letter) { return std::tolower(letter); });
     if (call == "edit") {
-        std::printf("edit: %d\n",
-                    reinterpret_cast<int (*)(std::uintptr_t)>(dlsym(library, "EditStyleAtlas"))(0));
+        const int result = reinterpret_cast<int (*)(std::uintptr_t)>(dlsym(library, "EditStyleAtlas"))(0);
+        std::printf("edit: %d%s\n", result, own == nullptr && !dialog.isNull() ? " and a window left" : "");
         return;
     }
     const std::u16string wide(call.begin(), call.end());
@@ -93,9 +111,10 @@ int main(int argc, char** argv)
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     HasXHandler();
     for (const std::string& call : std::vector<std::string>(argv + 1, argv + argc)) {
-        if (call == "own")
+        if (call == "own") {
             own = new QApplication(argc, argv);
-        else if (call == "gui")
+            QApplication::setPalette(QColor(Qt::black));
+        } else if (call == "gui")
             own = new QGuiApplication(argc, argv);
         else if (call == "window") {
             QWidget window;

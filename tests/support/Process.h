@@ -47,4 +47,16 @@ inline Outcome Run(const std::vector<std::string>& arguments, const std::vector<
     return {status, contents(printed), contents(errors)};
 }
 
+inline const bool isOnX = std::getenv("TEST_ON_X") != nullptr;
+
+// Runs tests of this program on an X server of their own, with isOnX. Gives what they print if they fail.
+inline std::string FailuresOnX(const std::string& tests)
+{
+    const std::string program = std::filesystem::read_symlink("/proc/self/exe");
+    const Outcome outcome =
+        Run({"xvfb-run", "--auto-servernum", "--server-args=-noreset", program, "--gtest_filter=" + tests},
+            {"TEST_ON_X=1", "QT_QPA_PLATFORM=xcb", "WAYLAND_DISPLAY"});
+    return outcome.Status == 0 ? "" : outcome.Output + outcome.Errors;
+}
+
 } // namespace test
