@@ -10,7 +10,8 @@ namespace styleatlas::distinct
 
 // The kinds of colour blindness lack one of the three kinds of cones, for red, green and blue.
 enum class Sight { Normal, Greyscale, Protan, Deutan, Tritan };
-inline constexpr std::array Sights{Sight::Normal, Sight::Greyscale, Sight::Protan, Sight::Deutan, Sight::Tritan};
+inline constexpr std::array Sights{Sight::Normal, Sight::Greyscale, Sight::Protan, Sight::Deutan,
+                                   Sight::Tritan};
 
 // CIE 1976 L*a*b* under D65.
 struct Lab {
