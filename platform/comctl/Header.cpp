@@ -7,6 +7,7 @@
 #include <QStandardItemModel>
 #include <QStyle>
 #include <QStyleOptionHeader>
+#include <QWheelEvent>
 #include <QtConvert.h>
 #include <TextCopy.h>
 #include <afxcmn.h>

@@ -90,7 +90,7 @@ QString FontTexts::Elided(const QString& text, int space)
     const Elision elision{text, space};
     if (const QString* const known = m_elisions.object(elision))
         return *known;
-    const QString shown = m_metrics.elidedText(text, Qt::ElideRight, space);
+    QString shown = m_metrics.elidedText(text, Qt::ElideRight, space);
     m_elisions.insert(elision, new QString(shown));
     return shown;
 }

@@ -6,9 +6,13 @@
 
 void CallLater(Window& window, const std::function<void()>& function)
 {
-    QWidget& widget = window.Widget();
-    QTimer::singleShot(0, &widget, [&widget, function] {
-        if (Window::Of(&widget) != nullptr)
+    auto* const timer = new QTimer(&window.Widget());
+    timer->setSingleShot(true); // an event loop of the function may run meanwhile
+    const auto call = [widget = &window.Widget(), function] {
+        if (Window::Of(widget) != nullptr)
             function();
-    });
+    };
+    QObject::connect(timer, &QTimer::timeout, call);
+    QObject::connect(timer, &QTimer::timeout, timer, &QObject::deleteLater);
+    timer->start(0);
 }
