@@ -25,7 +25,7 @@ public:
     CString GetFilePath() const { return m_strFileName; }
 
 protected:
-    static constexpr int hFileNull = -1;
+    enum { hFileNull = -1 }; // not a variable, whose symbol would keep the library loaded
 
     static constexpr UINT newFileMode = 0666; // less the umask
 

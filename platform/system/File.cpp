@@ -133,13 +133,13 @@ void CFile::Close()
 {
     if (m_hFile == hFileNull)
         return;
-    if (close(std::exchange(m_hFile, hFileNull)) != 0 && errno != EINTR) // which closes it, too
+    if (close(std::exchange(m_hFile, int{hFileNull})) != 0 && errno != EINTR) // which closes it, too
         ThrowSystemError(errno);
 }
 
 void CFile::Abort()
 {
-    const Descriptor closed(std::exchange(m_hFile, hFileNull));
+    const Descriptor closed(std::exchange(m_hFile, int{hFileNull}));
 }
 
 void CFile::ThrowSystemError(int error) const
