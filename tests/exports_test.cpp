@@ -164,6 +164,7 @@ TEST_F(Exports, ShowTheirMessagesOnADisplay)
         // A host that creates its application object later finds no trace of ours.
         {{m_open, "edit", "b", "own", "state", "window", "edit"},
          edited + box + "own C.UTF-8\nwindow: 0\n" + edited},
+        {{"locale=C.UTF-8", m_open, "edit", "locale=C", "own", "state"}, edited + "own C.UTF-8\n"},
         // Messages may come from any thread, the editor only from the GUI thread.
         {{"own", m_open, "ELSEWHERE", "EDIT"}, "named\nedit: -1\n"},
         {{m_open, "ELSEWHERE", "state", "edit", "own", "state"},

@@ -327,6 +327,10 @@ TEST_F(LayoutTool, MergesChangesOfTwo)
         EXPECT_TRUE(conflict.empty() || test::ReadWhole(output) == ourBytes) << conflict;
     }
     EXPECT_EQ(Run({"merge", base, base, File("bad.layout", 4)}).Status, 2);
+    const std::string none = m_prefix.Path() / "none.layout";
+    test::WriteWhole(none, "");
+    EXPECT_EQ(Run({"merge", "--output", output, none, base, base}).Status, 0) << "added by both";
+    EXPECT_TRUE(test::ReadWhole(output) == good);
 }
 
 // The test data of Sharma, Wu and Dalal (2005): two colours each, and their difference.
@@ -391,6 +395,8 @@ TEST_F(LayoutTool, FindsCurvesThatCannotBeToldApart)
         short shape = 0; // no symbol: its colour doesn't show
         COLORREF symbol = RGB(0, 255, 255);
         bool usesSymbolColor = false;
+        short fill = 1;
+        short lineWidth = 1;
     };
     const auto find = [&](const Look& one, const Look& other, const char* ground = "white") {
         k_StyleAtlas atlas;
@@ -403,6 +409,8 @@ TEST_F(LayoutTool, FindsCurvesThatCannotBeToldApart)
             record.SymbolShape = look.shape;
             record.SymbolColor = look.symbol;
             record.UseSymbolColor = look.usesSymbolColor;
+            record.SymbolFill = look.fill;
+            record.LineWidth = look.lineWidth;
         }
         test::WriteWhole(path, test::BytesOf(atlas));
         return Run({"distinct", path, "--columns", "0", "--quantities", "900-901", "--against", ground});
@@ -410,7 +418,24 @@ TEST_F(LayoutTool, FindsCurvesThatCannotBeToldApart)
     const std::string all = "too close in colour: ";
     EXPECT_EQ(find({RGB(0, 0, 0)}, {RGB(200, 0, 0)}).Status, 0);
     EXPECT_EQ(find({RGB(0, 0, 0)}, {RGB(0, 0, 0), PS_DASH}).Status, 0) << "another figure";
-    EXPECT_TRUE(Has(find({RGB(9, 9, 9)}, {0x07090909}), "the same symbol, line and colours"));
+    const std::string same = "the same symbol, line and colours";
+    EXPECT_TRUE(Has(find({RGB(9, 9, 9)}, {0x07090909}), same));
+    EXPECT_TRUE(Has(find({0, PS_SOLID, 0, 0, false, 0, 3}, {0, PS_DASH, 0, 0, false, 0, -3}), same));
+    const test::Outcome unseen = find({RGB(0, 0, 0)}, {RGB(0, 0, 0), PS_NULL});
+    EXPECT_TRUE(Has(unseen, "nothing is drawn:\n") && unseen.Status == 1) << unseen.Output;
+    // Shape, and two fills.
+    for (const auto& [shape, one, other, areSame] : {std::tuple<short, short, short, bool>{1, 1, 2, true},
+                                                     {4, 1, 7, true},
+                                                     {4, 0, 7, false},
+                                                     {6, 0, 1, true},
+                                                     {6, 1, 2, false},
+                                                     {8, 0, 7, true},
+                                                     {8, 1, 7, false}}) {
+        const test::Outcome found =
+            find({0, PS_NULL, shape, 0, false, one}, {0, PS_NULL, shape, 0, false, other});
+        EXPECT_TRUE(Has(found, same) == areSame && found.Status == (areSame ? 1 : 0))
+            << shape << found.Output;
+    }
     const test::Outcome dark = find({RGB(0, 0, 0)}, {RGB(10, 10, 10)});
     EXPECT_TRUE(Has(dark, all + "normal sight ") && dark.Status == 1) << dark.Output;
     const std::tuple<COLORREF, COLORREF, const char*> blind[] = {

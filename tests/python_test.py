@@ -52,6 +52,8 @@ def test_numbers_are_those_of_the_library():
     assert [Style(line_style=LineStyle(1 + i)).dashes for i in range(4)] == [
         tuple(map(int, pattern.split(","))) for pattern in patterns]
     assert (SymbolShape(77), SymbolFill(-1), LineStyle(77)) == (SymbolShape.NONE, SymbolFill.EMPTY, LineStyle.SOLID)
+    with pytest.raises(ValueError):
+        SymbolShape("circle")
 
 
 def picture_of(style, points):

@@ -16,6 +16,7 @@ namespace
 {
 
 using styleatlas::Color;
+using styleatlas::Style;
 
 constexpr std::string_view Shapes[] = {"none", "cross",    "triangle", "triangle2", "square",
                                        "plus", "asterisk", "diamond",  "circle",    "point"};
@@ -113,12 +114,12 @@ constexpr Field<Owner> FieldOf(std::string_view name, bool isOptional = false)
     return {name, isOptional, get, set};
 }
 
-// A number of the enumeration that MemberOf(record) refers to, by its name in Names.
-template <auto MemberOf, const auto& Names> constexpr Field<LayoutRecord> NamedField(std::string_view name)
+// An enumeration of the style, by the names in Names.
+template <auto Member, const auto& Names> constexpr Field<LayoutRecord> NamedField(std::string_view name)
 {
-    return {name, false, [](const LayoutRecord& record) { return ToName(Names, MemberOf(record)); },
+    return {name, false, [](const LayoutRecord& record) { return ToName(Names, record.style.*Member); },
             [](LayoutRecord& record, const Scalar& value) {
-                auto& member = MemberOf(record);
+                auto& member = record.style.*Member;
                 member = std::remove_reference_t<decltype(member)>{FromName(Names, value)};
             }};
 }
@@ -138,29 +139,20 @@ constexpr Field<QuantityKey> OfKey[] = {
     FieldOf<QuantityKey, [](QuantityKey& key) -> short& { return key.Device; }>("device"),
     FieldOf<QuantityKey, [](QuantityKey& key) -> DWORD& { return key.Flags; }>("flags"),
 };
-constexpr Field<LayoutRecord> OfRecord[] = {NamedField <
-                                                [](auto& record) -> auto& {return record.style.symbolShape;
-} // namespace
-, Shapes > ("shape"), NamedField < [](auto& record) -> auto&
-{
-    return record.style.symbolFill;
-}
-, Fills > ("fill"),
+constexpr Field<LayoutRecord> OfRecord[] = {
+    NamedField<&Style::symbolShape, Shapes>("shape"),
+    NamedField<&Style::symbolFill, Fills>("fill"),
     FieldOf<LayoutRecord, [](LayoutRecord& record) -> std::int16_t& { return record.style.symbolSize; }>(
         "size"),
     FieldOf<LayoutRecord, [](LayoutRecord& record) -> Color& { return record.style.symbolColor; }>("color"),
-    NamedField < [](auto& record) -> auto&
-{
-    return record.style.lineStyle;
-}
-, Lines > ("line"),
+    NamedField<&Style::lineStyle, Lines>("line"),
     FieldOf<LayoutRecord, [](LayoutRecord& record) -> std::int16_t& { return record.style.lineWidth; }>(
         "width"),
     FieldOf<LayoutRecord, [](LayoutRecord& record) -> Color& { return record.style.lineColor; }>("lineColor"),
     FieldOf<LayoutRecord, [](LayoutRecord& record) -> bool& { return record.style.useSymbolColor; }>(
         "useSymbolColor"),
     FieldOf<LayoutRecord, [](LayoutRecord& record) -> WORD& { return record.reserved; }>("reserved", true),
-}; // namespace atlaslayout
+};
 
 } // namespace
 

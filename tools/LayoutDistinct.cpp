@@ -164,6 +164,19 @@ public:
         return isAny;
     }
 
+    bool PrintInvisible() const
+    {
+        bool isAny = false;
+        for (const auto& [look, group] : m_groups) {
+            if (Drawn{group.style}.IsVisible())
+                continue;
+            isAny = true;
+            std::cout << Text("nothing is drawn:") << '\n';
+            PrintGroup(group);
+        }
+        return isAny;
+    }
+
     bool PrintFaint(Color ground) const
     {
         bool isAny = false;
@@ -230,10 +243,11 @@ int FindAlike(Words paths, const Options& options)
     std::cout << Text("Table: %1", {table.Origin()}) << '\n';
     const bool isAlike = inspection.PrintAlike();
     const bool isClose = inspection.PrintClose();
+    const bool isInvisible = inspection.PrintInvisible();
     const bool isFaint = inspection.PrintFaint(ground);
     if (table.IsDamaged())
         return NoAnswer;
-    if (isAlike || isClose || isFaint)
+    if (isAlike || isClose || isInvisible || isFaint)
         return Negative;
     std::cout << Text("every curve can be seen and distinguished from the others") << '\n';
     return Succeeded;

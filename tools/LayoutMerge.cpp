@@ -9,6 +9,7 @@
 
 #include <bindings/terminal/CommandLine.h>
 
+#include <filesystem>
 #include <iostream>
 #include <list>
 #include <utility>
@@ -189,6 +190,15 @@ private:
     bool m_hasConflicts = false;
 };
 
+// Git gives an empty file where both sides have added theirs. Such a base has no rows; all else is ours.
+LayoutContents ReadBase(const char* path, const LayoutContents& ours)
+{
+    std::error_code error;
+    if (std::filesystem::is_regular_file(path, error) && std::filesystem::file_size(path, error) == 0)
+        return {ours.head, {}};
+    return ReadLayout(path);
+}
+
 } // namespace
 
 int MergeLayouts(Words paths, const Options& options)
@@ -198,8 +208,10 @@ int MergeLayouts(Words paths, const Options& options)
     if (isOurs && isTheirs)
         throw styleatlas::terminal::UsageError{Text("--ours and --theirs exclude each other")};
     const char* const output = options.Has(Option::Output) ? options.Find(Option::Output) : paths[1];
-    Merge merge{LayoutTable{ReadLayout(paths[0])}, LayoutTable{ReadLayout(paths[1])},
-                LayoutTable{ReadLayout(paths[2])}, isTheirs ? Side::Theirs : Side::Ours};
+    LayoutContents ours = ReadLayout(paths[1]);
+    LayoutTable base{ReadBase(paths[0], ours)};
+    Merge merge{std::move(base), LayoutTable{std::move(ours)}, LayoutTable{ReadLayout(paths[2])},
+                isTheirs ? Side::Theirs : Side::Ours};
     const LayoutContents merged = merge.Run();
     if (merge.HasConflicts() && !isOurs && !isTheirs) {
         PrintError(Text("there are conflicts; nothing is written"));

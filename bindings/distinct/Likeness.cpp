@@ -1,6 +1,7 @@
 #include "Likeness.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace styleatlas::distinct
 {
@@ -14,21 +15,30 @@ SymbolShape DrawnShape(SymbolShape shape)
 
 SymbolFill DrawnFill(SymbolShape shape, SymbolFill fill)
 {
-    switch (DrawnShape(shape)) {
+    const bool hasDot = fill == SymbolFill::EmptyWithDot;
+    const bool isEmpty = fill == SymbolFill::Empty || hasDot;
+    switch (shape) {
     case SymbolShape::Triangle:
     case SymbolShape::Triangle2:
     case SymbolShape::Square:
     case SymbolShape::Diamond:
+        return fill == SymbolFill::Filled || hasDot ? fill : SymbolFill::Empty;
     case SymbolShape::Circle:
-        return fill;
+        return isEmpty ? fill : SymbolFill::Filled;
+    case SymbolShape::Plus:
+    case SymbolShape::Asterisk:
+        return hasDot ? fill : SymbolFill::Filled;
     default:
         return SymbolFill::Filled;
     }
 }
 
-LineStyle DrawnLine(LineStyle line)
+LineStyle DrawnLine(LineStyle line, int width)
 {
-    return line >= LineStyle::Solid && line <= LineStyle::None ? line : LineStyle::Solid;
+    if (line == LineStyle::None)
+        return line;
+    return line > LineStyle::Solid && line < LineStyle::None && std::abs(width) <= 1 ? line
+                                                                                     : LineStyle::Solid;
 }
 
 constexpr Color WithoutUnusedByte(Color color)
@@ -40,7 +50,7 @@ constexpr Color WithoutUnusedByte(Color color)
 
 Drawn::Drawn(const Style& style)
     : shape{DrawnShape(style.symbolShape)}, fill{DrawnFill(style.symbolShape, style.symbolFill)},
-      line{DrawnLine(style.lineStyle)}
+      line{DrawnLine(style.lineStyle, style.lineWidth)}
 {
     if (shape != SymbolShape::None)
         symbolColor = WithoutUnusedByte(style.symbolColor);

@@ -16,7 +16,10 @@ constexpr double MinDifference = 10;
 // Colours with less contrast to the ground are hard to see.
 constexpr double MinContrast = 3;
 
-// What is drawn of a style: a number that the enumerations do not name draws no symbol, and a solid line.
+// What is drawn of a style, with one number for all those that look the same: a line wider than a pixel is
+// solid, crosses and points have no fill, and any fill of plus and asterisk but the dot is none either.
+// Numbers that the enumerations do not name draw no symbol, a filled circle, any other shape empty, and a
+// solid line.
 struct Drawn {
     explicit Drawn(const Style& style);
 
@@ -34,8 +37,10 @@ struct Drawn {
                           lineColor ? lineColor->value : none};
     }
 
+    bool IsVisible() const { return symbolColor || lineColor; }
+
     SymbolShape shape;
-    SymbolFill fill; // Filled for a shape that has no inside
+    SymbolFill fill; // Filled for a shape without one
     LineStyle line;
     std::optional<Color> symbolColor; // of what is drawn
     std::optional<Color> lineColor;

@@ -180,10 +180,14 @@ FontTexts::Picture FontTexts::MakePicture(const Drawing& drawing)
 
 void FontTexts::DrawByQt(const Canvas& canvas, const QPointF& from, const Drawing& drawing) const
 {
-    QImage image = ToQImage(canvas.Target());
+    const Box& clip = canvas.Clip();
+    if (clip.IsEmpty())
+        return;
+    // Of the clip box alone: a surface may have no memory outside of it.
+    QImage image = ToQImage({canvas.Row(clip.Top) + clip.Left, static_cast<int>(clip.Right - clip.Left),
+                             static_cast<int>(clip.Bottom - clip.Top), canvas.Target().Stride});
     QPainter painter(&image);
-    painter.setClipRect(ToQRect(canvas.Clip()));
-    painter.translate(from);
+    painter.translate(from - QPointF(static_cast<double>(clip.Left), static_cast<double>(clip.Top)));
     painter.scale(drawing.Scale, drawing.Scale);
     painter.setFont(m_font);
     painter.setPen(QColor::fromRgb(drawing.Ink));

@@ -8,8 +8,8 @@
 #include <cstring>
 #include <memory>
 
-// Buffered, little-endian serialization to or from a file, which it doesn't own. A storing archive that isn't
-// closed is flushed on destruction, unless it was constructed with bNoFlushOnDelete.
+// Buffered, little-endian serialization to or from a file, which it doesn't own. A storing archive is
+// flushed on destruction too, unless it was constructed with bNoFlushOnDelete.
 class PLATFORM_API CArchive
 {
 public:
@@ -22,7 +22,7 @@ public:
 
     BOOL IsStoring() const { return (m_nMode & load) == 0; }
 
-    void Close(); // flushes, and detaches the file
+    void Close(); // flushes; the file stays open
 
     // The number of bytes that a load has taken out; at the end of the file, all of them.
     ULONGLONG GetPosition() const { return m_nBytesRead - static_cast<ULONGLONG>(m_lpReadEnd - m_lpBufCur); }

@@ -51,6 +51,8 @@ BOOL CMirrorFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags)
 
 bool CMirrorFile::OpenForCreation(const std::string& path)
 {
+    m_bOverwrites = false;
+    m_strContents.clear();
     m_strTarget = FollowLinks(path);
     if (m_strTarget.empty())
         return Refuse(path.empty() ? ENOENT : errno);

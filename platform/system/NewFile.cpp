@@ -65,6 +65,8 @@ int MakeNewFile(const std::string& folder, mode_t mode, std::string& path)
         const bool isTaken = !file && errno == EEXIST;
         if (!isTaken && (!file || LockNewFile(file.Get())))
             return file.Release();
+        if (file)
+            unlink(path.c_str()); // another writer takes it for a leftover
     }
     errno = EBUSY;
     return -1;

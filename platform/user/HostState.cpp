@@ -9,6 +9,8 @@
 namespace
 {
 
+constexpr const char* plainLocale = "C";
+
 bool isCreatingOurs = false;
 
 // The locale that Qt has set, until the host's application object needs it.
@@ -46,16 +48,18 @@ void SwapXHandlers()
 
 } // namespace
 
-// Qt sets the locale of the environment, if it sets any.
+// Qt always replaces this locale, which isn't UTF-8, also where the host has set the environment's already. If
+// it is still set afterwards, Qt hasn't set any.
 HostLocale::HostLocale() : m_before(std::setlocale(LC_ALL, nullptr))
 {
+    std::setlocale(LC_ALL, plainLocale);
     isCreatingOurs = true;
 }
 
 HostLocale::~HostLocale()
 {
     const std::string after = std::setlocale(LC_ALL, nullptr);
-    if (after != m_before) {
+    if (after != plainLocale) {
         PendingLocale() = after;
         qAddPreRoutine(&SetPendingLocale);
     }

@@ -48,7 +48,6 @@ private:
     // Both are false without memory.
     bool EnsurePixels();       // of the whole client area, and keeps those there are
     bool EnsurePixelsOfPart(); // of the painted part of an opaque client area, which is drawn as a whole
-    HDC ContextOn(const QRect& clip);
 
     Window& m_window;
     std::unique_ptr<ScreenPixels> m_pixels; // of the client area or a part, once there was a context on it

@@ -125,6 +125,8 @@ int main(int argc, char** argv)
             library = dlopen(call.c_str() + 5, RTLD_NOW);
         else if (call == "close")
             dlclose(library);
+        else if (call.starts_with("locale="))
+            std::setlocale(LC_ALL, call.c_str() + 7);
         else if (call == "deaf")
             std::signal(SIGCHLD, SIG_IGN);
         else if (call == "state")

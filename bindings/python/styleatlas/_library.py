@@ -44,7 +44,7 @@ class EditResult(enum.IntEnum):
 def _path() -> str:
     if named := os.environ.get("STYLEATLAS_LIBRARY"):
         return named
-    beside = Path(__file__).resolve().parents[3] / _FILE  # .../lib/python3/dist-packages/styleatlas
+    beside = Path(__file__).resolve().parent / "../../.." / _FILE  # .../lib/python3/dist-packages/styleatlas
     return str(beside) if beside.is_file() else _FILE
 
 
@@ -96,8 +96,13 @@ def style_of(column: int, key: Key) -> Optional[Style]:
     if not _library().GetStyleAtlas(column, *parts.values(), *map(byref, values)):
         return None
     symbol_color, shape, size, fill, line_color, line, width, use_symbol_color = (value.value for value in values)
-    return Style(_hex(symbol_color), SymbolShape(shape), size, SymbolFill(fill), _hex(line_color), LineStyle(line),
-                 width, bool(use_symbol_color))
+    return Style(_hex(symbol_color), SymbolShape(shape), size, _fill(shape, fill), _hex(line_color),
+                 LineStyle(line), width, bool(use_symbol_color))
+
+
+def _fill(shape: int, fill: int) -> SymbolFill:
+    is_unknown_of_circle = shape == SymbolShape.CIRCLE and fill not in list(SymbolFill)
+    return SymbolFill.FILLED if is_unknown_of_circle else SymbolFill(fill)
 
 
 def edit(parent: int = 0) -> EditResult:

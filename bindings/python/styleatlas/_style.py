@@ -2,7 +2,7 @@
 
 import dataclasses
 import enum
-from typing import Any, Dict, Tuple
+from typing import Any, Dict, Optional, Tuple
 
 _MAX_SIZE = 256  # of a symbol, and of the width of a line: a layout file can hold any number
 
@@ -22,20 +22,20 @@ class SymbolShape(enum.IntEnum):
     POINT = 9
 
     @classmethod
-    def _missing_(cls, value: object) -> "SymbolShape":
-        return cls.NONE
+    def _missing_(cls, value: object) -> Optional["SymbolShape"]:
+        return cls.NONE if isinstance(value, int) else None
 
 
 class SymbolFill(enum.IntEnum):
-    """A number that is none of these counts as EMPTY."""
+    """A number that is none of these counts as EMPTY; ``style_of`` makes it FILLED for a circle, as the editor does."""
 
     FILLED = 0
     EMPTY = 1
     EMPTY_WITH_DOT = 2
 
     @classmethod
-    def _missing_(cls, value: object) -> "SymbolFill":
-        return cls.EMPTY
+    def _missing_(cls, value: object) -> Optional["SymbolFill"]:
+        return cls.EMPTY if isinstance(value, int) else None
 
 
 class LineStyle(enum.IntEnum):
@@ -49,8 +49,8 @@ class LineStyle(enum.IntEnum):
     NONE = 5
 
     @classmethod
-    def _missing_(cls, value: object) -> "LineStyle":
-        return cls.SOLID
+    def _missing_(cls, value: object) -> Optional["LineStyle"]:
+        return cls.SOLID if isinstance(value, int) else None
 
 
 DASHES = {
