@@ -8,9 +8,9 @@ from mkdocs.structure.files import File
 
 TOP = Path(__file__).resolve().parents[2]
 SHOWN = (".md", ".png", ".svg", ".css", ".js")
-LANGUAGES = {".c": "c", ".cpp": "cpp", ".py": "python"}
+LANGUAGES = {".c": "c", ".h": "c", ".cpp": "cpp", ".py": "python"}
 # A paragraph that is only a link to a program. On the site the program follows it.
-PROGRAM = re.compile(r"^\[[^]\n]*\]\(\.\./(examples/[^)\n]*)\)\n$", re.MULTILINE)
+PROGRAM = re.compile(r"^\[[^]\n]*\]\(\.\./(examples/[^)\n]*)\)$", re.MULTILINE)
 
 
 def on_files(files, config):
@@ -35,7 +35,7 @@ def on_page_markdown(markdown, **_):
 
 def with_program(match):
     path = TOP / match[1]
-    return f"{match[0]}\n```{LANGUAGES[path.suffix]}\n{path.read_text(encoding='utf-8')}```\n"
+    return f"{match[0]}\n\n```{LANGUAGES[path.suffix]}\n{path.read_text(encoding='utf-8')}```"
 
 
 def on_post_build(config):
