@@ -10,7 +10,8 @@ from html.parser import HTMLParser
 from pathlib import Path
 from urllib.parse import unquote, urlsplit
 
-ELSEWHERE = re.compile(r"([a-z]+:)?//|[a-z]+:")
+ELSEWHERE = re.compile(r"([a-z]+:)?//")
+NO_FILE = re.compile(r"[a-z]+:|//")
 
 
 class HtmlPage(HTMLParser):
@@ -60,7 +61,7 @@ def main():
         for path in sorted(pages):
             page = read(path)
             faults += [f"{path} loads {load} from elsewhere" for load in page.loads if ELSEWHERE.match(load)]
-            inside = [link for link in page.links + page.loads if not ELSEWHERE.match(link)]
+            inside = [link for link in page.links + page.loads if not NO_FILE.match(link)]
             faults += [f"{path}: {link} leads nowhere" for link in inside if not leads_somewhere(path, link)]
             count += len(inside)
     print("\n".join(faults) or f"{count} links lead to where they should")
