@@ -210,7 +210,9 @@ version=$(moved/bin/atlas-host --version | cut -d ' ' -f 2)
 package_of() { compgen -G "packages/$1_${version}_*.deb"; }
 field() { dpkg-deb -f "$(package_of "$1")" "$2"; }
 mkdir -p root
-for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 libstyleatlas-qt-dev \
+manual=()
+[ ! -e moved/share/doc/styleatlas-doc ] || manual=(styleatlas-doc)
+for name in "${manual[@]}" libstyleatlas1 libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 libstyleatlas-qt-dev \
     python3-styleatlas atlas-layout atlas-host; do
     package=$(package_of $name)
     dpkg-deb -c "$package" >>contents
