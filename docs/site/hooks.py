@@ -46,3 +46,5 @@ def on_post_build(config):
     text = json.dumps(entries, ensure_ascii=False, separators=(",", ":"))
     (site / "index.js").write_text(f"const searchIndex = {text};\n", encoding="utf-8")
     shutil.rmtree(site / "search")
+    for name in "sitemap.xml", "sitemap.xml.gz":  # for sites with an address
+        (site / name).unlink()
