@@ -1,10 +1,12 @@
-// A host in C++: how the wind speed is drawn in each file column. host.c shows how it would make the folder
-// of its layout file first.
+// A host in C++: how the wind speed is drawn in each file column.
+#include "layout_folder.h"
+
 #include <cstdio>
 #include <styleatlas.hpp>
 
 int main()
 {
+    MakeLayoutFolder("AirLab");
     styleatlas::SetApplication(u"AirLab");
     for (int column = 0; column < styleatlas::FileColumns; ++column) {
         const auto style = styleatlas::StyleOf(column, {12, 2, 0, 3, 1});

@@ -1,6 +1,7 @@
 // A host with Qt: the wind speed of three files as curves, with a legend and a button for the editor.
-// "qt_host FILE.png" writes a picture of the window instead. host.c shows how a host makes the folder of its
-// layout file first.
+// "qt_host FILE.png" writes a picture of the window instead.
+#include "layout_folder.h"
+
 #include <QtWidgets>
 #include <cmath>
 #include <styleatlas-qt.h>
@@ -45,6 +46,7 @@ protected:
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv); // before the first call of the library
+    MakeLayoutFolder("AirLab");
     styleatlas::SetApplication(u"AirLab");
     QWidget window;
     auto* const plot = new Plot;

@@ -13,6 +13,8 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/OpenFolders.cmake)
 
 set(CPACK_COMPONENTS_ALL runtime editor development qt qt_development python tool host)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/WithManual.cmake)
+set(CPACK_STYLEATLAS_MANUAL ${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_DATADIR}/doc/styleatlas-doc/html/index.html)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_COMPONENT_EDITOR_DEPENDS runtime)
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
@@ -126,5 +128,16 @@ set(CPACK_COMPONENT_HOST_DESCRIPTION
 The program reads files of comma-separated values, knows the quantities in
 them, and asks the style atlas how each curve is drawn. It lists the curves
 with their styles, and plots them in a window or into a PNG file.")
+
+set(CPACK_DEBIAN_MANUAL_PACKAGE_NAME styleatlas-doc)
+set(CPACK_DEBIAN_MANUAL_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_MANUAL_PACKAGE_ARCHITECTURE all)
+set(CPACK_COMPONENT_MANUAL_DESCRIPTION
+"styles of the curves of measured data - manual
+The style atlas says, for every measured quantity and every file column, how
+its curve is drawn: by which symbol and by which line.
+
+This package has the manual for users, programmers and administrators, and the
+API reference, as pages for a browser.")
 
 include(CPack)

@@ -145,13 +145,49 @@ sleep 1
 xdotool windowactivate --sync "$(search '^Kurven')" key ctrl+q
 wait $program
 echo "the window: $?"
+pixels() { # window: the colours of three files, as far as they are there
+    python3 - "$1" <<'PYTHON'
+import ctypes
+import sys
+x = ctypes.CDLL("libX11.so.6")
+x.XOpenDisplay.restype = x.XGetImage.restype = ctypes.c_void_p
+x.XGetPixel.restype = ctypes.c_ulong
+display = ctypes.c_void_p(x.XOpenDisplay(None))
+image = ctypes.c_void_p(x.XGetImage(display, ctypes.c_ulong(int(sys.argv[1])), 0, 30, 640, 320, ctypes.c_ulong(-1), 2))
+colors = {x.XGetPixel(image, i, j) & 0xFFFFFF for i in range(640) for j in range(320)}
+print(*sorted(f"{color:06X}" for color in colors))
+PYTHON
+}
+rm "$1"
+LC_ALL=C LANGUAGE=en timeout 60 found/xlib_host &>output &
+program=$!
+window=$(search '^Wind$')
+sleep 1
+pixels "$window"
+xdotool windowactivate --sync "$window" key e
+search '^Symbol/Color' >editor
+sleep 1.5
+xdotool key Tab Tab shift+F10
+sleep .5
+xdotool key Up Up Up Return
+sleep .5
+xdotool key Return
+sleep 1.5
+pixels "$window"
+xdotool windowactivate --sync "$window" key q
+wait $program
+echo "the host with Xlib: $?"
 EOF
 printf 'Date,Wind\n1,2\n2,3\n' >data.csv
 expect 'the messages on a display' "$message
 $message
 $message
 status 1
-the window: 0" "$(xvfb-run --auto-servernum --server-args=-noreset bash on_display.sh "$layout")"
+the window: 0
+000000 004040 A52A00 FFFFFF
+004040 FFFFFF
+the host with Xlib: 0" "$(xvfb-run --auto-servernum --server-args=-noreset bash on_display.sh "$layout")"
+printf damaged >"$layout"
 for program in atlas-host atlas-layout; do
     gunzip -c moved/share/man/man1/$program.1.gz | sed 's/\\-/-/g' >man_page
     for word in $(moved/bin/$program --help | grep -oE '^  (--)?[a-z]+'); do
@@ -174,7 +210,9 @@ version=$(moved/bin/atlas-host --version | cut -d ' ' -f 2)
 package_of() { compgen -G "packages/$1_${version}_*.deb"; }
 field() { dpkg-deb -f "$(package_of "$1")" "$2"; }
 mkdir -p root
-for name in libstyleatlas1 libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 libstyleatlas-qt-dev \
+manual=()
+[ ! -e moved/share/doc/styleatlas-doc ] || manual=(styleatlas-doc)
+for name in "${manual[@]}" libstyleatlas1 libstyleatlas-editor libstyleatlas-dev libstyleatlas-qt1 libstyleatlas-qt-dev \
     python3-styleatlas atlas-layout atlas-host; do
     package=$(package_of $name)
     dpkg-deb -c "$package" >>contents

@@ -1,4 +1,5 @@
-/* The interface of the unit library: the quantities that can be measured, with their symbols and names.
+/** @file
+ * The interface of the unit library: the quantities that can be measured, with their symbols and names.
  *
  * The quantities stand in a text file, the catalogue: the one that the environment variable MENSURA_CATALOGUE
  * names, else the one installed with the library. It is read at first use, and again by MensuraGetQuantitiesW
@@ -23,39 +24,54 @@
 extern "C" {
 #endif
 
-/* The sub-quantity of a quantity as a whole. */
+/** The sub-quantity of a quantity as a whole. */
 #define MENSURA_WHOLE_QUANTITY 65535u
 
-/* What MensuraGetSymbolW returns. */
+/** What MensuraGetSymbolW() returns. */
 enum MensuraTextMode {
-    MENSURA_SYMBOL = 0,         /* the symbol, as for an axis or a list: "U_rms" */
-    MENSURA_SYMBOL_AND_NAME = 1 /* the symbol, a blank, and the name in brackets */
+    MENSURA_SYMBOL = 0,         /**< the symbol, as for an axis or a list: "U_rms" */
+    MENSURA_SYMBOL_AND_NAME = 1 /**< the symbol, a blank, and the name in brackets */
 };
 
-/* Returns the list of quantities as five parallel arrays of *count elements, null for an empty list. Lines of
- * the catalogue with errors are left out and reported on standard error. */
+/** Gets the list of quantities as five parallel arrays. Lines of the catalogue with errors are left out and
+ * reported on standard error. The arrays belong to the library; for an empty list they are null.
+ * @param[out] devices device of each quantity, 65535 for none
+ * @param[out] quantities its number
+ * @param[out] subQuantities its sub-quantity, or MENSURA_WHOLE_QUANTITY
+ * @param[out] indexes its index
+ * @param[out] flags its flags
+ * @param[out] count number of elements in each array */
 void MensuraGetQuantitiesW(uint16_t** devices, uint16_t** quantities, int** subQuantities, uint16_t** indexes,
                            uint32_t** flags, int* count);
 
-/* Returns the display text of a quantity, never null: "#" and its number if the catalogue lacks it. Of
- * quantity, subQuantity and device the low 16 bits count, of index the low 8. MENSURA_WHOLE_QUANTITY as
- * subQuantity asks for the quantity as a whole. */
+/** Gets the display text of a quantity.
+ * @param quantity the quantity: the low 16 bits count
+ * @param subQuantity its sub-quantity: the low 16 bits count; MENSURA_WHOLE_QUANTITY for the quantity as a
+ * whole
+ * @param flags its flags
+ * @param device its device: the low 16 bits count
+ * @param index its index: the low 8 bits count
+ * @param mode a number of ::MensuraTextMode
+ * @returns the text, which belongs to the library; "#" and the number of the quantity if the catalogue lacks
+ * it, never null */
 const char16_t* MensuraGetSymbolW(uint32_t quantity, uint32_t subQuantity, uint32_t flags, uint32_t device,
                                   uint32_t index, int mode);
 
-/* Returns the full name of a quantity in the same way; empty if the catalogue lacks it. */
+/** Gets the full name of a quantity.
+ * @param quantity, subQuantity, flags, device, index as for MensuraGetSymbolW()
+ * @returns the name, which belongs to the library; empty if the catalogue lacks the quantity, never null */
 const char16_t* MensuraGetNameW(uint32_t quantity, uint32_t subQuantity, uint32_t flags, uint32_t device,
                                 uint32_t index);
 
-/* To be called when another user's settings apply: the catalogue is read again at the next call. The
- * arguments, the user's root and key and a word of options, are ignored. */
+/** To be called when another user's settings apply: the catalogue is read again at the next call.
+ * @param userRoot, subKey, options the user's root and key and a word of options, all ignored */
 void MensuraChangeUserInfoW(const char16_t* userRoot, const char16_t* subKey, uint16_t options);
 
-/* An entry of the table "ModuleExports": a function and the name by which it is bound at run time. The last
+/** An entry of the table "ModuleExports": a function and the name by which it is bound at run time. The last
  * entry is all null. */
 struct MensuraExport {
-    const char* Name;
-    void* Address;
+    const char* Name; /**< as a program asks for it */
+    void* Address;    /**< of the function */
 };
 
 #ifdef __cplusplus
