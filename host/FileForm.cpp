@@ -3,6 +3,7 @@
 #include "Calendar.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -24,7 +25,8 @@ bool IsDate(std::string_view field)
 
 bool IsReadable(std::string_view field)
 {
-    return ParseNumber(field) || ParseCommaNumber(field) || IsDate(field) || IsTimeOfDay(field);
+    return !std::isnan(ParseNumber(field)) || !std::isnan(ParseCommaNumber(field)) || IsDate(field) ||
+           IsTimeOfDay(field);
 }
 
 struct Record {
@@ -150,8 +152,9 @@ DecimalMark MarkOf(const Sample& sample, Sample::const_iterator firstRow)
         for (const std::string& field : record->fields) {
             const bool hasPoint = field.find('.') != std::string::npos;
             const bool hasComma = field.find(',') != std::string::npos;
-            commas += hasComma && !HasThousandsForm(field, ',') && ParseCommaNumber(field) ? 1 : 0;
-            points += hasPoint && !HasThousandsForm(field, '.') && ParseNumber(field) ? 1 : 0;
+            commas +=
+                hasComma && !HasThousandsForm(field, ',') && !std::isnan(ParseCommaNumber(field)) ? 1 : 0;
+            points += hasPoint && !HasThousandsForm(field, '.') && !std::isnan(ParseNumber(field)) ? 1 : 0;
         }
     }
     return commas > points ? DecimalMark::Comma : points > 0 ? DecimalMark::Point : DecimalMark::Unknown;

@@ -6,11 +6,11 @@
 namespace atlashost
 {
 
-std::optional<double> ParseCommaNumber(std::string_view text)
+double ParseCommaNumber(std::string_view text)
 {
     std::array<char, 64> copy;
     if (text.size() > copy.size() || text.find('.') != std::string_view::npos)
-        return std::nullopt;
+        return NoNumber;
     std::ranges::replace_copy(text, copy.begin(), ',', '.');
     return ParseNumber({copy.data(), text.size()});
 }
@@ -24,12 +24,12 @@ bool HasThousandsForm(std::string_view text, char mark)
            text.size() == whole + 4;
 }
 
-std::optional<double> NumberReader::ReadFirstComma(std::string_view text)
+double NumberReader::ReadFirstComma(std::string_view text)
 {
     if (text.find(',') == std::string_view::npos || HasThousandsForm(text, ','))
-        return std::nullopt;
-    const std::optional<double> value = ParseCommaNumber(text);
-    if (value)
+        return NoNumber;
+    const double value = ParseCommaNumber(text);
+    if (!std::isnan(value))
         m_mark = DecimalMark::Comma;
     return value;
 }

@@ -3,27 +3,29 @@
 
 #include <charconv>
 #include <cmath>
-#include <optional>
+#include <limits>
 #include <string_view>
 
 namespace atlashost
 {
 
-// With a decimal point, by no locale, whose mark may differ from the file's. Empty for anything else, and for
-// what is not finite.
-inline std::optional<double> ParseNumber(std::string_view text)
+constexpr double NoNumber = std::numeric_limits<double>::quiet_NaN();
+
+// With a decimal point, by no locale, whose mark may differ from the file's. NaN for anything else, and for
+// what is not finite. No std::optional, for speed.
+inline double ParseNumber(std::string_view text)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     double value = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc{} || stop != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
+        return NoNumber;
     return value;
 }
 
 // The same with a decimal comma; a number without a fraction fits both.
-std::optional<double> ParseCommaNumber(std::string_view text);
+double ParseCommaNumber(std::string_view text);
 
 // Whether a mark could part thousands as well: "1,234".
 bool HasThousandsForm(std::string_view text, char mark);
@@ -37,16 +39,16 @@ class NumberReader
 public:
     explicit NumberReader(DecimalMark mark) : m_mark{mark} {}
 
-    std::optional<double> Read(std::string_view text)
+    double Read(std::string_view text)
     {
         if (m_mark == DecimalMark::Comma)
             return ParseCommaNumber(text);
-        const std::optional<double> value = ParseNumber(text);
-        return value || m_mark == DecimalMark::Point ? value : ReadFirstComma(text);
+        const double value = ParseNumber(text);
+        return std::isnan(value) && m_mark == DecimalMark::Unknown ? ReadFirstComma(text) : value;
     }
 
 private:
-    std::optional<double> ReadFirstComma(std::string_view text);
+    double ReadFirstComma(std::string_view text);
 
     DecimalMark m_mark;
 };

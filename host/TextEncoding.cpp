@@ -26,13 +26,17 @@ constexpr std::array<char16_t, 32> FirstOfWindows1252 = {
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
+// Of the characters at the front. By blocks, for speed.
 std::size_t AsciiLength(std::string_view text)
 {
     constexpr std::uint64_t HighBits = 0x8080808080808080;
+    std::array<std::uint64_t, 8> block;
     std::size_t length = 0;
-    for (std::uint64_t word = 0; length + sizeof word <= text.size(); length += sizeof word) {
-        std::memcpy(&word, text.data() + length, sizeof word);
-        if ((word & HighBits) != 0)
+    for (std::uint64_t bits = 0; length + sizeof block <= text.size(); length += sizeof block) {
+        std::memcpy(block.data(), text.data() + length, sizeof block);
+        for (const std::uint64_t word : block)
+            bits |= word;
+        if ((bits & HighBits) != 0)
             break;
     }
     while (length < text.size() && static_cast<signed char>(text[length]) >= 0)

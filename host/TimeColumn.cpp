@@ -5,7 +5,6 @@
 #include <bindings/terminal/Text.h>
 
 #include <cmath>
-#include <limits>
 #include <numeric>
 #include <optional>
 
@@ -14,7 +13,7 @@ namespace atlashost
 namespace
 {
 
-constexpr double NoTime = std::numeric_limits<double>::quiet_NaN();
+constexpr double NoTime = NoNumber;
 constexpr std::size_t MaxQuoteLength = 30; // characters of a field in a remark
 
 std::string Quoted(const std::string& field)
@@ -38,11 +37,12 @@ bool TimeColumn::Add(std::string_view field, std::size_t line, NumberReader& num
         m_kind = TimeKind::Date;
         return true;
     }
-    const std::optional<double> number = m_kind != TimeKind::Date ? numbers.Read(field) : std::nullopt;
-    m_times.push_back(number.value_or(NoTime));
-    if (number)
+    const double number = m_kind != TimeKind::Date ? numbers.Read(field) : NoNumber;
+    const bool isNumber = !std::isnan(number);
+    m_times.push_back(number);
+    if (isNumber)
         m_kind = TimeKind::Number;
-    if (number || field.empty())
+    if (isNumber || field.empty())
         return true;
     if (m_kind == TimeKind::Row)
         m_unread.Note(field, line);
