@@ -139,7 +139,7 @@ TEST_F(Host, FindsTheFormOfAFile)
                           "1\0;\0"
                           "0\0,\0"
                           "5\0",
-                          28},
+                          24},
          "1 +0", ""},
         {"D,Ozone\n1/2/2024,1\n", "1 +0",
          ":2: \"1/2/2024\" and all other dates are read with the day first; the month could be first too"},
