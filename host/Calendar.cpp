@@ -1,9 +1,9 @@
 #include "Calendar.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <tuple>
 
 namespace atlashost
 {
@@ -22,16 +22,27 @@ public:
     bool IsGood() const { return m_isGood; }
     bool IsAtEnd() const { return m_rest.empty(); }
 
-    int Number(std::size_t digits)
+    int Number(std::size_t minDigits, std::size_t maxDigits)
     {
         int value = 0;
-        const std::string_view text = m_rest.substr(0, digits);
-        const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-        const bool isNumber = text.size() == digits && error == std::errc{} &&
-                              stop == text.data() + text.size() && text.front() != '-';
-        m_isGood = m_isGood && isNumber;
-        m_rest.remove_prefix(text.size());
+        std::size_t digits = 0;
+        for (; digits < maxDigits && IsAtDigit(); ++digits) {
+            value = 10 * value + (m_rest.front() - '0');
+            m_rest.remove_prefix(1);
+        }
+        m_isGood = m_isGood && digits >= minDigits;
         return value;
+    }
+
+    // Two digits or four.
+    int Year()
+    {
+        constexpr int Pivot = 70;
+        const std::size_t length = m_rest.size();
+        const int year = Number(2, 4);
+        const std::size_t digits = length - m_rest.size();
+        m_isGood = m_isGood && digits != 3;
+        return digits > 2 ? year : year + (year < Pivot ? 2000 : 1900);
     }
 
     bool TakeAnyOf(std::string_view characters)
@@ -42,7 +53,12 @@ public:
         return isThere;
     }
 
-    void Expect(std::string_view characters) { m_isGood = TakeAnyOf(characters) && m_isGood; }
+    char Expect(std::string_view characters)
+    {
+        const char front = m_rest.empty() ? '\0' : m_rest.front();
+        m_isGood = TakeAnyOf(characters) && m_isGood;
+        return front;
+    }
 
     // The digits after a decimal mark.
     double Fraction()
@@ -50,7 +66,7 @@ public:
         double value = 0;
         double weight = 1;
         const std::size_t length = m_rest.size();
-        while (!m_rest.empty() && m_rest.front() >= '0' && m_rest.front() <= '9') {
+        while (IsAtDigit()) {
             weight /= 10;
             value += (m_rest.front() - '0') * weight;
             m_rest.remove_prefix(1);
@@ -60,49 +76,98 @@ public:
     }
 
 private:
+    bool IsAtDigit() const { return !m_rest.empty() && m_rest.front() >= '0' && m_rest.front() <= '9'; }
+
     std::string_view m_rest;
     bool m_isGood = true;
 };
 
-double TimeOfDay(Scanner& scanner)
+// The hours of a time of day on a clock of 24, where a mark of the half of a day may follow; -1 for none.
+int HoursOf24(Scanner& scanner, int hours)
 {
-    const int hours = scanner.Number(2);
+    scanner.TakeAnyOf(" ");
+    const bool isAfternoon = scanner.TakeAnyOf("Pp");
+    if (!isAfternoon && !scanner.TakeAnyOf("Aa"))
+        return hours;
+    scanner.Expect("Mm");
+    return hours < 1 || hours > 12 ? -1 : hours % 12 + (isAfternoon ? 12 : 0);
+}
+
+void TakeOffset(Scanner& scanner)
+{
+    if (scanner.TakeAnyOf("Zz") || !scanner.TakeAnyOf("+-"))
+        return;
+    scanner.Number(2, 2);
+    scanner.TakeAnyOf(":");
+    if (!scanner.IsAtEnd())
+        scanner.Number(2, 2);
+}
+
+// Seconds; empty unless this is all that is left.
+std::optional<double> TimeOfDay(Scanner& scanner)
+{
+    int hours = scanner.Number(1, 2);
     scanner.Expect(":");
-    const int minutes = scanner.Number(2);
+    const int minutes = scanner.Number(2, 2);
     int seconds = 0;
     double fraction = 0;
     if (scanner.TakeAnyOf(":")) {
-        seconds = scanner.Number(2);
+        seconds = scanner.Number(2, 2);
         if (scanner.TakeAnyOf(".,"))
             fraction = scanner.Fraction();
     }
-    if (hours > 23 || minutes > 59 || seconds > 59)
-        return std::nan("");
-    return hours * SecondsOfHour + minutes * SecondsOfMinute + seconds + fraction;
+    if (!scanner.IsAtEnd()) {
+        hours = HoursOf24(scanner, hours);
+        TakeOffset(scanner);
+    }
+    const double time = hours * SecondsOfHour + minutes * SecondsOfMinute + seconds + fraction;
+    if (!scanner.IsGood() || !scanner.IsAtEnd() || hours < 0 || minutes > 59 || seconds > 59 ||
+        time > SecondsOfDay)
+        return std::nullopt;
+    return time;
+}
+
+std::optional<std::chrono::year_month_day> Date(Scanner& scanner, DateOrder order)
+{
+    constexpr std::string_view Marks = "-/.";
+    const bool isYearFirst = order == DateOrder::YearFirst;
+    const int first = isYearFirst ? scanner.Number(4, 4) : scanner.Number(1, 2);
+    const char mark = scanner.Expect(Marks);
+    const int second = scanner.Number(1, 2);
+    scanner.Expect({&mark, 1});
+    const int third = isYearFirst ? scanner.Number(1, 2) : scanner.Year();
+    const auto [year, month, day] = isYearFirst                      ? std::tuple{first, second, third}
+                                    : order == DateOrder::MonthFirst ? std::tuple{third, first, second}
+                                                                     : std::tuple{third, second, first};
+    const std::chrono::year_month_day date{std::chrono::year{year},
+                                           std::chrono::month{static_cast<unsigned>(month)},
+                                           std::chrono::day{static_cast<unsigned>(day)}};
+    if (!scanner.IsGood() || !date.ok() || year < 1)
+        return std::nullopt;
+    return date;
 }
 
 } // namespace
 
-std::optional<double> ParseTime(std::string_view text)
+std::optional<double> ParseTime(std::string_view text, DateOrder order)
 {
     Scanner scanner{text};
-    const std::chrono::year year{scanner.Number(4)};
-    scanner.Expect("-");
-    const std::chrono::month month{static_cast<unsigned>(scanner.Number(2))};
-    scanner.Expect("-");
-    const std::chrono::year_month_day day{year, month,
-                                          std::chrono::day{static_cast<unsigned>(scanner.Number(2))}};
-    if (!scanner.IsGood() || !day.ok() || year < std::chrono::year{1})
+    const auto date = Date(scanner, order);
+    if (!date)
         return std::nullopt;
-    double timeOfDay = 0;
-    if (!scanner.IsAtEnd()) {
-        scanner.Expect(" T");
-        timeOfDay = TimeOfDay(scanner);
-        scanner.TakeAnyOf("Z");
-    }
-    if (!scanner.IsGood() || !scanner.IsAtEnd() || std::isnan(timeOfDay))
+    if (scanner.IsAtEnd())
+        return StartOf(*date);
+    scanner.Expect(" Tt");
+    const std::optional<double> timeOfDay = TimeOfDay(scanner);
+    if (!timeOfDay)
         return std::nullopt;
-    return StartOf(day) + timeOfDay;
+    return StartOf(*date) + *timeOfDay;
+}
+
+bool IsTimeOfDay(std::string_view text)
+{
+    Scanner scanner{text};
+    return TimeOfDay(scanner).has_value();
 }
 
 std::chrono::year_month_day DayOf(double time)

@@ -51,7 +51,13 @@ File OpenRegular(const std::string& path, std::size_t& size)
 
 } // namespace
 
-std::string ReadFileContent(const std::string& path)
+void GoOn(const Progress& progress, std::size_t done, std::size_t all)
+{
+    if (progress && !progress(done, all))
+        throw std::runtime_error{Text("the reading was cancelled")};
+}
+
+std::string ReadFileContent(const std::string& path, const Progress& progress)
 {
     std::size_t size = 0;
     const File file = OpenRegular(path, size);
@@ -62,6 +68,7 @@ std::string ReadFileContent(const std::string& path)
         content.append(buffer.data(), count); // by the bytes read, as the file may grow meanwhile
         if (content.size() > MaxSize)
             throw std::runtime_error{Text("larger than %1 MiB", {std::to_string(MaxMebibytes)})};
+        GoOn(progress, content.size(), 2 * std::max(size, content.size()));
     }
     if (std::ferror(file.get()) != 0)
         ThrowSystemError();

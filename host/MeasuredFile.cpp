@@ -1,18 +1,13 @@
 #include "MeasuredFile.h"
 
-#include "Calendar.h"
-#include "CsvReader.h"
-#include "FileContent.h"
+#include "TextEncoding.h"
 #include "Texts.h"
 
 #include <bindings/terminal/Text.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <limits>
-#include <numeric>
-#include <optional>
+#include <iterator>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -26,137 +21,205 @@ using styleatlas::terminal::Printable;
 
 constexpr std::size_t MaxFields = 16'000'000; // a short field takes more room in memory than in the file
 constexpr std::size_t MaxRemarks = 20;
-constexpr std::size_t MaxQuoteLength = 30; // characters of a field or header in a remark
-constexpr double NoValue = std::numeric_limits<double>::quiet_NaN();
+constexpr std::size_t ProgressInterval = 1 << 20; // bytes
+constexpr std::size_t MaxQuoteLength = 30;        // characters of a field or header in a remark
 
-// Not by the locale, whose decimal mark may differ from the file's.
-std::optional<double> ParseNumber(std::string_view text)
+// By blocks of a known length, for speed.
+std::size_t LineCount(std::string_view content)
 {
-    if (text.starts_with('+') && !text.starts_with("+-"))
-        text.remove_prefix(1);
-    double value = 0;
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || stop != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
+    constexpr std::size_t BlockSize = 128;
+    std::size_t count = 1;
+    for (; content.size() >= BlockSize; content.remove_prefix(BlockSize)) {
+        unsigned char inBlock = 0;
+        for (std::size_t i = 0; i < BlockSize; ++i)
+            inBlock += content[i] == '\n' ? 1 : 0;
+        count += inBlock;
+    }
+    return count + static_cast<std::size_t>(std::ranges::count(content, '\n'));
 }
 
 class Reader
 {
 public:
-    explicit Reader(std::string_view content)
-        : m_csv{content}, m_lines{static_cast<std::size_t>(std::ranges::count(content, '\n')) + 1}
+    Reader(std::string_view content, const FileForm& form, const Progress& progress)
+        : m_content{content}, m_form{form}, m_progress{progress}, m_numbers{form.decimalMark}
     {
     }
 
     MeasuredFile Read()
     {
-        ReadHead();
-        while (m_csv.Next())
-            ReadRow();
-        if (m_file.timeKind == TimeKind::Row)
-            std::iota(m_file.times.begin(), m_file.times.end(), 1.0);
+        CsvReader csv{m_content, m_form.separator, ReadHeadings(), Comments::Skipped};
+        ReserveRows();
+        while (csv.Next()) {
+            ReadRow(csv);
+            if (csv.End().offset >= m_nextProgress)
+                ReportProgress(csv.End().offset);
+        }
+        FinishTimes();
         if (m_remarkCount > MaxRemarks)
             m_file.remarks.push_back(Text("... and %1 more", {std::to_string(m_remarkCount - MaxRemarks)}));
         return std::move(m_file);
     }
 
 private:
-    void ReadHead()
+    // Gives the position of the first row.
+    CsvReader::Position ReadHeadings()
     {
-        if (!m_csv.Next())
-            throw std::runtime_error{Text("the file is empty")};
-        if (m_csv.FieldCount() > CsvReader::MaxFields)
+        CsvReader csv{m_content, m_form.separator, *m_form.headings, Comments::Read};
+        csv.Next();
+        if (csv.FieldCount() > CsvReader::MaxFields)
             throw std::runtime_error{Text("more than %1 columns", {std::to_string(CsvReader::MaxFields)})};
-        if (m_csv.FieldCount() < 2)
+        std::vector<std::string_view> headings = csv.Fields();
+        // Where blanks separate, date and time of day may share a heading, and numbers of rows have none.
+        const bool lacksOne = m_form.separator == Blanks && headings.size() + 1 == m_form.fieldCount;
+        if (m_form.hasTimeOfDay && !lacksOne)
+            headings.erase(headings.begin() + 1);
+        else if (!m_form.hasTimeOfDay && lacksOne)
+            headings.insert(headings.begin(), std::string_view{});
+        if (headings.size() < 2)
             throw std::runtime_error{Text("no column of data beside the first")};
-        m_file.timeHeader = WithoutBlanks(m_csv.Fields().front());
-        for (std::size_t i = 1; i < m_csv.FieldCount(); ++i)
-            m_file.columns.emplace_back().header = WithoutBlanks(m_csv.Fields()[i]);
-        RemarkOnOpenQuote();
-        const std::size_t maxRows = std::min(m_lines, MaxFields / m_csv.FieldCount());
-        m_file.times.reserve(maxRows);
+        m_file.timeHeader = WithoutBlanks(headings.front());
+        for (std::size_t i = 1; i < headings.size(); ++i)
+            m_file.columns.emplace_back().header = WithoutBlanks(headings[i]);
+        m_firstValue = m_form.hasTimeOfDay ? 2 : 1;
+        RemarkOnOpenQuote(csv);
+        return m_form.firstRow.value_or(csv.End());
+    }
+
+    std::size_t FieldsOfRow() const { return m_firstValue + m_file.columns.size(); }
+
+    void ReserveRows()
+    {
+        const std::size_t maxRows = std::min(LineCount(m_content), MaxFields / FieldsOfRow());
+        m_times.Reserve(maxRows);
         for (MeasuredColumn& column : m_file.columns)
             column.values.reserve(maxRows);
     }
 
-    void ReadRow()
+    void ReadRow(const CsvReader& csv)
     {
         ++m_file.rows;
-        RemarkOnOpenQuote();
-        const std::size_t expected = m_file.columns.size() + 1;
-        if (m_file.rows > MaxFields / expected)
+        RemarkOnOpenQuote(csv);
+        if (m_file.rows > MaxFields / FieldsOfRow())
             throw std::runtime_error{Text("more than 16 million fields")};
-        if (m_csv.FieldCount() > expected)
-            AddRemark(Text("the line has %1 fields, the head line %2",
-                           {std::to_string(m_csv.FieldCount()), std::to_string(expected)}));
-        m_file.times.push_back(TimeOf(WithoutBlanks(m_csv.Fields().front())));
-        for (std::size_t i = 1; i < expected; ++i)
-            Take(m_file.columns[i - 1], i < m_csv.Fields().size() ? WithoutBlanks(m_csv.Fields()[i]) : "");
+        ReadTime(csv.Fields());
+        const std::vector<std::string_view>& fields = csv.Fields();
+        std::size_t next = m_firstValue;
+        for (MeasuredColumn& column : m_file.columns) {
+            ReadValue(column, next < fields.size() ? WithoutBlanks(fields[next]) : "");
+            ++next;
+        }
+        if (csv.FieldCount() > next)
+            RemarkOnExcess(csv);
     }
 
-    double TimeOf(std::string_view field)
+    void ReadTime(const std::vector<std::string_view>& fields)
     {
-        const std::optional<double> date =
-            m_file.timeKind != TimeKind::Number ? ParseTime(field) : std::nullopt;
-        const std::optional<double> number =
-            m_file.timeKind != TimeKind::Date ? ParseNumber(field) : std::nullopt;
-        if (date)
-            m_file.timeKind = TimeKind::Date;
-        else if (number)
-            m_file.timeKind = TimeKind::Number;
-        return date ? *date : number.value_or(NoValue);
+        std::string_view field = WithoutBlanks(fields.front());
+        if (m_form.hasTimeOfDay && fields.size() > 1) {
+            m_dateAndTime.assign(field).append(" ").append(WithoutBlanks(fields[1]));
+            field = WithoutBlanks(m_dateAndTime);
+        }
+        if (m_times.Add(field, m_line, m_numbers))
+            return;
+        if (m_times.Kind() == TimeKind::Date)
+            AddRemark(Text("\"%1\" in column %2 is not a date", {Quoted(field), Quoted(m_file.timeHeader)}));
+        else
+            RemarkOnNumber(field, m_file.timeHeader);
     }
 
-    void Take(MeasuredColumn& column, std::string_view field)
+    void ReadValue(MeasuredColumn& column, std::string_view field)
     {
-        const std::optional<double> value = ParseNumber(field);
-        column.values.push_back(value.value_or(NoValue));
-        if (value) {
+        const double value = m_numbers.Read(field);
+        column.values.push_back(value);
+        if (!std::isnan(value)) {
             ++column.readings;
             return;
         }
         ++column.missing;
         if (!field.empty())
-            AddRemark(Text("\"%1\" in column %2 is not a number",
-                           {Printable(field, MaxQuoteLength), Printable(column.header, MaxQuoteLength)}));
+            RemarkOnNumber(field, column.header);
     }
 
-    void RemarkOnOpenQuote()
+    // What holds for the whole file stands before the errors of single lines.
+    void FinishTimes()
     {
-        if (m_csv.HasOpenQuote())
+        auto first = m_file.remarks.begin();
+        for (const TimeColumn::Remark& remark : m_times.Finish())
+            first = std::next(m_file.remarks.insert(first, WithLine(remark.line, remark.text)));
+        m_file.timeKind = m_times.Kind();
+        m_file.times = m_times.Take();
+    }
+
+    void ReportProgress(std::size_t done)
+    {
+        GoOn(m_progress, m_content.size() + done, 2 * m_content.size());
+        m_nextProgress = done + ProgressInterval;
+    }
+
+    // The separators at the end of a line are no excess.
+    void RemarkOnExcess(const CsvReader& csv)
+    {
+        const std::size_t expected = FieldsOfRow();
+        if (csv.FieldCount() == csv.Fields().size() &&
+            std::all_of(csv.Fields().begin() + static_cast<std::ptrdiff_t>(expected), csv.Fields().end(),
+                        [](std::string_view field) { return field.empty(); }))
+            return;
+        AddRemark(Text("the line has %1 fields, the head line %2",
+                       {std::to_string(csv.FieldCount()), std::to_string(expected)}));
+    }
+
+    void RemarkOnNumber(std::string_view field, const std::string& header)
+    {
+        AddRemark(Text("\"%1\" in column %2 is not a number", {Quoted(field), Quoted(header)}));
+    }
+
+    void RemarkOnOpenQuote(const CsvReader& csv)
+    {
+        m_line = csv.Line();
+        if (csv.HasOpenQuote())
             AddRemark(Text("a quotation mark is never closed"));
     }
 
     void AddRemark(const std::string& remark)
     {
         if (++m_remarkCount <= MaxRemarks)
-            m_file.remarks.push_back(std::to_string(m_csv.Line()) + ": " + remark);
+            m_file.remarks.push_back(WithLine(m_line, remark));
     }
 
-    CsvReader m_csv;
-    std::size_t m_lines;
+    static std::string WithLine(std::size_t line, const std::string& remark)
+    {
+        return std::to_string(line) + ": " + remark;
+    }
+
+    static std::string Quoted(std::string_view text) { return Printable(text, MaxQuoteLength); }
+
+    const std::string_view m_content;
+    const FileForm& m_form;
+    const Progress& m_progress;
+    NumberReader m_numbers;
+    TimeColumn m_times;
+    std::string m_dateAndTime;
     MeasuredFile m_file;
+    std::size_t m_firstValue = 1; // field of a row
+    std::size_t m_line = 0;
+    std::size_t m_nextProgress = ProgressInterval;
     std::size_t m_remarkCount = 0;
 };
 
 } // namespace
 
-std::string_view WithoutBlanks(std::string_view text)
+MeasuredFile ReadMeasuredFile(const std::string& path, const HeadingTest& isQuantity,
+                              const Progress& progress)
 {
-    constexpr std::string_view Blanks = " \t";
-    if (!text.empty() && text.front() > ' ' && text.back() > ' ')
-        return text; // most fields have none
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
-MeasuredFile ReadMeasuredFile(const std::string& path)
-{
-    const std::string content = ReadFileContent(path);
-    return Reader{content}.Read();
+    const std::string content = TextOf(ReadFileContent(path, progress));
+    if (content.find_first_not_of("\r\n") == std::string::npos)
+        throw std::runtime_error{Text("the file is empty")};
+    const FileForm form = FindForm(content, isQuantity);
+    if (!form.headings)
+        throw std::runtime_error{form.firstRow ? Text("no line of headings above the data")
+                                               : Text("no column of data beside the first")};
+    return Reader{content, form, progress}.Read();
 }
 
 } // namespace atlashost

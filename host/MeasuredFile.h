@@ -1,18 +1,17 @@
-// A file of measured data: a head line, then a line for each point of time. The first column
-// is the time, each other column a curve.
+// A file of measured data: headings, then a line for each point of time. The first column is the time, each
+// other column a curve.
 #pragma once
+
+#include "FileContent.h"
+#include "FileForm.h"
+#include "TimeColumn.h"
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace atlashost
 {
-
-// What the first column of a file holds, by its first field that is a date or a number; without one, the rows
-// are numbered from 1.
-enum class TimeKind { Row, Date, Number };
 
 struct MeasuredColumn {
     std::string header;         // as in the file, without blanks around it
@@ -30,12 +29,11 @@ struct MeasuredFile {
     std::vector<std::string> remarks; // errors in single lines, "12: ...", printable
 };
 
-// Reads a file of comma-separated values. Throws std::runtime_error with a printable reason if the file can't
-// be read, is not a regular file, is larger than 64 MiB, has more than 16 million fields (with those that
-// short rows lack), or has no curve.
-MeasuredFile ReadMeasuredFile(const std::string& path);
-
-// The text without the blanks at its ends.
-std::string_view WithoutBlanks(std::string_view text);
+// Reads a text file in columns, whose form it finds by looking at it. A time of day beside a date belongs to
+// it. Throws std::runtime_error with a printable reason if the file can't be read, is not a regular file of
+// text, is larger than 64 MiB, has more than 16 million fields (with those that short rows lack), has no
+// headings or no curve, or if the progress says to stop.
+MeasuredFile ReadMeasuredFile(const std::string& path, const HeadingTest& isQuantity = {},
+                              const Progress& progress = {});
 
 } // namespace atlashost

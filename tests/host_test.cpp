@@ -113,7 +113,8 @@ TEST_F(Host, ReadsFilesOfAllSorts)
     const Result result = Run({"list", path});
     EXPECT_EQ(result.StyleIn("0  u_RMS l1  U_rms L1 .* 3 +2"), result.StyleIn("0  voltage   U_rms .* 2 +3"));
     const std::string at = "atlas-host: " + path;
-    EXPECT_EQ(result.Errors, at + ":4: \"x\uFFFD\" in column voltage is not a number\n" + at +
+    EXPECT_EQ(result.Errors, at + ":4: \"2\uFFFD,\" in column Da,te is not a number\n" + at +
+                                 ":4: \"x\uFFFD\" in column voltage is not a number\n" + at +
                                  ":6: the line has 6 fields, the head line 5\n" + at +
                                  ":7: \"inf\" in column u_RMS l1 is not a number\n" + at +
                                  ":8: a quotation mark is never closed\n" + at +
@@ -122,6 +123,39 @@ TEST_F(Host, ReadsFilesOfAllSorts)
                                  ": no quantity fits the column \"Wi\"nd\", it is left out\n" + at +
                                  ": no quantity fits the column \"\uFFFD[2J\", it is left out\n");
     EXPECT_EQ(result.Output.find('\x1b'), std::string::npos);
+}
+
+TEST_F(Host, FindsTheFormOfAFile)
+{
+    // The list counts the readings and the missing ones of the ozone; the last is all that is remarked.
+    const std::tuple<std::string_view, std::string, std::string> files[] = {
+        {"Zeit;Ozone\n13.02.2024;12,5\n14.02.2024;13\n", "2 +0", ""},
+        {"Nord; 7\nVon;1.2.2024\n\nZeit\tOzone (\xB5g)\n\tppb\n1.2.24 07:30\t1,5\t\n1.2.24 24:00\t1.234,5\n",
+         "1 +1", ":7: \"1.234,5\" in column Ozone (\u00B5g) is not a number"},
+        {"# d t Ozone\n// x\n 2024-02-13 07:30  1.5 \n% y\n2024/2/13\t7:45 2\n", "2 +0", ""},
+        {"Date,Ozone\n2/3/2024 7:30 PM,\"12,5\"\n2/13/2024 12:00 AM,3\n", "2 +0", ""},
+        {std::string_view{"\xFF\xFET\0;\0O\0_\0"
+                          "3\0\n\0"
+                          "1\0;\0"
+                          "0\0,\0"
+                          "5\0",
+                          24},
+         "1 +0", ""},
+        {"D,Ozone\n1/2/2024,1\n", "1 +0",
+         ":2: \"1/2/2024\" and all other dates are read with the day first; the month could be first too"},
+        {"D,Ozone\n13/2/2024,1\n15-3-99,2\n3/14/2024,3\n", "3 +0",
+         ":4: \"3/14/2024\" has day and month in another order than most dates; such rows left out: 1"},
+        {"Site,Ozone\nA,1\n", "1 +0",
+         ":2: \"A\" is neither a date nor a number, as all first fields; the rows are numbered"},
+        {"1,2\n3,4\n", "", ": no line of headings above the data"},
+        {std::string_view{"PK\0\1", 4}, "", ": not a text file"}};
+    for (const auto& [content, counts, remark] : files) {
+        const std::string path = File("form.csv", content);
+        const Result result = Run({"list", path});
+        EXPECT_EQ(result.Errors, remark.empty() ? "" : "atlas-host: " + path + remark + "\n");
+        if (!counts.empty())
+            result.StyleIn("0 .* O_3 .* " + counts);
+    }
 }
 
 TEST_F(Host, ReportsAFileThatCannotBeReadAndShowsTheOthers)
