@@ -155,7 +155,7 @@ void MainWindow::ReadFiles()
     m_remarks->setVisible(!m_remarks->document()->isEmpty());
     m_view->SetHint(paths.empty() ? WindowText("Open measured files (Ctrl+O), or drop them here.")
                                   : WindowText("There is no curve to plot."));
-    m_view->update();
+    m_view->ShowNewPlot();
     ShowCounts();
 }
 
@@ -224,7 +224,7 @@ void MainWindow::CallLibrary(const std::function<void()>& call)
 void MainWindow::ShowNewStyles(const QString& message)
 {
     RenewStyles(m_plot);
-    m_view->update();
+    m_view->ShowNewStyles();
     statusBar()->showMessage(message, MessageTime);
 }
 

@@ -14,8 +14,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace atlashost
 {
@@ -31,11 +34,31 @@ constexpr QRgb GridColor = qRgb(0xE8, 0xEA, 0xED);
 constexpr int FontHeight = 12; // pixels
 constexpr int LabelGap = 6;
 
+// A pale colour has so many parts of the paper's colour, and one of its own.
+constexpr int PartsOfPaper = 4;
+
+styleatlas::Color Pale(styleatlas::Color color)
+{
+    const auto mix = [](std::uint32_t light, int paper) {
+        return (light + PartsOfPaper * static_cast<std::uint32_t>(paper)) / (1 + PartsOfPaper);
+    };
+    return {mix(color.Red(), qRed(Paper)) | mix(color.Green(), qGreen(Paper)) << 8 |
+            mix(color.Blue(), qBlue(Paper)) << 16};
+}
+
+styleatlas::Style Pale(styleatlas::Style style)
+{
+    style.symbolColor = Pale(style.symbolColor);
+    style.lineColor = Pale(style.lineColor);
+    return style;
+}
+
 class PanelPainter
 {
 public:
-    PanelPainter(QPainter& painter, const Panel& panel, const PanelLayout& layout)
-        : m_painter{painter}, m_panel{panel}, m_layout{layout}, m_frame{layout.frame}
+    PanelPainter(QPainter& painter, const Panel& panel, const PanelLayout& layout, std::vector<bool> pale)
+        : m_painter{painter}, m_panel{panel}, m_layout{layout}, m_frame{layout.frame}, m_isPale{
+                                                                                           std::move(pale)}
     {
     }
 
@@ -147,10 +170,14 @@ private:
     void DrawCurves()
     {
         bool isSparse = false;
-        for (const Curve& curve : m_panel.curves) {
-            const CurvePainter::Symbols symbols = CurvePainter{m_painter, curve.style}.DrawCurve(
-                curve, m_frame, m_layout.times.range, m_layout.values.range);
-            isSparse = isSparse || symbols == CurvePainter::Symbols::OfSome;
+        for (const bool isPale : {true, false}) { // marked ones above the others
+            for (std::size_t i = 0; i < m_panel.curves.size(); ++i) {
+                if (m_isPale[i] != isPale)
+                    continue;
+                const CurvePainter::Symbols symbols = CurvePainter{m_painter, StyleOf(i)}.DrawCurve(
+                    m_panel.curves[i], m_frame, m_layout.times.range, m_layout.values.range);
+                isSparse = isSparse || symbols == CurvePainter::Symbols::OfSome;
+            }
         }
         if (isSparse)
             DrawNote(WindowText("not every reading has its symbol"));
@@ -159,21 +186,27 @@ private:
     void DrawLegend()
     {
         for (std::size_t i = 0; i < m_layout.legend.size(); ++i) {
-            const Curve& curve = m_panel.curves[i];
-            styleatlas::DrawLegendSample(m_painter, LegendSample(m_layout.legend[i]), curve.style);
+            styleatlas::DrawLegendSample(m_painter, LegendSample(m_layout.legend[i]), StyleOf(i));
             // The ends of names differ more than their beginnings.
-            Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter, curve.fileName,
-                  Qt::ElideLeft);
+            Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter,
+                  m_panel.curves[i].fileName, Qt::ElideLeft);
         }
         if (!m_layout.moreFiles.isNull())
             Write(m_layout.moreFiles, Qt::AlignLeft | Qt::AlignVCenter,
                   MoreFiles(m_panel.curves.size() - m_layout.legend.size()));
     }
 
+    styleatlas::Style StyleOf(std::size_t curve) const
+    {
+        const styleatlas::Style& style = m_panel.curves[curve].style;
+        return m_isPale[curve] ? Pale(style) : style;
+    }
+
     QPainter& m_painter;
     const Panel& m_panel;
     const PanelLayout& m_layout;
     const QRect m_frame;
+    const std::vector<bool> m_isPale; // of each curve
     int m_endOfTitle = 0;
 };
 
@@ -187,13 +220,17 @@ QFont PlotFont()
     return font;
 }
 
-std::size_t DrawPlot(QPainter& painter, QSize size, const Plot& plot)
+std::size_t DrawPlot(QPainter& painter, QSize size, const Plot& plot, const PlotScope& scope)
 {
     painter.setFont(PlotFont());
     painter.fillRect(QRect{{0, 0}, size}, QColor{Paper});
     const PlotLayout layout = LayOut(plot, size, painter.fontMetrics());
-    for (std::size_t i = 0; i < layout.panels.size(); ++i)
-        PanelPainter{painter, plot.panels[i], layout.panels[i]}.Draw();
+    for (std::size_t i = 0; i < layout.panels.size(); ++i) {
+        std::vector<bool> isPale;
+        for (std::size_t curve = 0; curve < plot.panels[i].curves.size(); ++curve)
+            isPale.push_back(scope.IsPale({i, curve}));
+        PanelPainter{painter, plot.panels[i], layout.panels[i], std::move(isPale)}.Draw();
+    }
     if (layout.missingPanels > 0) {
         painter.setPen(QColor{TextColor});
         painter.drawText(

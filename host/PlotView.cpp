@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QScreen>
 
+#include <utility>
+
 namespace atlashost
 {
 namespace
@@ -20,11 +22,28 @@ PlotView::PlotView(const Plot& plot, QWidget* parent) : QWidget{parent}, m_plot{
     setMinimumSize(MinSize);
 }
 
+void PlotView::ShowNewPlot()
+{
+    m_scope = {};
+    update();
+}
+
+void PlotView::ShowNewStyles()
+{
+    update();
+}
+
+void PlotView::Mark(std::vector<CurvePlace> curves)
+{
+    m_scope.marked = std::move(curves);
+    update();
+}
+
 void PlotView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter{this};
     if (!m_plot.panels.empty()) {
-        DrawPlot(painter, size(), m_plot);
+        DrawPlot(painter, size(), m_plot, m_scope);
         return;
     }
     painter.fillRect(rect(), palette().base());

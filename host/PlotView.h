@@ -1,15 +1,17 @@
 // A plot as a part of a window.
 #pragma once
 
-#include "PlotData.h"
+#include "PlotScope.h"
 
 #include <QString>
 #include <QWidget>
 
+#include <vector>
+
 namespace atlashost
 {
 
-// Shows a plot, which must outlive it, in any size. Call update() when the plot has changed.
+// Shows a plot, which must outlive it, in any size.
 class PlotView : public QWidget
 {
 public:
@@ -18,11 +20,21 @@ public:
     // The text that is shown instead of a plot without panels.
     void SetHint(const QString& hint) { m_hint = hint; }
 
+    // To be called when the plot holds other curves: shows all of them.
+    void ShowNewPlot();
+
+    // To be called when curves have other styles.
+    void ShowNewStyles();
+
+    // Pales all other curves, until there is a new plot; an empty list ends that.
+    void Mark(std::vector<CurvePlace> curves);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     const Plot& m_plot;
+    PlotScope m_scope;
     QString m_hint;
 };
 
