@@ -41,7 +41,7 @@ void DrawIntoFile(const Plot& plot, const PlotTarget& target)
     if (picture.isNull())
         throw std::runtime_error{Text("the memory does not hold a picture of this size")};
     QPainter painter{&picture};
-    if (const std::size_t missing = DrawPlot(painter, size, plot); missing > 0)
+    if (const std::size_t missing = DrawPlot(painter, size, plot).missingPanels; missing > 0)
         PrintError(Text("quantities that have no room in the picture: %1", {std::to_string(missing)}));
     painter.end();
     WritePng(picture, target.png);

@@ -2,7 +2,6 @@
 
 #include "CurvePainter.h"
 #include "Downsampling.h"
-#include "PlotLayout.h"
 #include "WindowText.h"
 
 #include "styleatlas-qt.h"
@@ -13,7 +12,6 @@
 #include <QString>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -121,8 +119,8 @@ private:
     void DrawValueAxis()
     {
         for (const Tick& tick : m_layout.values.ticks) {
-            const double share = m_layout.values.range.ShareOf(tick.value);
-            const int y = m_frame.bottom() - static_cast<int>(std::lround(share * (m_frame.height() - 1)));
+            const QPointF point{0, m_layout.Map().Y(tick.value)};
+            const int y = m_layout.Map().PixelAt(point).y();
             m_painter.setPen(QColor{GridColor});
             m_painter.drawLine(m_frame.left(), y, m_frame.right(), y);
             m_painter.setPen(QColor{FrameColor});
@@ -152,7 +150,7 @@ private:
                 continue;
             m_painter.setPen(QColor{TextColor});
             m_painter.drawText(QRect{left, room.top(), width + 1, room.height()}, Qt::AlignLeft, label);
-            end = left + width;
+            end = left + width + LabelGap;
         }
         DrawTimeTitle(end);
     }
@@ -163,23 +161,29 @@ private:
         if (m_panel.timeKind == TimeKind::Date)
             return;
         QRect room = m_layout.timeLabels;
-        room.setLeft(std::max(endOfLabels, m_frame.right()) + 2 * LabelGap);
+        room.setLeft(std::max(endOfLabels, m_frame.right() + LabelGap) + LabelGap);
         Write(room, Qt::AlignLeft, m_panel.timeTitle);
     }
 
     void DrawCurves()
     {
-        bool isSparse = false;
+        std::vector<CurvePainter> curves;
+        int symbolDistance = 0;
+        for (std::size_t i = 0; i < m_panel.curves.size(); ++i) {
+            curves.emplace_back(m_painter, m_panel.curves[i], StyleOf(i), m_layout.Map());
+            symbolDistance = std::max(symbolDistance, curves.back().DistanceOfSparseSymbols());
+        }
+        m_painter.save();
+        if (m_layout.IsZoomed())
+            m_painter.setClipRect(m_frame, Qt::IntersectClip);
         for (const bool isPale : {true, false}) { // marked ones above the others
-            for (std::size_t i = 0; i < m_panel.curves.size(); ++i) {
-                if (m_isPale[i] != isPale)
-                    continue;
-                const CurvePainter::Symbols symbols = CurvePainter{m_painter, StyleOf(i)}.DrawCurve(
-                    m_panel.curves[i], m_frame, m_layout.times.range, m_layout.values.range);
-                isSparse = isSparse || symbols == CurvePainter::Symbols::OfSome;
+            for (std::size_t i = 0; i < curves.size(); ++i) {
+                if (m_isPale[i] == isPale)
+                    curves[i].Draw(symbolDistance);
             }
         }
-        if (isSparse)
+        m_painter.restore();
+        if (symbolDistance > 0)
             DrawNote(WindowText("not every reading has its symbol"));
     }
 
@@ -220,11 +224,11 @@ QFont PlotFont()
     return font;
 }
 
-std::size_t DrawPlot(QPainter& painter, QSize size, const Plot& plot, const PlotScope& scope)
+PlotLayout DrawPlot(QPainter& painter, QSize size, const Plot& plot, const PlotScope& scope)
 {
     painter.setFont(PlotFont());
     painter.fillRect(QRect{{0, 0}, size}, QColor{Paper});
-    const PlotLayout layout = LayOut(plot, size, painter.fontMetrics());
+    PlotLayout layout = LayOut(plot, scope, size, painter.fontMetrics());
     for (std::size_t i = 0; i < layout.panels.size(); ++i) {
         std::vector<bool> isPale;
         for (std::size_t curve = 0; curve < plot.panels[i].curves.size(); ++curve)
@@ -237,7 +241,7 @@ std::size_t DrawPlot(QPainter& painter, QSize size, const Plot& plot, const Plot
             layout.footer, Qt::AlignRight,
             WindowText("quantities without room here: %1", QString::number(layout.missingPanels)));
     }
-    return layout.missingPanels;
+    return layout;
 }
 
 } // namespace atlashost

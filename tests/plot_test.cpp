@@ -48,8 +48,7 @@ public:
     explicit Notes(const Plot& plot, QSize size = {900, 700}) : QPaintEngine{AllFeatures}, m_size{size}
     {
         QPainter painter{this};
-        DrawPlot(painter, size, plot);
-        Layout = LayOut(plot, size, painter.fontMetrics());
+        Layout = DrawPlot(painter, size, plot);
     }
 
     QPaintEngine* paintEngine() const override { return const_cast<Notes*>(this); }
@@ -235,8 +234,7 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
     const Plot plot{{panel}, 0};
     QImage image{640, 400, QImage::Format_RGB32};
     QPainter painter{&image};
-    EXPECT_EQ(DrawPlot(painter, image.size(), plot), 0U);
-    const PanelLayout layout = LayOut(plot, image.size(), painter.fontMetrics()).panels.front();
+    const PanelLayout layout = DrawPlot(painter, image.size(), plot).panels.front();
     const QRect frame = layout.frame;
     const auto x = [&](double time) { return frame.left() + ColumnOf(time, panel.times, frame.width()); };
     const int middle = frame.bottom() - static_cast<int>(std::lround((frame.height() - 1) / 2.0));
