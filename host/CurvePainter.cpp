@@ -153,17 +153,21 @@ void CurvePainter::DrawSymbols(int distance)
 {
     const QRectF seen =
         QRectF{m_map.Frame()}.adjusted(-m_symbolSize, -m_symbolSize, m_symbolSize, m_symbolSize);
-    double before = std::nan("");
+    const double length = distance * m_map.TimeOfPixel();
+    double stretchBefore = std::nan("");
+    double timeBefore = -std::numeric_limits<double>::infinity();
     for (std::size_t i = 0; i < m_readings.size(); ++i) {
         if (IsGap(m_readings[i]))
             continue;
         const bool isLone =
             (i == 0 || IsGap(m_readings[i - 1])) && (i + 1 == m_readings.size() || IsGap(m_readings[i + 1]));
         if (distance > 0 && !isLone) {
-            const double stretch = std::floor(m_readings[i].time / (distance * m_map.TimeOfPixel()));
-            if (stretch == before)
+            const double time = m_readings[i].time;
+            const double stretch = std::floor(time / length);
+            if (stretch == stretchBefore || time - timeBefore < length / 2)
                 continue;
-            before = stretch;
+            stretchBefore = stretch;
+            timeBefore = time;
         }
         const QPointF point = m_map.PointOf(m_readings[i]);
         if (seen.contains(point))
