@@ -63,9 +63,9 @@ void ExportDialog::MakeParts()
     m_export = buttons->addButton(WindowText("&Export"), QDialogButtonBox::AcceptRole);
     m_export->setDefault(true);
     auto* const form = new QFormLayout{this};
-    form->addRow(WindowText("&File (.png, .svg or .pdf):"), file);
-    form->addRow(WindowText("&Width and height:"), size);
-    form->addRow(WindowText("&Resolution:"), m_resolution);
+    form->addRow(WindowText("File (.png, .svg or .pdf):"), file);
+    form->addRow(WindowText("Width and height:"), size);
+    form->addRow(WindowText("Resolution:"), m_resolution);
     form->addRow(buttons);
     connect(m_path, &QLineEdit::textChanged, this, &ExportDialog::Check);
     connect(browse, &QPushButton::clicked, this, &ExportDialog::Browse);

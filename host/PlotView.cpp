@@ -206,17 +206,21 @@ void PlotView::mouseMoveEvent(QMouseEvent* event)
     update();
 }
 
-void PlotView::mouseReleaseEvent(QMouseEvent* /*event*/)
+void PlotView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!m_drag)
         return;
     unsetCursor();
     const QRect band = Band();
     const Drag drag = *std::exchange(m_drag, std::nullopt);
-    if (drag.kind == Drag::Kind::Pan || band.isNull()) {
-        update();
-        return;
-    }
+    if (drag.kind == Drag::Kind::Band && !band.isEmpty())
+        ShowBand(drag, band);
+    PointAt(event->pos());
+    update();
+}
+
+void PlotView::ShowBand(const Drag& drag, QRect band)
+{
     const bool hasTimes = band.width() < drag.layout.frame.width();
     const bool hasValues = band.height() < drag.layout.frame.height();
     m_zoom.Show(drag.layout, drag.panel, band,

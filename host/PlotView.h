@@ -73,6 +73,7 @@ private:
     void DrawPicture();
     void DrawOverlay(QPainter& painter) const;
     QRect Band() const;
+    void ShowBand(const Drag& drag, QRect band);
     void ZoomCentre(double factor);
     void PanBy(QPoint share);
     void PointAt(QPoint point);
