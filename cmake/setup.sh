@@ -1,6 +1,6 @@
 # Shared by ./run, ./test and .ci/run: the Debian packages that the project needs, and how it is built.
 
-build_packages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev qt6-base-dev gettext llvm)
+build_packages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev qt6-base-dev qt6-svg-dev gettext llvm)
 test_packages=(libgtest-dev libbenchmark-dev binutils xvfb xauth openbox xdotool
   weston qt6-wayland qt6-translations-l10n dpkg-dev file pkgconf
   libx11-dev python3 python3-pytest python3-matplotlib)

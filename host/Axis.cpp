@@ -92,6 +92,11 @@ Axis ValueAxis(Range values, int maxSteps)
     return {range, NumberTicks(range, step)};
 }
 
+Axis ExactValueAxis(Range values, int maxSteps)
+{
+    return {values, NumberTicks(values, StepAtLeast((values.high - values.low) / std::max(1, maxSteps)))};
+}
+
 Axis TimeAxis(Range times, TimeKind kind, int length, int characterWidth)
 {
     if (kind != TimeKind::Date)

@@ -23,6 +23,9 @@ struct Axis {
 // with a step. The values must be a divisible range.
 Axis ValueAxis(Range values, int maxSteps);
 
+// The same over exactly the given range.
+Axis ExactValueAxis(Range values, int maxSteps);
+
 // An axis for times over exactly the given range, with clock and calendar steps for dates. Length and width
 // of a character are in pixels; labels don't overlap.
 Axis TimeAxis(Range times, TimeKind kind, int length, int characterWidth);

@@ -2,6 +2,8 @@
 // standard error, and returns the exit status. The host must have named itself before.
 #pragma once
 
+#include "PictureFile.h"
+
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -24,10 +26,11 @@ int ListCurves(std::span<const char* const> paths);
 constexpr int MinSide = 100;
 constexpr int MaxSide = 8192;
 
-// A PNG file, or a window that the user closes.
+// A picture, or a window that the user closes.
 struct PlotTarget {
-    const char* png = nullptr; // a path, or null for the window
-    int width = 0;             // of the picture in pixels; 0 for a size that suits the plot
+    const char* path = nullptr; // null for the window
+    PictureFormat format = PictureFormat::Png;
+    int width = 0; // of the picture in pixels; 0 for a size that suits the plot
     int height = 0;
 };
 

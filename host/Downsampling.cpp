@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <iterator>
 
 namespace atlashost
@@ -9,39 +10,39 @@ namespace atlashost
 namespace
 {
 
-// The readings of one pixel column.
-class Column
+// The end of the readings at the beginning that fulfil the condition, which no reading behind them does.
+// Doubles its steps first: most columns hold few of the readings that are left.
+template <class Condition>
+std::span<const Reading>::iterator EndOf(std::span<const Reading> readings, const Condition& holds)
 {
-public:
-    explicit Column(std::vector<Reading>& kept) : m_kept{kept} {}
+    std::size_t within = 0;
+    std::size_t step = 1;
+    for (; step < readings.size() && holds(readings[step]); step *= 2)
+        within = step;
+    const std::span<const Reading> rest = readings.subspan(within, std::min(step, readings.size()) - within);
+    return readings.begin() + static_cast<std::ptrdiff_t>(within) +
+           (std::ranges::partition_point(rest, holds) - rest.begin());
+}
 
-    bool IsEmpty() const { return m_first == m_last; }
-
-    void Begin(const Reading* first) { m_first = m_last = first; }
-    void Add(const Reading* reading) { m_last = reading + 1; }
-
-    // Appends the readings to keep, in the order of time.
-    void Finish(std::size_t maxCount)
-    {
-        const auto isLower = [](const Reading& a, const Reading& b) { return a.value < b.value; };
-        const std::size_t begin = m_kept.size();
-        std::copy_if(m_first, m_last, std::back_inserter(m_kept),
-                     [](const Reading& reading) { return !IsGap(reading); });
-        const auto first = m_kept.begin() + static_cast<std::ptrdiff_t>(begin);
-        if (m_kept.size() - begin > maxCount) {
-            auto [lowest, highest] = std::minmax_element(first, m_kept.end(), isLower);
-            const Reading kept[] = {*first, *std::min(lowest, highest), *std::max(lowest, highest),
-                                    m_kept.back()};
-            m_kept.resize(begin);
-            m_kept.insert(m_kept.end(), std::begin(kept), std::end(kept));
-        }
+// Appends the readings to keep of one column, in the order of time. The first and the last are no gaps.
+void KeepColumn(std::span<const Reading> column, std::size_t maxCount, std::vector<Reading>& kept)
+{
+    const auto isReading = [](const Reading& reading) { return !IsGap(reading); };
+    if (column.size() <= maxCount) {
+        std::ranges::copy_if(column, std::back_inserter(kept), isReading);
+        return;
     }
-
-private:
-    std::vector<Reading>& m_kept;
-    const Reading* m_first = nullptr;
-    const Reading* m_last = nullptr;
-};
+    const Reading* lowest = &column.front();
+    const Reading* highest = lowest;
+    for (const Reading& reading : column) { // comparing with a gap is false
+        if (reading.value < lowest->value)
+            lowest = &reading;
+        else if (reading.value > highest->value)
+            highest = &reading;
+    }
+    kept.insert(kept.end(),
+                {column.front(), *std::min(lowest, highest), *std::max(lowest, highest), column.back()});
+}
 
 } // namespace
 
@@ -55,27 +56,23 @@ std::vector<Reading> Downsampled(std::span<const Reading> readings, Range times,
                                  std::size_t maxPerColumn)
 {
     std::vector<Reading> result;
-    Column column{result};
-    int columnNumber = 0;
-    const Reading* gap = nullptr;
-    for (const Reading& reading : readings) {
-        if (IsGap(reading)) {
-            gap = &reading;
-            continue;
-        }
-        const int number = ColumnOf(reading.time, times, columns);
-        if (column.IsEmpty() || number != columnNumber) {
-            column.Finish(maxPerColumn);
-            if (gap != nullptr && !result.empty())
-                result.push_back(*gap);
-            columnNumber = number;
-            column.Begin(&reading);
-        }
-        column.Add(&reading);
-        gap = nullptr;
+    while (true) {
+        const auto first = std::ranges::find_if_not(readings, IsGap);
+        if (first == readings.end())
+            return result;
+        if (first != readings.begin() && !result.empty())
+            result.push_back(readings.front());
+        readings = {first, readings.end()};
+        const int number = ColumnOf(readings.front().time, times, columns);
+        const auto end = EndOf(readings, [&](const Reading& reading) {
+            return ColumnOf(reading.time, times, columns) == number;
+        });
+        auto last = end - 1;
+        while (IsGap(*last))
+            --last;
+        KeepColumn({readings.begin(), last + 1}, maxPerColumn, result);
+        readings = {last + 1, readings.end()};
     }
-    column.Finish(maxPerColumn);
-    return result;
 }
 
 } // namespace atlashost

@@ -1,7 +1,7 @@
 #include "MainWindow.h"
 
 #include "FileList.h"
-#include "PictureFile.h"
+#include "PlotCommands.h"
 #include "PlotView.h"
 #include "WindowText.h"
 
@@ -95,9 +95,11 @@ void MainWindow::MakeMenus()
     AddCommand(file, WindowText("&Open..."), Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
     AddCommand(file, WindowText("&Remove from list"), Qt::Key_Delete, &MainWindow::RemoveFiles);
     AddCommand(file, WindowText("Read &again"), Qt::Key_F5, &MainWindow::ReadFiles);
-    AddCommand(file, WindowText("&Save picture..."), Qt::CTRL | Qt::Key_S, &MainWindow::SavePicture);
+    const auto& plotCommands = *new PlotCommands{*m_view};
+    file.addActions(plotCommands.ForFiles());
     file.addSeparator();
     file.addAction(WindowText("&Quit"), Qt::CTRL | Qt::Key_Q, this, &QWidget::close);
+    menuBar()->addMenu(WindowText("&View"))->addActions(plotCommands.ForView());
     QMenu& styles = *menuBar()->addMenu(WindowText("&Styles"));
     AddCommand(styles, WindowText("&Curve styles..."), Qt::CTRL | Qt::Key_E, &MainWindow::EditStyles);
     AddCommand(styles, WindowText("&Reload styles"), Qt::CTRL | Qt::Key_R, &MainWindow::ReloadStyles);
@@ -155,24 +157,8 @@ void MainWindow::ReadFiles()
     m_remarks->setVisible(!m_remarks->document()->isEmpty());
     m_view->SetHint(paths.empty() ? WindowText("Open measured files (Ctrl+O), or drop them here.")
                                   : WindowText("There is no curve to plot."));
-    m_view->update();
+    m_view->ShowNewPlot();
     ShowCounts();
-}
-
-void MainWindow::SavePicture()
-{
-    QFileDialog dialog{this, WindowText("Save picture"), "plot.png", WindowText("PNG pictures (*.png)")};
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix("png");
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QString path = dialog.selectedFiles().constFirst();
-    try {
-        WritePng(m_view->grab().toImage(), QFile::encodeName(path).constData());
-        statusBar()->showMessage(WindowText("The picture is in %1", path), MessageTime);
-    } catch (const std::runtime_error& error) {
-        Warn(error.what());
-    }
 }
 
 void MainWindow::EditStyles()
@@ -224,7 +210,7 @@ void MainWindow::CallLibrary(const std::function<void()>& call)
 void MainWindow::ShowNewStyles(const QString& message)
 {
     RenewStyles(m_plot);
-    m_view->update();
+    m_view->ShowNewStyles();
     statusBar()->showMessage(message, MessageTime);
 }
 

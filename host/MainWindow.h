@@ -46,7 +46,6 @@ private:
     void OpenFiles();
     void RemoveFiles();
     void ReadFiles();
-    void SavePicture();
 
     void EditStyles();
     void ReloadStyles();

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include <getopt.h>
@@ -44,12 +45,14 @@ Shows how the curves of measured data are drawn.
 
   --host NAME           the name by which this host is known to the style atlas (AirLab)
   --column N            the file column of the command table, 0 to 31 (0)
-  --png FILE            the command plot writes a PNG file and opens no window; it needs no display
+  -o, --output FILE     the command plot writes a picture and opens no window; it needs no display. The suffix
+                        .png, .svg or .pdf decides on the kind
+  --png FILE            the same, a PNG file with any suffix
   --size WxH            the size of that picture in pixels, each 100 to 8192 (one that suits the plot)
   --help                show this text
   --version             show the version
 
-The messages of list, plot --png, table, prepare and layout go to standard error, with a display too.
+The messages of list, plot -o, table, prepare and layout go to standard error, with a display too.
 
 Exit status: 0 where all went well; 1 where something could not be read, written or shown; 2 where the command
 line was not understood. The command edit ends with 0 after OK and 3 after Cancel; the command layout as
@@ -60,16 +63,13 @@ atlas-layout does.
 namespace
 {
 
-enum Option : int { Host = 1, Column, Png, Size, Help, Version, Unknown = '?', NoArgument = ':' };
+enum Option : int { Host = 1, Column, Output, Png, Size, Help, Version, Unknown = '?', NoArgument = ':' };
 
 constexpr option LongOptions[] = {
-    {"host", required_argument, nullptr, Host},
-    {"column", required_argument, nullptr, Column},
-    {"png", required_argument, nullptr, Png},
-    {"size", required_argument, nullptr, Size},
-    {"help", no_argument, nullptr, Help},
-    {"version", no_argument, nullptr, Version},
-    {},
+    {"host", required_argument, nullptr, Host},     {"column", required_argument, nullptr, Column},
+    {"output", required_argument, nullptr, Output}, {"png", required_argument, nullptr, Png},
+    {"size", required_argument, nullptr, Size},     {"help", no_argument, nullptr, Help},
+    {"version", no_argument, nullptr, Version},     {},
 };
 
 std::int16_t ParseColumn(std::string_view text)
@@ -81,6 +81,14 @@ std::int16_t ParseColumn(std::string_view text)
         throw UsageError{Text("--column takes a number from 0 to %1, not \"%2\"",
                               {std::to_string(STYLEATLAS_FILE_COLUMNS - 1), Printable(text)})};
     return column;
+}
+
+PictureFormat ParseFormat(std::string_view path)
+{
+    if (const std::optional<PictureFormat> format = FormatOf(path))
+        return *format;
+    throw UsageError{
+        Text("-o takes a file whose name ends with .png, .svg or .pdf, not \"%1\"", {Printable(path)})};
 }
 
 // "1200x800"
@@ -145,7 +153,7 @@ Options ReadOptions(int argc, char** argv)
         return options;
     }
     opterr = 0;
-    for (int option = 0; (option = getopt_long(argc, argv, ":", LongOptions, nullptr)) != -1;) {
+    for (int option = 0; (option = getopt_long(argc, argv, ":o:", LongOptions, nullptr)) != -1;) {
         switch (option) {
         case Host:
             options.hostName = optarg;
@@ -153,8 +161,14 @@ Options ReadOptions(int argc, char** argv)
         case Column:
             options.fileColumn = ParseColumn(optarg);
             break;
+        case 'o':
+        case Output:
+            options.plot.path = optarg;
+            options.plot.format = ParseFormat(optarg);
+            break;
         case Png:
-            options.plot.png = optarg;
+            options.plot.path = optarg;
+            options.plot.format = PictureFormat::Png;
             break;
         case Size:
             ParseSize(optarg, options.plot);

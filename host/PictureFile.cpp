@@ -1,91 +1,105 @@
 #include "PictureFile.h"
 
+#include "OutputFile.h"
 #include "Texts.h"
-
-#include <bindings/terminal/Text.h>
 
 #include <QBuffer>
 #include <QByteArray>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QSvgGenerator>
 
-#include <cerrno>
-#include <cstring>
+#include <cmath>
 #include <stdexcept>
 #include <string>
-#include <utility>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace atlashost
 {
 namespace
 {
 
-using styleatlas::terminal::NoLimit;
-using styleatlas::terminal::Printable;
+constexpr double PointsOfInch = 72;
+constexpr int PdfResolution = 1200; // so that letters are placed exactly
 
-constexpr int Permissions = 0666; // less the user's mask
+struct Suffix {
+    const char* text;
+    PictureFormat format;
+};
+constexpr Suffix Suffixes[] = {
+    {".png", PictureFormat::Png}, {".svg", PictureFormat::Svg}, {".pdf", PictureFormat::Pdf}};
 
-[[noreturn]] void ThrowError(const char* path, const std::string& reason)
+bool WritePng(QIODevice& device, const PictureSize& size, const Drawing& draw)
 {
-    throw std::runtime_error{Text("%1 cannot be written: %2", {Printable(path, NoLimit), reason})};
+    return DrawImage(size, draw).save(&device, "PNG");
 }
 
-class OutputFile
+bool WriteSvg(QIODevice& device, const PictureSize& size, const Drawing& draw)
 {
-public:
-    // Without O_NONBLOCK the opening of a pipe would wait for a reader.
-    explicit OutputFile(const char* path)
-        : m_path{path}, m_descriptor{open(path,
-                                          O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
-                                          Permissions)}
-    {
-        if (m_descriptor < 0 || fcntl(m_descriptor, F_SETFL, 0) != 0)
-            ThrowError(path, std::strerror(errno));
-    }
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile()
-    {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
+    QSvgGenerator generator;
+    generator.setOutputDevice(&device);
+    generator.setResolution(static_cast<int>(ScreenResolution));
+    generator.setSize(size.Drawing());
+    generator.setViewBox(QRect{{}, size.Drawing()});
+    QPainter painter{&generator};
+    draw(painter, size.Drawing());
+    return painter.end();
+}
 
-    void Write(QByteArrayView bytes)
-    {
-        while (!bytes.empty()) {
-            const ssize_t count = write(m_descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()));
-            if (count < 0 && errno == EINTR)
-                continue;
-            if (count < 0)
-                ThrowError(m_path, std::strerror(errno));
-            bytes = bytes.sliced(count);
-        }
-    }
-
-    // Some file systems report a full disk only here.
-    void Close()
-    {
-        if (close(std::exchange(m_descriptor, -1)) != 0)
-            ThrowError(m_path, std::strerror(errno));
-    }
-
-private:
-    const char* m_path;
-    int m_descriptor;
-};
+bool WritePdf(QIODevice& device, const PictureSize& size, const Drawing& draw)
+{
+    QPdfWriter writer{&device};
+    const QSizeF points = QSizeF{size.Drawing()} * PointsOfInch / ScreenResolution;
+    writer.setPageSize(QPageSize{points, QPageSize::Point, {}, QPageSize::ExactMatch});
+    writer.setPageMargins({});
+    writer.setResolution(PdfResolution);
+    QPainter painter{&writer};
+    painter.scale(PdfResolution / ScreenResolution, PdfResolution / ScreenResolution);
+    draw(painter, size.Drawing());
+    return painter.end();
+}
 
 } // namespace
 
-void WritePng(const QImage& picture, const char* path)
+std::optional<PictureFormat> FormatOf(std::string_view path)
 {
+    const QByteArrayView text{path.data(), static_cast<qsizetype>(path.size())};
+    for (const Suffix& suffix : Suffixes) {
+        if (text.toByteArray().toLower().endsWith(suffix.text))
+            return suffix.format;
+    }
+    return std::nullopt;
+}
+
+QImage DrawImage(const PictureSize& size, const Drawing& draw)
+{
+    QImage picture{size.pixels, QImage::Format_RGB32};
+    if (picture.isNull())
+        throw std::runtime_error{Text("the memory does not hold a picture of this size")};
+    picture.fill(Qt::white); // a drawing of rounded size may leave a row of pixels
+    const auto dots = static_cast<int>(std::lround(size.resolution * 1000 / MillimetresOfInch));
+    QPainter painter{&picture};
+    if (size.resolution != ScreenResolution)
+        painter.scale(size.resolution / ScreenResolution, size.resolution / ScreenResolution);
+    draw(painter, size.Drawing());
+    painter.end();
+    picture.setDotsPerMeterX(dots);
+    picture.setDotsPerMeterY(dots);
+    return picture;
+}
+
+void WritePicture(const char* path, PictureFormat format, const PictureSize& size, const Drawing& draw)
+{
+    const auto write = format == PictureFormat::Png   ? WritePng
+                       : format == PictureFormat::Svg ? WriteSvg
+                                                      : WritePdf;
     QByteArray bytes;
     QBuffer buffer{&bytes};
-    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "PNG"))
-        ThrowError(path, Text("the picture cannot be encoded"));
+    if (!buffer.open(QIODevice::WriteOnly) || !write(buffer, size, draw))
+        ThrowUnwritable(path, Text("the picture cannot be encoded"));
     OutputFile file{path};
     file.Write(bytes);
-    file.Close();
+    file.Finish();
 }
 
 } // namespace atlashost

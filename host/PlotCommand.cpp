@@ -10,11 +10,9 @@
 #include "Texts.h"
 
 #include <QApplication>
-#include <QImage>
 #include <QPainter>
 
 #include <array>
-#include <stdexcept>
 #include <string>
 
 namespace atlashost
@@ -37,14 +35,12 @@ void DrawIntoFile(const Plot& plot, const PlotTarget& target)
     QtArguments arguments{3, {programName, platformOption, offscreen}};
     const QGuiApplication application{arguments.count, arguments.words.data()};
     const QSize size = target.width > 0 ? QSize{target.width, target.height} : GoodSize(plot.panels.size());
-    QImage picture{size, QImage::Format_RGB32};
-    if (picture.isNull())
-        throw std::runtime_error{Text("the memory does not hold a picture of this size")};
-    QPainter painter{&picture};
-    if (const std::size_t missing = DrawPlot(painter, size, plot); missing > 0)
+    std::size_t missing = 0;
+    WritePicture(target.path, target.format, {size}, [&](QPainter& painter, QSize room) {
+        missing = DrawPlot(painter, room, plot).missingPanels;
+    });
+    if (missing > 0)
         PrintError(Text("quantities that have no room in the picture: %1", {std::to_string(missing)}));
-    painter.end();
-    WritePng(picture, target.png);
 }
 
 void ShowWindow(const Plot& plot)
@@ -63,7 +59,7 @@ int PlotCurves(std::span<const char* const> paths, const PlotTarget& target)
         PrintError(Text("there is no curve to plot"));
         return Failed;
     }
-    if (target.png != nullptr)
+    if (target.path != nullptr)
         DrawIntoFile(plot, target);
     else
         ShowWindow(plot);

@@ -1,7 +1,6 @@
 #include "PlotData.h"
 
 #include "Calendar.h"
-#include "Downsampling.h"
 #include "Texts.h"
 
 #include <bindings/terminal/Text.h>
@@ -22,8 +21,6 @@ namespace
 
 using styleatlas::terminal::Printable;
 
-constexpr int MaxColumns = 16384;        // more than any picture has
-constexpr std::size_t MaxPerColumn = 16; // more can't be distinguished
 constexpr std::size_t MaxReadings = 32'000'000;
 constexpr double MaxValue = 1e300;   // sums and differences of such numbers don't overflow
 constexpr double MinSize = 1e-290;   // fractions of such a number don't underflow
@@ -62,6 +59,7 @@ std::vector<std::string> FileNames(std::span<const char* const> paths)
 std::vector<Reading> ReadingsInOrder(std::span<const double> times, std::span<const double> values)
 {
     std::vector<Reading> readings;
+    readings.reserve(values.size());
     for (std::size_t row = 0; row < values.size(); ++row) {
         if (!std::isnan(times[row]))
             readings.push_back({times[row], values[row]});
@@ -133,7 +131,7 @@ private:
     void AddCurve(const InputFile& file, const MeasuredQuantity& quantity, MeasuredColumn& column)
     {
         const std::vector<double> values = std::move(column.values);
-        const std::vector<Reading> all = ReadingsInOrder(file.content.times, values);
+        std::vector<Reading> all = ReadingsInOrder(file.content.times, values);
         const auto gaps = static_cast<std::size_t>(std::ranges::count_if(all, IsGap));
         if (gaps == all.size()) {
             m_report(Text("%1: the column \"%2\" has no readings, it is left out",
@@ -143,7 +141,7 @@ private:
         Curve curve{m_fileNames[file.fileColumn], {}, {}, all.size() - gaps, quantity.key, file.fileColumn};
         RenewStyle(curve);
         const Range times{all.front().time, all.back().time};
-        curve.readings = Downsampled(all, Divisible(times), MaxColumns, MaxPerColumn);
+        curve.readings = std::move(all);
         m_readingCount += curve.readings.size();
         if (m_readingCount > MaxReadings)
             throw std::runtime_error{Text("more than 32 million readings in all")};
@@ -230,6 +228,17 @@ Plot ReadPlot(std::span<const char* const> paths, const Report& report)
     Plot plot = maker.Finish();
     plot.status = status;
     return plot;
+}
+
+std::span<const Reading> ReadingsAround(std::span<const Reading> readings, Range times)
+{
+    auto first = std::ranges::lower_bound(readings, times.low, {}, &Reading::time);
+    auto last = std::ranges::upper_bound(first, readings.end(), times.high, {}, &Reading::time);
+    if (first != readings.begin())
+        --first;
+    if (last != readings.end())
+        ++last;
+    return {first, last};
 }
 
 void RenewStyles(Plot& plot)

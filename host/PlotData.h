@@ -20,6 +20,9 @@ struct Range {
 
     // 0 for a value at the low end, 1 for one at the high end.
     double ShareOf(double value) const { return (value - low) / (high - low); }
+    double At(double share) const { return low + share * (high - low); }
+
+    bool operator==(const Range&) const = default;
 };
 
 // The range, widened if its ends are equal but for rounding, and bounded so that sums and differences of its
@@ -39,8 +42,8 @@ inline bool IsGap(const Reading& reading)
 struct Curve {
     std::string fileName;
     styleatlas::Style style;
-    std::vector<Reading> readings; // in the order of time, downsampled for the largest picture
-    std::size_t readingCount = 0;  // before downsampling, without gaps
+    std::vector<Reading> readings; // in the order of time
+    std::size_t readingCount = 0;  // without gaps
     styleatlas::Key key;
     int fileColumn = 0;
 };
@@ -64,6 +67,9 @@ struct Plot {
 // Reads the files and asks the style atlas for the style of each curve. A column without readings makes no
 // curve; a curve without a style is a plain black line.
 Plot ReadPlot(std::span<const char* const> paths, const Report& report);
+
+// The readings between two times, and one more on either side for the line that leads there.
+std::span<const Reading> ReadingsAround(std::span<const Reading> readings, Range times);
 
 // Asks the style atlas for the styles of all curves again.
 void RenewStyles(Plot& plot);

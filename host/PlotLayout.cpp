@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -62,8 +63,9 @@ int WidthOf(const QFontMetrics& metrics, const std::string& text)
 class LayoutMaker
 {
 public:
-    LayoutMaker(const Plot& plot, QSize size, const QFontMetrics& metrics)
-        : m_plot{plot}, m_size{size}, m_metrics{metrics}, m_lineHeight{std::max(8, metrics.height())}
+    LayoutMaker(const Plot& plot, const PlotScope& scope, QSize size, const QFontMetrics& metrics)
+        : m_plot{plot}, m_scope{scope}, m_size{size}, m_metrics{metrics}, m_lineHeight{
+                                                                              std::max(8, metrics.height())}
     {
     }
 
@@ -86,7 +88,7 @@ public:
         for (int i = 0; i < shown; ++i) {
             const QPoint corner{Margin + i % grid.columns * (m_cell.width() + Margin),
                                 Margin + i / grid.columns * (m_cell.height() + Margin)};
-            layout.panels.push_back(PanelAt(corner, m_plot.panels[static_cast<std::size_t>(i)]));
+            layout.panels.push_back(PanelAt(corner, static_cast<std::size_t>(i)));
         }
         return layout;
     }
@@ -97,14 +99,20 @@ private:
         return std::max(1, m_cell.height() - 2 * m_lineHeight - 2 * Padding - TickLength);
     }
 
-    // Each part is as wide as the widest of all panels.
+    // Each part is as wide as the widest of all panels. A zoom makes the room for labels no narrower, which
+    // would move the frames.
     void MeasureParts(int shown)
     {
         int legendWidth = 0;
         for (const Panel& panel : std::span{m_plot.panels}.first(static_cast<std::size_t>(shown))) {
-            m_values.push_back(ValueAxis(panel.values, FrameHeight() / ValueStep));
-            for (const Tick& tick : m_values.back().ticks)
-                m_labelWidth = std::max(m_labelWidth, WidthOf(m_metrics, tick.label));
+            const int maxSteps = FrameHeight() / ValueStep;
+            const Axis all = ValueAxis(panel.values, maxSteps);
+            const std::optional<Range> zoom = m_scope.ZoomOf(m_values.size()).values;
+            m_values.push_back({all.range, zoom ? ExactValueAxis(*zoom, maxSteps) : all});
+            for (const Axis& axis : {all, m_values.back().shown}) {
+                for (const Tick& tick : axis.ticks)
+                    m_labelWidth = std::max(m_labelWidth, WidthOf(m_metrics, tick.label));
+            }
             if (!panel.unit.empty())
                 m_unitWidth = m_lineHeight + Padding / 2;
             for (const Curve& curve : panel.curves)
@@ -116,8 +124,9 @@ private:
             m_legendWidth = std::min(legendWidth + 2 * Padding, m_cell.width() / LegendShare);
     }
 
-    PanelLayout PanelAt(QPoint corner, const Panel& panel)
+    PanelLayout PanelAt(QPoint corner, std::size_t index)
     {
+        const Panel& panel = m_plot.panels[index];
         PanelLayout layout;
         layout.all = {corner, m_cell};
         const int left = m_unitWidth + m_labelWidth + Padding + TickLength;
@@ -128,9 +137,11 @@ private:
         layout.unit = {corner.x(), layout.frame.top(), m_lineHeight, layout.frame.height()};
         layout.timeLabels = {corner.x(), layout.frame.bottom() + TickLength + Padding / 2, m_cell.width(),
                              m_lineHeight};
-        layout.values = m_values[static_cast<std::size_t>(&panel - m_plot.panels.data())];
-        layout.times = TimeAxis(panel.times, panel.timeKind, layout.frame.width(),
-                                std::max(1, m_metrics.horizontalAdvance(u'0')));
+        layout.values = m_values[index].shown;
+        layout.allValues = m_values[index].all;
+        layout.allTimes = panel.times;
+        layout.times = TimeAxis(m_scope.ZoomOf(index).times.value_or(panel.times), panel.timeKind,
+                                layout.frame.width(), std::max(1, m_metrics.horizontalAdvance(u'0')));
         if (m_legendWidth > 0)
             PlaceLegend(layout, static_cast<int>(panel.curves.size()));
         return layout;
@@ -157,12 +168,18 @@ private:
             layout.moreFiles = rowAt(shown);
     }
 
+    struct Values {
+        Range all;
+        Axis shown;
+    };
+
     const Plot& m_plot;
+    const PlotScope& m_scope;
     const QSize m_size;
     const QFontMetrics& m_metrics;
     const int m_lineHeight;
     QSize m_cell;
-    std::vector<Axis> m_values; // of each panel
+    std::vector<Values> m_values; // of each panel
     int m_labelWidth = 0;
     int m_unitWidth = 0;
     int m_legendWidth = 0;
@@ -185,9 +202,9 @@ std::string MoreFiles(std::size_t count)
     return Text("and %1 more", {std::to_string(count)});
 }
 
-PlotLayout LayOut(const Plot& plot, QSize size, const QFontMetrics& metrics)
+PlotLayout LayOut(const Plot& plot, const PlotScope& scope, QSize size, const QFontMetrics& metrics)
 {
-    return LayoutMaker{plot, size, metrics}.Make();
+    return LayoutMaker{plot, scope, size, metrics}.Make();
 }
 
 QSize GoodSize(std::size_t panels)

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "Axis.h"
-#include "PlotData.h"
+#include "FrameMap.h"
+#include "PlotScope.h"
 
 #include <QFontMetrics>
 #include <QRect>
@@ -25,8 +26,13 @@ struct PanelLayout {
     QRect timeLabels; // below the frame, and as wide as the panel
     Axis times;
     Axis values;
+    Range allTimes; // of the axes without zoom
+    Range allValues;
     std::vector<QRect> legend; // an entry for each of the first files: a sample of the style, then the name
     QRect moreFiles;           // for the number of the others; null if there are none
+
+    FrameMap Map() const { return {frame, times.range, values.range}; }
+    bool IsZoomed() const { return times.range != allTimes || values.range != allValues; }
 };
 
 // The parts of an entry of the legend.
@@ -44,7 +50,7 @@ struct PlotLayout {
 
 // Lays out a plot of at least one panel. The frames of all panels have one size, so that times line up;
 // panels are put side by side where they would become too low otherwise.
-PlotLayout LayOut(const Plot& plot, QSize size, const QFontMetrics& metrics);
+PlotLayout LayOut(const Plot& plot, const PlotScope& scope, QSize size, const QFontMetrics& metrics);
 
 // A good size for a plot of so many panels.
 QSize GoodSize(std::size_t panels);

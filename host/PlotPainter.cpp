@@ -2,7 +2,6 @@
 
 #include "CurvePainter.h"
 #include "Downsampling.h"
-#include "PlotLayout.h"
 #include "WindowText.h"
 
 #include "styleatlas-qt.h"
@@ -13,9 +12,11 @@
 #include <QString>
 
 #include <algorithm>
-#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace atlashost
 {
@@ -31,11 +32,31 @@ constexpr QRgb GridColor = qRgb(0xE8, 0xEA, 0xED);
 constexpr int FontHeight = 12; // pixels
 constexpr int LabelGap = 6;
 
+// A pale colour has so many parts of the paper's colour, and one of its own.
+constexpr int PartsOfPaper = 4;
+
+styleatlas::Color Pale(styleatlas::Color color)
+{
+    const auto mix = [](std::uint32_t light, int paper) {
+        return (light + PartsOfPaper * static_cast<std::uint32_t>(paper)) / (1 + PartsOfPaper);
+    };
+    return {mix(color.Red(), qRed(Paper)) | mix(color.Green(), qGreen(Paper)) << 8 |
+            mix(color.Blue(), qBlue(Paper)) << 16};
+}
+
+styleatlas::Style Pale(styleatlas::Style style)
+{
+    style.symbolColor = Pale(style.symbolColor);
+    style.lineColor = Pale(style.lineColor);
+    return style;
+}
+
 class PanelPainter
 {
 public:
-    PanelPainter(QPainter& painter, const Panel& panel, const PanelLayout& layout)
-        : m_painter{painter}, m_panel{panel}, m_layout{layout}, m_frame{layout.frame}
+    PanelPainter(QPainter& painter, const Panel& panel, const PanelLayout& layout, std::vector<bool> pale)
+        : m_painter{painter}, m_panel{panel}, m_layout{layout}, m_frame{layout.frame}, m_isPale{
+                                                                                           std::move(pale)}
     {
     }
 
@@ -98,8 +119,8 @@ private:
     void DrawValueAxis()
     {
         for (const Tick& tick : m_layout.values.ticks) {
-            const double share = m_layout.values.range.ShareOf(tick.value);
-            const int y = m_frame.bottom() - static_cast<int>(std::lround(share * (m_frame.height() - 1)));
+            const QPointF point{0, m_layout.Map().Y(tick.value)};
+            const int y = m_layout.Map().PixelAt(point).y();
             m_painter.setPen(QColor{GridColor});
             m_painter.drawLine(m_frame.left(), y, m_frame.right(), y);
             m_painter.setPen(QColor{FrameColor});
@@ -129,7 +150,7 @@ private:
                 continue;
             m_painter.setPen(QColor{TextColor});
             m_painter.drawText(QRect{left, room.top(), width + 1, room.height()}, Qt::AlignLeft, label);
-            end = left + width;
+            end = left + width + LabelGap;
         }
         DrawTimeTitle(end);
     }
@@ -140,40 +161,56 @@ private:
         if (m_panel.timeKind == TimeKind::Date)
             return;
         QRect room = m_layout.timeLabels;
-        room.setLeft(std::max(endOfLabels, m_frame.right()) + 2 * LabelGap);
+        room.setLeft(std::max(endOfLabels, m_frame.right() + LabelGap) + LabelGap);
         Write(room, Qt::AlignLeft, m_panel.timeTitle);
     }
 
     void DrawCurves()
     {
-        bool isSparse = false;
-        for (const Curve& curve : m_panel.curves) {
-            const CurvePainter::Symbols symbols = CurvePainter{m_painter, curve.style}.DrawCurve(
-                curve, m_frame, m_layout.times.range, m_layout.values.range);
-            isSparse = isSparse || symbols == CurvePainter::Symbols::OfSome;
+        std::vector<CurvePainter> curves;
+        int symbolDistance = 0;
+        for (std::size_t i = 0; i < m_panel.curves.size(); ++i) {
+            curves.emplace_back(m_painter, m_panel.curves[i], StyleOf(i), m_layout.Map());
+            symbolDistance = std::max(symbolDistance, curves.back().DistanceOfSparseSymbols());
         }
-        if (isSparse)
+        m_painter.save();
+        if (m_layout.IsZoomed())
+            m_painter.setClipRect(m_frame, Qt::IntersectClip);
+        for (const bool isPale : {true, false}) { // marked ones above the others
+            for (std::size_t i = 0; i < curves.size(); ++i) {
+                if (m_isPale[i] == isPale)
+                    curves[i].Draw(symbolDistance);
+            }
+        }
+        m_painter.restore();
+        if (symbolDistance > 0)
             DrawNote(WindowText("not every reading has its symbol"));
     }
 
     void DrawLegend()
     {
         for (std::size_t i = 0; i < m_layout.legend.size(); ++i) {
-            const Curve& curve = m_panel.curves[i];
-            styleatlas::DrawLegendSample(m_painter, LegendSample(m_layout.legend[i]), curve.style);
+            styleatlas::DrawLegendSample(m_painter, LegendSample(m_layout.legend[i]), StyleOf(i));
             // The ends of names differ more than their beginnings.
-            Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter, curve.fileName,
-                  Qt::ElideLeft);
+            Write(LegendName(m_layout.legend[i]), Qt::AlignLeft | Qt::AlignVCenter,
+                  m_panel.curves[i].fileName, Qt::ElideLeft);
         }
         if (!m_layout.moreFiles.isNull())
             Write(m_layout.moreFiles, Qt::AlignLeft | Qt::AlignVCenter,
                   MoreFiles(m_panel.curves.size() - m_layout.legend.size()));
     }
 
+    styleatlas::Style StyleOf(std::size_t curve) const
+    {
+        const styleatlas::Style& style = m_panel.curves[curve].style;
+        return m_isPale[curve] ? Pale(style) : style;
+    }
+
     QPainter& m_painter;
     const Panel& m_panel;
     const PanelLayout& m_layout;
     const QRect m_frame;
+    const std::vector<bool> m_isPale; // of each curve
     int m_endOfTitle = 0;
 };
 
@@ -187,20 +224,24 @@ QFont PlotFont()
     return font;
 }
 
-std::size_t DrawPlot(QPainter& painter, QSize size, const Plot& plot)
+PlotLayout DrawPlot(QPainter& painter, QSize size, const Plot& plot, const PlotScope& scope)
 {
     painter.setFont(PlotFont());
     painter.fillRect(QRect{{0, 0}, size}, QColor{Paper});
-    const PlotLayout layout = LayOut(plot, size, painter.fontMetrics());
-    for (std::size_t i = 0; i < layout.panels.size(); ++i)
-        PanelPainter{painter, plot.panels[i], layout.panels[i]}.Draw();
+    PlotLayout layout = LayOut(plot, scope, size, painter.fontMetrics());
+    for (std::size_t i = 0; i < layout.panels.size(); ++i) {
+        std::vector<bool> isPale;
+        for (std::size_t curve = 0; curve < plot.panels[i].curves.size(); ++curve)
+            isPale.push_back(scope.IsPale({i, curve}));
+        PanelPainter{painter, plot.panels[i], layout.panels[i], std::move(isPale)}.Draw();
+    }
     if (layout.missingPanels > 0) {
         painter.setPen(QColor{TextColor});
         painter.drawText(
             layout.footer, Qt::AlignRight,
             WindowText("quantities without room here: %1", QString::number(layout.missingPanels)));
     }
-    return layout.missingPanels;
+    return layout;
 }
 
 } // namespace atlashost

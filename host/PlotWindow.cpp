@@ -1,17 +1,25 @@
 #include "PlotWindow.h"
 
-#include "PlotLayout.h"
+#include "PlotCommands.h"
+#include "PlotView.h"
 #include "WindowText.h"
 
 #include <QKeyEvent>
+#include <QStatusBar>
 
 namespace atlashost
 {
 
-PlotWindow::PlotWindow(const Plot& plot) : PlotView{plot}
+PlotWindow::PlotWindow(const Plot& plot)
 {
     setWindowTitle(WindowText("Curves"));
-    resize(FittingSize(*this, GoodSize(plot.panels.size())).expandedTo(minimumSize()));
+    auto* const view = new PlotView{plot};
+    setCentralWidget(view);
+    statusBar()->show();
+    new PlotCommands{*view};
+    const QSize bar{0, statusBar()->sizeHint().height()};
+    resize(FittingSize(*this, GoodSize(plot.panels.size()) + bar).expandedTo(minimumSizeHint()));
+    view->setFocus();
 }
 
 void PlotWindow::keyPressEvent(QKeyEvent* event)
@@ -19,7 +27,7 @@ void PlotWindow::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Escape)
         close();
     else
-        QWidget::keyPressEvent(event);
+        QMainWindow::keyPressEvent(event);
 }
 
 } // namespace atlashost

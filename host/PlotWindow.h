@@ -1,13 +1,15 @@
 // A plot on the screen.
 #pragma once
 
-#include "PlotView.h"
+#include "PlotData.h"
+
+#include <QMainWindow>
 
 namespace atlashost
 {
 
-// A plot of at least one panel and nothing else. Esc closes the window.
-class PlotWindow : public PlotView
+// A plot of at least one panel, and a status bar. Esc closes the window. The plot must outlive it.
+class PlotWindow : public QMainWindow
 {
 public:
     explicit PlotWindow(const Plot& plot);

@@ -29,7 +29,7 @@ using styleatlas::terminal::ToUtf16;
 bool HasWindow(const Options& options)
 {
     return options.action == Action::Window ||
-           (options.action == Action::Plot && options.plot.png == nullptr);
+           (options.action == Action::Plot && options.plot.path == nullptr);
 }
 
 ToolResult PrepareFolder(std::string_view hostName)
@@ -65,10 +65,9 @@ int RunAsHost(const Options& options)
     std::optional<QtApplication> application;
     if (HasWindow(options)) {
         if (!HasDisplay()) {
-            PrintError(
-                options.action == Action::Window
-                    ? Text("there is no display to show the window on")
-                    : Text("there is no display to show the plot on; --png FILE writes it into a file"));
+            PrintError(options.action == Action::Window
+                           ? Text("there is no display to show the window on")
+                           : Text("there is no display to show the plot on; -o FILE writes it into a file"));
             return Failed;
         }
         application.emplace();

@@ -104,14 +104,25 @@ TEST(HostWindow, DoesWhatItsMenusSay)
         });
         find(command)->trigger();
     };
-    const QString saved = QString::fromStdString(prefix.Path() / "saved");
-    choose("&Save picture...", saved);
-    EXPECT_EQ(status(), "The picture is in " + saved + ".png");
-    EXPECT_EQ(QImage{saved + ".png"}.size(), view.size());
+    const auto exportTo = [&](const QString& path) {
+        QTimer::singleShot(0, [&] {
+            auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+            dialog.findChild<QLineEdit*>()->setText(path);
+            dialog.accept();
+        });
+        find("&Export picture...")->trigger();
+    };
+    const QString saved = QString::fromStdString(prefix.Path() / "saved.png");
+    exportTo(saved);
+    EXPECT_EQ(status(), "The picture is in " + saved);
+    EXPECT_EQ(QImage{saved}.size(), view.size());
     const QString dangling = QString::fromStdString(prefix.Path() / "dangling.png");
     QFile::link("/nowhere/picture", dangling);
-    choose("&Save picture...", dangling);
+    exportTo(dangling);
     EXPECT_EQ(status(), dangling + " cannot be written: No such file or directory");
+    find("&Copy picture")->trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
+              QImage{saved}.convertToFormat(QImage::Format_RGB32));
     choose("&Open...", DATA_FOLDER "/airquality-1973-07.csv");
     EXPECT_EQ(files.count(), 2);
     files.item(0)->setSelected(true);

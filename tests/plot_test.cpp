@@ -3,8 +3,10 @@
 #include "Calendar.h"
 #include "CurvePainter.h"
 #include "Downsampling.h"
+#include "PictureFile.h"
 #include "PlotLayout.h"
 #include "PlotPainter.h"
+#include "PlotView.h"
 #include "PlotWindow.h"
 #include "styleatlas-qt.h"
 
@@ -13,11 +15,16 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPaintEngine>
+#include <QStatusBar>
+#include <QWheelEvent>
 
 #include <cmath>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sstream>
+
+#include <sys/resource.h>
 
 namespace atlashost
 {
@@ -48,8 +55,7 @@ public:
     explicit Notes(const Plot& plot, QSize size = {900, 700}) : QPaintEngine{AllFeatures}, m_size{size}
     {
         QPainter painter{this};
-        DrawPlot(painter, size, plot);
-        Layout = LayOut(plot, size, painter.fontMetrics());
+        Layout = DrawPlot(painter, size, plot);
     }
 
     QPaintEngine* paintEngine() const override { return const_cast<Notes*>(this); }
@@ -239,8 +245,7 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
     const Plot plot{{panel}, 0};
     QImage image{640, 400, QImage::Format_RGB32};
     QPainter painter{&image};
-    EXPECT_EQ(DrawPlot(painter, image.size(), plot), 0U);
-    const PanelLayout layout = LayOut(plot, image.size(), painter.fontMetrics()).panels.front();
+    const PanelLayout layout = DrawPlot(painter, image.size(), plot).panels.front();
     const QRect frame = layout.frame;
     const auto x = [&](double time) { return frame.left() + ColumnOf(time, panel.times, frame.width()); };
     const int middle = frame.bottom() - static_cast<int>(std::lround((frame.height() - 1) / 2.0));
@@ -269,11 +274,10 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
     EXPECT_EQ(large.size(), sample.size() * 2);
     EXPECT_EQ(QColor{large.pixel(4, 18)}, QColor{Qt::blue});
 
+    PlotView shown{plot};
+    shown.resize(image.size());
+    EXPECT_EQ(shown.grab().toImage().convertToFormat(image.format()), image);
     PlotWindow window{plot};
-    window.resize(image.size());
-    EXPECT_EQ(window.grab().toImage().convertToFormat(image.format()), image);
-    window.resize(1, 1);
-    EXPECT_EQ(window.size(), QSize(320, 200));
     window.show();
     for (const auto& [key, isShown] : {std::pair(Qt::Key_A, true), {Qt::Key_Escape, false}}) {
         QKeyEvent press{QEvent::KeyPress, key, Qt::NoModifier};
@@ -286,6 +290,135 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
     const QImage empty = view.grab().toImage();
     view.SetHint("hint");
     EXPECT_NE(view.grab().toImage(), empty);
+}
+
+template <class Event, class... Arguments> void Send(QWidget& widget, Arguments... arguments)
+{
+    Event event{arguments...};
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+TEST_F(Plots, ZoomAndPan)
+{
+    Plot plot{{Numbers, Numbers}, 0};
+    for (Panel& panel : plot.panels)
+        panel.curves = {CurveOf(7)};
+    PlotView view{plot};
+    view.resize(640, 400);
+    const QImage all = view.grab().toImage();
+    const auto layout = [&] {
+        return LayOut(plot, view.Scope(), view.size(), QFontMetrics{PlotFont()}).panels;
+    };
+    const QRect frame = layout()[0].frame;
+    const QPoint corner = frame.bottomLeft();
+    const auto wheel = [&](QPoint at, Qt::KeyboardModifiers modifiers) {
+        Send<QWheelEvent>(view, QPointF{at}, QPointF{at}, QPoint{}, QPoint{0, 120}, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+    };
+    wheel(corner, Qt::ControlModifier);
+    for (const PanelLayout& panel : layout()) {
+        EXPECT_NEAR(panel.times.range.high, 4.8, 1e-9) << "one range for both panels";
+        EXPECT_EQ(panel.values.range, panel.allValues);
+    }
+    wheel(corner, Qt::ShiftModifier);
+    EXPECT_LT(layout()[0].values.range.high, layout()[0].allValues.high);
+    EXPECT_FALSE(layout()[1].values.range.high < layout()[1].allValues.high);
+    EXPECT_NE(view.grab().toImage(), all);
+    const auto key = [&](Qt::Key pressed) {
+        Send<QKeyEvent>(view, QEvent::KeyPress, pressed, Qt::NoModifier);
+    };
+    key(Qt::Key_Right);
+    EXPECT_NEAR(layout()[1].times.range.low, 0.48, 0.02);
+    key(Qt::Key_Home);
+    EXPECT_EQ(view.grab().toImage(), all);
+
+    const auto mouse = [&](QEvent::Type type, QPoint at, Qt::KeyboardModifiers modifiers) {
+        Send<QMouseEvent>(view, type, QPointF{at}, QPointF{at}, Qt::LeftButton, Qt::LeftButton, modifiers);
+    };
+    const auto drag = [&](QPoint from, QPoint to, Qt::KeyboardModifiers modifiers) {
+        mouse(QEvent::MouseButtonPress, from, modifiers);
+        mouse(QEvent::MouseMove, to, modifiers);
+        mouse(QEvent::MouseButtonRelease, to, modifiers);
+    };
+    const QPoint middle = frame.center();
+    drag(middle, frame.bottomRight(), {});
+    const Range times = layout()[0].times.range;
+    EXPECT_NEAR(times.low, 3, 0.02);
+    EXPECT_EQ(times.high, 6);
+    drag(middle, middle + QPoint{frame.width() / 4, 0}, Qt::ShiftModifier);
+    EXPECT_NEAR(layout()[0].times.range.low, times.low - 0.75, 0.02);
+    mouse(QEvent::MouseButtonDblClick, middle, {});
+    EXPECT_EQ(view.Scope().ZoomOf(0).times, std::nullopt);
+}
+
+TEST_F(Plots, SayWhatIsUnderThePointer)
+{
+    Plot plot{{Numbers}, 0};
+    plot.panels[0].curves = {CurveOf(7)};
+    plot.panels[0].curves[0].readings[1] = {1.25, 2.5};
+    PlotWindow window{plot};
+    window.show();
+    auto& view = dynamic_cast<PlotView&>(*window.centralWidget());
+    const QImage before = view.grab().toImage();
+    const PanelLayout layout = LayOut(plot, {}, view.size(), QFontMetrics{PlotFont()}).panels.front();
+    const auto textAt = [&](QPoint at) {
+        Send<QMouseEvent>(view, QEvent::MouseMove, QPointF{at}, QPointF{at}, Qt::NoButton, Qt::NoButton,
+                          Qt::NoModifier);
+        return window.statusBar()->currentMessage();
+    };
+    EXPECT_EQ(textAt(layout.Map().PointOf({1.25, 2.5}).toPoint() + QPoint{3, 3}),
+              "file: Title, 2.5 V, t 1.25");
+    EXPECT_NE(view.grab().toImage(), before) << "marked";
+    EXPECT_TRUE(textAt(layout.Map().PointOf({3, 1.5}).toPoint()).startsWith("1.5"))
+        << textAt({}).toStdString();
+    EXPECT_EQ(textAt({}), "");
+    view.Mark({{0, 1}});
+    EXPECT_NE(view.grab().toImage(), before) << "pale";
+    view.Mark({});
+    EXPECT_EQ(view.grab().toImage(), before);
+}
+
+TEST_F(Plots, LeadToReadingsOutside)
+{
+    Plot plot{{Numbers}, 0};
+    plot.panels[0].curves = {{"file", Crosses, {{0, 1}, {6, 3}}, 2, {}, 0}};
+    QImage image{640, 400, QImage::Format_RGB32};
+    QPainter painter{&image};
+    const QRect frame =
+        DrawPlot(painter, image.size(), plot, {{{Range{2, 4}, Range{1.5, 2.5}}}, {}}).panels.front().frame;
+    for (const int x : {frame.left(), frame.right()})
+        EXPECT_NE(Text(image, {x, frame.top(), 1, frame.height()}).find('-'), std::string::npos) << x;
+    EXPECT_EQ(Text(image, {frame.left(), frame.bottom() + 2, frame.width(), 3}).find('-'), std::string::npos);
+}
+
+TEST_F(Plots, AreWrittenInWholeOrNotAtAll)
+{
+    const test::TempPrefix prefix;
+    const std::string path = prefix.Path() / "p.svg";
+    test::WriteWhole(path, "old");
+    const auto write = [&](PictureFormat format) {
+        WritePicture(path.c_str(), format, {{192, 384}, 192}, [](QPainter& painter, QSize size) {
+            EXPECT_EQ(size, QSize(96, 192));
+            painter.drawLine(0, 0, 96, 192);
+        });
+        return test::ReadWhole(path);
+    };
+    EXPECT_NE(write(PictureFormat::Svg).find("viewBox=\"0 0 96 192\""), std::string::npos);
+    EXPECT_NE(write(PictureFormat::Pdf).find("/MediaBox [0 0 72."), std::string::npos) << "in points";
+    write(PictureFormat::Png);
+    EXPECT_EQ(QImage{QString::fromStdString(path)}.size(), QSize(192, 384));
+    const std::string before = test::ReadWhole(path);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small{16, limit.rlim_max};
+    signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_THROW(write(PictureFormat::Svg), std::runtime_error);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(test::ReadWhole(path), before);
+    EXPECT_EQ(
+        std::distance(std::filesystem::directory_iterator{std::filesystem::path{path}.parent_path()}, {}), 1)
+        << "nothing else is left";
 }
 
 TEST_F(Plots, KeepOutliersWhenDownsampled)
