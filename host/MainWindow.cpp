@@ -1,8 +1,14 @@
 #include "MainWindow.h"
 
+#include "FileLimit.h"
 #include "FileList.h"
+#include "HelpMenu.h"
+#include "MessageBox.h"
 #include "PictureFile.h"
 #include "PlotView.h"
+#include "RecentFiles.h"
+#include "StyleCheckDialog.h"
+#include "WindowMemory.h"
 #include "WindowText.h"
 
 #include <QActionGroup>
@@ -12,7 +18,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScopeGuard>
@@ -58,26 +63,32 @@ std::size_t CurveCount(const Plot& plot)
 MainWindow::MainWindow(const QString& hostName, LibraryCalls calls) : m_hostName{hostName}, m_calls{calls}
 {
     setWindowTitle(WindowText("Curves") + (hostName.isEmpty() ? "" : " - " + hostName));
+    setObjectName("curves");
     setAcceptDrops(true);
     MakeParts();
     MakeMenus();
     ReadFiles();
     resize(FittingSize(*this, GoodWindow));
+    RestoreWindow(*this);
 }
 
 void MainWindow::MakeParts()
 {
-    m_files = new FileList;
+    m_files = new FileList{[this] { ReadFiles(); }};
     m_remarks = new QPlainTextEdit;
     m_remarks->setReadOnly(true);
     m_remarks->setAcceptDrops(false);
     m_remarks->setMaximumBlockCount(MaxRemarks);
     m_view = new PlotView{m_plot};
+    m_check = new StyleCheckDialog{
+        m_plot, [this](std::vector<CurvePlace> curves) { m_view->Mark(std::move(curves)); }, this};
     auto* const side = new QSplitter{Qt::Vertical};
+    side->setObjectName("side");
     side->addWidget(m_files);
     side->addWidget(m_remarks);
     side->setSizes({GoodWindow.height() - RemarksHeight, RemarksHeight});
     auto* const all = new QSplitter;
+    all->setObjectName("all");
     all->addWidget(side);
     all->addWidget(m_view);
     all->setSizes({SideWidth, GoodWindow.width() - SideWidth});
@@ -93,15 +104,22 @@ void MainWindow::MakeMenus()
     m_commands->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
     QMenu& file = *menuBar()->addMenu(WindowText("&File"));
     AddCommand(file, WindowText("&Open..."), Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
+    m_recent = new RecentFiles{[this](const QByteArrayList& paths) { AddFiles(paths); },
+                               [this](const QString& message) { Warn(message); }, this};
+    m_commands->addAction(file.addMenu(m_recent));
     AddCommand(file, WindowText("&Remove from list"), Qt::Key_Delete, &MainWindow::RemoveFiles);
+    AddCommand(file, WindowText("Move &up"), Qt::ALT | Qt::Key_Up, &MainWindow::MoveFilesUp);
+    AddCommand(file, WindowText("Move &down"), Qt::ALT | Qt::Key_Down, &MainWindow::MoveFilesDown);
     AddCommand(file, WindowText("Read &again"), Qt::Key_F5, &MainWindow::ReadFiles);
     AddCommand(file, WindowText("&Save picture..."), Qt::CTRL | Qt::Key_S, &MainWindow::SavePicture);
     file.addSeparator();
     file.addAction(WindowText("&Quit"), Qt::CTRL | Qt::Key_Q, this, &QWidget::close);
     QMenu& styles = *menuBar()->addMenu(WindowText("&Styles"));
     AddCommand(styles, WindowText("&Curve styles..."), Qt::CTRL | Qt::Key_E, &MainWindow::EditStyles);
+    AddCommand(styles, WindowText("C&heck styles..."), Qt::CTRL | Qt::Key_K, &MainWindow::CheckStyles);
     AddCommand(styles, WindowText("&Reload styles"), Qt::CTRL | Qt::Key_R, &MainWindow::ReloadStyles);
     AddCommand(styles, WindowText("Switch &user..."), Qt::CTRL | Qt::Key_U, &MainWindow::SwitchUser);
+    AddHelpMenu(*this);
 }
 
 void MainWindow::AddCommand(QMenu& menu, const QString& text, const QKeySequence& keys,
@@ -113,6 +131,16 @@ void MainWindow::AddCommand(QMenu& menu, const QString& text, const QKeySequence
 void MainWindow::AddFiles(const QByteArrayList& paths)
 {
     m_files->Add(paths);
+    m_recent->Add(paths);
+    ReadFiles();
+    const std::string remark = FileLimitRemark(m_files->Paths().size());
+    if (!paths.empty() && !remark.empty())
+        Warn(QString::fromStdString(remark));
+}
+
+void MainWindow::SetStartErrors(std::vector<std::string> errors)
+{
+    m_startErrors = std::move(errors);
     ReadFiles();
 }
 
@@ -135,6 +163,18 @@ void MainWindow::RemoveFiles()
         statusBar()->showMessage(WindowText("Select files in the list first."), MessageTime);
 }
 
+void MainWindow::MoveFilesUp()
+{
+    if (m_files->MoveSelected(FileList::Direction::Up))
+        ReadFiles();
+}
+
+void MainWindow::MoveFilesDown()
+{
+    if (m_files->MoveSelected(FileList::Direction::Down))
+        ReadFiles();
+}
+
 void MainWindow::ReadFiles()
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -146,6 +186,9 @@ void MainWindow::ReadFiles()
     const auto report = [this](const std::string& message) {
         m_remarks->appendPlainText(QString::fromStdString(message));
     };
+    std::ranges::for_each(m_startErrors, report);
+    if (const std::string remark = FileLimitRemark(paths.size()); !remark.empty())
+        report(remark);
     try {
         m_plot = ReadPlot(pointers, report);
     } catch (const std::exception& error) { // too many readings
@@ -156,6 +199,7 @@ void MainWindow::ReadFiles()
     m_view->SetHint(paths.empty() ? WindowText("Open measured files (Ctrl+O), or drop them here.")
                                   : WindowText("There is no curve to plot."));
     m_view->ShowNewPlot();
+    m_check->Renew();
     ShowCounts();
 }
 
@@ -183,6 +227,11 @@ void MainWindow::EditStyles()
         ShowNewStyles(WindowText("The new styles are in force."));
     else if (result != STYLEATLAS_EDIT_CANCELLED)
         Warn(WindowText("The editor of the styles cannot be shown."));
+}
+
+void MainWindow::CheckStyles()
+{
+    m_check->Open();
 }
 
 void MainWindow::ReloadStyles()
@@ -215,9 +264,11 @@ void MainWindow::CallLibrary(const std::function<void()>& call)
 {
     m_commands->setEnabled(false);
     setAcceptDrops(false);
+    m_files->setAcceptDrops(false);
     statusBar()->clearMessage();
     call();
     setAcceptDrops(true);
+    m_files->setAcceptDrops(true);
     m_commands->setEnabled(true);
 }
 
@@ -225,6 +276,7 @@ void MainWindow::ShowNewStyles(const QString& message)
 {
     RenewStyles(m_plot);
     m_view->ShowNewStyles();
+    m_check->Renew();
     statusBar()->showMessage(message, MessageTime);
 }
 
@@ -238,9 +290,13 @@ void MainWindow::ShowCounts()
 void MainWindow::Warn(const QString& text)
 {
     statusBar()->showMessage(text, MessageTime);
-    auto* const box = new QMessageBox{QMessageBox::Warning, windowTitle(), text, QMessageBox::Ok, this};
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    ShowMessage(*this, QMessageBox::Warning, text);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    KeepWindow(*this);
+    QMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
