@@ -1,10 +1,10 @@
 # Shared by ./run, ./test and .ci/run: the Debian packages that the project needs, and how it is built.
 
-build_packages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev qt6-base-dev gettext llvm)
+build_packages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev qt6-base-dev qt6-svg-dev gettext llvm)
 test_packages=(libgtest-dev libbenchmark-dev binutils xvfb xauth openbox xdotool
   weston qt6-wayland qt6-translations-l10n dpkg-dev file pkgconf
   python3 python3-pytest python3-matplotlib)
-check_packages=(clang clang-format clang-tidy libclang-rt-dev lintian mypy)
+check_packages=(clang clang-format clang-tidy libclang-rt-dev lintian mypy appstream desktop-file-utils)
 
 # Prints the packages of the named lists ("build", "test", "check") that are not installed.
 missing_packages() {

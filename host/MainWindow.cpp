@@ -7,6 +7,7 @@
 #include "PictureFile.h"
 #include "PlotView.h"
 #include "RecentFiles.h"
+#include "StartPage.h"
 #include "StyleCheckDialog.h"
 #include "WindowMemory.h"
 #include "WindowText.h"
@@ -104,6 +105,7 @@ void MainWindow::MakeMenus()
     m_commands->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
     QMenu& file = *menuBar()->addMenu(WindowText("&File"));
     AddCommand(file, WindowText("&Open..."), Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
+    m_start = new StartPage{*m_commands->actions().constFirst(), *m_view};
     m_recent = new RecentFiles{[this](const QByteArrayList& paths) { AddFiles(paths); },
                                [this](const QString& message) { Warn(message); }, this};
     m_commands->addAction(file.addMenu(m_recent));
@@ -147,7 +149,7 @@ void MainWindow::SetStartErrors(std::vector<std::string> errors)
 void MainWindow::OpenFiles()
 {
     const QStringList names = QFileDialog::getOpenFileNames(
-        this, WindowText("Open measured files"), {}, WindowText("Measured data (*.csv);;All files (*)"));
+        this, WindowText("Open measured files"), {}, WindowText("Measured data (*.csv *.tsv *.txt *.dat);;All files (*)"));
     QByteArrayList paths;
     for (const QString& name : names)
         paths.append(QFile::encodeName(name));
@@ -196,8 +198,8 @@ void MainWindow::ReadFiles()
         report(error.what());
     }
     m_remarks->setVisible(!m_remarks->document()->isEmpty());
-    m_view->SetHint(paths.empty() ? WindowText("Open measured files (Ctrl+O), or drop them here.")
-                                  : WindowText("There is no curve to plot."));
+    m_start->setVisible(paths.empty());
+    m_view->SetHint(paths.empty() ? QString{} : WindowText("There is no curve to plot."));
     m_view->ShowNewPlot();
     m_check->Renew();
     ShowCounts();

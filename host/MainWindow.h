@@ -24,6 +24,7 @@ namespace atlashost
 class FileList;
 class PlotView;
 class RecentFiles;
+class StartPage;
 class StyleCheckDialog;
 
 // Files are added by the menu, by drag and drop, or by the program; the first is file column 0, and so on.
@@ -79,6 +80,7 @@ private:
     QLabel* m_counts = nullptr;
     QActionGroup* m_commands = nullptr;
     RecentFiles* m_recent = nullptr;
+    StartPage* m_start = nullptr;
     StyleCheckDialog* m_check = nullptr;
 };
 

@@ -19,7 +19,8 @@ namespace atlashost
 namespace
 {
 
-constexpr QSize GoodDialog{860, 340};
+constexpr int GoodHeight = 340;
+constexpr int RoomForScrollBar = 60;
 constexpr QSize Sample{44, 18};
 
 enum Column : int { Quantity, FirstCurve, SecondCurve, Reason };
@@ -32,7 +33,9 @@ QIcon SampleOnPaper(const styleatlas::Style& style, qreal scale)
     picture.fill(Qt::white);
     QPainter painter{&picture};
     styleatlas::DrawLegendSample(painter, {{}, Sample}, style);
-    return picture;
+    QIcon icon{picture};
+    icon.addPixmap(picture, QIcon::Selected); // a selected line keeps the colours
+    return icon;
 }
 
 } // namespace
@@ -42,7 +45,6 @@ StyleCheckDialog::StyleCheckDialog(const Plot& plot, Marker mark, QWidget* paren
 {
     setWindowTitle(WindowText("Check styles"));
     MakeParts();
-    resize(GoodDialog);
 }
 
 void StyleCheckDialog::MakeParts()
@@ -81,14 +83,25 @@ void StyleCheckDialog::MakeParts()
 
 void StyleCheckDialog::Open()
 {
-    const bool wasHidden = isHidden();
-    show();
+    if (isHidden()) {
+        show();
+        Renew();
+        m_list->setFocus();
+        if (!m_wasShown)
+            Place();
+        m_wasShown = true;
+    }
     raise();
     activateWindow();
-    if (!wasHidden)
-        return;
-    Renew();
-    m_list->setFocus();
+}
+
+// Wide enough for the reasons, and over the lower edge of the parent, to leave the first panels in sight.
+void StyleCheckDialog::Place()
+{
+    const QRect above = parentWidget()->frameGeometry();
+    resize(std::min(std::max(width(), m_list->header()->length() + RoomForScrollBar), above.width()),
+           GoodHeight);
+    move(above.center().x() - width() / 2, above.bottom() - frameGeometry().height());
 }
 
 void StyleCheckDialog::Renew()

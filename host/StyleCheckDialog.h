@@ -32,6 +32,7 @@ public:
 
 private:
     void MakeParts();
+    void Place();
     void Add(const CurveRemark& remark);
     void MarkCurrent();
     void Unmark();
@@ -40,6 +41,7 @@ private:
     const Plot& m_plot;
     const Marker m_mark;
     StyleCheck m_check;
+    bool m_wasShown = false;
     QLabel* m_summary = nullptr;
     QTreeWidget* m_list = nullptr;
     QPushButton* m_markButton = nullptr;
