@@ -16,13 +16,16 @@ constexpr int IconSide = 96; // pixels
 constexpr int TextWidth = 460;
 constexpr int Gap = 14;
 
-QLabel* MakeLabel(const QString& text, QPalette::ColorRole color)
+QLabel* MakeLabel(const QString& text, QPalette::ColorRole color, qreal size)
 {
     auto* const label = new QLabel{text};
     label->setForegroundRole(color);
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
-    label->setFixedWidth(TextWidth);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * size);
+    label->setFont(font);
+    label->setFixedSize(TextWidth, label->heightForWidth(TextWidth));
     return label;
 }
 
@@ -32,11 +35,8 @@ StartPage::StartPage(QAction& open, QWidget& parent) : QWidget{&parent}
 {
     auto* const icon = new QLabel;
     icon->setPixmap(window()->windowIcon().pixmap(QSize{IconSide, IconSide}, devicePixelRatioF()));
-    QLabel* const title =
-        MakeLabel(WindowText("Open measured files (Ctrl+O), or drop them here."), QPalette::Text);
-    QFont large = title->font();
-    large.setPointSizeF(large.pointSizeF() * 1.3);
-    title->setFont(large);
+    auto* const title =
+        MakeLabel(WindowText("Open measured files (Ctrl+O), or drop them here."), QPalette::Text, 1.3);
     auto* const button = new QPushButton{open.text()};
     connect(button, &QPushButton::clicked, &open, &QAction::trigger);
     auto* const layout = new QVBoxLayout{this};
@@ -50,7 +50,7 @@ StartPage::StartPage(QAction& open, QWidget& parent) : QWidget{&parent}
                              "headings, then a line for each point of time, which stands first. The headings "
                              "name the quantities, for instance Ozone or Wind. Each quantity gets a panel, "
                              "and the style atlas says how each curve is drawn."),
-                  QPalette::PlaceholderText),
+                  QPalette::PlaceholderText, 1),
         0, Qt::AlignCenter);
     layout->addStretch();
     auto* const around = new QVBoxLayout{&parent};
