@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPainter>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -87,7 +88,7 @@ void FileList::dropEvent(QDropEvent* event)
     QListWidget::dropEvent(event);
     Number();
     if (Paths() != before)
-        QMetaObject::invokeMethod(this, m_reordered, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, m_reordered);
 }
 
 void FileList::paintEvent(QPaintEvent* event)

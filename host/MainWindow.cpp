@@ -233,7 +233,7 @@ void MainWindow::EditStyles()
 
 void MainWindow::CheckStyles()
 {
-    m_check->Open();
+    m_check->BringUp();
 }
 
 void MainWindow::ReloadStyles()

@@ -81,7 +81,7 @@ void StyleCheckDialog::MakeParts()
     connect(m_list, &QTreeWidget::itemActivated, this, &StyleCheckDialog::MarkCurrent);
 }
 
-void StyleCheckDialog::Open()
+void StyleCheckDialog::BringUp()
 {
     if (isHidden()) {
         show();

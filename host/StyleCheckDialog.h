@@ -25,7 +25,7 @@ public:
     StyleCheckDialog(const Plot& plot, Marker mark, QWidget* parent);
 
     // Shows the dialog, or brings it to the front.
-    void Open();
+    void BringUp();
 
     // To be called when the plot has other curves or styles.
     void Renew();
