@@ -148,8 +148,9 @@ void MainWindow::SetStartErrors(std::vector<std::string> errors)
 
 void MainWindow::OpenFiles()
 {
-    const QStringList names = QFileDialog::getOpenFileNames(
-        this, WindowText("Open measured files"), {}, WindowText("Measured data (*.csv *.tsv *.txt *.dat);;All files (*)"));
+    const QStringList names =
+        QFileDialog::getOpenFileNames(this, WindowText("Open measured files"), {},
+                                      WindowText("Measured data (*.csv *.tsv *.txt *.dat);;All files (*)"));
     QByteArrayList paths;
     for (const QString& name : names)
         paths.append(QFile::encodeName(name));
