@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPainter>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -25,6 +24,8 @@ FileList::FileList(std::function<void()> reordered, QWidget* parent)
     : QListWidget{parent}, m_reordered{std::move(reordered)}
 {
     setDragDropMode(InternalMove);
+    m_afterDrag.setSingleShot(true);
+    connect(&m_afterDrag, &QTimer::timeout, this, [this] { m_reordered(); });
     setAccessibleName(WindowText("Files"));
     setSelectionMode(ExtendedSelection);
     setTextElideMode(Qt::ElideMiddle);
@@ -88,7 +89,7 @@ void FileList::dropEvent(QDropEvent* event)
     QListWidget::dropEvent(event);
     Number();
     if (Paths() != before)
-        QTimer::singleShot(0, this, m_reordered);
+        m_afterDrag.start(0);
 }
 
 void FileList::paintEvent(QPaintEvent* event)

@@ -3,6 +3,7 @@
 
 #include <QByteArrayList>
 #include <QListWidget>
+#include <QTimer>
 
 #include <functional>
 #include <string>
@@ -39,6 +40,7 @@ private:
     void Number();
 
     const std::function<void()> m_reordered;
+    QTimer m_afterDrag;
 };
 
 } // namespace atlashost
