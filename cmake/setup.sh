@@ -4,7 +4,8 @@ build_packages=(g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev qt6-base
 test_packages=(libgtest-dev libbenchmark-dev binutils xvfb xauth openbox xdotool
   weston qt6-wayland qt6-translations-l10n dpkg-dev file pkgconf
   libx11-dev python3 python3-pytest python3-matplotlib)
-check_packages=(clang clang-format clang-tidy libclang-rt-dev lintian mypy mkdocs python3-pygments doxygen)
+check_packages=(clang clang-format clang-tidy libclang-rt-dev lintian mypy mkdocs python3-pygments doxygen appstream
+  desktop-file-utils)
 
 # Prints the packages of the named lists ("build", "test", "check") that are not installed.
 missing_packages() {

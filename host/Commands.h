@@ -6,7 +6,9 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace atlashost
 {
@@ -42,8 +44,9 @@ int PlotCurves(std::span<const char* const> paths, const PlotTarget& target);
 int ShowTable(std::int16_t fileColumn);
 
 // Shows the files in a window, in which more can be opened and the styles can be edited, until the user
-// closes it. Needs the QtApplication.
-int ShowWindow(std::string_view hostName, std::span<const char* const> paths);
+// closes it. The errors, of the program's start, are shown there too. Needs the QtApplication.
+int ShowWindow(std::string_view hostName, std::span<const char* const> paths,
+               std::vector<std::string> startErrors);
 
 // Shows the editor of the styles. Returns Succeeded after OK, Cancelled after Cancel, Failed if it can't be
 // shown.

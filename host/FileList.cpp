@@ -1,7 +1,14 @@
 #include "FileList.h"
 
+#include "FileLimit.h"
+#include "WindowText.h"
+
 #include <QFile>
 #include <QFileInfo>
+#include <QPainter>
+
+#include <algorithm>
+#include <utility>
 
 namespace atlashost
 {
@@ -9,11 +16,17 @@ namespace
 {
 
 constexpr int PathRole = Qt::UserRole;
+constexpr int HintMargin = 12;
 
 } // namespace
 
-FileList::FileList(QWidget* parent) : QListWidget{parent}
+FileList::FileList(std::function<void()> reordered, QWidget* parent)
+    : QListWidget{parent}, m_reordered{std::move(reordered)}
 {
+    setDragDropMode(InternalMove);
+    m_afterDrag.setSingleShot(true);
+    connect(&m_afterDrag, &QTimer::timeout, this, [this] { m_reordered(); });
+    setAccessibleName(WindowText("Files"));
     setSelectionMode(ExtendedSelection);
     setTextElideMode(Qt::ElideMiddle);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -24,7 +37,8 @@ void FileList::Add(const QByteArrayList& paths)
     for (const QByteArray& path : paths) {
         auto* const file = new QListWidgetItem{this};
         file->setData(PathRole, path);
-        file->setToolTip(QFileInfo{QFile::decodeName(path)}.absoluteFilePath());
+        file->setFlags(file->flags() &
+                       ~Qt::ItemIsDropEnabled); // files are dropped between others, not on them
     }
     Number();
 }
@@ -37,6 +51,28 @@ bool FileList::RemoveSelected()
     return !selected.empty();
 }
 
+bool FileList::MoveSelected(Direction direction)
+{
+    std::vector<int> rows;
+    for (const QModelIndex& index : selectedIndexes())
+        rows.push_back(index.row());
+    std::ranges::sort(rows);
+    const int step = direction == Direction::Up ? -1 : 1;
+    if (direction == Direction::Down)
+        std::ranges::reverse(rows);
+    if (rows.empty() || rows.front() + step < 0 || rows.front() + step >= count())
+        return false;
+    QListWidgetItem* const current = currentItem();
+    for (const int row : rows) {
+        QListWidgetItem* const file = takeItem(row);
+        insertItem(row + step, file);
+        file->setSelected(true);
+    }
+    setCurrentItem(current, QItemSelectionModel::NoUpdate);
+    Number();
+    return true;
+}
+
 std::vector<std::string> FileList::Paths() const
 {
     std::vector<std::string> paths;
@@ -46,11 +82,38 @@ std::vector<std::string> FileList::Paths() const
     return paths;
 }
 
+// The base moves the files before the drag ends.
+void FileList::dropEvent(QDropEvent* event)
+{
+    const std::vector<std::string> before = Paths();
+    QListWidget::dropEvent(event);
+    Number();
+    if (Paths() != before)
+        m_afterDrag.start(0);
+}
+
+void FileList::paintEvent(QPaintEvent* event)
+{
+    QListWidget::paintEvent(event);
+    if (count() > 0)
+        return;
+    QPainter painter{viewport()};
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const QRect room = viewport()->rect().adjusted(HintMargin, HintMargin, -HintMargin, -HintMargin);
+    painter.drawText(room, Qt::AlignTop | Qt::TextWordWrap,
+                     WindowText("The files, each with its number. The number decides the style: drag a file "
+                                "to another place to change it."));
+}
+
 void FileList::Number()
 {
     for (int row = 0; row < count(); ++row) {
-        const QString name = QFileInfo{QFile::decodeName(item(row)->data(PathRole).toByteArray())}.fileName();
-        item(row)->setText(QString::number(row + 1) + "  " + name);
+        QListWidgetItem& file = *item(row);
+        const QFileInfo info{QFile::decodeName(file.data(PathRole).toByteArray())};
+        const bool hasStyles = HasStyles(static_cast<std::size_t>(row));
+        file.setText(QString::number(row + 1) + "  " + info.fileName());
+        file.setToolTip(info.absoluteFilePath() + (hasStyles ? "" : '\n' + WindowText("without a style")));
+        file.setForeground(palette().brush(hasStyles ? QPalette::Text : QPalette::PlaceholderText));
     }
 }
 

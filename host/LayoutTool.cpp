@@ -62,7 +62,7 @@ std::string ReadAll(int descriptor)
 
 } // namespace
 
-ToolResult RunLayoutTool(const std::vector<std::string>& arguments)
+ToolResult RunLayoutTool(const std::vector<std::string>& arguments, ToolErrors errors)
 {
     const std::string path = ToolPath();
     std::signal(SIGCHLD, SIG_DFL); // where a parent has left it ignored, the tool's exit status would be lost
@@ -72,6 +72,8 @@ ToolResult RunLayoutTool(const std::vector<std::string>& arguments)
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+    if (errors == ToolErrors::InOutput)
+        posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
     pid_t child = 0;
     const int error =
         posix_spawn(&child, path.c_str(), &actions, nullptr, WithName(arguments).data(), environ);

@@ -1,8 +1,15 @@
 #include "MainWindow.h"
 
+#include "FileLimit.h"
 #include "FileList.h"
+#include "HelpMenu.h"
+#include "MessageBox.h"
 #include "PlotCommands.h"
 #include "PlotView.h"
+#include "RecentFiles.h"
+#include "StartPage.h"
+#include "StyleCheckDialog.h"
+#include "WindowMemory.h"
 #include "WindowText.h"
 
 #include <QActionGroup>
@@ -12,7 +19,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScopeGuard>
@@ -58,26 +64,32 @@ std::size_t CurveCount(const Plot& plot)
 MainWindow::MainWindow(const QString& hostName, LibraryCalls calls) : m_hostName{hostName}, m_calls{calls}
 {
     setWindowTitle(WindowText("Curves") + (hostName.isEmpty() ? "" : " - " + hostName));
+    setObjectName("curves");
     setAcceptDrops(true);
     MakeParts();
     MakeMenus();
     ReadFiles();
     resize(FittingSize(*this, GoodWindow));
+    RestoreWindow(*this);
 }
 
 void MainWindow::MakeParts()
 {
-    m_files = new FileList;
+    m_files = new FileList{[this] { ReadFiles(); }};
     m_remarks = new QPlainTextEdit;
     m_remarks->setReadOnly(true);
     m_remarks->setAcceptDrops(false);
     m_remarks->setMaximumBlockCount(MaxRemarks);
     m_view = new PlotView{m_plot};
+    m_check = new StyleCheckDialog{
+        m_plot, [this](std::vector<CurvePlace> curves) { m_view->Mark(std::move(curves)); }, this};
     auto* const side = new QSplitter{Qt::Vertical};
+    side->setObjectName("side");
     side->addWidget(m_files);
     side->addWidget(m_remarks);
     side->setSizes({GoodWindow.height() - RemarksHeight, RemarksHeight});
     auto* const all = new QSplitter;
+    all->setObjectName("all");
     all->addWidget(side);
     all->addWidget(m_view);
     all->setSizes({SideWidth, GoodWindow.width() - SideWidth});
@@ -93,7 +105,13 @@ void MainWindow::MakeMenus()
     m_commands->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
     QMenu& file = *menuBar()->addMenu(WindowText("&File"));
     AddCommand(file, WindowText("&Open..."), Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
+    m_start = new StartPage{*m_commands->actions().constFirst(), *m_view};
+    m_recent = new RecentFiles{[this](const QByteArrayList& paths) { AddFiles(paths); },
+                               [this](const QString& message) { Warn(message); }, this};
+    m_commands->addAction(file.addMenu(m_recent));
     AddCommand(file, WindowText("&Remove from list"), Qt::Key_Delete, &MainWindow::RemoveFiles);
+    AddCommand(file, WindowText("Move &up"), Qt::ALT | Qt::Key_Up, &MainWindow::MoveFilesUp);
+    AddCommand(file, WindowText("Move &down"), Qt::ALT | Qt::Key_Down, &MainWindow::MoveFilesDown);
     AddCommand(file, WindowText("Read &again"), Qt::Key_F5, &MainWindow::ReadFiles);
     const auto& plotCommands = *new PlotCommands{*m_view};
     file.addActions(plotCommands.ForFiles());
@@ -102,8 +120,10 @@ void MainWindow::MakeMenus()
     menuBar()->addMenu(WindowText("&View"))->addActions(plotCommands.ForView());
     QMenu& styles = *menuBar()->addMenu(WindowText("&Styles"));
     AddCommand(styles, WindowText("&Curve styles..."), Qt::CTRL | Qt::Key_E, &MainWindow::EditStyles);
+    AddCommand(styles, WindowText("C&heck styles..."), Qt::CTRL | Qt::Key_K, &MainWindow::CheckStyles);
     AddCommand(styles, WindowText("&Reload styles"), Qt::CTRL | Qt::Key_R, &MainWindow::ReloadStyles);
     AddCommand(styles, WindowText("Switch &user..."), Qt::CTRL | Qt::Key_U, &MainWindow::SwitchUser);
+    AddHelpMenu(*this);
 }
 
 void MainWindow::AddCommand(QMenu& menu, const QString& text, const QKeySequence& keys,
@@ -115,13 +135,24 @@ void MainWindow::AddCommand(QMenu& menu, const QString& text, const QKeySequence
 void MainWindow::AddFiles(const QByteArrayList& paths)
 {
     m_files->Add(paths);
+    m_recent->Add(paths);
+    ReadFiles();
+    const std::string remark = FileLimitRemark(m_files->Paths().size());
+    if (!paths.empty() && !remark.empty())
+        Warn(QString::fromStdString(remark));
+}
+
+void MainWindow::SetStartErrors(std::vector<std::string> errors)
+{
+    m_startErrors = std::move(errors);
     ReadFiles();
 }
 
 void MainWindow::OpenFiles()
 {
-    const QStringList names = QFileDialog::getOpenFileNames(
-        this, WindowText("Open measured files"), {}, WindowText("Measured data (*.csv);;All files (*)"));
+    const QStringList names =
+        QFileDialog::getOpenFileNames(this, WindowText("Open measured files"), {},
+                                      WindowText("Measured data (*.csv *.tsv *.txt *.dat);;All files (*)"));
     QByteArrayList paths;
     for (const QString& name : names)
         paths.append(QFile::encodeName(name));
@@ -137,6 +168,18 @@ void MainWindow::RemoveFiles()
         statusBar()->showMessage(WindowText("Select files in the list first."), MessageTime);
 }
 
+void MainWindow::MoveFilesUp()
+{
+    if (m_files->MoveSelected(FileList::Direction::Up))
+        ReadFiles();
+}
+
+void MainWindow::MoveFilesDown()
+{
+    if (m_files->MoveSelected(FileList::Direction::Down))
+        ReadFiles();
+}
+
 void MainWindow::ReadFiles()
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -148,6 +191,9 @@ void MainWindow::ReadFiles()
     const auto report = [this](const std::string& message) {
         m_remarks->appendPlainText(QString::fromStdString(message));
     };
+    std::ranges::for_each(m_startErrors, report);
+    if (const std::string remark = FileLimitRemark(paths.size()); !remark.empty())
+        report(remark);
     try {
         m_plot = ReadPlot(pointers, report);
     } catch (const std::exception& error) { // too many readings
@@ -155,9 +201,10 @@ void MainWindow::ReadFiles()
         report(error.what());
     }
     m_remarks->setVisible(!m_remarks->document()->isEmpty());
-    m_view->SetHint(paths.empty() ? WindowText("Open measured files (Ctrl+O), or drop them here.")
-                                  : WindowText("There is no curve to plot."));
+    m_start->setVisible(paths.empty());
+    m_view->SetHint(paths.empty() ? QString{} : WindowText("There is no curve to plot."));
     m_view->ShowNewPlot();
+    m_check->Renew();
     ShowCounts();
 }
 
@@ -169,6 +216,11 @@ void MainWindow::EditStyles()
         ShowNewStyles(WindowText("The new styles are in force."));
     else if (result != STYLEATLAS_EDIT_CANCELLED)
         Warn(WindowText("The editor of the styles cannot be shown."));
+}
+
+void MainWindow::CheckStyles()
+{
+    m_check->BringUp();
 }
 
 void MainWindow::ReloadStyles()
@@ -201,9 +253,11 @@ void MainWindow::CallLibrary(const std::function<void()>& call)
 {
     m_commands->setEnabled(false);
     setAcceptDrops(false);
+    m_files->setAcceptDrops(false);
     statusBar()->clearMessage();
     call();
     setAcceptDrops(true);
+    m_files->setAcceptDrops(true);
     m_commands->setEnabled(true);
 }
 
@@ -211,6 +265,7 @@ void MainWindow::ShowNewStyles(const QString& message)
 {
     RenewStyles(m_plot);
     m_view->ShowNewStyles();
+    m_check->Renew();
     statusBar()->showMessage(message, MessageTime);
 }
 
@@ -224,9 +279,13 @@ void MainWindow::ShowCounts()
 void MainWindow::Warn(const QString& text)
 {
     statusBar()->showMessage(text, MessageTime);
-    auto* const box = new QMessageBox{QMessageBox::Warning, windowTitle(), text, QMessageBox::Ok, this};
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    ShowMessage(*this, QMessageBox::Warning, text);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    KeepWindow(*this);
+    QMainWindow::closeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

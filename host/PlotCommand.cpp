@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "FileLimit.h"
 #include "PictureFile.h"
 #include "PlotData.h"
 #include "PlotLayout.h"
@@ -54,6 +55,8 @@ void ShowWindow(const Plot& plot)
 
 int PlotCurves(std::span<const char* const> paths, const PlotTarget& target)
 {
+    if (const std::string remark = FileLimitRemark(paths.size()); !remark.empty())
+        PrintError(remark);
     const Plot plot = ReadPlot(paths, PrintError);
     if (plot.panels.empty()) {
         PrintError(Text("there is no curve to plot"));

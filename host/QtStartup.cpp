@@ -1,6 +1,7 @@
 #include "QtStartup.h"
 
 #include "Commands.h"
+#include "ProgramIcon.h"
 #include "Report.h"
 #include "Texts.h"
 
@@ -55,6 +56,8 @@ QtApplication::QtApplication()
 {
     ExitWhereQtWouldAbort();
     QApplication& application = m_application.emplace(m_count, m_words);
+    QApplication::setDesktopFileName(ProgramName);
+    QApplication::setWindowIcon(ProgramIcon());
     auto* const texts = new QTranslator{&application};
     if (texts->load(QLocale{}, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(texts);

@@ -31,7 +31,7 @@ QLineEdit* AddField(QFormLayout& layout, const QString& label, const QString& te
 
 UserSettings FirstSettings(const QString& hostName)
 {
-    const ToolResult result = RunLayoutTool({"key", "--", hostName.toStdString()});
+    const ToolResult result = RunLayoutTool({"key", "--", hostName.toStdString()}, ToolErrors::Printed);
     if (result.status != Succeeded)
         throw std::runtime_error{Text("the settings of this host cannot be found out")};
     const QString key = QString::fromStdString(result.output).trimmed();

@@ -7,13 +7,16 @@
 #include "Texts.h"
 
 #include <string>
+#include <utility>
 
 namespace atlashost
 {
 
-int ShowWindow(std::string_view hostName, std::span<const char* const> paths)
+int ShowWindow(std::string_view hostName, std::span<const char* const> paths,
+               std::vector<std::string> startErrors)
 {
     MainWindow window{QString::fromUtf8(hostName.data(), static_cast<qsizetype>(hostName.size()))};
+    window.SetStartErrors(std::move(startErrors));
     window.AddFiles({paths.begin(), paths.end()});
     window.show();
     QApplication::exec();

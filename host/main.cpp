@@ -18,6 +18,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace atlashost
 {
@@ -32,26 +34,33 @@ bool HasWindow(const Options& options)
            (options.action == Action::Plot && options.plot.path == nullptr);
 }
 
-ToolResult PrepareFolder(std::string_view hostName)
+ToolResult PrepareFolder(std::string_view hostName, ToolErrors errors)
 {
-    return RunLayoutTool({"prepare", "--", std::string{hostName}});
+    return RunLayoutTool({"prepare", "--", std::string{hostName}}, errors);
 }
 
-// Makes the folder of the layout. Without it a layout cannot be saved, but the styles are shown all the same.
-// False if the name of the host is not a valid one.
-bool PrepareHost(std::string_view hostName)
+// Makes the folder of the layout. Without it a layout cannot be saved, but the styles are shown all the same:
+// errors are printed and, for a window that was started without a terminal, added to the list. False if the
+// name of the host is not a valid one.
+bool PrepareHost(std::string_view hostName, std::vector<std::string>& errors)
 {
     try {
-        return PrepareFolder(hostName).status != WrongUsage;
+        const ToolResult result = PrepareFolder(hostName, ToolErrors::InOutput);
+        if (result.status == Succeeded)
+            return true;
+        std::cerr << result.output;
+        errors.push_back(result.output.substr(0, result.output.find_last_not_of('\n') + 1));
+        return result.status != WrongUsage;
     } catch (const std::runtime_error& error) {
         PrintError(error.what());
+        errors.emplace_back(error.what());
         return true;
     }
 }
 
 int PrintFolder(std::string_view hostName)
 {
-    const ToolResult result = PrepareFolder(hostName);
+    const ToolResult result = PrepareFolder(hostName, ToolErrors::Printed);
     std::cout << result.output;
     return result.status;
 }
@@ -60,7 +69,8 @@ int PrintFolder(std::string_view hostName)
 // Qt would.
 int RunAsHost(const Options& options)
 {
-    if (!PrepareHost(options.hostName))
+    std::vector<std::string> startErrors;
+    if (!PrepareHost(options.hostName, startErrors))
         return WrongUsage;
     std::optional<QtApplication> application;
     if (HasWindow(options)) {
@@ -81,7 +91,7 @@ int RunAsHost(const Options& options)
     case Action::Plot:
         return PlotCurves(options.files, options.plot);
     case Action::Window:
-        return ShowWindow(options.hostName, options.files);
+        return ShowWindow(options.hostName, options.files, std::move(startErrors));
     case Action::Edit:
         return ShowEditor();
     default:

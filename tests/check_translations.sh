@@ -7,6 +7,7 @@ texts=$(mktemp)
 trap 'rm -f "$texts"' EXIT
 for section in Host Tool; do
     [ $section = Host ] && sources=(host/*.cpp) || sources=(tools/*.cpp)
+    sources+=(bindings/distinct/*.cpp)
     xgettext --c++ --from-code=UTF-8 --keyword=Text --keyword=WindowText --keyword=Marked --keyword=text --no-location \
         --omit-header -o - "${sources[@]}" | sed "s/^msgid/msgctxt \"$section\"\n&/"
 done >"$texts"

@@ -14,11 +14,12 @@ using namespace atlashost;
 int answer = -1;
 QString calls;
 QAction* reload = nullptr;
+const QMainWindow* shown = nullptr;
 
 const LibraryCalls ownCalls{
     [](std::uintptr_t parent) {
         const bool isGuarded =
-            !reload->isEnabled() && !QApplication::topLevelWidgets().front()->acceptDrops();
+            !reload->isEnabled() && !shown->acceptDrops() && !shown->findChild<QListWidget*>()->acceptDrops();
         calls += parent != 0 && isGuarded ? "edit " : "edit within a call ";
         StyleAtlasSetApplication(u"Tandrell"); // has other default styles
         return answer;
@@ -40,6 +41,7 @@ TEST(HostWindow, DoesWhatItsMenusSay)
     ownCalls.reload();
     MainWindow window{"AirLab", ownCalls};
     window.show();
+    shown = &window;
     const auto picture = [&window] { return window.centralWidget()->grab().toImage(); };
     const auto drop = [&window](const QList<QUrl>& urls) {
         QMimeData data;
@@ -131,6 +133,115 @@ TEST(HostWindow, DoesWhatItsMenusSay)
     EXPECT_EQ(picture(), hint);
     find("&Quit")->trigger();
     EXPECT_FALSE(window.isVisible());
+}
+
+TEST(HostWindow, ChecksStylesAndKeepsWhatItWas)
+{
+    const test::TempPrefix prefix;
+    const test::ScopedVariable catalogue{"MENSURA_CATALOGUE", nullptr};
+    const test::ScopedVariable language{"LANGUAGE", "en"};
+    int count = 1;
+    char name[] = "host_window_test";
+    char* words[] = {name, nullptr};
+    const QApplication application{count, words};
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
+    ownCalls.reload();
+    std::optional<MainWindow> window{std::in_place, "AirLab", ownCalls};
+    window->show();
+    const auto trigger = [&window](const QString& text) {
+        const QList<QAction*> actions = window->findChildren<QAction*>();
+        const auto found = std::ranges::find(actions, text, &QAction::text);
+        ASSERT_NE(found, actions.end()) << text.toStdString();
+        (*found)->trigger();
+    };
+    const auto message = [&window] {
+        const std::unique_ptr<QMessageBox> box{window->findChild<QMessageBox*>()};
+        return box ? box->text() : "";
+    };
+    const auto remarks = [&window] { return window->findChild<QPlainTextEdit*>()->toPlainText(); };
+    EXPECT_TRUE(window->centralWidget()->findChild<QPushButton*>()->isVisible());
+    window->SetStartErrors({"no folder"});
+    EXPECT_EQ(remarks(), "no folder");
+
+    const auto month = [](int number) {
+        return QByteArray{DATA_FOLDER "/airquality-1973-0"} + QByteArray::number(number) + ".csv";
+    };
+    window->AddFiles({month(5), month(6)});
+    EXPECT_FALSE(window->centralWidget()->findChild<QPushButton*>()->isVisible());
+    trigger("C&heck styles...");
+    auto& list = *window->findChild<QTreeWidget*>();
+    auto& dialog = dynamic_cast<QDialog&>(*list.window());
+    EXPECT_FALSE(dialog.isModal());
+    EXPECT_TRUE(dialog.findChild<QLabel*>()->text().startsWith("None:"));
+    window->AddFiles({month(7), month(8)});
+    ASSERT_EQ(list.topLevelItemCount(), 8) << "two pairs a panel";
+    const auto cells = [&list] {
+        QStringList texts;
+        for (int column = 0; column < 4; ++column)
+            texts += list.topLevelItem(0)->text(column);
+        return texts.join('|');
+    };
+    EXPECT_EQ(cells(), "Ozone, mean of 13:00 to 15:00|2  airquality-1973-06|4  airquality-1973-08|"
+                       "too close in colour: greyscale 5.3, protan (red-blind) 2.0");
+    const auto picture = [&window] {
+        return qobject_cast<QSplitter*>(window->centralWidget())->widget(1)->grab().toImage();
+    };
+    const QImage before = picture();
+    QKeyEvent enter{QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier};
+    QCoreApplication::sendEvent(&list, &enter);
+    EXPECT_NE(picture(), before);
+    dialog.close();
+    EXPECT_EQ(picture(), before);
+    trigger("C&heck styles...");
+    const QString first = cells();
+    answer = STYLEATLAS_EDIT_OK;
+    reload = window->findChild<QAction*>();
+    shown = &*window;
+    trigger("&Curve styles...");
+    EXPECT_TRUE(list.topLevelItemCount() != 8 || cells() != first) << "other styles";
+    trigger("&Reload styles");
+    dialog.close();
+
+    auto& files = *window->findChild<QListWidget*>();
+    files.setCurrentRow(2);
+    trigger("Move &up");
+    trigger("Move &up");
+    trigger("Move &up"); // is the first already
+    EXPECT_EQ(files.item(0)->text(), "1  airquality-1973-07.csv");
+    EXPECT_EQ(files.item(2)->text(), "3  airquality-1973-06.csv");
+    EXPECT_TRUE(files.item(0)->isSelected());
+    EXPECT_NE(picture(), before) << "the number decides the style";
+    trigger("Move &down");
+    trigger("Move &down");
+    EXPECT_EQ(picture(), before);
+    EXPECT_EQ(message(), "");
+    window->AddFiles({29, month(9)});
+    EXPECT_TRUE(message().startsWith("There are styles for 32 files only: the curves of file 33 "));
+    EXPECT_TRUE(remarks().contains("file 33 "));
+
+    trigger("&Manual");
+    EXPECT_TRUE(message().startsWith("The manual is not installed."));
+    trigger("&About Atlas Host");
+    const QString about = message();
+    EXPECT_TRUE(about.contains(ATLAS_HOST_VERSION) && about.contains(qVersion()) &&
+                about.contains("Licence"));
+    const QString gone = QString::fromStdString(prefix.Path() / "gone.csv");
+    test::WriteWhole(gone.toStdString(), "Date,Ozone\n1,2\n");
+    window->AddFiles({gone.toUtf8()});
+    QFile::remove(gone);
+    delete window->findChild<QMessageBox*>();
+    window->resize(700, 500);
+    window->close();
+    window.emplace("AirLab", ownCalls);
+    EXPECT_EQ(window->size(), QSize(700, 500));
+    trigger("&1  " + gone);
+    EXPECT_TRUE(message().startsWith(gone + " is no longer there."));
+    trigger("&1  " + month(9));
+    EXPECT_EQ(window->findChild<QListWidget*>()->count(), 1);
+    trigger("&Clear list");
+    const QList<QAction*> left = window->findChildren<QAction*>();
+    EXPECT_TRUE(
+        std::ranges::none_of(left, [](const QAction* action) { return action->text().startsWith("&1"); }));
 }
 
 } // namespace

@@ -9,7 +9,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 unset STYLEATLAS_PREFIX MENSURA_CATALOGUE GLOSSA_LOCALEDIR DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
-export XDG_DATA_HOME=$work/data LC_ALL=C
+export XDG_DATA_HOME=$work/data XDG_CONFIG_HOME=$work/config LC_ALL=C
 warnings='-Wall -Wextra -Wpedantic -Werror'
 
 fail() {

@@ -6,14 +6,13 @@
 #include "Runs.h"
 #include "Texts.h"
 
-#include <bindings/distinct/Likeness.h>
+#include <bindings/distinct/LikenessWords.h>
 #include <bindings/terminal/CommandLine.h>
 #include <bindings/terminal/StyleWords.h>
 #include <bindings/terminal/Text.h>
 #include <model/Palette.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <iostream>
 #include <map>
 #include <set>
@@ -83,29 +82,6 @@ Color GroundOf(const Options& options)
             return {named.Color};
     }
     throw UsageError{Text("\"%1\" is neither a colour as #FFFFFF nor the name of one", {Printable(text)})};
-}
-
-std::string OneDecimal(double value)
-{
-    char text[32];
-    std::snprintf(text, sizeof text, "%.1f", value);
-    return text;
-}
-
-std::string SightWords(Sight sight)
-{
-    switch (sight) {
-    case Sight::Normal:
-        return Text("normal sight");
-    case Sight::Greyscale:
-        return Text("greyscale");
-    case Sight::Protan:
-        return Text("protan (red-blind)");
-    case Sight::Deutan:
-        return Text("deutan (green-blind)");
-    default:
-        return Text("tritan (blue-blind)");
-    }
 }
 
 // The curves that look alike.
@@ -218,12 +194,9 @@ private:
 
     static bool PrintPair(const Group& one, const Group& other, const std::vector<Closeness>& close)
     {
-        std::string words;
-        for (const auto& [sight, difference] : close)
-            words += (words.empty() ? "" : ", ") + SightWords(sight) + " " + OneDecimal(difference);
         if (close.empty())
             return false;
-        std::cout << Text("too close in colour: %1", {words}) << '\n';
+        std::cout << Text("too close in colour: %1", {InWords(close, Text)}) << '\n';
         PrintGroup(one);
         PrintGroup(other);
         return true;
