@@ -4,7 +4,6 @@
 
 #include <dialogs/CurveLayoutDlg.h>
 #include <dialogs/resource.h>
-#include <malloc.h>
 
 namespace
 {
@@ -166,24 +165,6 @@ TEST(CurveDialog, NamesTheQuantityAndShowsPicturesAndALightGroundWhereTheRecords
         };
         Edit(list, user, &quantity);
     }
-}
-
-// Qt's own memory has stopped growing after some hundred rounds.
-TEST(CurveDialog, TakesNoMoreMemoryWithEachRound)
-{
-    constexpr int rounds = 300;
-    constexpr std::size_t tolerance = 32 << 10;
-    k_LineDefList list;
-    list.Add(new k_LineDef);
-    std::size_t before = 0;
-    for (int round = 0; round <= 2 * rounds; ++round) {
-        if (round == rounds)
-            before = mallinfo2().uordblks;
-        Edit(
-            list, [](const k_CurveLayoutDlg&) {}, nullptr);
-        test::Settle();
-    }
-    EXPECT_LE(mallinfo2().uordblks, before + tolerance);
 }
 
 } // namespace
