@@ -2,6 +2,7 @@
 
 #include "ColorMessages.h"
 #include "ColorPopup.h"
+#include "SelectedObject.h"
 #include "StyleWords.h"
 
 #include <algorithm>
@@ -137,10 +138,9 @@ void k_ColorPicker::PaintSwatch(CDC* dc, CRect rect, UINT state) const
 {
     const bool noColor = (state & ODS_DISABLED) != 0 || m_color == CLR_DEFAULT || m_mixed != FALSE;
     CBrush brush(noColor ? ::GetSysColor(COLOR_BTNFACE) : m_color);
-    CBrush* const previous = dc->SelectObject(&brush);
+    const k_SelectedObject selected(*dc, brush);
     dc->SelectStockObject(NULL_PEN);
     dc->Rectangle(&rect);
-    dc->SelectObject(previous);
 }
 
 // ---- The popup

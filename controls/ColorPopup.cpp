@@ -8,7 +8,6 @@
 namespace
 {
 
-constexpr int minSwatchSize = 5;
 constexpr int initialSize = 100; // of the window, until the layout is known
 constexpr UINT_PTR toolId = 1;
 constexpr DWORD firstMajorWithPaddedBorder = 6;
@@ -29,13 +28,11 @@ static_assert(offsetof(k_LogPalette, Entries) == offsetof(LOGPALETTE, palPalEntr
 
 LOGFONTW MessageFont()
 {
-    OSVERSIONINFOW version{};
-    version.dwOSVersionInfoSize = sizeof version;
+    OSVERSIONINFOW version{sizeof version, 0, 0, 0, 0, {}};
     ::GetVersionExW(&version);
     NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    if (version.dwMajorVersion < firstMajorWithPaddedBorder)
-        metrics.cbSize -= sizeof metrics.iPaddedBorderWidth;
+    const bool isPadded = version.dwMajorVersion >= firstMajorWithPaddedBorder;
+    metrics.cbSize = sizeof metrics - (isPadded ? 0 : sizeof metrics.iPaddedBorderWidth);
     ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
     return metrics.lfMessageFont;
 }
@@ -78,9 +75,6 @@ k_ColorPopup::~k_ColorPopup() = default;
 
 void k_ColorPopup::Setup()
 {
-    if (m_cellSize - 2 * m_margin - 2 < minSwatchSize)
-        m_cellSize = 2 * m_margin + 2 + minSwatchSize;
-
     const LOGFONTW font = MessageFont();
     m_font.CreateFontIndirect(&font);
 

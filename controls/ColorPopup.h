@@ -4,6 +4,7 @@
 #pragma once
 
 #include <afxwin.h>
+#include <algorithm>
 #include <model/Palette.h>
 
 // A cell is the index of a colour in k_Palette, or one of these.
@@ -89,10 +90,10 @@ private:
     int m_colorCount = k_PaletteSize;
     int m_columns = 0;
     int m_rows = 0;
-    int m_cellSize = 18;
-    int m_margin = ::GetSystemMetrics(SM_CXEDGE); // the unit of all distances
-    int m_hotCell = CELL_NONE;                    // selected by mouse or keyboard
-    int m_chosenCell = CELL_NONE;                 // cell of the initial colour
+    int m_cellSize = std::max(18, 2 * ::GetSystemMetrics(SM_CXEDGE) + 7); // a swatch of 5 pixels at least
+    int m_margin = ::GetSystemMetrics(SM_CXEDGE);                         // the unit of all distances
+    int m_hotCell = CELL_NONE;                                            // selected by mouse or keyboard
+    int m_chosenCell = CELL_NONE;                                         // cell of the initial colour
     CString m_defaultText;
     CString m_moreText;
     RECT m_moreRect{};

@@ -1,5 +1,6 @@
 // The layout of the colour popup: its size, its position on the screen, and the rectangles of its cells.
 #include "ColorPopup.h"
+#include "SelectedObject.h"
 
 #include <algorithm>
 
@@ -32,14 +33,13 @@ SIZE k_ColorPopup::TextSize()
     if (!HasDefault() && !HasMore())
         return largest;
     CClientDC dc(this);
-    CFont* const previous = dc.SelectObject(&m_font);
+    const k_SelectedObject selected(dc, m_font);
     for (const CString* text : {&m_defaultText, &m_moreText}) {
         if (text->IsEmpty())
             continue;
         const SIZE size = dc.GetTextExtent(*text);
         largest = {std::max(largest.cx, size.cx), std::max(largest.cy, size.cy)};
     }
-    dc.SelectObject(previous);
     return {largest.cx + 2 * m_margin, largest.cy + 4 * m_margin + 2};
 }
 

@@ -1,5 +1,6 @@
 // The painting of the colour popup.
 #include "ColorPopup.h"
+#include "SelectedObject.h"
 
 namespace
 {
@@ -62,10 +63,9 @@ void k_ColorPopup::PaintDefaultCell(CDC* dc)
     CRect frame(rect);
     frame.InflateRect(-2 * m_margin, -2 * m_margin);
     CPen pen(PS_SOLID, 1, ::GetSysColor(COLOR_BTNSHADOW));
-    CPen* const previousPen = dc->SelectObject(&pen);
+    const k_SelectedObject selected(*dc, pen);
     dc->SelectStockObject(NULL_BRUSH);
     dc->Rectangle(&frame);
-    dc->SelectObject(previousPen);
 
     PaintMarkedEdge(dc, CELL_DEFAULT, rect);
     PaintText(dc, m_defaultText, rect);
@@ -89,21 +89,18 @@ void k_ColorPopup::PaintSwatch(CDC* dc, COLORREF color, const CRect& rect) const
 {
     CBrush brush(paletteRelative + color);
     CPen pen(PS_SOLID, 1, ::GetSysColor(COLOR_BTNSHADOW));
-    CBrush* const previousBrush = dc->SelectObject(&brush);
-    CPen* const previousPen = dc->SelectObject(&pen);
+    const k_SelectedObject selectedBrush(*dc, brush);
+    const k_SelectedObject selectedPen(*dc, pen);
     CRect swatch(rect);
     swatch.InflateRect(-(m_margin + 1), -(m_margin + 1));
     dc->Rectangle(&swatch);
-    dc->SelectObject(previousBrush);
-    dc->SelectObject(previousPen);
 }
 
 void k_ColorPopup::PaintText(CDC* dc, const CString& text, CRect rect)
 {
-    CFont* const previous = dc->SelectObject(&m_font);
+    const k_SelectedObject selected(*dc, m_font);
     dc->SetBkMode(TRANSPARENT);
     dc->DrawText(text, &rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-    dc->SelectObject(previous);
 }
 
 COLORREF k_ColorPopup::MarkedFill(int cell, int lighterColor) const

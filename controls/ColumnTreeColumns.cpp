@@ -74,8 +74,7 @@ void k_ColumnTreeCtrl::OnHeaderItemChanging(NMHEADERW& notification, LRESULT* pR
 
 bool k_ColumnTreeCtrl::HasVerticalBar()
 {
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
+    SCROLLINFO info{sizeof(SCROLLINFO), 0, 0, 0, 0, 0, 0};
     return m_Tree.GetScrollInfo(SB_VERT, &info, SIF_ALL) != FALSE && info.nMin != info.nMax;
 }
 
@@ -100,8 +99,7 @@ void k_ColumnTreeCtrl::UpdateScroller()
 // bar thus stays in place.
 void k_ColumnTreeCtrl::PlaceWindows(bool hasVerticalBar)
 {
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = GetClient();
     const int width = client.Width();
     const int height = client.Height();
     const int barWidth = ::GetSystemMetrics(SM_CXVSCROLL);
@@ -110,12 +108,8 @@ void k_ColumnTreeCtrl::PlaceWindows(bool hasVerticalBar)
     const int total = m_totalWidth + verticalBar;
 
     m_xOffset = std::max(std::min(m_xOffset, total - width), 0);
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nMax = total;
-    info.nPage = static_cast<UINT>(width);
-    info.nPos = m_xOffset;
+    SCROLLINFO info{
+        sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, total, static_cast<UINT>(width), m_xOffset, 0};
     m_HorScroll.SetScrollInfo(SB_CTL, &info, TRUE);
 
     const int position = width < total ? ::GetScrollPos(m_HorScroll.m_hWnd, SB_CTL) : 0;
@@ -144,9 +138,7 @@ int k_ColumnTreeCtrl::GetLineStep() const
 
 void k_ColumnTreeCtrl::OnHScroll(UINT nSBCode, UINT nPos, CWnd* pScrollBar)
 {
-    CRect client;
-    GetClientRect(&client);
-    const int width = client.Width();
+    const int width = GetClient().Width();
     const int total = GetScrolledWidth();
     int position = m_xOffset;
     switch (nSBCode) {

@@ -55,16 +55,13 @@ void k_ColumnTreeCtrl::Initialize()
 {
     if (m_Tree.m_hWnd != nullptr)
         return;
-    CRect client;
-    GetClientRect(&client);
+    const CRect client = GetClient();
     m_Tree.Create(treeStyle, CRect(), this, treeId);
     m_Header.Create(headerStyle, client, this, headerId);
     m_CornerHeader.Create(cornerHeaderStyle, client, this, cornerHeaderId);
     m_HorScroll.Create(scrollBarStyle, client, this, scrollBarId);
 
-    CFont* const font = m_Tree.GetFont();
-    m_Header.SetFont(font, TRUE);
-    m_CornerHeader.SetFont(font, TRUE);
+    SetHeadingFont(m_Tree.GetFont());
 
     const bool isWide = HasWideMargin();
     m_headerHeight = LayOutHeader();
@@ -73,23 +70,33 @@ void k_ColumnTreeCtrl::Initialize()
     UpdateColumns();
 }
 
+void k_ColumnTreeCtrl::SetHeadingFont(CFont* font)
+{
+    m_Header.SetFont(font, TRUE);
+    m_CornerHeader.SetFont(font, TRUE);
+}
+
 int k_ColumnTreeCtrl::LayOutHeader()
 {
-    CRect client;
-    GetClientRect(&client);
+    CRect client = GetClient();
     WINDOWPOS position{};
     HDLAYOUT layout{client, &position};
     m_Header.SendMessage(HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(&layout));
     return position.cy;
 }
 
+CRect k_ColumnTreeCtrl::GetClient() const
+{
+    CRect client;
+    GetClientRect(&client);
+    return client;
+}
+
 // ---- Rows
 
 HTREEITEM k_ColumnTreeCtrl::InsertItem(CString text, HTREEITEM hParent)
 {
-    TVINSERTSTRUCTW row{};
-    row.hParent = hParent;
-    row.hInsertAfter = TVI_LAST;
+    TVINSERTSTRUCTW row{hParent, TVI_LAST, {}};
     row.item.mask = TVIF_TEXT;
     row.item.pszText = text.GetBuffer();
     return m_Tree.InsertItem(&row);
@@ -240,10 +247,9 @@ void k_ColumnTreeCtrl::OnPaint()
     CPaintDC dc(this);
     if (!HasVerticalBar())
         return;
-    CRect corner;
-    GetClientRect(&corner);
-    corner.left = corner.right - ::GetSystemMetrics(SM_CXVSCROLL);
-    corner.top = corner.bottom - ::GetSystemMetrics(SM_CYHSCROLL);
+    const CRect client = GetClient();
+    const CRect corner(client.right - ::GetSystemMetrics(SM_CXVSCROLL),
+                       client.bottom - ::GetSystemMetrics(SM_CYHSCROLL), client.right, client.bottom);
     CBrush brush(::GetSysColor(COLOR_BTNFACE));
     dc.FillRect(&corner, &brush);
 }
@@ -263,14 +269,10 @@ void k_ColumnTreeCtrl::OnEnable(BOOL bEnable)
 
 void k_ColumnTreeCtrl::OnSettingChange(UINT /*uFlags*/, LPCTSTR /*lpszSection*/)
 {
-    m_Tree.SendMessage(WM_SETTINGCHANGE, 0, 0);
-    m_HorScroll.SendMessage(WM_SETTINGCHANGE, 0, 0);
-    m_Header.SendMessage(WM_SETTINGCHANGE, 0, 0);
-    m_CornerHeader.SendMessage(WM_SETTINGCHANGE, 0, 0);
+    for (CWnd* const part : std::initializer_list<CWnd*>{&m_Tree, &m_HorScroll, &m_Header, &m_CornerHeader})
+        part->SendMessage(WM_SETTINGCHANGE, 0, 0);
 
-    CFont* const font = CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
-    m_Header.SetFont(font, TRUE);
-    m_CornerHeader.SetFont(font, TRUE);
+    SetHeadingFont(CFont::FromHandle(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT))));
     m_headerHeight = LayOutHeader();
     UpdateScroller();
 }

@@ -107,7 +107,9 @@ private:
     CString GetCellName(HTREEITEM hItem, int column) const;
 
     void PlaceWindows(bool hasVerticalBar);
+    void SetHeadingFont(CFont* font);
     int LayOutHeader(); // returns the height of the headings
+    CRect GetClient() const;
     bool HasVerticalBar();
     int GetScrolledWidth(); // pixels, of the whole contents
     int GetLineStep() const;

@@ -1,9 +1,11 @@
 // Paints a row of the column tree after the native tree has drawn it.
 #include "ColumnTreeCtrl.h"
+#include "SelectedObject.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <model/QuantityDesc.h>
+#include <optional>
 
 namespace
 {
@@ -21,32 +23,22 @@ constexpr UINT labelFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_E
 class k_UnderlinedFont
 {
 public:
-    k_UnderlinedFont(CDC& dc, const CWnd& tree, bool isWanted) : m_dc(dc)
+    k_UnderlinedFont(CDC& dc, const CWnd& tree, bool isWanted)
     {
-        if (!isWanted)
-            return;
-        m_treeFont = tree.GetFont();
+        const CFont* const treeFont = isWanted ? tree.GetFont() : nullptr;
         LOGFONTW font{};
-        if (m_treeFont == nullptr || ::GetObjectW(static_cast<HFONT>(*m_treeFont), sizeof(font), &font) == 0)
+        if (treeFont == nullptr || ::GetObjectW(static_cast<HFONT>(*treeFont), sizeof(font), &font) == 0)
             return;
         font.lfUnderline = 1;
-        m_isSelected = m_font.CreateFontIndirect(&font) != FALSE && m_dc.SelectObject(&m_font) != nullptr;
+        if (m_font.CreateFontIndirect(&font) != FALSE)
+            m_selected.emplace(dc, m_font);
     }
-    k_UnderlinedFont(const k_UnderlinedFont&) = delete;
-    k_UnderlinedFont& operator=(const k_UnderlinedFont&) = delete;
-    ~k_UnderlinedFont() { Restore(); }
 
-    void Restore()
-    {
-        if (m_isSelected)
-            m_dc.SelectObject(m_treeFont);
-    }
+    void Restore() { m_selected.reset(); }
 
 private:
-    CDC& m_dc;
     CFont m_font;
-    CFont* m_treeFont = nullptr;
-    bool m_isSelected = false;
+    std::optional<k_SelectedObject<CFont>> m_selected;
 };
 
 // Paints one row, step by step.

@@ -1,6 +1,7 @@
 #include "CustomTreeChildCtrl.h"
 
 #include "ColumnTreeCtrl.h"
+#include "SelectedObject.h"
 #include "WindowUpdateLock.h"
 
 BEGIN_MESSAGE_MAP(k_CustomTreeChildCtrl, CTreeCtrl)
@@ -128,10 +129,9 @@ void k_CustomTreeChildCtrl::OnPaint()
     CBitmap bitmap;
     if (bitmap.CreateCompatibleBitmap(&dc, client.Width(), client.Height()) == FALSE)
         return;
-    CBitmap* const previous = memory.SelectObject(&bitmap);
+    const k_SelectedObject selected(memory, bitmap);
     DefWindowProc(WM_PAINT, reinterpret_cast<WPARAM>(memory.GetSafeHdc()), 0);
     dc.BitBlt(0, 0, client.Width(), client.Height(), &memory, 0, 0, SRCCOPY);
-    memory.SelectObject(previous);
 }
 
 // ---- Focus and timers

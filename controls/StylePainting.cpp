@@ -1,4 +1,6 @@
 // Paints a style: a sample of its line, and its symbol over the middle.
+#include "SelectedObject.h"
+
 #include <afxwin.h>
 #include <model/LineDef.h>
 #include <model/SymbolFigure.h>
@@ -15,28 +17,20 @@ struct k_Centre {
     int y;
 };
 
+// Empty if it can't be created: then the outline is still drawn.
+struct k_SolidBrush : CBrush {
+    explicit k_SolidBrush(COLORREF color) { Attach(::CreateSolidBrush(color)); }
+};
+
 // What a symbol is drawn on. Its pen and its brush are selected as long as the canvas lives.
 class k_SymbolCanvas
 {
 public:
     k_SymbolCanvas(CDC& dc, const RECT& rect, COLORREF color)
         : m_dc(dc), m_centre(rect), m_color(color), m_symbolPen(PS_SOLID, 1, color),
-          m_previousPen(m_dc.SelectObject(&m_symbolPen))
+          m_selectedPen(dc, m_symbolPen), m_symbolBrush(color), m_windowBrush(::GetSysColor(COLOR_WINDOW)),
+          m_selectedBrush(dc, m_symbolBrush)
     {
-        // If a brush can't be created, the outline is still drawn.
-        m_symbolBrush.Attach(::CreateSolidBrush(m_color));
-        m_windowBrush.Attach(::CreateSolidBrush(::GetSysColor(COLOR_WINDOW)));
-        m_previousBrush = m_dc.SelectObject(&m_symbolBrush);
-    }
-    k_SymbolCanvas(const k_SymbolCanvas&) = delete;
-    k_SymbolCanvas& operator=(const k_SymbolCanvas&) = delete;
-    ~k_SymbolCanvas()
-    {
-        m_dc.SelectObject(m_previousBrush);
-        m_symbolBrush.DeleteObject();
-        m_dc.SelectObject(m_previousPen);
-        m_symbolPen.DeleteObject();
-        m_windowBrush.DeleteObject();
     }
 
     void MoveTo(int x, int y) { m_dc.MoveTo(m_centre.x + x, m_centre.y + y); }
@@ -45,16 +39,14 @@ public:
 
     void Square(int half)
     {
-        CBrush* const previous = m_dc.SelectObject(&m_windowBrush);
+        const k_SelectedObject<CBrush> paper(m_dc, m_windowBrush);
         m_dc.Rectangle(m_centre.x - half, m_centre.y - half, m_centre.x + half, m_centre.y + half);
-        m_dc.SelectObject(previous);
     }
 
     void Disc(int radius, k_SymbolInterior interior)
     {
-        CBrush* const previous = interior == symbolPaper ? m_dc.SelectObject(&m_windowBrush) : nullptr;
+        const k_SelectedObject<CBrush> brush(m_dc, interior == symbolPaper ? m_windowBrush : m_symbolBrush);
         m_dc.Ellipse(m_centre.x - radius, m_centre.y - radius, m_centre.x + radius, m_centre.y + radius);
-        m_dc.SelectObject(previous);
     }
 
     // Goes over whatever else is drawn there.
@@ -65,20 +57,19 @@ private:
     k_Centre m_centre;
     COLORREF m_color;
     CPen m_symbolPen;
-    CPen* m_previousPen;
-    CBrush m_symbolBrush;
-    CBrush m_windowBrush;
-    CBrush* m_previousBrush;
+    k_SelectedObject<CPen> m_selectedPen;
+    k_SolidBrush m_symbolBrush;
+    k_SolidBrush m_windowBrush;
+    k_SelectedObject<CBrush> m_selectedBrush;
 };
 
 void DrawSample(CDC& dc, const RECT& rect, int style, int width, COLORREF color)
 {
     const int y = k_Centre(rect).y;
     CPen pen(style, width, color);
-    CPen* const previous = dc.SelectObject(&pen);
+    const k_SelectedObject selected(dc, pen);
     dc.MoveTo(rect.left, y);
     dc.LineTo(rect.right, y);
-    dc.SelectObject(previous);
 }
 
 } // namespace

@@ -60,7 +60,6 @@ void k_CurveLayoutDlg::SetLineDefs(k_LineDefList* pLines)
 
 void k_CurveLayoutDlg::DoDataExchange(CDataExchange* pDX)
 {
-    CDialog::DoDataExchange(pDX);
     DDX_Control(pDX, IDC_SYMBOL_SHAPE, m_SymbolShapeCombo);
     DDX_Control(pDX, IDC_LINE_STYLE, m_LineStyleCombo);
     DDX_Control(pDX, IDC_USE_SYMBOL_COLOR, m_UseSymbolColorCheck);

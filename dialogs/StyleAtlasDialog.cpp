@@ -36,7 +36,6 @@ k_StyleAtlasDialog::~k_StyleAtlasDialog() = default;
 
 void k_StyleAtlasDialog::DoDataExchange(CDataExchange* pDX)
 {
-    CDialog::DoDataExchange(pDX);
     DDX_Control(pDX, IDC_COLUMN_TREE, m_ColumnTree);
     DDX_Control(pDX, IDC_FILE_PATH, m_FilePathText);
 }

@@ -341,6 +341,15 @@ TEST_F(AllocationFailure, WhatIsDoneAgainTakesNoMoreMemory)
             afterTwo = bytesInUse;
     }
     EXPECT_LE(bytesInUse, afterTwo + tolerance);
+    m_atlas.Load(layout);
+    for (int round = 0; round < 1000; ++round) { // to more than a block of rows and records
+        test::ReadInto(m_atlas, m_stored);
+        k_StyleAtlas first, second;
+        first.Assign(m_atlas);
+        second.Assign(m_atlas);
+        copy.Assign(std::move(first));
+    }
+    EXPECT_LE(bytesInUse, afterTwo + 2 * tolerance);
 }
 
 // The user's choice isn't a value made up after a failed read: it is stored as soon as the lock is released.

@@ -111,6 +111,12 @@ TEST_F(ColorPicker, TellsItsParentOfAChoiceAndIsDefiniteAfterItWasGivenUp)
     EXPECT_EQ(test::Heard(), "dropdown 123456 of 7, closeup 123456 of 7, cancel 123456 of 7");
     EXPECT_FALSE(m_picker.m_mixed);
     EXPECT_EQ(Row(10, 81, 98), arrow) << "pressed still";
+    m_parent.m_reaction = [this](UINT message) {
+        if (message == g_msgDropdown)
+            m_picker.SetColor(red);
+    };
+    test::PressKey(Drop(), VK_ESCAPE);
+    EXPECT_EQ(m_picker.GetColor(), before) << "the colour at the click";
 }
 
 } // namespace

@@ -305,6 +305,11 @@ TEST_F(ColorPopup, ShowsWhichCellIsChosenAndWhichIsHot)
     EXPECT_EQ(Row(3, 2, 10) + Row(4, 2, 10), "fhhhhhhhfhffffff");
     EXPECT_NE(Row(8 + m_high / 2, 54, 94), std::string(40, 'f')) << "no text";
     EXPECT_EQ(Row(18 + m_high, 3, 8) + Row(19 + m_high, 3, 8), "fffffffsss"); // cell 0
+    Open(wide, none);
+    std::string line; // of the frame, behind the text
+    for (int y = 8; y < 8 + m_high; ++y)
+        line += Row(y, 7, 8);
+    EXPECT_GT(std::ranges::count(line, 's'), 3) << line;
 }
 
 TEST_F(ColorPopup, StaysWithoutAWindowWhereItCannotOpen)

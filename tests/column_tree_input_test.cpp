@@ -65,13 +65,14 @@ TEST_F(ColumnTreeInput, WalksByKeys)
         int Cell, Row, Column; // at the start
         UINT Key;
         const char* Selection;
-    } steps[] = {{"left", 3, 2, -1, VK_LEFT, "cell 2 of 2, column -1"},
+        bool Selects = false; // a row beside the cell, which a step deselects
+    } steps[] = {{"left", 3, 2, -1, VK_LEFT, "cell 2 of 2, column -1", true},
                  {"left out of the cells", 1, 2, -1, VK_LEFT, "cell -1 of 2, column -1"},
-                 {"right", 3, 2, -1, VK_RIGHT, "cell 4 of 2, column -1"},
+                 {"right", 3, 2, -1, VK_RIGHT, "cell 4 of 2, column -1", true},
                  {"right at the end", 4, 2, -1, VK_RIGHT, "cell 4 of 2, column -1"},
-                 {"up", 2, 4, -1, VK_UP, "cell 2 of 3, column -1"},
+                 {"up", 2, 4, -1, VK_UP, "cell 2 of 3, column -1", true},
                  {"up at the top", 2, 0, -1, VK_UP, "cell 2 of 0, column -1"},
-                 {"down", 2, 4, -1, VK_DOWN, "cell 2 of 5, column -1"},
+                 {"down", 2, 4, -1, VK_DOWN, "cell 2 of 5, column -1", true},
                  {"down at the end", 2, 5, -1, VK_DOWN, "cell 2 of 5, column -1"},
                  {"another key", 2, 4, -1, VK_SPACE, "cell 2 of 4, column -1"},
                  {"column left", -1, 4, 2, VK_LEFT, "cell -1 of 4, column 1"},
@@ -84,6 +85,7 @@ TEST_F(ColumnTreeInput, WalksByKeys)
             Frame().m_cellColumn = step.Cell;
             Frame().m_cellItem = Row(step.Row);
             Frame().m_selectedColumn = step.Column;
+            Tree().Select(step.Selects ? Row(0) : nullptr, TVGN_CARET);
             test::PressKey(Tree(), step.Key);
             EXPECT_EQ(Selection(), step.Selection) << step.Name;
         }
@@ -230,6 +232,34 @@ TEST_F(ColumnTreeInput, OpensTheStylesOfEachGesture)
         EXPECT_EQ(Frame().m_selectedColumn, 0);
         for (const int x : {145, 395}) // beside the label, and right of all columns
             EXPECT_EQ(open(Tree(), {x, Label(0).y}).Parent, nullptr);
+        const auto secondClick = [&](CPoint point) { // whose first one was elsewhere
+            Tree().SendMessage(WM_LBUTTONDBLCLK, 0, MAKELPARAM(point.x, point.y));
+            return Selection();
+        };
+        EXPECT_EQ(secondClick(Label(1)), "cell 0 of 0, column -1, row 5");
+        EXPECT_EQ(secondClick(Cell(1, 3)), "cell 3 of 5, column -1");
+    });
+}
+
+TEST_F(ColumnTreeInput, ShowsAnEditAtOnceAndHasTheFocusAgain)
+{
+    constexpr COLORREF red = 0x0000FF;
+    RunInside([&] {
+        Frame().SetStyleEditor([](CWnd* parent, k_LineDefList* styles, k_QuantityDesc*) -> INT_PTR {
+            QWidget& dialog = *test::WidgetOf(*parent).window();
+            dialog.findChild<QPushButton*>()->setFocus();
+            test::Settle();
+            styles->GetAt(0)->LineColor = red;
+            return IDOK;
+        });
+        const std::tuple<CWnd*, CPoint, CPoint> gestures[] = {{&Tree(), Cell(0, 2), Cell(0, 2)},
+                                                              {&Tree(), Label(1), Cell(1, 1)},
+                                                              {&Frame().m_Header, {360, 5}, Cell(0, 4)}};
+        for (const auto& [window, point, shown] : gestures) {
+            test::ClickTwice(*window, point);
+            EXPECT_EQ(test::PixelOf(Tree(), shown), red);
+            EXPECT_EQ(test::WidgetOf(Tree()).hasFocus(), point == shown) << "as the modal dialog gives it";
+        }
     });
 }
 

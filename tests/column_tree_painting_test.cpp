@@ -32,9 +32,11 @@ protected:
             CString label(std::u16string(60, u'\u2588').c_str()); // solid blocks
             TVITEMW item{};
             item.mask = TVIF_TEXT;
-            item.hItem = Row(1);
             item.pszText = label.GetBuffer();
-            Tree().SetItem(&item);
+            for (const int row : {1, 2}) {
+                item.hItem = Row(row);
+                Tree().SetItem(&item);
+            }
             for (short i = 0; i < 4; ++i) {
                 k_LineDef& style = *Style(1, i);
                 style.SymbolShape = static_cast<short>(i + 1);
@@ -75,11 +77,11 @@ protected:
         return text;
     }
     // The colours of text in the label, as far as it may reach, and whether one of them underlines it.
-    std::string Text() const
+    std::string Text(int rowTop = top) const
     {
         std::string seen;
         bool isUnderlined = false;
-        for (int y = top + 2; y < top + 14; ++y) {
+        for (int y = rowTop + 2; y < rowTop + 14; ++y) {
             std::string line;
             for (int x = left + 2; x < firstWidth; ++x)
                 line += At(x, y);
@@ -131,6 +133,11 @@ TEST_F(ColumnTreeRow, ShowsWhatTheUserHasDone)
          cells},
         {"the cell below", [&] { test::PressKey(Tree(), VK_DOWN); }, "o", plain, cells},
         {"the cell again", [&] { test::PressKey(Tree(), VK_UP); }, "o", "80 |39 |10 m2 |12 |29 |43 ", cells},
+        {"the last column",
+         [&] {
+             test::Click(Frame().m_Header, {360, 5});
+         },
+         "o", "80 |39 |13 |12 |10 17m2 |43 ", cells},
         {"a column",
          [&] {
              test::Click(Frame().m_Header, {180, 5});
@@ -145,6 +152,7 @@ TEST_F(ColumnTreeRow, ShowsWhatTheUserHasDone)
             EXPECT_EQ(Pixels(top + 1, left), step.Above) << step.Name;
             EXPECT_EQ(Pixels(top + 8, firstWidth), step.Cells) << step.Name;
             EXPECT_EQ(Text(), step.Text) << step.Name;
+            EXPECT_EQ(Text(2 * top), step.Text[0] == 'g' ? "g" : "o") << step.Name << ": the row below";
             for (const int x : {left + 1, firstWidth - 6, firstWidth - 5, firstWidth - 4, firstWidth - 3})
                 EXPECT_EQ(At(x, top + 8), At(x, top + 1)) << step.Name << ": a label that runs over " << x;
             EXPECT_EQ(At(firstWidth + 30, top + 15), step.Cells[2] == 'm' ? 'm' : '|');

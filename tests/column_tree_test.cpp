@@ -51,6 +51,10 @@ TEST_F(ColumnTree, HangsEachRowWhereItsLevelSays)
         m_dialog.FillTree();
         EXPECT_EQ(Selection(), "cell -1 of none, column -1");
         EXPECT_EQ(Hierarchy(), "0<- 1<- 3<1 2<- 4<2 6<4 7<2 8<- ") << "an empty slot is passed over";
+        for (int i = 0; i < 60; ++i)
+            m_dialog.m_Atlas.AddRow({99, 0, 0, -1, 0}, 0);
+        m_dialog.FillTree();
+        EXPECT_FALSE(PlaceOf(Frame().m_CornerHeader).empty()) << "beside a bar";
     });
 }
 
@@ -65,6 +69,8 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
         const std::vector<int> narrow{-30, 0, room, head}, corner{room, 0, 300, head};
         ASSERT_GT(head, 0);
         EXPECT_EQ(Frame().m_totalWidth, 150 + 4 * 60);
+        constexpr int alignedRight = 1;
+        Frame().InsertColumn(5, _T("narrow"), alignedRight, 2);
         const struct {
             int Width, Height;
             std::vector<int> Header, Tree, Bar, Corner;
@@ -86,7 +92,8 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
         const QImage picture = test::PictureOf(Frame().m_CornerHeader);
         EXPECT_NE(picture.pixel(1, head - 1), picture.pixel(1, 9)) << "no heading";
         for (int x = 0; x < bar; ++x)
-            EXPECT_GT(qGray(picture.pixel(x, head / 2)), 128) << "with a text";
+            EXPECT_EQ(picture.pixel(x, head / 2), picture.pixel(0, head / 2))
+                << "with a text or an end at " << x;
         {
             constexpr COLORREF face = RGB(120, 120, 0); // of buttons, other than the dialog's
             const test::DesktopColors other({{QPalette::Button, face}});
@@ -100,6 +107,9 @@ TEST_F(ColumnTree, PlacesAndEnablesItsWindows)
         EXPECT_EQ(Frame().m_xOffset, 0);
         const auto& headings = dynamic_cast<QHeaderView&>(test::WidgetOf(Frame().m_Header));
         EXPECT_EQ(headings.model()->headerData(2, Qt::Horizontal).toString(), "file 2");
+        const int alignment = headings.model()->headerData(5, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
+        EXPECT_TRUE(alignment & Qt::AlignRight) << alignment;
+        Frame().m_CornerHeader.SetFont(Tree().GetFont());
         Frame().m_headerHeight = 0; // as if other settings were in force
         Frame().UpdateScroller();
         test::ChangeSettings();
@@ -184,6 +194,14 @@ TEST_F(ColumnTree, ScrollsByEachCode)
             EXPECT_EQ(PlaceOf(Tree()).front(), -step.Expected);
             EXPECT_EQ(PlaceOf(Frame().m_Header).front(), -step.Expected);
         }
+        k_LineDef& disc = *Style(5, 0);
+        disc.SymbolShape = 8;
+        disc.SymbolFill = 0;
+        disc.SymbolSize = 90; // beyond its cell, which ends at 207
+        disc.SymbolColor = RGB(255, 0, 0);
+        Scroll(SB_THUMBTRACK, 210);
+        EXPECT_EQ(test::PixelOf(Tree(), {213, Label(5).y + 3}), disc.SymbolColor);
+        Scroll(SB_LEFT, 0);
         EXPECT_EQ(Frame().InsertColumn(33, _T("one too many"), 0, 60), -1);
         // The edges of a cell are counted from the left of the window: 150 + 150, then 60 a column.
         Click(Cell(0, 1));
@@ -216,6 +234,9 @@ TEST_F(ColumnTree, GuardsTheWidths)
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 0);
         test::Click(Frame().m_Header, {180, 5});
         EXPECT_EQ(tell(HDN_ITEMCHANGINGW, 1, 70).first, 1) << "and so does a click";
+        Frame().m_cellColumn = 1;
+        tell(HDN_ITEMDBLCLICKW, 3, 60);
+        EXPECT_EQ(Selection(), "cell -1 of none, column 3") << "without a click before";
         for (const NMHDR& each : m_dialog.Notifications)
             EXPECT_TRUE(int(each.code) != HDN_ITEMCHANGINGW && int(each.code) != HDN_ITEMCHANGEDW);
     });

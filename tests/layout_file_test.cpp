@@ -64,6 +64,9 @@ TEST(LayoutFile, HasTheBytesOfTheFormat)
     EXPECT_EQ(BytesOf(atlas).substr(0x17, 6), "\xEF\xBE\xAD\xDE\x01\x02");
     EXPECT_EQ(BytesOf(atlas).substr(0x1F, 10), "\x44\x33\x22\x11\x88\x77\x66\x55\xFE\xFF");
     EXPECT_EQ(BytesOf(atlas).back(), 1);
+    k_LineDef same;
+    ReadInto(same, BytesOf(style));
+    EXPECT_EQ(BytesOf(same), BytesOf(atlas).substr(0x1D)) << "a record alone";
 }
 
 // The cause of the archive exception that the reader raises, 0 when it raises none.

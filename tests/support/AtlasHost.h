@@ -34,11 +34,22 @@ inline const WCHAR* WINAPI NameUnit(DWORD quantity, DWORD subQuantity, DWORD, DW
 
 inline QString told; // in message boxes
 
-// Behind a message the windows are painted.
+// The window in front, if it is a dialog of this kind; else null.
+template <class Dialog> Dialog* FrontDialog()
+{
+    Window* const front = Window::Of(QApplication::activeModalWidget());
+    return front != nullptr ? dynamic_cast<Dialog*>(front->Attached) : nullptr;
+}
+
+// Behind a message the windows are painted. While a table is loaded, the tree shows none of its rows.
 inline int TellUser(HWND /*owner*/, LPCWSTR text, LPCWSTR caption, UINT type)
 {
     if (QWidget* const dialog = QApplication::activeModalWidget())
         dialog->grab();
+    const auto* const atlas = FrontDialog<k_StyleAtlasDialog>();
+    if (atlas != nullptr && QStringView(text).contains(u"geladen")) {
+        EXPECT_EQ(atlas->m_ColumnTree.m_Tree.GetNextItem(nullptr, TVGN_ROOT), nullptr);
+    }
     told += QString("%1: %2 %3").arg(caption).arg(text).arg(type);
     return IDOK;
 }
@@ -94,13 +105,6 @@ protected:
     TempPrefix m_prefix;
     const ScopedVariable m_german{"LC_ALL", "de_DE.UTF-8"};
 };
-
-// The window in front, if it is a dialog of this kind; else null.
-template <class Dialog> Dialog* FrontDialog()
-{
-    Window* const front = Window::Of(QApplication::activeModalWidget());
-    return front != nullptr ? dynamic_cast<Dialog*>(front->Attached) : nullptr;
-}
 
 // Opens the dialog, has the user act, closes it by its cross if it is still open, and gives the result.
 inline int Edit(const std::function<void(k_StyleAtlasDialog&)>& user)

@@ -31,22 +31,22 @@ private:
     std::size_t m_position = 0;
 };
 
-// What the atlas writes.
-inline std::string BytesOf(k_StyleAtlas& atlas)
+// What an atlas, a row or a record writes.
+template <class Object> std::string BytesOf(Object& object)
 {
     MemoryFile file;
     CArchive archive(&file, CArchive::store);
-    atlas.Serialize(archive);
+    object.Serialize(archive);
     archive.Close();
     return file.Bytes;
 }
 
-// Lays a file of these bytes over the atlas; lets the reader's exceptions through.
-inline void ReadInto(k_StyleAtlas& atlas, std::string_view bytes)
+// Lays a file of these bytes over the object; lets the reader's exceptions through.
+template <class Object> void ReadInto(Object& object, std::string_view bytes)
 {
     MemoryFile file(bytes);
     CArchive archive(&file, CArchive::load);
-    atlas.Serialize(archive);
+    object.Serialize(archive);
     archive.Close();
 }
 
