@@ -127,7 +127,7 @@ TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
                       Next(TVGN_NEXTVISIBLE, row) + Next(TVGN_PREVIOUSVISIBLE, row),
                   relations);
     EXPECT_EQ(m_tree.GetItemState(c, TVIS_EXPANDED | TVIS_SELECTED), TVIS_EXPANDED);
-    const HTREEITEM f = Add(_T("f"), a);
+    Add(_T("f"), a);
     EXPECT_EQ(Next(TVGN_NEXT, b) + Next(TVGN_NEXT, d), "df");
     Delete(b);
     EXPECT_EQ(Next(TVGN_NEXT, d), "f") << "one place further up";
