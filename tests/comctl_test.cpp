@@ -132,18 +132,25 @@ TEST_F(Controls, AComboBoxIsMeasuredAndDrawnByItsOwner)
     EXPECT_NE(test::PixelOf(box, {99, 10}), test::PixelOf(box, {95, 10})); // a frame
     box.SendMessage(CB_SETCURSEL, 2);
     box.EnableWindow(FALSE);
-    test::PixelOf(box, {0, 0});
+    test::Settle();
+    EXPECT_TRUE(box.m_drawn.contains({2, 1, 0x1004, 102})) << "at once";
     box.EnableWindow(TRUE);
+    test::Settle();
+    const COLORREF corner = test::PixelOf(box, {4, 4});
+    EXPECT_TRUE(std::exchange(box.m_drawn, {}).contains({UINT(-1), 1, 0x1000, UINT(-1)}));
+    box.SetFocus();
+    test::Settle();
+    EXPECT_TRUE(box.m_drawn.contains({2, 1, 0x1011, 102}));
+    m_parent.SetFocus();
+    test::Settle();
+    EXPECT_TRUE(box.m_drawn.contains({2, 1, 0x1000, 102}));
+    EXPECT_EQ(test::PixelOf(box, {4, 4}), corner);
     box.SetFocus();
     box.SendMessage(CB_SETITEMDATA, 2, 7);
     test::PixelOf(box, {0, 0});
     test::PressKey(box, VK_SPACE); // opens the list
     test::Settle();
-    for (const auto& draw : {std::array{UINT(-1), 1U, 0x1000U, UINT(-1)},
-                             {2, 1, 0x1004, 102},
-                             {2, 1, 0x1011, 7},
-                             {2, 3, 0x11, 7},
-                             {11, 1, 0, 111}})
+    for (const auto& draw : {std::array{2U, 1U, 0x1011U, 7U}, {2, 3, 0x11, 7}, {11, 1, 0, 111}})
         EXPECT_TRUE(box.m_drawn.contains(draw)) << testing::PrintToString(box.m_drawn);
     const QAbstractItemView& list = *dynamic_cast<QComboBox&>(test::WidgetOf(box)).view();
     EXPECT_EQ(list.visualRect(list.model()->index(7, 0)).height(), 17);
@@ -174,7 +181,10 @@ TEST_F(Controls, AComboBoxAnswersForItemsThatItHasAndForOthers)
             EXPECT_EQ(Send(message, wrong), CB_ERR) << message; // the last: the selection is gone
     }
     EXPECT_FALSE(HasHeard(CBN_SELCHANGE));
+    QAccessibleInterface* const object = QAccessible::queryAccessibleInterface(&test::WidgetOf(m_box));
+    EXPECT_EQ(object->text(QAccessible::Name), "") << "without a text before it, and nothing selected";
     test::PressKey(m_box, VK_DOWN);
+    EXPECT_EQ(object->text(QAccessible::Name), "one");
     EXPECT_EQ(FieldText(), _T("one"));
     EXPECT_TRUE(HasHeard(CBN_SELCHANGE));
 }
@@ -202,6 +212,8 @@ TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
         Send(CB_ADDSTRING, 0, text);
     EXPECT_EQ(FieldText(), _T("7"));
     Send(CB_SETCURSEL, 0);
+    test::Settle();
+    m_box.SetFocus();
     QTest::keyClick(&test::WidgetOf(m_box), Qt::Key_Home);
     QTest::keyClicks(&test::WidgetOf(m_box), "12"); // the cursor stays
     QTest::keyClick(&test::WidgetOf(m_box), Qt::Key_End);
@@ -223,6 +235,12 @@ TEST_F(Controls, WhatIsTypedIntoAComboBoxSelectsNothing)
     m_parent.SetFocus();
     Send(CB_SETCURSEL, 0);
     EXPECT_FALSE(isGrey());
+    for (int i = 0; i < 9; ++i)
+        Send(CB_ADDSTRING, 0, _T("more"));
+    auto& shown = dynamic_cast<QComboBox&>(test::WidgetOf(m_box));
+    shown.showPopup();
+    EXPECT_EQ(shown.view()->verticalScrollBar()->maximum(), 0) << "all are seen";
+    shown.hidePopup();
 }
 
 TEST_F(Controls, AComboBoxTurnsWithTheWheelWhileItHasTheFocus)

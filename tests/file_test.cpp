@@ -73,8 +73,29 @@ TEST(FileTest, ValuesCrossTheEdgeOfTheBuffer)
             BYTE end = 0;
             EXPECT_EQ(CauseOf([&] { ar >> end; }), CArchiveException::endOfFile);
             EXPECT_EQ(CauseOf([&ar] { ar << 1; }), CArchiveException::readOnly) << "the wrong direction";
+            CArchive writer(&file, CArchive::store | CArchive::bNoFlushOnDelete, bufSize);
+            EXPECT_EQ(CauseOf([&] { writer >> end; }), CArchiveException::writeOnly);
         }
     }
+}
+
+TEST(FileTest, EndsWithItsObjectAndReportsWhatTheSystemRefuses)
+{
+    const test::TempPrefix prefix;
+    const fs::path native = prefix.MakeFolder() / "file";
+    const int next = test::NextDescriptor();
+    {
+        CFile file;
+        ASSERT_TRUE(file.Open(drivePath, CFile::modeCreate | CFile::modeWrite));
+        CArchive(&file, CArchive::store) << static_cast<BYTE>('x');
+        EXPECT_EQ(test::ReadWhole(native), "x") << "without Close";
+    }
+    EXPECT_EQ(test::NextDescriptor(), next);
+    CFile file;
+    EXPECT_THROW(file.GetLength(), CFileException*);
+    ASSERT_TRUE(file.Open(drivePath, CFile::modeRead));
+    close(next);
+    EXPECT_THROW(file.Close(), CFileException*);
 }
 
 // Other files may be endless, or block until they have a writer.

@@ -74,8 +74,10 @@ TEST_F(LayoutTool, ShowsAFileInWords)
     EXPECT_EQ(shown.Output, cut + head + "; level 0, 2" + firstTwo) << "what stands before the damage";
     EXPECT_TRUE(shown.Errors.starts_with("atlas-layout: " + cut + ": damaged at byte 75")) << shown.Errors;
     EXPECT_EQ(shown.Status, 1);
-    EXPECT_EQ(test::Run({"sh", "-c", ATLAS_HOST " layout show \"$0\" >/dev/full", whole}, {}).Errors,
-              "atlas-layout: the output cannot be written\n");
+    for (const std::string command : {"show \"$0\"", "--help"})
+        EXPECT_EQ(test::Run({"sh", "-c", ATLAS_HOST " layout " + command + " >/dev/full", whole}, {}).Errors,
+                  "atlas-layout: the output cannot be written\n");
+    EXPECT_EQ(Run({"show", whole, "--theirs"}).Status, 2) << "an option of another command";
 }
 
 TEST_F(LayoutTool, ReportsWhereAFileIsDamaged)
@@ -271,6 +273,7 @@ TEST_F(LayoutTool, SaysWhereADocumentIsWrong)
         {changed("\"none\"", "\"nose\""),
          "line 9, column 42: one of these, or a number, is expected here: none, cross"},
         {changed("\"#000000\"", "\"#00000G\""), "a colour as"},
+        {R"({"version": 1, "fileColumns": 32})", "\"rows\" is missing in what ends here"},
         {changed("false", "0"), "true or false is expected here"}};
     for (const auto& [document, message] : cases) {
         test::WriteWhole(path, document);
@@ -299,6 +302,7 @@ TEST_F(LayoutTool, MergesChangesOfTwo)
          ""}, // of one record
         {with(good, 0, "\2"), with(good, 91, "\0"sv), with(with(good, 0, "\2"), 91, "\0"sv), ""},
         {with(good, 50, "\1"), with(good, 50, "\1"), with(good, 50, "\1"), ""},
+        {with(good, 0, "\2"), with(good, 0, "\3"), with(good, 0, "\3"), "version: base 1, ours 2, theirs 3"},
         {with(good, 39, "\4"), with(good, 39, "\5"), with(good, 39, "\5"),
          "file column 0  shape: base \"none\", ours \"square\", theirs \"plus\""},
         {oneRow, with(good, 0, "\2"), with(oneRow, 0, "\2"), ""},
@@ -422,7 +426,9 @@ TEST_F(LayoutTool, FindsCurvesThatCannotBeToldApart)
     EXPECT_TRUE(Has(find({RGB(9, 9, 9)}, {0x07090909}), same));
     EXPECT_TRUE(Has(find({0, PS_SOLID, 0, 0, false, 0, 3}, {0, PS_DASH, 0, 0, false, 0, -3}), same));
     const test::Outcome unseen = find({RGB(0, 0, 0)}, {RGB(0, 0, 0), PS_NULL});
-    EXPECT_TRUE(Has(unseen, "nothing is drawn:\n") && unseen.Status == 1) << unseen.Output;
+    EXPECT_TRUE(Has(unseen, "nothing is drawn:\n  ") && Has(unseen, ": no symbol; no line\n"))
+        << unseen.Output;
+    EXPECT_EQ(unseen.Status, 1);
     // Shape, and two fills.
     for (const auto& [shape, one, other, areSame] : {std::tuple<short, short, short, bool>{1, 1, 2, true},
                                                      {4, 1, 7, true},
@@ -438,6 +444,7 @@ TEST_F(LayoutTool, FindsCurvesThatCannotBeToldApart)
     }
     const test::Outcome dark = find({RGB(0, 0, 0)}, {RGB(10, 10, 10)});
     EXPECT_TRUE(Has(dark, all + "normal sight ") && dark.Status == 1) << dark.Output;
+    EXPECT_TRUE(Has(dark, "#000000\n") && Has(dark, "#0A0A0A\n")) << dark.Output;
     const std::tuple<COLORREF, COLORREF, const char*> blind[] = {
         {RGB(0xD5, 0x00, 0x00), RGB(0x6B, 0x6B, 0x6B), "greyscale"},
         {RGB(0xB0, 0x30, 0x00), RGB(0x4C, 0x4C, 0x00), "protan"},
@@ -453,6 +460,8 @@ TEST_F(LayoutTool, FindsCurvesThatCannotBeToldApart)
     const Look symbol{RGB(0, 0, 255), PS_SOLID, 8, RGB(0, 255, 255), true}; // and the line in its colour
     EXPECT_TRUE(Has(find(symbol, {RGB(0, 0, 0)}), "too little contrast to the ground, 1.3:"));
     EXPECT_EQ(Run({"distinct", "--quantities", "900", "--columns", "3-1"}).Status, 2);
+    EXPECT_TRUE(Has(Run({"distinct", path, "--quantities", "O_3,900-901", "--columns", "0"}), same));
+    EXPECT_EQ(Run({"distinct", path, "--quantities", "O_3,nothing"}).Status, 2);
     EXPECT_EQ(Run({"distinct", "--quantities", "10-12", "--columns", "0-1"}).Status, 0)
         << "the default styles";
 }

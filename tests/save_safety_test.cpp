@@ -31,18 +31,10 @@ bool IsWhole(const std::string& contents)
 
 enum Outcome { saved, refused, diskFull, otherFailure, notTried, leftOpen };
 
-// The number that the next file gets: a file left open raises it.
-int NextDescriptor()
-{
-    const int next = dup(STDERR_FILENO);
-    close(next);
-    return next;
-}
-
 // Saves as the model does.
 Outcome Save(LPCTSTR path, const std::string& contents)
 {
-    const int next = NextDescriptor();
+    const int next = test::NextDescriptor();
     try {
         CMirrorFile file;
         if (!file.Open(path, CFile::modeCreate | CFile::modeWrite))
@@ -52,11 +44,11 @@ Outcome Save(LPCTSTR path, const std::string& contents)
             ar << static_cast<BYTE>(c);
         ar.Close();
         file.Close();
-        return NextDescriptor() == next ? saved : leftOpen;
+        return test::NextDescriptor() == next ? saved : leftOpen;
     } catch (CFileException* e) {
         const bool isFull = e->m_cause == CFileException::diskFull;
         e->Delete();
-        return NextDescriptor() != next ? leftOpen : isFull ? diskFull : otherFailure;
+        return test::NextDescriptor() != next ? leftOpen : isFull ? diskFull : otherFailure;
     }
 }
 
@@ -262,7 +254,9 @@ TEST_F(SaveTest, AFolderThatRefusesTheNewFileGetsItsFileWritten)
     const auto saveOver = [this](unsigned mode, uid_t owner) {
         fs::permissions(file, fs::perms{mode});
         EXPECT_EQ(chown(file.c_str(), owner, 0), 0);
+        const std::string before = test::ReadWhole(file);
         EXPECT_EQ(SaveAsOrdinaryUser(drivePath, "another"), saved);
+        EXPECT_EQ(test::ReadWhole(previous), before);
         EXPECT_EQ(test::ReadWhole(file), "another");
         EXPECT_EQ(test::EntryCount(folder), 2);
     };

@@ -1,6 +1,7 @@
 // The controls around a table: its scroll bar and its header.
 #include "support/Gui.h"
 
+#include <QtWidgets>
 #include <afxcmn.h>
 #include <array>
 
@@ -104,6 +105,26 @@ TEST_F(ScrollBar, TellsWhatTheUserDoesAndStaysWhereItIs)
     m_table.m_throws = true;
     EXPECT_NO_THROW(test::TurnWheel(m_bar, -120));
     EXPECT_EQ(Heard(), "5 at 220, 8"); // each is sent separately
+}
+
+TEST_F(ScrollBar, LooksLikeAnyOtherOfTheDesktop)
+{
+    test::MoveMouse(m_table, {1, 1});
+    for (const char* const style : {"fusion", "windows"}) {
+        QApplication::setStyle(style);
+        QScrollBar other(Qt::Horizontal);
+        other.resize(300, 17);
+        other.setRange(0, 700);
+        other.setPageStep(300);
+        for (const int position : {100, 650}) {
+            Set(SIF_POS, {0, 0, 0, position});
+            other.setValue(position);
+            EXPECT_EQ(test::PictureOf(m_bar).convertToFormat(QImage::Format_RGB32),
+                      other.grab().toImage().convertToFormat(QImage::Format_RGB32))
+                << style << position;
+        }
+    }
+    QApplication::setStyle("fusion");
 }
 
 TEST_F(ScrollBar, FollowsTheThumb)

@@ -3,6 +3,7 @@
 #include <afxstr.h>
 
 #include <climits>
+#include <malloc.h>
 #include <platform/system/Unicode.h>
 
 #include <gtest/gtest.h>
@@ -99,6 +100,13 @@ TEST(UnicodeTest, EverySixteenBitTextComesBack)
     EXPECT_EQ(ToUtf8(u"\U0001F600\U0010FFFF"), "\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF");
 }
 
+TEST(UnicodeTest, CountsTheTerminatorOfATextWhoseLengthIsNotGiven)
+{
+    char bytes[4] = {};
+    EXPECT_EQ(WideCharToMultiByte(65001, 0, _T("\u00E9"), 1, bytes, 4, nullptr, nullptr), 2);
+    EXPECT_EQ(WideCharToMultiByte(65001, 0, _T("\u00E9"), -1, bytes, 4, nullptr, nullptr), 3);
+}
+
 TEST(UnicodeTest, EachStrayByteBecomesOneReplacement)
 {
     constexpr std::pair<std::string_view, std::u16string_view> cases[] = {
@@ -130,6 +138,27 @@ TEST(PtrArrayTest, GrowsWithNullsAndASizeThatIsRefusedChangesNothing)
     ASSERT_EQ(array.GetSize(), 1001);
     for (INT_PTR i = 0; i < 1000; ++i)
         ASSERT_EQ(array.GetAt(i), i == 20 ? &thing : nullptr) << i;
+}
+
+TEST(PtrArrayTest, GivesItsMemoryBack)
+{
+    const std::size_t before = mallinfo2().uordblks;
+    for (int i = 0; i < 100; ++i) {
+        CPtrArray emptied;
+        CPtrArray array;
+        emptied.SetSize(1000);
+        emptied.SetSize(0);
+        array.SetSize(1000);
+    }
+    EXPECT_LE(mallinfo2().uordblks, before + 20000);
+}
+
+TEST(ObjectTest, ReportsThatThereIsNoMemoryForIt)
+{
+    struct Huge : CObject {
+        char Rest[std::size_t{1} << 60];
+    };
+    EXPECT_THROW(std::unique_ptr<Huge>(new Huge), CMemoryException*);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "support/Gui.h"
 #include "support/Picture.h"
 
+#include <QtWidgets>
 #include <afxcmn.h>
 
 namespace
@@ -80,6 +81,8 @@ protected:
         Hear(m_drawn, Name(row) + std::to_string(draw.nmcd.uItemState) + (isHighlighted ? "* " : " "));
         if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT)
             dc.FillSolidRect(&draw.nmcd.rc, ours);
+        if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT && m_beyond)
+            m_beyond(dc, CRect(0, draw.nmcd.rc.top - 5, 50, draw.nmcd.rc.bottom));
         return row == e ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
     }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -110,7 +113,8 @@ protected:
     HTREEITEM a, b, c, d, e; // a(b(c) d) e
     std::string m_heard;
     std::string m_drawn;
-    bool m_deletesRows = false; // at every notification
+    bool m_deletesRows = false;                // at every notification
+    std::function<void(CDC&, CRect)> m_beyond; // how the last row draws over the one above
 };
 
 TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
@@ -123,6 +127,12 @@ TEST_F(Tree, KnowsItsRowsByHandlesThatStayTrue)
                       Next(TVGN_NEXTVISIBLE, row) + Next(TVGN_PREVIOUSVISIBLE, row),
                   relations);
     EXPECT_EQ(m_tree.GetItemState(c, TVIS_EXPANDED | TVIS_SELECTED), TVIS_EXPANDED);
+    Add(_T("f"), a);
+    EXPECT_EQ(Next(TVGN_NEXT, b) + Next(TVGN_NEXT, d), "df");
+    Delete(b);
+    EXPECT_EQ(Next(TVGN_NEXT, d), "f") << "one place further up";
+    Delete(TVI_ROOT);
+    Fill();
     const std::u16string text(1000, u'x');
     EXPECT_EQ(m_tree.GetItemText(Add(text.c_str())), text.c_str());
     Delete(c); // then b is collapsed before it gets another child
@@ -243,10 +253,62 @@ TEST_F(Tree, ScrollsByRows)
         EXPECT_EQ(locked, code == TVE_EXPAND ? "5 2 0" : "0 2 0");
     }
     m_tree.Expand(e, TVE_EXPAND);
+    LockWindowUpdate(m_hWnd);
+    m_tree.Expand(a, TVE_EXPAND);
+    const HTREEITEM late = Add(_T("x"), a);
+    EXPECT_EQ(Scroll().substr(0, 3), "5 2");
+    Delete(late);
+    EXPECT_EQ(Scroll().substr(0, 3), "4 2");
+    LockWindowUpdate(nullptr);
+    QToolTip::showText({60, 60}, "of a row", &test::ClientOf(m_tree));
+    m_tree.Select(f, TVGN_FIRSTVISIBLE);
+    m_tree.Select(a, TVGN_FIRSTVISIBLE);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000)) << "its row is elsewhere";
+    m_tree.Expand(a, TVE_COLLAPSE);
     for (int i = 0; i < 5000; ++i)
         Add(_T("x"), i % 50 == 0 ? TVI_ROOT : e);
     m_tree.MoveWindow(0, 0, 0, 0);
     EXPECT_EQ(Scroll(), "5002 1 0");
+    m_tree.MoveWindow(0, 0, 20, 80);
+    test::Settle();
+    EXPECT_EQ(test::ClientOf(m_tree).height(), 80) << "no bar below";
+}
+
+TEST_F(Tree, PaintsWhatHasChanged)
+{
+    test::Settle();
+    const auto drawn = [this](const std::function<void()>& change) {
+        m_drawn.clear();
+        change();
+        test::Settle();
+        return std::exchange(m_drawn, {});
+    };
+    EXPECT_EQ(drawn([&] { m_tree.InvalidateRect(CRect(0, rowHeight, 9, rowHeight + 1)); }), "b0 ");
+    TVITEMW text{TVIF_TEXT, d, 0, 0, const_cast<LPWSTR>(_T("other")), 0, 0, 0, 0, 0};
+    EXPECT_NE(drawn([&] { m_tree.SetItem(&text); }).find("d0 "), std::string::npos);
+    EXPECT_EQ(drawn([&] { m_tree.MoveWindow(10, 20, 250, 5 * rowHeight); }), "a0 b0 c0 d0 e0 e0 ") << "once";
+    // What a row has drawn beyond its place is drawn whole with its neighbours, however it is drawn.
+    const std::string all = "a0 b0 c0 d0 e0 e0 ";
+    const std::function<void(CDC&, CRect)> ways[] = {
+        [](CDC& dc, CRect box) { dc.Ellipse(box.left, box.top, box.right, box.bottom); },
+        [](CDC& dc, CRect box) { dc.DrawEdge(&box, EDGE_RAISED, BF_RECT); },
+        [](CDC& dc, CRect box) { dc.DrawFrameControl(&box, DFC_SCROLL, DFCS_SCROLLDOWN); },
+        [](CDC& dc, CRect box) { dc.DrawFocusRect(&box); },
+        [](CDC& dc, CRect box) { dc.DrawText(_T("x"), &box, DT_SINGLELINE); },
+        [](CDC& dc, CRect box) { dc.BitBlt(0, box.top, 50, box.Height(), &dc, 0, 0, SRCCOPY); }};
+    for (const auto& way : ways) {
+        m_beyond = way;
+        m_tree.InvalidateRect(nullptr);
+        test::Settle();
+        EXPECT_EQ(drawn([&] { m_tree.InvalidateRect(CRect(0, 0, 9, 1)); }), all) << &way - ways;
+        m_beyond = nullptr;
+        m_tree.InvalidateRect(nullptr);
+        test::Settle();
+        EXPECT_EQ(drawn([&] { m_tree.InvalidateRect(CRect(0, 0, 9, 1)); }), "a0 ");
+    }
+    m_beyond = ways[0]; // found at the painting of a part, which becomes that of the whole
+    EXPECT_NE(drawn([&] { m_tree.InvalidateRect(CRect(0, 4 * rowHeight, 9, 4 * rowHeight + 1)); }).find(all),
+              std::string::npos);
 }
 
 TEST_F(Tree, LetsItsParentDrawAlong)

@@ -48,6 +48,7 @@ public:
     }
 
     UINT m_stopped = 0;
+    bool m_staysOpen = false; // when it is to close
     int m_createResult = 0;
     COLORREF m_fill = CLR_INVALID;
     int m_paints = 0;
@@ -91,6 +92,10 @@ protected:
             Say("menu " + At(point) + " of " +
                 std::to_string(FromHandle(reinterpret_cast<HWND>(wParam))->GetDlgCtrlID()));
             break;
+        case WM_CLOSE:
+            if (m_staysOpen)
+                return 0;
+            break;
         case WM_NOTIFY:
             Say("text for " + std::to_string(wParam) + " at " + At(GetCurrentMessage()->pt));
             std::u16string(_T("a <b>")).copy(reinterpret_cast<NMTTDISPINFOW*>(lParam)->szText, m_tipLength);
@@ -132,7 +137,11 @@ TEST(Windows, AreCreatedAndDestroyedFromTheInsideOut)
     EXPECT_EQ(Heard(), "parent create 60, parent size 60,50, child create 20, child size 20,20");
 
     const HWND handle = child.m_hWnd;
+    parent.m_staysOpen = true;
     WidgetOf(parent).close(); // as the window manager does
+    EXPECT_TRUE(WidgetOf(parent).isVisible());
+    parent.m_staysOpen = false;
+    WidgetOf(parent).close();
     EXPECT_TRUE(parent.m_hWnd == nullptr && child.m_hWnd == nullptr);
     EXPECT_TRUE(!IsWindow(handle) && CWnd::FromHandle(handle) == nullptr);
     EXPECT_EQ(SendMessageW(handle, WM_PAINT, 0, 0), 0);
@@ -328,6 +337,9 @@ TEST(Windows, AreAskedForMenusAndForTheTextOfTheirToolTip)
     EXPECT_EQ(Heard(), "parent text for 0 at 43,34");
     parent.m_tipLength = 5;
     EXPECT_NE(rest().indexOf("&lt;b"), -1); // no markup
+    parent.m_tipLength = 0;
+    rest();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000)) << "no text here";
 }
 
 TEST(WindowPainting, IsOnTheBackgroundAndAtAnyTime)

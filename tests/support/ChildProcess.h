@@ -62,6 +62,14 @@ private:
     pid_t m_id;
 };
 
+// The number that the next file gets: a file left open raises it.
+inline int NextDescriptor()
+{
+    const int next = dup(STDERR_FILENO);
+    close(next);
+    return next;
+}
+
 template <class Body> int RunInChild(Body body)
 {
     return ChildProcess(body).Wait();
