@@ -6,6 +6,7 @@
 #include "MessageBox.h"
 #include "PlotCommands.h"
 #include "PlotView.h"
+#include "ReadingProgress.h"
 #include "RecentFiles.h"
 #include "StartPage.h"
 #include "StyleCheckDialog.h"
@@ -21,13 +22,13 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
-#include <QScopeGuard>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QUrl>
 
 #include <algorithm>
 #include <exception>
+#include <functional>
 #include <stdexcept>
 
 namespace atlashost
@@ -182,8 +183,6 @@ void MainWindow::MoveFilesDown()
 
 void MainWindow::ReadFiles()
 {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto restore = qScopeGuard(QGuiApplication::restoreOverrideCursor);
     const std::vector<std::string> paths = m_files->Paths();
     std::vector<const char*> pointers(paths.size());
     std::ranges::transform(paths, pointers.begin(), [](const std::string& path) { return path.c_str(); });
@@ -194,12 +193,16 @@ void MainWindow::ReadFiles()
     std::ranges::for_each(m_startErrors, report);
     if (const std::string remark = FileLimitRemark(paths.size()); !remark.empty())
         report(remark);
-    try {
-        m_plot = ReadPlot(pointers, report);
-    } catch (const std::exception& error) { // too many readings
-        m_plot = {};
-        report(error.what());
-    }
+    Plot plot; // the old one is painted meanwhile
+    ReadingProgress progress{*this};
+    CallLibrary([&] {
+        try {
+            plot = ReadPlot(pointers, report, std::bind_front(&ReadingProgress::Show, &progress));
+        } catch (const std::exception& error) { // too many readings
+            report(error.what());
+        }
+    });
+    m_plot = std::move(plot);
     m_remarks->setVisible(!m_remarks->document()->isEmpty());
     m_start->setVisible(paths.empty());
     m_view->SetHint(paths.empty() ? QString{} : WindowText("There is no curve to plot."));
@@ -247,8 +250,8 @@ void MainWindow::SwitchUser()
     ShowNewStyles(WindowText("The styles are those of the user %1.", m_settings.root));
 }
 
-// While a call of the style atlas shows a window of its own, this window still gets events, and none of them
-// may lead to another call. Painting makes no call: the plot holds its styles.
+// While the call shows a window of its own, this window still gets events, and none of them may lead to
+// another call. Painting makes no call: the plot holds its styles.
 void MainWindow::CallLibrary(const std::function<void()>& call)
 {
     m_commands->setEnabled(false);

@@ -220,11 +220,12 @@ Range Divisible(Range range)
     return {range.low - margin, range.high + margin};
 }
 
-Plot ReadPlot(std::span<const char* const> paths, const Report& report)
+Plot ReadPlot(std::span<const char* const> paths, const Report& report, const FileProgress& progress)
 {
     const QuantityNames names;
     PlotMaker maker{paths, report};
-    const int status = ForEachFile(paths, names, report, [&maker](InputFile& file) { maker.AddFile(file); });
+    const auto add = [&maker](InputFile& file) { maker.AddFile(file); };
+    const int status = ForEachFile(paths, names, report, add, progress);
     Plot plot = maker.Finish();
     plot.status = status;
     return plot;

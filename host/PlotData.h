@@ -66,7 +66,7 @@ struct Plot {
 
 // Reads the files and asks the style atlas for the style of each curve. A column without readings makes no
 // curve; a curve without a style is a plain black line.
-Plot ReadPlot(std::span<const char* const> paths, const Report& report);
+Plot ReadPlot(std::span<const char* const> paths, const Report& report, const FileProgress& progress = {});
 
 // The readings between two times, and one more on either side for the line that leads there.
 std::span<const Reading> ReadingsAround(std::span<const Reading> readings, Range times);

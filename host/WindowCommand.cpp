@@ -17,8 +17,8 @@ int ShowWindow(std::string_view hostName, std::span<const char* const> paths,
 {
     MainWindow window{QString::fromUtf8(hostName.data(), static_cast<qsizetype>(hostName.size()))};
     window.SetStartErrors(std::move(startErrors));
-    window.AddFiles({paths.begin(), paths.end()});
     window.show();
+    window.AddFiles({paths.begin(), paths.end()});
     QApplication::exec();
     return Succeeded;
 }

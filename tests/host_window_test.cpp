@@ -244,4 +244,39 @@ TEST(HostWindow, ChecksStylesAndKeepsWhatItWas)
         std::ranges::none_of(left, [](const QAction* action) { return action->text().startsWith("&1"); }));
 }
 
+TEST(HostWindow, ReadsLongFilesUntilCancelled)
+{
+    const test::TempPrefix prefix;
+    const test::ScopedVariable catalogue{"MENSURA_CATALOGUE", nullptr};
+    const test::ScopedVariable language{"LANGUAGE", "en"};
+    int count = 1;
+    char name[] = "host_window_test";
+    char* words[] = {name, nullptr};
+    const QApplication application{count, words};
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
+    ownCalls.reload();
+    MainWindow window{"AirLab", ownCalls};
+    window.show();
+    std::string content = "date,Ozone\n";
+    while (content.size() < 20'000'000)
+        content += "2024-01-01,1," + std::string(300, 'x') + "\n";
+    const std::string path = prefix.Path() / "long.csv";
+    test::WriteWhole(path, content);
+    bool isGuarded = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (auto* const progress = window.findChild<QProgressDialog*>(); progress && progress->isVisible()) {
+            isGuarded = progress->isModal() && !window.acceptDrops();
+            progress->findChild<QPushButton*>()->click();
+        }
+    });
+    timer.start(1);
+    window.AddFiles(QByteArrayList(20, path.c_str()));
+    const QString remarks = window.findChild<QPlainTextEdit*>()->toPlainText();
+    EXPECT_TRUE(isGuarded && remarks.endsWith("long.csv: the reading was cancelled"))
+        << qPrintable(remarks.right(300));
+    EXPECT_TRUE(window.acceptDrops());
+    EXPECT_EQ(window.findChild<QProgressDialog*>(), nullptr);
+}
+
 } // namespace
