@@ -124,8 +124,8 @@ bool TreeWindow::ScrollInfo(int bar, SCROLLINFO& info) const
     return true;
 }
 
-// Moves the pixels that stay in view where the moved rows equal newly painted ones: row heights are even, so the
-// dots stay in step; at a broken scale rows differ.
+// Moves the pixels that stay in view where the moved rows equal newly painted ones: row heights are even, so
+// the dots stay in step; at a broken scale rows differ.
 void TreeWindow::scrollContentsBy(int /*dx*/, int rows)
 {
     QToolTip::hideText(); // its row is elsewhere now

@@ -48,8 +48,8 @@ void SwapXHandlers()
 
 } // namespace
 
-// Qt always replaces this locale, which isn't UTF-8, also where the host has set the environment's already. If
-// it is still set afterwards, Qt hasn't set any.
+// Qt always replaces this locale, which isn't UTF-8, also where the host has set the environment's already.
+// If it is still set afterwards, Qt hasn't set any.
 HostLocale::HostLocale() : m_before(std::setlocale(LC_ALL, nullptr))
 {
     std::setlocale(LC_ALL, plainLocale);
