@@ -127,10 +127,10 @@ set(CPACK_DEBIAN_HOST_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_HOST_PACKAGE_RECOMMENDS "hicolor-icon-theme, xdg-utils")
 set(CPACK_COMPONENT_HOST_DESCRIPTION
 "lists and plots measured data in the styles of the style atlas
-The program reads files of comma-separated values, knows the quantities in
-them, and asks the style atlas how each curve is drawn. It lists the curves
-with their styles, and plots them in a window or into a PNG file. Its window
-changes the styles, and finds curves that look alike.")
+The program reads measured data from text files in columns, knows the
+quantities in them, and asks the style atlas how each curve is drawn. It lists
+the curves with their styles, and plots them in a window or into PNG, SVG and
+PDF files. Its window changes the styles, and finds curves that look alike.")
 
 set(CPACK_DEBIAN_MANUAL_PACKAGE_NAME styleatlas-doc)
 set(CPACK_DEBIAN_MANUAL_PACKAGE_SECTION doc)

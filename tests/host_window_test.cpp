@@ -219,8 +219,11 @@ TEST(HostWindow, ChecksStylesAndKeepsWhatItWas)
     EXPECT_TRUE(message().startsWith("There are styles for 32 files only: the curves of file 33 "));
     EXPECT_TRUE(remarks().contains("file 33 "));
 
-    trigger("&Manual");
-    EXPECT_TRUE(message().startsWith("The manual is not installed."));
+    // A build folder may have it, and a browser would come up.
+    if (!QFile::exists(QCoreApplication::applicationDirPath() + "/" ATLAS_HOST_BIN_TO_MANUAL)) {
+        trigger("&Manual");
+        EXPECT_TRUE(message().startsWith("The manual is not installed."));
+    }
     trigger("&About Atlas Host");
     const QString about = message();
     EXPECT_TRUE(about.contains(ATLAS_HOST_VERSION) && about.contains(qVersion()) &&
