@@ -91,11 +91,20 @@ TEST(FileTest, EndsWithItsObjectAndReportsWhatTheSystemRefuses)
         EXPECT_EQ(test::ReadWhole(native), "x") << "without Close";
     }
     EXPECT_EQ(test::NextDescriptor(), next);
+    const auto isRefused = [](const auto& action) {
+        try {
+            action();
+        } catch (CFileException* e) {
+            e->Delete();
+            return true;
+        }
+        return false;
+    };
     CFile file;
-    EXPECT_THROW(file.GetLength(), CFileException*);
+    EXPECT_TRUE(isRefused([&file] { file.GetLength(); }));
     ASSERT_TRUE(file.Open(drivePath, CFile::modeRead));
     close(next);
-    EXPECT_THROW(file.Close(), CFileException*);
+    EXPECT_TRUE(isRefused([&file] { file.Close(); }));
 }
 
 // Other files may be endless, or block until they have a writer.
