@@ -1,4 +1,4 @@
-// The reader of measured files: its counts agree, its times are valid, and its values survive a round trip.
+// The reader of measured files: its counts agree, and its times are valid.
 #include "Fuzz.h"
 
 #include <TempPrefix.h>
@@ -6,8 +6,6 @@
 #include <cmath>
 #include <host/Calendar.h>
 #include <host/MeasuredFile.h>
-#include <iomanip>
-#include <sstream>
 
 using namespace atlashost;
 using fuzz::Require;
@@ -16,23 +14,6 @@ namespace
 {
 
 constexpr double yearTenThousand = 253402300800.0; // the last moments of 9999 are rounded to it
-
-// Writes times as numbers, whatever their form.
-std::string Written(const MeasuredFile& file)
-{
-    std::ostringstream out;
-    out.precision(17);
-    out << std::quoted(file.timeHeader, '"', '"');
-    for (const MeasuredColumn& column : file.columns)
-        out << ',' << std::quoted(column.header, '"', '"');
-    const auto write = [&out](double value) { std::isnan(value) ? out : out << value; };
-    for (std::size_t row = 0; row < file.rows; ++row) {
-        write((out << '\n', file.times[row]));
-        for (const MeasuredColumn& column : file.columns)
-            write((out << ',', column.values[row]));
-    }
-    return out.str();
-}
 
 void RequireSound(const MeasuredFile& file)
 {
@@ -58,15 +39,9 @@ void fuzz::Try(std::string_view bytes)
     static const test::TempPrefix prefix;
     const std::string path = prefix.Path() / "measured.csv";
     test::WriteWhole(path, bytes);
-    MeasuredFile file;
     try {
-        file = ReadMeasuredFile(path);
+        RequireSound(ReadMeasuredFile(path));
     } catch (const std::runtime_error&) {
         return; // refused
     }
-    RequireSound(file);
-    const std::string written = Written(file);
-    test::WriteWhole(path, written);
-    const MeasuredFile again = ReadMeasuredFile(path);
-    Require(again.remarks.empty() && Written(again) == written, "what was written reads as something else");
 }

@@ -61,12 +61,12 @@ void ExportDialog::MakeParts()
     m_resolution->setSuffix(" dpi");
     auto* const buttons = new QDialogButtonBox{QDialogButtonBox::Cancel};
     m_export = buttons->addButton(WindowText("&Export"), QDialogButtonBox::AcceptRole);
-    m_export->setDefault(true);
     auto* const form = new QFormLayout{this};
     form->addRow(WindowText("File (.png, .svg or .pdf):"), file);
     form->addRow(WindowText("Width and height:"), size);
     form->addRow(WindowText("Resolution:"), m_resolution);
     form->addRow(buttons);
+    m_export->setDefault(true); // which it can be only as a part of the dialog
     connect(m_path, &QLineEdit::textChanged, this, &ExportDialog::Check);
     connect(browse, &QPushButton::clicked, this, &ExportDialog::Browse);
     connect(m_unit, &QComboBox::currentIndexChanged, this, &ExportDialog::ChangeUnit);

@@ -125,6 +125,39 @@ TEST(HostWindow, DoesWhatItsMenusSay)
     find("&Copy picture")->trigger();
     EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
               QImage{saved}.convertToFormat(QImage::Format_RGB32));
+    const auto button = [](const QDialog& dialog, const char* text) {
+        const QList<QPushButton*> buttons = dialog.findChildren<QPushButton*>();
+        return *std::ranges::find(buttons, QString{text}, &QPushButton::text);
+    };
+    QTimer::singleShot(0, [&] {
+        auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+        const QList<QDoubleSpinBox*> sides = dialog.findChildren<QDoubleSpinBox*>();
+        auto& unit = *dialog.findChild<QComboBox*>();
+        auto& resolution = *dialog.findChild<QSpinBox*>();
+        const double pixels = sides[0]->value();
+        EXPECT_TRUE(button(dialog, "&Export")->isEnabled());
+        EXPECT_TRUE(button(dialog, "&Export")->isDefault());
+        dialog.findChild<QLineEdit*>()->setText("plot.bmp");
+        EXPECT_FALSE(button(dialog, "&Export")->isEnabled());
+        EXPECT_TRUE(sides[1]->isVisible() && resolution.isVisible() && sides[0]->decimals() == 0);
+        unit.setCurrentText("mm");
+        EXPECT_NEAR(sides[0]->value(), pixels * 25.4 / resolution.value(), 0.06);
+        resolution.setValue(2 * resolution.value());
+        unit.setCurrentIndex(0);
+        EXPECT_NEAR(sides[0]->value(), 2 * pixels, 1);
+        EXPECT_EQ(resolution.minimum(), 36);
+        dialog.reject();
+    });
+    find("&Export picture...")->trigger();
+    const QImage everything = picture();
+    find("Zoom &in")->trigger();
+    const QImage zoomed = picture();
+    find("Zoom &out")->trigger();
+    EXPECT_TRUE(zoomed != everything && picture() != zoomed);
+    EXPECT_EQ(find("Zoom &out")->shortcut(), QKeySequence{QKeySequence::ZoomOut});
+    find("Zoom &out")->trigger();
+    find("&Show everything")->trigger();
+    EXPECT_EQ(picture(), everything);
     choose("&Open...", DATA_FOLDER "/airquality-1973-07.csv");
     EXPECT_EQ(files.count(), 2);
     files.item(0)->setSelected(true);
@@ -190,6 +223,19 @@ TEST(HostWindow, ChecksStylesAndKeepsWhatItWas)
     QKeyEvent enter{QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier};
     QCoreApplication::sendEvent(&list, &enter);
     EXPECT_NE(picture(), before);
+    const auto button = [&dialog](const char* text) {
+        const QList<QPushButton*> buttons = dialog.findChildren<QPushButton*>();
+        return *std::ranges::find(buttons, QString{text}, &QPushButton::text);
+    };
+    button("&Unmark")->click();
+    EXPECT_TRUE(picture() == before && !button("&Unmark")->isEnabled());
+    button("&Mark in the plot")->click();
+    EXPECT_TRUE(picture() != before && button("&Unmark")->isEnabled());
+    trigger("Read &again");
+    EXPECT_TRUE(list.topLevelItemCount() == 8 && picture() == before && !button("&Unmark")->isEnabled());
+    EXPECT_EQ(list.topLevelItem(0)->toolTip(3), list.topLevelItem(0)->text(3));
+    EXPECT_EQ(dialog.windowTitle(), "Check styles");
+    QCoreApplication::sendEvent(&list, &enter);
     dialog.close();
     EXPECT_EQ(picture(), before);
     trigger("C&heck styles...");
