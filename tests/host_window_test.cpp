@@ -27,18 +27,29 @@ const LibraryCalls ownCalls{
     [] { StyleAtlasSetApplication(u"AirLab"); },
     [](const char16_t* root, const char16_t* subKey) { calls += QString{"%1|%2"}.arg(root, subKey); }};
 
-TEST(HostWindow, DoesWhatItsMenusSay)
+class HostWindow : public testing::Test
 {
+protected:
+    HostWindow()
+    {
+        // The last folder, the recent files.
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
+        ownCalls.reload();
+    }
+
     const test::TempPrefix prefix;
-    const test::ScopedVariable catalogue{"MENSURA_CATALOGUE", nullptr};
-    const test::ScopedVariable language{"LANGUAGE", "en"};
-    int count = 1;
-    char name[] = "host_window_test";
-    char* words[] = {name, nullptr};
-    const QApplication application{count, words};
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                       prefix.Path().c_str()); // the last folder
-    ownCalls.reload();
+
+private:
+    const test::ScopedVariable m_catalogue{"MENSURA_CATALOGUE", nullptr};
+    const test::ScopedVariable m_language{"LANGUAGE", "en"};
+    int m_count = 1;
+    char m_name[17] = "host_window_test";
+    char* m_words[2] = {m_name, nullptr};
+    const QApplication m_application{m_count, m_words};
+};
+
+TEST_F(HostWindow, DoesWhatItsMenusSay)
+{
     MainWindow window{"AirLab", ownCalls};
     window.show();
     shown = &window;
@@ -168,17 +179,8 @@ TEST(HostWindow, DoesWhatItsMenusSay)
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST(HostWindow, ChecksStylesAndKeepsWhatItWas)
+TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
 {
-    const test::TempPrefix prefix;
-    const test::ScopedVariable catalogue{"MENSURA_CATALOGUE", nullptr};
-    const test::ScopedVariable language{"LANGUAGE", "en"};
-    int count = 1;
-    char name[] = "host_window_test";
-    char* words[] = {name, nullptr};
-    const QApplication application{count, words};
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
-    ownCalls.reload();
     std::optional<MainWindow> window{std::in_place, "AirLab", ownCalls};
     window->show();
     const auto trigger = [&window](const QString& text) {
@@ -293,17 +295,8 @@ TEST(HostWindow, ChecksStylesAndKeepsWhatItWas)
         std::ranges::none_of(left, [](const QAction* action) { return action->text().startsWith("&1"); }));
 }
 
-TEST(HostWindow, ReadsLongFilesUntilCancelled)
+TEST_F(HostWindow, ReadsLongFilesUntilCancelled)
 {
-    const test::TempPrefix prefix;
-    const test::ScopedVariable catalogue{"MENSURA_CATALOGUE", nullptr};
-    const test::ScopedVariable language{"LANGUAGE", "en"};
-    int count = 1;
-    char name[] = "host_window_test";
-    char* words[] = {name, nullptr};
-    const QApplication application{count, words};
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, prefix.Path().c_str());
-    ownCalls.reload();
     MainWindow window{"AirLab", ownCalls};
     window.show();
     std::string content = "date,Ozone\n";
