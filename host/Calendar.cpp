@@ -34,14 +34,15 @@ public:
         return value;
     }
 
-    // Two digits or four.
-    int Year()
+    // Two digits or four. Where the two could be a day behind a hyphen, the year may well stand in front.
+    int Year(char mark)
     {
         constexpr int Pivot = 70;
+        constexpr int MaxDay = 31;
         const std::size_t length = m_rest.size();
         const int year = Number(2, 4);
         const std::size_t digits = length - m_rest.size();
-        m_isGood = m_isGood && digits != 3;
+        m_isGood = m_isGood && digits != 3 && !(digits == 2 && mark == '-' && year <= MaxDay);
         return digits > 2 ? year : year + (year < Pivot ? 2000 : 1900);
     }
 
@@ -135,7 +136,7 @@ std::optional<std::chrono::year_month_day> Date(Scanner& scanner, DateOrder orde
     const char mark = scanner.Expect(Marks);
     const int second = scanner.Number(1, 2);
     scanner.Expect({&mark, 1});
-    const int third = isYearFirst ? scanner.Number(1, 2) : scanner.Year();
+    const int third = isYearFirst ? scanner.Number(1, 2) : scanner.Year(mark);
     const auto [year, month, day] = isYearFirst                      ? std::tuple{first, second, third}
                                     : order == DateOrder::MonthFirst ? std::tuple{third, first, second}
                                                                      : std::tuple{third, second, first};

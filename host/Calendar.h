@@ -17,9 +17,9 @@ enum class DateOrder { YearFirst, DayFirst, MonthFirst };
 
 // Reads a date with or without a time of day: "1973-05-01", "1973/5/1 7:30", "1973-05-01T07:30:15.25", and in
 // the other orders "1.5.1973", "1/5/73 07:30" and the like. The date is parted by one of "-", "/" and ".";
-// years are 0001 to 9999, those of two digits 1970 to 2069. The time of day may end with "AM" or "PM", with
-// "Z" or an offset as "+01:00", which is not applied, and is "24:00" at the end of a day. Empty for anything
-// else.
+// years are 0001 to 9999, those of two digits 1970 to 2069; "24-02-13", of which either end may be the year,
+// is refused. The time of day may end with "AM" or "PM", with "Z" or an offset as "+01:00", which is not
+// applied, and is "24:00" at the end of a day. Empty for anything else.
 std::optional<double> ParseTime(std::string_view text, DateOrder order = DateOrder::YearFirst);
 
 // Whether a text is a time of day alone, of those forms.

@@ -72,7 +72,9 @@ void CsvReader::ReadRecord()
 
 void CsvReader::ReadField()
 {
-    const bool isQuoted = m_rest.starts_with(Quote);
+    // A mark in a comment that no other follows in the line is one of inches, say.
+    const std::size_t next = m_isComment ? m_rest.find_first_of("\"\n", 1) : 0;
+    const bool isQuoted = m_rest.starts_with(Quote) && next < m_rest.size() && m_rest[next] == Quote;
     std::string unquoted = isQuoted ? ReadQuoted() : std::string{};
     std::string_view field = m_separator == Blanks ? TakeToBlanks() : TakeToSeparator();
     if (++m_fieldCount > MaxFields)

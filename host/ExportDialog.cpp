@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -70,7 +71,7 @@ void ExportDialog::MakeParts()
     connect(m_path, &QLineEdit::textChanged, this, &ExportDialog::Check);
     connect(browse, &QPushButton::clicked, this, &ExportDialog::Browse);
     connect(m_unit, &QComboBox::currentIndexChanged, this, &ExportDialog::ChangeUnit);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::Accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
@@ -81,8 +82,19 @@ void ExportDialog::Browse()
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("png");
     dialog.selectFile(m_path->text());
-    if (dialog.exec() == QDialog::Accepted)
-        m_path->setText(dialog.selectedFiles().constFirst());
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    m_confirmed = dialog.selectedFiles().constFirst();
+    m_path->setText(m_confirmed);
+}
+
+void ExportDialog::Accept()
+{
+    const QString path = m_path->text();
+    if (path == m_confirmed || !QFile::exists(path) ||
+        QMessageBox::question(this, windowTitle(), WindowText("%1 exists. Replace it?", path)) ==
+            QMessageBox::Yes)
+        accept();
 }
 
 QString ExportDialog::Path() const

@@ -30,11 +30,13 @@ private:
 
     void MakeParts();
     void Browse();
+    void Accept(); // asks before a file is replaced
     void ChangeUnit();
     void ShowSize(QSize pixels);
     void Check();
 
     QLineEdit* m_path = nullptr;
+    QString m_confirmed; // the path whose file may be replaced
     QDoubleSpinBox* m_width = nullptr;
     QDoubleSpinBox* m_height = nullptr;
     QComboBox* m_unit = nullptr;

@@ -23,10 +23,17 @@ bool IsDate(std::string_view field)
            ParseTime(field, DateOrder::MonthFirst);
 }
 
+// "24-02-13", of which nobody knows which number is the year: no date, but a whole field.
+bool HasDateForm(std::string_view field)
+{
+    return std::ranges::count(field, '-') == 2 && field.front() != '-' && field.back() != '-' &&
+           field.find_first_not_of("0123456789-") == std::string_view::npos;
+}
+
 bool IsReadable(std::string_view field)
 {
     return !std::isnan(ParseNumber(field)) || !std::isnan(ParseCommaNumber(field)) || IsDate(field) ||
-           IsTimeOfDay(field);
+           IsTimeOfDay(field) || HasDateForm(field);
 }
 
 struct Record {
@@ -85,12 +92,20 @@ std::ptrdiff_t WorthOf(const Sample& sample)
     return worth;
 }
 
+bool HasColumnsInEveryLine(const Sample& sample)
+{
+    return std::ranges::all_of(sample,
+                               [](const Record& record) { return record.isComment || record.HasColumns(); });
+}
+
 // Without data the first separator that stands in a line decides.
 char SeparatorOf(std::string_view content, Sample& sample)
 {
     char best = Separators[0];
     std::ptrdiff_t worthOfBest = -1;
     for (const char separator : Separators) {
+        if (separator == Blanks && best == '\t' && worthOfBest > 0 && HasColumnsInEveryLine(sample))
+            continue; // blanks stand in the fields
         Sample other = SampleBy(separator, content);
         const std::ptrdiff_t worth = std::ranges::any_of(other, &Record::HasColumns) ? WorthOf(other) : -1;
         if (worth > worthOfBest || sample.empty()) {

@@ -198,7 +198,7 @@ void MainWindow::ReadFiles()
     CallLibrary([&] {
         try {
             plot = ReadPlot(pointers, report, std::bind_front(&ReadingProgress::Show, &progress));
-        } catch (const std::exception& error) { // too many readings
+        } catch (const std::exception& error) { // the memory is full
             report(error.what());
         }
     });

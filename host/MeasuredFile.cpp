@@ -104,21 +104,25 @@ private:
             throw std::runtime_error{Text("more than 16 million fields")};
         ReadTime(csv.Fields());
         const std::vector<std::string_view>& fields = csv.Fields();
+        // No field is empty where blanks separate: which column a short row lacks is not known.
+        const bool isShort = m_form.separator == Blanks && csv.FieldCount() < FieldsOfRow();
         std::size_t next = m_firstValue;
         for (MeasuredColumn& column : m_file.columns) {
-            ReadValue(column, next < fields.size() ? WithoutBlanks(fields[next]) : "");
+            ReadValue(column, !isShort && next < fields.size() ? WithoutBlanks(fields[next]) : "");
             ++next;
         }
-        if (csv.FieldCount() > next)
+        if (isShort)
+            RemarkOnFieldCount(csv);
+        else if (csv.FieldCount() > next)
             RemarkOnExcess(csv);
     }
 
     void ReadTime(const std::vector<std::string_view>& fields)
     {
         std::string_view field = WithoutBlanks(fields.front());
-        if (m_form.hasTimeOfDay && fields.size() > 1) {
-            m_dateAndTime.assign(field).append(" ").append(WithoutBlanks(fields[1]));
-            field = WithoutBlanks(m_dateAndTime);
+        if (m_form.hasTimeOfDay) { // without which a date ends with a blank, and is none
+            m_dateAndTime.assign(field).append(" ").append(fields.size() > 1 ? WithoutBlanks(fields[1]) : "");
+            field = m_dateAndTime == " " ? "" : std::string_view{m_dateAndTime};
         }
         if (m_times.Add(field, m_line, m_numbers))
             return;
@@ -165,8 +169,13 @@ private:
             std::all_of(csv.Fields().begin() + static_cast<std::ptrdiff_t>(expected), csv.Fields().end(),
                         [](std::string_view field) { return field.empty(); }))
             return;
+        RemarkOnFieldCount(csv);
+    }
+
+    void RemarkOnFieldCount(const CsvReader& csv)
+    {
         AddRemark(Text("the line has %1 fields, the head line %2",
-                       {std::to_string(csv.FieldCount()), std::to_string(expected)}));
+                       {std::to_string(csv.FieldCount()), std::to_string(FieldsOfRow())}));
     }
 
     void RemarkOnNumber(std::string_view field, const std::string& header)

@@ -47,6 +47,14 @@ std::string WithoutLinks(const char* path)
     return resolved.get();
 }
 
+// By a redirection, into which others write on.
+bool IsStandardOutput(const struct stat& file)
+{
+    struct stat own {
+    };
+    return fstat(STDOUT_FILENO, &own) == 0 && own.st_dev == file.st_dev && own.st_ino == file.st_ino;
+}
+
 } // namespace
 
 void ThrowUnwritable(const char* path, const std::string& reason)
@@ -59,7 +67,7 @@ OutputFile::OutputFile(const char* path) : m_path{path}
     struct stat status {
     };
     if (stat(path, &status) == 0) {
-        if (!S_ISREG(status.st_mode))
+        if (!S_ISREG(status.st_mode) || IsStandardOutput(status))
             OpenItself();
         else if (access(path, W_OK) == 0)
             OpenBeside(WithoutLinks(path), status.st_mode & AllPermissions);

@@ -12,7 +12,8 @@ namespace atlashost
 class OutputFile
 {
 public:
-    // A new file is written beside the old one. What is no regular file (a pipe, a device) is written itself.
+    // A new file is written beside the old one. What is no regular file (a pipe, a device), and
+    // the standard output, is written itself. The folder must be writable.
     explicit OutputFile(const char* path);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;

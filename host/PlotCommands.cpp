@@ -1,6 +1,7 @@
 #include "PlotCommands.h"
 
 #include "ExportDialog.h"
+#include "MessageBox.h"
 #include "PictureFile.h"
 #include "PlotPainter.h"
 #include "PlotView.h"
@@ -10,7 +11,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStatusTipEvent>
@@ -117,10 +117,7 @@ void PlotCommands::Tell(const QString& text)
 void PlotCommands::Warn(const QString& text)
 {
     Tell(text);
-    auto* const box =
-        new QMessageBox{QMessageBox::Warning, m_view.window()->windowTitle(), text, QMessageBox::Ok, &m_view};
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    ShowMessage(*m_view.window(), QMessageBox::Warning, text);
 }
 
 } // namespace atlashost

@@ -50,6 +50,7 @@ void PlotView::ShowNewPlot()
 {
     m_scope = {};
     m_drag.reset();
+    unsetCursor();
     m_panel = 0;
     Redraw();
 }

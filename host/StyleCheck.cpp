@@ -30,7 +30,7 @@ std::string WhyAlike(const Drawn& one, const Drawn& other)
 // Why a curve is hard to see; empty if it isn't.
 std::string WhyFaint(const Drawn& curve)
 {
-    if (!curve.symbolColor && !curve.lineColor)
+    if (!curve.IsVisible())
         return Text("neither symbol nor line");
     const std::vector<Faintness> faint = TooFaint(curve, Paper);
     if (faint.empty())

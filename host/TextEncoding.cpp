@@ -109,6 +109,8 @@ std::string TextOf(std::string content)
         content = FromUtf16(std::string_view{content}.substr(2), 1);
     if (content.find('\0') != std::string::npos)
         throw std::runtime_error{Text("not a text file")};
+    if (content.find('\n') == std::string::npos)
+        std::ranges::replace(content, '\r', '\n');
     if (!IsUtf8(content))
         content = FromWindows1252(content);
     return content;

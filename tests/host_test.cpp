@@ -147,6 +147,14 @@ TEST_F(Host, FindsTheFormOfAFile)
          ":4: \"3/14/2024\" has day and month in another order than most dates; such rows left out: 1"},
         {"Site,Ozone\nA,1\n", "1 +0",
          ":2: \"A\" is neither a date nor a number, as all first fields; the rows are numbered"},
+        {"t Temp Ozone\n1 5 3\n2   9\n", "1 +1", ":3: the line has 2 fields, the head line 3"},
+        {"Date\tOzone\n2024-01-01\t1 234,5\n2024-01-02\t2\n", "1 +1",
+         ":2: \"1 234,5\" in column Ozone is not a number"},
+        {"D;Ozone;Temp\n24-02-13;7,5;2,5\n24-02-14;7,5;2,5\n", "2 +0",
+         ":2: \"24-02-13\" is neither a date nor a number, as all first fields; the rows are numbered"},
+        {"D;t;Ozone\n1.2.2024;10:00;1\n1.2.2024;;2\n", "2 +0", ":3: \"1.2.2024 \" in column D is not a date"},
+        {"D,Ozone\r2024-01-01,2\r", "1 +0", ""},
+        {"# pipe 3 \" long\nt Ozone\n1 2\n3 4\n", "2 +0", ""},
         {"1,2\n3,4\n", "", ": no line of headings above the data"},
         {std::string_view{"PK\0\1", 4}, "", ": not a text file"}};
     for (const auto& [content, counts, remark] : files) {

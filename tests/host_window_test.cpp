@@ -157,6 +157,12 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
         unit.setCurrentIndex(0);
         EXPECT_NEAR(sides[0]->value(), 2 * pixels, 1);
         EXPECT_EQ(resolution.minimum(), 36);
+        dialog.findChild<QLineEdit*>()->setText(saved);
+        QTimer::singleShot(0, [] {
+            dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget()).button(QMessageBox::No)->click();
+        });
+        button(dialog, "&Export")->click();
+        EXPECT_TRUE(dialog.isVisible()) << "an old file, and No";
         dialog.reject();
     });
     find("&Export picture...")->trigger();
