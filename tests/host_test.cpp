@@ -220,6 +220,46 @@ TEST_F(Host, PlotsIntoAFileWithoutDisplayAndFonts)
     EXPECT_EQ(QImage{QString::fromStdString(png)}.size(), QSize(900, 700));
 }
 
+TEST_F(Host, PlotsIntoFilesOfEachKind)
+{
+    const auto plot = [this](const char* name, Words words) {
+        const std::string path = m_folder / name;
+        words.insert(words.end(), {"-o", path, "--size", "480x384"});
+        EXPECT_EQ(RunOnMonths(words, "plot").Errors, "");
+        return test::ReadWhole(path);
+    };
+    const std::string svg = plot("p.svg", {});
+    EXPECT_NE(svg.find("viewBox=\"0 0 480 384\""), std::string::npos);
+    EXPECT_NE(svg.find("width=\"127"), std::string::npos) << "mm";
+    for (const std::string& color : Colors)
+        EXPECT_NE(QString::fromStdString(svg).indexOf(color.c_str(), 0, Qt::CaseInsensitive), -1) << color;
+    const std::string pdf = plot("p.pdf", {});
+    EXPECT_NE(pdf.find("/MediaBox [0 0 360."), std::string::npos) << "points";
+    EXPECT_GT(pdf.size(), 15000U) << "curves and texts";
+    plot("p.png", {});
+    const QImage png{QString::fromStdString(m_folder / "p.png")};
+    EXPECT_EQ(png.size(), QSize(480, 384));
+    EXPECT_NEAR(png.dotsPerMeterX(), 96 / 0.0254, 1);
+    EXPECT_EQ(png.dotsPerMeterY(), png.dotsPerMeterX());
+    EXPECT_EQ(png.pixelColor(0, 0), Qt::white);
+
+    // With the permissions that the user's mask leaves, or those of the file before.
+    const std::string path = m_folder / "p.png";
+    chmod(path.c_str(), 0640);
+    plot("p.png", {});
+    struct stat status {
+    };
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+    const std::string version = Run({"--version"}).Output;
+    EXPECT_TRUE(version.starts_with("atlas-host ") && version.ends_with("\n")) << version;
+    const Result nothing = Run({"-o", path, "plot", File("none.csv", "t,x\n1,2\n")});
+    EXPECT_TRUE(nothing.Status == 1 && nothing.IsSaying("there is no curve to plot")) << nothing.Errors;
+    EXPECT_EQ(test::ReadWhole(path).substr(1, 3), "PNG") << "the old picture";
+    EXPECT_EQ(Run({"--png", m_folder / "odd.name", "--size", "200x200", "plot", Month(0)}).Status, 0);
+    EXPECT_FALSE(QImage(QString::fromStdString(m_folder / "odd.name")).isNull());
+}
+
 TEST_F(Host, ReportsWhatItCannotDo)
 {
     for (const Words& command : {Words{"plot", Month(0)}, {"window"}, {"edit"}}) {

@@ -92,7 +92,8 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
     QTimer::singleShot(0, [] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         dialog->findChild<QLineEdit*>()->setText("S-1-5");
-        dialog->accept();
+        EXPECT_EQ(dialog->windowTitle(), "Switch user");
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     });
     find("Switch &user...")->trigger();
     EXPECT_EQ(calls, "edit edit edit S-1-5|Software\\Halvorn");
@@ -157,12 +158,23 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
         unit.setCurrentIndex(0);
         EXPECT_NEAR(sides[0]->value(), 2 * pixels, 1);
         EXPECT_EQ(resolution.minimum(), 36);
+        EXPECT_EQ(dialog.windowTitle() + resolution.suffix(), "Export picture dpi");
+        QTimer::singleShot(0, [&] {
+            auto& browser = dynamic_cast<QFileDialog&>(*QApplication::activeModalWidget());
+            EXPECT_TRUE(browser.acceptMode() == QFileDialog::AcceptSave && browser.defaultSuffix() == "png");
+            browser.selectFile(QFileInfo{saved}.path() + "/browsed");
+            static_cast<QDialog&>(browser).accept();
+        });
+        button(dialog, "&Browse...")->click();
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), QFileInfo{saved}.path() + "/browsed.png");
         dialog.findChild<QLineEdit*>()->setText(saved);
         QTimer::singleShot(0, [] {
             dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget()).button(QMessageBox::No)->click();
         });
         button(dialog, "&Export")->click();
         EXPECT_TRUE(dialog.isVisible()) << "an old file, and No";
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
+        EXPECT_FALSE(dialog.isVisible());
         dialog.reject();
     });
     find("&Export picture...")->trigger();
@@ -197,6 +209,9 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     };
     const auto message = [&window] {
         const std::unique_ptr<QMessageBox> box{window->findChild<QMessageBox*>()};
+        EXPECT_TRUE(!box || (box->isVisible() && box->textFormat() == Qt::PlainText &&
+                             box->textInteractionFlags() & Qt::TextSelectableByMouse &&
+                             box->testAttribute(Qt::WA_DeleteOnClose)));
         return box ? box->text() : "";
     };
     const auto remarks = [&window] { return window->findChild<QPlainTextEdit*>()->toPlainText(); };
@@ -213,9 +228,19 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     auto& list = *window->findChild<QTreeWidget*>();
     auto& dialog = dynamic_cast<QDialog&>(*list.window());
     EXPECT_FALSE(dialog.isModal());
-    EXPECT_TRUE(dialog.findChild<QLabel*>()->text().startsWith("None:"));
+    EXPECT_TRUE(dialog.findChild<QLabel*>()->text().startsWith("None:") && !list.isEnabled());
+    EXPECT_NEAR(dialog.geometry().center().x(), window->geometry().center().x(), 3);
+    EXPECT_GT(dialog.geometry().center().y(), window->geometry().center().y());
+    dialog.move(5, 7);
     window->AddFiles({month(7), month(8)});
     ASSERT_EQ(list.topLevelItemCount(), 8) << "two pairs a panel";
+    const auto& pair = *list.topLevelItem(0);
+    for (int column = 0; column < 4; ++column) {
+        EXPECT_GE(list.columnWidth(column), list.fontMetrics().horizontalAdvance(pair.text(column)));
+        EXPECT_EQ(pair.icon(column).isNull(), column % 3 == 0);
+    }
+    const QImage sample = pair.icon(1).pixmap(list.iconSize(), QIcon::Selected).toImage();
+    EXPECT_EQ(sample.pixelColor(0, 0), Qt::white) << "paper, selected too";
     const auto cells = [&list] {
         QStringList texts;
         for (int column = 0; column < 4; ++column)
@@ -244,9 +269,11 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     EXPECT_EQ(list.topLevelItem(0)->toolTip(3), list.topLevelItem(0)->text(3));
     EXPECT_EQ(dialog.windowTitle(), "Check styles");
     QCoreApplication::sendEvent(&list, &enter);
-    dialog.close();
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close)->click();
     EXPECT_EQ(picture(), before);
     trigger("C&heck styles...");
+    EXPECT_EQ(dialog.pos(), QPoint(5, 7)) << "where the user has moved it";
+    EXPECT_EQ(dialog.focusWidget(), &list);
     const QString first = cells();
     answer = STYLEATLAS_EDIT_OK;
     reload = window->findChild<QAction*>();
@@ -272,6 +299,9 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     window->AddFiles({29, month(9)});
     EXPECT_TRUE(message().startsWith("There are styles for 32 files only: the curves of file 33 "));
     EXPECT_TRUE(remarks().contains("file 33 "));
+    const QListWidgetItem* const ends[] = {files.item(31), files.item(32)};
+    EXPECT_EQ(ends[0]->toolTip() + "\nwithout a style", ends[1]->toolTip());
+    EXPECT_TRUE(ends[0]->toolTip().startsWith('/') && ends[0]->foreground() != ends[1]->foreground());
 
     // A build folder may have it, and a browser would come up.
     if (!QFile::exists(QCoreApplication::applicationDirPath() + "/" ATLAS_HOST_BIN_TO_MANUAL)) {
@@ -299,6 +329,120 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     const QList<QAction*> left = window->findChildren<QAction*>();
     EXPECT_TRUE(
         std::ranges::none_of(left, [](const QAction* action) { return action->text().startsWith("&1"); }));
+}
+
+TEST_F(HostWindow, IsLaidOutForItsUsers)
+{
+    MainWindow window{"AirLab", ownCalls};
+    window.show();
+    EXPECT_EQ(window.windowTitle(), "Curves - AirLab");
+    EXPECT_EQ(MainWindow("", ownCalls).windowTitle(), "Curves");
+    const auto textOf = [](const QAction* menu) {
+        QStringList entries{menu->text()};
+        for (const QAction* const entry : menu->menu()->actions())
+            entries += entry->isSeparator() ? "-"
+                       : entry->isEnabled() ? entry->text() + " " + entry->shortcut().toString()
+                                            : "(" + entry->text() + ")";
+        return entries.join('|').remove('&').toStdString() + '\n';
+    };
+    std::string menus;
+    for (const QAction* const menu : window.menuBar()->actions())
+        menus += textOf(menu);
+    EXPECT_EQ(menus,
+              "File|Open... Ctrl+O|Open recent |Remove from list Del|Move up Alt+Up|Move down Alt+Down|"
+              "Read again F5|Export picture... Ctrl+S|Copy picture Ctrl+C|Print... Ctrl+P|-|Quit Ctrl+Q\n"
+              "View|Zoom in Ctrl++|Zoom out Ctrl+-|Show everything Ctrl+0\n"
+              "Styles|Curve styles... Ctrl+E|Check styles... Ctrl+K|Reload styles Ctrl+R|"
+              "Switch user... Ctrl+U\nHelp|Manual F1|-|About Atlas Host |About Qt \n");
+    const QAction& recent = *window.menuBar()->actions()[0]->menu()->actions()[1];
+    EXPECT_EQ(textOf(&recent), "Open recent|(No files yet)|-|(Clear list)\n");
+    auto& files = *window.findChild<QListWidget*>();
+    EXPECT_TRUE(window.acceptDrops() && files.acceptDrops() && files.accessibleName() == "Files");
+    EXPECT_EQ(files.dragDropMode(), QAbstractItemView::InternalMove);
+    EXPECT_TRUE(window.findChild<QPlainTextEdit*>()->isReadOnly());
+
+    QWidget& view = *qobject_cast<QSplitter*>(window.centralWidget())->widget(1);
+    QCoreApplication::processEvents();
+    const auto labels = view.findChildren<QLabel*>();
+    for (const QLabel* const label : labels)
+        EXPECT_NEAR(label->mapTo(&view, label->rect().center()).x(), view.rect().center().x(), 8);
+    EXPECT_GT(labels[1]->font().pointSizeF(), labels[2]->font().pointSizeF());
+    EXPECT_NEAR(labels.front()->mapTo(&view, QPoint{}).y(),
+                view.height() - labels.back()->mapTo(&view, labels.back()->rect().bottomLeft()).y(), 3);
+    QTimer::singleShot(0, [] {
+        auto& dialog = dynamic_cast<QFileDialog&>(*QApplication::activeModalWidget());
+        dialog.selectFile(DATA_FOLDER "/airquality-1973-05.csv");
+        static_cast<QDialog&>(dialog).accept();
+    });
+    view.findChild<QPushButton*>()->click();
+    ASSERT_EQ(files.count(), 1);
+    QByteArrayList paths{DATA_FOLDER "/airquality-1973-05.csv"};
+    for (int i = 0; i < 12; ++i) {
+        paths += QByteArray::fromStdString(prefix.Path() / ("recent" + std::to_string(i)));
+        test::WriteWhole(paths.back().toStdString(), "t,Ozone\n1,2\n");
+    }
+    window.AddFiles(paths + paths);
+    EXPECT_EQ(recent.menu()->actions().size(), 11) << "nine of them, each once";
+    for (int row = 1; row < files.count(); ++row)
+        files.item(row)->setSelected(true);
+    files.item(0)->setSelected(false);
+    window.menuBar()->actions()[0]->menu()->actions()[2]->trigger();
+    ASSERT_EQ(files.count(), 1);
+    const int listWidth = files.width();
+    window.resize(window.width() + 200, window.height());
+    EXPECT_EQ(files.width(), listWidth) << "the curves get the room";
+
+    const auto send = [&view](QEvent::Type type, QPoint point, Qt::MouseButton button,
+                              Qt::KeyboardModifiers keys = {}) {
+        const bool isUp = type == QEvent::MouseButtonRelease;
+        QMouseEvent event{
+            type, point, view.mapToGlobal(point), button, isUp ? Qt::NoButton : Qt::MouseButtons{button},
+            keys};
+        QCoreApplication::sendEvent(&view, &event);
+    };
+    const auto picture = [&view] { return view.grab().toImage(); };
+    const QImage everything = picture();
+    const QPoint from{view.width() / 2, view.height() / 8};
+    const QPoint to = from + QPoint{60, 40};
+    QKeyEvent plus{QEvent::KeyPress, Qt::Key_Plus, Qt::NoModifier};
+    QCoreApplication::sendEvent(&view, &plus);
+    const QImage zoomed = picture();
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::ShiftModifier);
+    EXPECT_EQ(view.cursor().shape(), Qt::ClosedHandCursor);
+    send(QEvent::MouseMove, to, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, to, Qt::LeftButton);
+    EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
+    QEvent leave{QEvent::Leave};
+    QCoreApplication::sendEvent(&view, &leave);
+    const QImage moved = picture();
+    EXPECT_TRUE(zoomed != everything && moved != everything && moved != zoomed);
+    send(QEvent::MouseButtonDblClick, to, Qt::LeftButton);
+    EXPECT_EQ(picture(), everything);
+
+    // A band over a part of the panel, then a flat one, which means the times alone.
+    for (const QPoint end : {to, from + QPoint{60, 1}}) {
+        send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+        send(QEvent::MouseMove, end, Qt::LeftButton);
+        const QImage band = picture();
+        const QPoint inside = from + QPoint{30, end.y() > from.y() + 1 ? 20 : 30};
+        EXPECT_NE(band.pixelColor(inside), everything.pixelColor(inside));
+        EXPECT_EQ(band.pixelColor(from - QPoint{5, 0}), everything.pixelColor(from - QPoint{5, 0}));
+        send(QEvent::MouseButtonRelease, end, Qt::LeftButton);
+        QCoreApplication::sendEvent(&view, &leave);
+        EXPECT_NE(picture(), everything);
+        send(QEvent::MouseButtonDblClick, end, Qt::LeftButton);
+        QCoreApplication::sendEvent(&view, &leave);
+        EXPECT_EQ(picture(), everything);
+    }
+    window.resize(window.width() - 100, window.height());
+    EXPECT_EQ(picture().size(), view.size());
+    QTimer::singleShot(0, [] {
+        auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+        EXPECT_GT(menu.actions().size(), 5);
+        menu.close();
+    });
+    QContextMenuEvent wish{QContextMenuEvent::Keyboard, from, view.mapToGlobal(from)};
+    QCoreApplication::sendEvent(&view, &wish);
 }
 
 TEST_F(HostWindow, ReadsLongFilesUntilCancelled)
