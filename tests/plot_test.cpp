@@ -21,6 +21,7 @@
 #include <cmath>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <iomanip>
 #include <memory>
 #include <sstream>
 
@@ -187,6 +188,32 @@ TEST_F(Plots, HoldWhatTheFilesHold)
                   "Temperature of the day, maximum|°F|t\uFFFD|10 30|-40 100|y 2 2: 10 -40 20 nan 30 100\n"
                   "Wind speed, mean of 07:00 and 10:00|mph|t\uFFFD|10 30|0.9 1.1|y 2 3: 10 1 20 1 30 1\n"
                   "Temperature of the day, maximum|°F|row|1 2|0.9 1.1|z 3 2: 1 1 2 1\n");
+}
+
+TEST_F(Plots, KnowTheOrderOfADate)
+{
+    const std::pair<std::string_view, std::string_view> files[] = {
+        {"Date,Wind\nx,9\n1/2/1970,1\n1/13/1970,2\ny,9\n", "Date|86400 1036800: 86400 1 1036800 2"},
+        {"Date,Wind\n1.2.1970,1\n13.2.1970,2\n", "Date|2678400 3715200: 2678400 1 3715200 2"},
+        {"Date,Wind\n1970-01-02,1\n1/3/1970,2\n1970-01-04,3\n", "Date|86400 259200: 86400 1 259200 3"},
+        {"Date,Wind\n1970-01-01T10:00:00+01:00,1\n1970-01-01 11:00+0100,2\n1970-01-01 12:00-01,3\n"
+         "1970-01-01 1:00 PM,4\n1970-01-01 14:00:00.5Z,5\n1970-01-01 15:00Z,6\n",
+         "Date|36000 54000: 36000 1 39600 2 43200 3 46800 4 50400.5 5 54000 6"},
+        {"\u00B0\u00B5;Wind\n1;2\n3;4\n", "\u00B0\u00B5|1 3: 1 2 3 4"}};
+    const test::TempPrefix prefix;
+    const std::string path = prefix.Path() / "x.csv";
+    for (const auto& [content, expected] : files) {
+        test::WriteWhole(path, content);
+        const Plot plot = ReadPlot({{path.c_str()}}, [](const std::string&) {});
+        ASSERT_EQ(plot.panels.size(), 1U) << content;
+        const Panel& panel = plot.panels[0];
+        std::ostringstream text;
+        text << std::setprecision(9) << panel.timeTitle << '|' << panel.times.low << ' ' << panel.times.high
+             << ':';
+        for (const Reading& reading : panel.curves[0].readings)
+            text << ' ' << reading.time << ' ' << reading.value;
+        EXPECT_EQ(text.str(), expected);
+    }
 }
 
 TEST_F(Plots, LabelTheirParts)
