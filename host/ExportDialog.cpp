@@ -71,7 +71,7 @@ void ExportDialog::MakeParts()
     connect(m_path, &QLineEdit::textChanged, this, &ExportDialog::Check);
     connect(browse, &QPushButton::clicked, this, &ExportDialog::Browse);
     connect(m_unit, &QComboBox::currentIndexChanged, this, &ExportDialog::ChangeUnit);
-    connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::Accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::AcceptOrAsk);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
@@ -88,7 +88,7 @@ void ExportDialog::Browse()
     m_path->setText(m_confirmed);
 }
 
-void ExportDialog::Accept()
+void ExportDialog::AcceptOrAsk()
 {
     const QString path = m_path->text();
     if (path == m_confirmed || !QFile::exists(path) ||

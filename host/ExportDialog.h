@@ -30,7 +30,7 @@ private:
 
     void MakeParts();
     void Browse();
-    void Accept(); // asks before a file is replaced
+    void AcceptOrAsk(); // asks before a file is replaced
     void ChangeUnit();
     void ShowSize(QSize pixels);
     void Check();
