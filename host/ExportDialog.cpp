@@ -35,7 +35,6 @@ ExportDialog::ExportDialog(QSize pixels, QWidget* parent) : QDialog{parent}
     setWindowTitle(WindowText("Export picture"));
     MakeParts();
     ShowSize(pixels);
-    Check();
 }
 
 void ExportDialog::MakeParts()
@@ -81,7 +80,6 @@ void ExportDialog::Browse()
                        WindowText("Pictures (*.png *.svg *.pdf)")};
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("png");
-    dialog.selectFile(m_path->text());
     if (dialog.exec() != QDialog::Accepted)
         return;
     m_confirmed = dialog.selectedFiles().constFirst();

@@ -174,7 +174,6 @@ Options ReadOptions(int argc, char** argv)
             ParseSize(optarg, options.plot);
             break;
         case Help:
-            options.action = Action::Help;
             return options;
         case Version:
             options.action = Action::Version;

@@ -13,7 +13,7 @@ namespace atlashost
 enum class Action { List, Plot, Table, Window, Edit, Prepare, Layout, Help, Version };
 
 struct Options {
-    Action action = Action::Help;
+    Action action = Action::Help; // without a command
     std::string_view hostName = "AirLab";
     std::int16_t fileColumn = 0;
     PlotTarget plot;

@@ -55,7 +55,6 @@ void StyleCheckDialog::MakeParts()
     m_list->setHeaderLabels(
         {WindowText("Quantity"), WindowText("Curve"), WindowText("Looks like"), WindowText("Reason")});
     m_list->setRootIsDecorated(false);
-    m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
     m_list->setIconSize(Sample);
     auto* const note = new QLabel{

@@ -256,7 +256,9 @@ TEST_F(Host, PlotsIntoFilesOfEachKind)
     const Result nothing = Run({"-o", path, "plot", File("none.csv", "t,x\n1,2\n")});
     EXPECT_TRUE(nothing.Status == 1 && nothing.IsSaying("there is no curve to plot")) << nothing.Errors;
     EXPECT_EQ(test::ReadWhole(path).substr(1, 3), "PNG") << "the old picture";
-    EXPECT_EQ(Run({"--png", m_folder / "odd.name", "--size", "200x200", "plot", Month(0)}).Status, 0);
+    EXPECT_EQ(Run({"-o", "unused.svg", "--png", m_folder / "odd.name", "--size", "200x200", "plot", Month(0)})
+                  .Status,
+              0);
     EXPECT_FALSE(QImage(QString::fromStdString(m_folder / "odd.name")).isNull());
 }
 
