@@ -91,14 +91,12 @@ int CurvePainter::DistanceOfSparseSymbols() const
 
 void CurvePainter::Draw(int symbolDistance)
 {
-    m_painter.save();
     m_painter.setRenderHint(QPainter::Antialiasing, !m_isInPixels);
     m_painter.setPen(styleatlas::LinePen(m_style));
     if (HasLine())
         DrawLine();
     if (m_symbolSize > 0)
         DrawSymbols(HasLine() ? symbolDistance : 0);
-    m_painter.restore();
 }
 
 void CurvePainter::DrawLine()

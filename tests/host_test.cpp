@@ -287,6 +287,11 @@ TEST_F(Host, ReportsWhatItCannotDo)
     EXPECT_TRUE(Run({"--help"}).Output.starts_with("Usage: atlas-host "));
     EXPECT_TRUE(
         Run({"list", File("open.csv", "t,\"Wind\n")}).IsSaying(":1: a quotation mark is never closed"));
+    fs::create_directories(m_prefix.Native("ProgramData/Halvorn/AirLab"));
+    test::WriteWhole(m_prefix.Native("ProgramData/Halvorn/AirLab/Style.Atlas"), "damaged");
+    m_environment.emplace_back("QT_QPA_PLATFORM=offscreen");
+    EXPECT_EQ(Run({"table"}).Errors, "Error: Cannot load style atlas.\n") << "no window";
+    m_environment.pop_back();
     m_environment.emplace_back("DISPLAY=:987");
     EXPECT_TRUE(Run({"window"}).IsSaying("could not connect to display :987"));
 }

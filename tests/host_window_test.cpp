@@ -1,4 +1,5 @@
 // The window of the sample host: what its menus do, with calls of the test's own in the library's place.
+#include "LayoutTool.h"
 #include "MainWindow.h"
 
 #include "support/TempPrefix.h"
@@ -99,6 +100,8 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
     EXPECT_EQ(calls, "edit edit edit S-1-5|Software\\Halvorn");
     EXPECT_EQ(status(), "The styles are those of the user S-1-5.");
     EXPECT_THROW(FirstSettings("no/name"), std::runtime_error);
+    const ToolResult refused = RunLayoutTool({"nothing"}, ToolErrors::InOutput);
+    EXPECT_TRUE(refused.status == 2 && refused.output.find("\"nothing\"") != std::string::npos);
     EXPECT_EQ(window.findChild<QPlainTextEdit*>()->toPlainText(), "none: No such file or directory");
     const auto& files = *window.findChild<QListWidget*>();
     for (const char* const file : {"1  airquality-1973-05.csv", "2  none"})
@@ -364,6 +367,7 @@ TEST_F(HostWindow, IsLaidOutForItsUsers)
     auto& files = *window.findChild<QListWidget*>();
     EXPECT_TRUE(window.acceptDrops() && files.acceptDrops() && files.accessibleName() == "Files");
     EXPECT_EQ(files.dragDropMode(), QAbstractItemView::InternalMove);
+    EXPECT_EQ(files.textElideMode(), Qt::ElideMiddle);
     EXPECT_TRUE(window.findChild<QPlainTextEdit*>()->isReadOnly());
 
     QWidget& view = *qobject_cast<QSplitter*>(window.centralWidget())->widget(1);
@@ -441,6 +445,17 @@ TEST_F(HostWindow, IsLaidOutForItsUsers)
     }
     window.resize(window.width() - 100, window.height());
     EXPECT_EQ(picture().size(), view.size());
+    const std::string pdf = prefix.Path() / "printed.pdf";
+    QTimer::singleShot(0, [&pdf] {
+        auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+        dialog.findChild<QLineEdit*>("filename")->setText(pdf.c_str());
+        dialog.accept();
+    });
+    window.menuBar()->actions()[0]->menu()->actions()[8]->trigger();
+    EXPECT_EQ(window.statusBar()->currentMessage(), "The picture is being printed.");
+    const QString printed = QString::fromLatin1(QByteArray::fromStdString(test::ReadWhole(pdf)));
+    const auto box = QRegularExpression{"/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)"}.match(printed);
+    EXPECT_GT(box.captured(1).toDouble(), box.captured(2).toDouble()) << "landscape";
     bool hasMenu = false;
     QTimer::singleShot(0, [&hasMenu] {
         auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
