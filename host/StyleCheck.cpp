@@ -47,6 +47,7 @@ public:
     void CheckPanel(std::size_t panel, const std::vector<Curve>& curves)
     {
         std::vector<Drawn> drawn;
+        drawn.reserve(curves.size());
         for (const Curve& curve : curves)
             drawn.emplace_back(curve.style);
         for (std::size_t i = 0; i < drawn.size(); ++i) {
