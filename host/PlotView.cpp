@@ -20,7 +20,7 @@ namespace atlashost
 namespace
 {
 
-constexpr QSize MinSize{320, 200};
+constexpr QSize MinViewSize{320, 200};
 constexpr double ZoomStep = 0.8; // of the wheel or a key
 constexpr int AngleOfWheelStep = 120;
 constexpr int PartsOfPanStep = 10; // of the frame, by an arrow key
@@ -41,7 +41,7 @@ ZoomedAxes AxesAt(const PanelLayout& layout, QPoint point, Qt::KeyboardModifiers
 PlotView::PlotView(const Plot& plot, QWidget* parent) : QWidget{parent}, m_plot{plot}
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(MinSize);
+    setMinimumSize(MinViewSize);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
 }

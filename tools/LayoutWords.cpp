@@ -22,12 +22,12 @@ void AddUnusedByte(std::string& words, const char* name, Color color)
         words += std::string{"; "} + name + " with " + Hexadecimal(byte);
 }
 
-struct Field {
+struct FieldText {
     const char* name;
     std::string value;
 };
 
-std::vector<Field> FieldsOf(const LayoutRecord& record)
+std::vector<FieldText> FieldsOf(const LayoutRecord& record)
 {
     const Style& style = record.style;
     return {{"shape", std::to_string(static_cast<int>(style.symbolShape))},
@@ -78,8 +78,8 @@ std::string RecordWords(const LayoutRecord& record)
 
 std::string FieldWords(const LayoutRecord& record, const LayoutRecord& other)
 {
-    const std::vector<Field> fields = FieldsOf(record);
-    const std::vector<Field> others = FieldsOf(other);
+    const std::vector<FieldText> fields = FieldsOf(record);
+    const std::vector<FieldText> others = FieldsOf(other);
     std::string words;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].value != others[i].value)

@@ -28,7 +28,7 @@ Window& MakeButton(DWORD style, QWidget* parent)
     }
 }
 
-const ControlClass controlClass(u"Button", MakeButton);
+const ControlClass buttonClass(u"Button", MakeButton);
 
 } // namespace
 

@@ -22,7 +22,7 @@ QString TextOf(LPARAM lParam)
     return gdi::ToQString(reinterpret_cast<LPCWSTR>(lParam));
 }
 
-const ControlClass controlClass(u"ComboBox", MakeControl<ComboWindow>);
+const ControlClass comboBoxClass(u"ComboBox", MakeControl<ComboWindow>);
 
 } // namespace
 

@@ -13,7 +13,7 @@
 namespace
 {
 
-const ControlClass controlClass(u"Static", MakeControl<StaticWindow>);
+const ControlClass staticClass(u"Static", MakeControl<StaticWindow>);
 
 // Keeps the name if it fits, and the start of what is before it.
 QString ShortenPath(const QString& path, const QFontMetrics& metrics, int width)

@@ -16,7 +16,7 @@ struct Seed {
     int Y;
 };
 
-struct Span {
+struct FilledSpan {
     int Y;
     int Left;
     int Right;
@@ -43,7 +43,7 @@ public:
             m_seeds.pop_back();
             if (IsBorder(m_canvas.At(seed.X, seed.Y)))
                 continue;
-            const Span span = FillSpanAround(seed);
+            const FilledSpan span = FillSpanAround(seed);
             filled(span);
             top = std::min(top, span.Y);
             bottom = std::max(bottom, span.Y);
@@ -56,7 +56,7 @@ public:
 private:
     bool IsBorder(Pixel pixel) const { return IsSameColor(pixel, m_border); }
 
-    Span FillSpanAround(Seed seed) const
+    FilledSpan FillSpanAround(Seed seed) const
     {
         Pixel* const row = m_canvas.Row(seed.Y);
         int left = seed.X;
@@ -70,7 +70,7 @@ private:
     }
 
     // One seed for each run of fillable pixels beside the span.
-    void Plant(const Span& span, int y)
+    void Plant(const FilledSpan& span, int y)
     {
         if (y < m_canvas.Clip().Top || y >= m_canvas.Clip().Bottom)
             return;
@@ -107,10 +107,10 @@ Rows FloodFill(const Canvas& canvas, Point from, Pixel border, Pixel ink)
         return {};
     Filler filler(canvas, border);
     if (IsSameColor(border, ink))
-        return filler.Run(ToSeed(from), [](const Span&) {});
-    std::vector<Span> spans;
-    const Rows rows = filler.Run(ToSeed(from), [&spans](const Span& span) { spans.push_back(span); });
-    for (const Span& span : spans)
+        return filler.Run(ToSeed(from), [](const FilledSpan&) {});
+    std::vector<FilledSpan> spans;
+    const Rows rows = filler.Run(ToSeed(from), [&spans](const FilledSpan& span) { spans.push_back(span); });
+    for (const FilledSpan& span : spans)
         canvas.FillSpan(span.Y, span.Left, span.Right, ink);
     return rows;
 }
@@ -146,7 +146,7 @@ Rows FloodFigure(const Canvas& canvas, Point from, Pixel border, Pixel ink, cons
     const Point seed{from.X - figure->Left, from.Y - figure->Top};
     if (!CanFill(whole, seed, border))
         return {};
-    const Rows rows = Filler(whole, border).Run(ToSeed(seed), [&](const Span& span) {
+    const Rows rows = Filler(whole, border).Run(ToSeed(seed), [&](const FilledSpan& span) {
         canvas.FillSpan(span.Y + figure->Top, span.Left + figure->Left, span.Right + figure->Left, ink);
     });
     return {rows.Top + figure->Top, rows.Bottom + figure->Top};

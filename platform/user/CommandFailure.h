@@ -3,7 +3,7 @@
 
 #include <windef.h>
 
-class PLATFORM_API CException;
+class CException;
 
 // Shows a message box. Raises the memory exception.
 void ReportCommandFailure(const CException& failure);
