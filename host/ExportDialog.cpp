@@ -66,7 +66,6 @@ void ExportDialog::MakeParts()
     form->addRow(WindowText("Width and height:"), size);
     form->addRow(WindowText("Resolution:"), m_resolution);
     form->addRow(buttons);
-    m_export->setDefault(true); // which it can be only as a part of the dialog
     connect(m_path, &QLineEdit::textChanged, this, &ExportDialog::Check);
     connect(browse, &QPushButton::clicked, this, &ExportDialog::Browse);
     connect(m_unit, &QComboBox::currentIndexChanged, this, &ExportDialog::ChangeUnit);

@@ -76,17 +76,16 @@ bool FileList::MoveSelected(Direction direction)
 std::vector<std::string> FileList::Paths() const
 {
     std::vector<std::string> paths;
-    paths.reserve(static_cast<std::size_t>(count()));
     for (int row = 0; row < count(); ++row)
         paths.push_back(item(row)->data(PathRole).toByteArray().toStdString());
     return paths;
 }
 
-// The base moves the files before the drag ends.
-void FileList::dropEvent(QDropEvent* event)
+// A file is in the list twice until the base ends the drag.
+void FileList::startDrag(Qt::DropActions actions)
 {
     const std::vector<std::string> before = Paths();
-    QListWidget::dropEvent(event);
+    QListWidget::startDrag(actions);
     Number();
     if (Paths() != before)
         m_afterDrag.start(0);

@@ -33,7 +33,7 @@ public:
     std::vector<std::string> Paths() const;
 
 protected:
-    void dropEvent(QDropEvent* event) override;
+    void startDrag(Qt::DropActions actions) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

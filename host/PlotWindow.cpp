@@ -15,7 +15,6 @@ PlotWindow::PlotWindow(const Plot& plot)
     setWindowTitle(WindowText("Curves"));
     auto* const view = new PlotView{plot};
     setCentralWidget(view);
-    statusBar()->show();
     new PlotCommands{*view};
     const QSize bar{0, statusBar()->sizeHint().height()};
     resize(FittingSize(*this, GoodSize(plot.panels.size()) + bar).expandedTo(minimumSizeHint()));

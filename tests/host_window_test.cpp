@@ -5,7 +5,10 @@
 #include "support/TempPrefix.h"
 
 #include <QtWidgets>
+#include <filesystem>
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace
 {
@@ -69,15 +72,19 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
     };
     const QWidget& view = *qobject_cast<QSplitter*>(window.centralWidget())->widget(1);
     const auto status = [&window] { return window.statusBar()->currentMessage(); };
-    const QImage hint = picture();
-    EXPECT_FALSE(drop({{"http://localhost/a.csv"}}));
-    EXPECT_TRUE(
-        drop({QUrl::fromLocalFile(DATA_FOLDER "/airquality-1973-05.csv"), QUrl::fromLocalFile("none")}));
-    window.AddFiles({DATA_FOLDER "/airquality-1973-06.csv"});
     const auto find = [&window](const char* text) {
         const QList<QAction*> actions = window.findChildren<QAction*>();
         return *std::ranges::find(actions, text, &QAction::text);
     };
+    const QImage hint = picture();
+    for (const char* const command : {"&Export picture...", "&Copy picture", "&Print..."}) {
+        find(command)->trigger();
+        EXPECT_EQ(status(), "There is no curve to plot.");
+    }
+    EXPECT_FALSE(drop({{"http://localhost/a.csv"}}));
+    EXPECT_TRUE(
+        drop({QUrl::fromLocalFile(DATA_FOLDER "/airquality-1973-05.csv"), QUrl::fromLocalFile("none")}));
+    window.AddFiles({DATA_FOLDER "/airquality-1973-06.csv"});
     const QImage before = picture();
     reload = find("&Reload styles");
     for (const bool isDrawn : {false, true, false}) {
@@ -100,7 +107,12 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
     EXPECT_EQ(calls, "edit edit edit S-1-5|Software\\Halvorn");
     EXPECT_EQ(status(), "The styles are those of the user S-1-5.");
     EXPECT_THROW(FirstSettings("no/name"), std::runtime_error);
+    const auto descriptors = [] {
+        return std::distance(std::filesystem::directory_iterator{"/proc/self/fd"}, {});
+    };
+    const auto openBefore = descriptors();
     const ToolResult refused = RunLayoutTool({"nothing"}, ToolErrors::InOutput);
+    EXPECT_EQ(descriptors(), openBefore);
     EXPECT_TRUE(refused.status == 2 && refused.output.find("\"nothing\"") != std::string::npos);
     EXPECT_EQ(window.findChild<QPlainTextEdit*>()->toPlainText(), "none: No such file or directory");
     const auto& files = *window.findChild<QListWidget*>();
@@ -130,9 +142,12 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
         find("&Export picture...")->trigger();
     };
     const QString saved = QString::fromStdString(prefix.Path() / "saved.png");
+    const mode_t mask = umask(027);
     exportTo(saved);
+    EXPECT_EQ(umask(mask), 027U);
     EXPECT_EQ(status(), "The picture is in " + saved);
-    EXPECT_EQ(QImage{saved}.size(), view.size());
+    EXPECT_EQ(QImage{saved}.convertToFormat(QImage::Format_RGB32),
+              const_cast<QWidget&>(view).grab().toImage().convertToFormat(QImage::Format_RGB32));
     const QString dangling = QString::fromStdString(prefix.Path() / "dangling.png");
     QFile::link("/nowhere/picture", dangling);
     exportTo(dangling);
@@ -142,6 +157,7 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
     exportTo(dangling);
     EXPECT_EQ(QImage{QFileInfo{saved}.path() + "/linked.png"}.size(), view.size());
     find("&Copy picture")->trigger();
+    EXPECT_EQ(status(), "The picture is on the clipboard.");
     EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
               QImage{saved}.convertToFormat(QImage::Format_RGB32));
     const auto button = [](const QDialog& dialog, const char* text) {
@@ -154,6 +170,8 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
         auto& unit = *dialog.findChild<QComboBox*>();
         auto& resolution = *dialog.findChild<QSpinBox*>();
         const double pixels = sides[0]->value();
+        EXPECT_GE(dialog.findChild<QLineEdit*>()->width(), 320);
+        EXPECT_LT(unit.geometry().right(), dialog.findChild<QLineEdit*>()->geometry().right());
         EXPECT_TRUE(button(dialog, "&Export")->isEnabled());
         EXPECT_TRUE(button(dialog, "&Export")->isDefault());
         dialog.findChild<QLineEdit*>()->setText("plot.bmp");
@@ -277,6 +295,14 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     EXPECT_EQ(list.topLevelItem(0)->toolTip(3), list.topLevelItem(0)->text(3));
     EXPECT_EQ(dialog.windowTitle(), "Check styles");
     QCoreApplication::sendEvent(&list, &enter);
+    window->activateWindow();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(dialog.isActiveWindow());
+    trigger("C&heck styles...");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(dialog.isActiveWindow());
+    for (const QLabel* const label : dialog.findChildren<QLabel*>())
+        EXPECT_TRUE(label->wordWrap()) << qPrintable(label->text());
     dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close)->click();
     EXPECT_EQ(picture(), before);
     trigger("C&heck styles...");
@@ -298,10 +324,16 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     trigger("Move &up"); // is the first already
     EXPECT_EQ(files.item(0)->text(), "1  airquality-1973-07.csv");
     EXPECT_EQ(files.item(2)->text(), "3  airquality-1973-06.csv");
-    EXPECT_TRUE(files.item(0)->isSelected());
+    EXPECT_TRUE(files.item(0)->isSelected() && files.currentRow() == 0);
     EXPECT_NE(picture(), before) << "the number decides the style";
     trigger("Move &down");
     trigger("Move &down");
+    EXPECT_EQ(picture(), before);
+    files.item(1)->setSelected(true); // and the third
+    trigger("Move &down");
+    EXPECT_EQ(files.item(1)->text(), "2  airquality-1973-08.csv");
+    EXPECT_EQ(files.item(3)->text(), "4  airquality-1973-07.csv");
+    trigger("Move &up");
     EXPECT_EQ(picture(), before);
     EXPECT_EQ(message(), "");
     window->AddFiles({29, month(9)});
@@ -326,9 +358,22 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     QFile::remove(gone);
     delete window->findChild<QMessageBox*>();
     window->resize(700, 500);
+    window->findChild<QSplitter*>("all")->setSizes({300, 400});
+    window->findChild<QSplitter*>("side")->setSizes({250, 150});
+    const auto sizes = [&window] {
+        return window->findChild<QSplitter*>("all")->sizes() + window->findChild<QSplitter*>("side")->sizes();
+    };
+    const QList<int> sizesBefore = sizes();
     window->close();
     window.emplace("AirLab", ownCalls);
+    window->show();
     EXPECT_EQ(window->size(), QSize(700, 500));
+    window->AddFiles(QByteArrayList(1100, "none"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(sizes(), sizesBefore);
+    EXPECT_EQ(window->findChild<QPlainTextEdit*>()->blockCount(), 1000) << "the last remarks";
+    delete window->findChild<QMessageBox*>();
+    window.emplace("AirLab", ownCalls);
     trigger("&1  " + gone);
     EXPECT_TRUE(message().startsWith(gone + " is no longer there."));
     trigger("&1  " + month(9));
@@ -376,6 +421,14 @@ TEST_F(HostWindow, IsLaidOutForItsUsers)
     for (const QLabel* const label : labels)
         EXPECT_NEAR(label->mapTo(&view, label->rect().center()).x(), view.rect().center().x(), 8);
     EXPECT_GT(labels[1]->font().pointSizeF(), labels[2]->font().pointSizeF());
+    EXPECT_EQ(labels[2]->foregroundRole(), QPalette::PlaceholderText);
+    const auto darkest = [](const QImage& image) {
+        int value = 255;
+        for (int i = 0; i < image.width() * image.height(); ++i)
+            value = std::min(value, qGray(image.pixel(i % image.width(), i / image.width())));
+        return value;
+    };
+    EXPECT_GT(darkest(files.viewport()->grab().toImage()), 60) << "a pale hint";
     EXPECT_NEAR(labels.front()->mapTo(&view, QPoint{}).y(),
                 view.height() - labels.back()->mapTo(&view, labels.back()->rect().bottomLeft()).y(), 3);
     QTimer::singleShot(0, [] {
@@ -391,7 +444,13 @@ TEST_F(HostWindow, IsLaidOutForItsUsers)
         test::WriteWhole(paths.back().toStdString(), "t,Ozone\n1,2\n");
     }
     window.AddFiles(paths + paths);
-    EXPECT_EQ(recent.menu()->actions().size(), 11) << "nine of them, each once";
+    EXPECT_EQ(recent.menu()->actions().size(), 11) << "nine of them";
+    window.AddFiles({paths[9]});
+    EXPECT_EQ(recent.menu()->actions()[0]->text(), "&1  " + paths[9]);
+    QStringList names;
+    for (int i = 0; i < 9; ++i)
+        names += recent.menu()->actions()[i]->text().mid(2);
+    EXPECT_EQ(names.removeDuplicates(), 0);
     for (int row = 1; row < files.count(); ++row)
         files.item(row)->setSelected(true);
     files.item(0)->setSelected(false);
@@ -480,7 +539,8 @@ TEST_F(HostWindow, ReadsLongFilesUntilCancelled)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
         if (auto* const progress = window.findChild<QProgressDialog*>(); progress && progress->isVisible()) {
-            isGuarded = progress->isModal() && !window.acceptDrops();
+            isGuarded = progress->isModal() && !window.acceptDrops() &&
+                        progress->labelText() == "Reading " + QString::fromStdString(path);
             progress->findChild<QPushButton*>()->click();
         }
     });

@@ -237,6 +237,9 @@ TEST_F(Plots, LabelTheirParts)
                               std::lround(part.values.range.ShareOf(tick.value) * (part.frame.height() - 1)));
             EXPECT_TRUE(notes.Lines.contains({part.frame.left() - TickLength, y, part.frame.left() - 1, y}));
             EXPECT_TRUE(notes.Lines.contains({part.frame.left(), y, part.frame.right(), y}));
+            const QRect beside{part.unit.right() + 1, y - 12, part.frame.left() - part.unit.right() - 1, 24};
+            const QLineF label = notes.In(beside, QString::fromStdString(tick.label)).baseline;
+            EXPECT_TRUE(label.x1() > beside.left() && label.x2() < beside.right() - TickLength) << tick.label;
         }
         for (const Tick& tick : part.times.ticks) {
             const int x = part.frame.left() + ColumnOf(tick.value, part.times.range, part.frame.width());
@@ -262,6 +265,7 @@ TEST_F(Plots, LabelTheirParts)
     const Notes many{plot, {500, 300}};
     EXPECT_TRUE(many.In(many.Layout.footer, "quantities without room here: 6").isWhole);
     EXPECT_EQ(many.Layout.missingPanels, 6U);
+    EXPECT_GE(many.Layout.footer.top(), many.Layout.panels.back().all.bottom());
 }
 
 TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
@@ -289,6 +293,10 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
                   std::string::npos)
             << from;
     EXPECT_NE(Text(image, LegendSample(layout.legend.front())).find("-#-"), std::string::npos);
+    const QRect border = frame.adjusted(-1, -1, 1, 1);
+    for (const QRect edge :
+         {QRect{border.topLeft(), border.topRight()}, {border.topLeft(), border.bottomLeft()}})
+        EXPECT_EQ(Text(image, edge).find(' '), std::string::npos) << "a frame";
 
     const QRect sample = LegendSample(layout.legend.front());
     const QPixmap icon = styleatlas::LegendIcon(Crosses).pixmap(sample.size());
@@ -306,6 +314,8 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
     EXPECT_EQ(shown.grab().toImage().convertToFormat(image.format()), image);
     PlotWindow window{plot};
     window.show();
+    EXPECT_EQ(window.focusWidget(), window.centralWidget()) << "the keys are the plot's";
+    EXPECT_TRUE(window.statusBar()->isVisible());
     for (const auto& [key, isShown] : {std::pair(Qt::Key_A, true), {Qt::Key_Escape, false}}) {
         QKeyEvent press{QEvent::KeyPress, key, Qt::NoModifier};
         QCoreApplication::sendEvent(&window, &press);
@@ -332,6 +342,7 @@ TEST_F(Plots, ZoomAndPan)
         panel.curves = {CurveOf(7)};
     PlotView view{plot};
     view.resize(640, 400);
+    view.show(); // a hidden one lays itself out for each picture
     const QImage all = view.grab().toImage();
     const auto layout = [&] {
         return LayOut(plot, view.Scope(), view.size(), QFontMetrics{PlotFont()}).panels;
@@ -350,12 +361,14 @@ TEST_F(Plots, ZoomAndPan)
     wheel(corner, Qt::ShiftModifier);
     EXPECT_LT(layout()[0].values.range.high, layout()[0].allValues.high);
     EXPECT_FALSE(layout()[1].values.range.high < layout()[1].allValues.high);
-    EXPECT_NE(view.grab().toImage(), all);
+    const QImage zoomed = view.grab().toImage();
+    EXPECT_NE(zoomed, all);
     const auto key = [&](Qt::Key pressed) {
         Send<QKeyEvent>(view, QEvent::KeyPress, pressed, Qt::NoModifier);
     };
     key(Qt::Key_Right);
     EXPECT_NEAR(layout()[1].times.range.low, 0.48, 0.02);
+    EXPECT_NE(view.grab().toImage(), zoomed);
     key(Qt::Key_Home);
     EXPECT_EQ(view.grab().toImage(), all);
 
@@ -374,8 +387,29 @@ TEST_F(Plots, ZoomAndPan)
     EXPECT_EQ(times.high, 6);
     drag(middle, middle + QPoint{frame.width() / 4, 0}, Qt::ShiftModifier);
     EXPECT_NEAR(layout()[0].times.range.low, times.low - 0.75, 0.02);
+    const Range values = layout()[0].values.range;
+    const double quarter = (values.high - values.low) / 4;
+    drag(middle, middle + QPoint{0, frame.height() / 4}, Qt::ShiftModifier);
+    EXPECT_NEAR(layout()[0].values.range.low, values.low + quarter, quarter / 20);
     mouse(QEvent::MouseButtonDblClick, middle, {});
     EXPECT_EQ(view.Scope().ZoomOf(0).times, std::nullopt);
+    // A narrow band means the values alone, a flat one the times alone.
+    drag(middle, middle + QPoint{1, frame.height() / 4}, {});
+    EXPECT_TRUE(!view.Scope().ZoomOf(0).times && view.Scope().ZoomOf(0).values);
+    mouse(QEvent::MouseButtonDblClick, middle, {});
+    drag(middle, middle + QPoint{frame.width() / 4, 1}, {});
+    EXPECT_TRUE(view.Scope().ZoomOf(0).times && !view.Scope().ZoomOf(0).values);
+
+    // New curves end a drag, and the keys are for the first panel again.
+    const QPoint second = layout()[1].frame.center();
+    mouse(QEvent::MouseMove, second, {});
+    mouse(QEvent::MouseButtonPress, second, Qt::ShiftModifier);
+    view.ShowNewPlot();
+    mouse(QEvent::MouseMove, second + QPoint{30, 30}, Qt::ShiftModifier);
+    EXPECT_EQ(view.grab().toImage(), all);
+    view.ShowNewPlot();
+    key(Qt::Key_Plus);
+    EXPECT_TRUE(view.Scope().ZoomOf(0).values && !view.Scope().ZoomOf(1).values);
 }
 
 TEST_F(Plots, SayWhatIsUnderThePointer)
@@ -396,11 +430,15 @@ TEST_F(Plots, SayWhatIsUnderThePointer)
     EXPECT_EQ(textAt(layout.Map().PointOf({1.25, 2.5}).toPoint() + QPoint{3, 3}),
               "file: Title, 2.5 V, t 1.25");
     EXPECT_NE(view.grab().toImage(), before) << "marked";
+    Send<QEvent>(view, QEvent::Leave);
+    EXPECT_EQ(view.grab().toImage(), before);
     EXPECT_TRUE(textAt(layout.Map().PointOf({3, 1.5}).toPoint()).startsWith("1.5"))
         << textAt({}).toStdString();
     EXPECT_EQ(textAt({}), "");
     view.Mark({{0, 1}});
-    EXPECT_NE(view.grab().toImage(), before) << "pale";
+    const QImage pale = view.grab().toImage();
+    EXPECT_NE(pale, before) << "pale";
+    EXPECT_EQ(Text(pale, layout.frame).find_first_of("-#"), std::string::npos) << "symbol and line";
     view.Mark({});
     EXPECT_EQ(view.grab().toImage(), before);
 }
@@ -426,14 +464,17 @@ TEST_F(Plots, AreWrittenInWholeOrNotAtAll)
     const auto write = [&](PictureFormat format) {
         WritePicture(path.c_str(), format, {{192, 384}, 192}, [](QPainter& painter, QSize size) {
             EXPECT_EQ(size, QSize(96, 192));
-            painter.drawLine(0, 0, 96, 192);
+            painter.fillRect(QRect{{}, size}, Qt::red);
         });
         return test::ReadWhole(path);
     };
     EXPECT_NE(write(PictureFormat::Svg).find("viewBox=\"0 0 96 192\""), std::string::npos);
     EXPECT_NE(write(PictureFormat::Pdf).find("/MediaBox [0 0 72."), std::string::npos) << "in points";
     write(PictureFormat::Png);
-    EXPECT_EQ(QImage{QString::fromStdString(path)}.size(), QSize(192, 384));
+    const QImage written{QString::fromStdString(path)};
+    EXPECT_EQ(written.size(), QSize(192, 384));
+    EXPECT_EQ(written.pixelColor(191, 383), Qt::red);
+    EXPECT_NEAR(written.dotsPerMeterX(), 192 / 0.0254, 1);
     const std::string before = test::ReadWhole(path);
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);

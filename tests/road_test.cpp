@@ -188,6 +188,24 @@ protected:
     {
         WithPopup([&] { Click({m_atlas, m_cells.at(0)}, "3"); }, DownAnd("Return"));
     }
+    void DragFile(QPoint from, QPoint to) const
+    {
+        const QPoint begin = from + QPoint{0, 12};
+        for (const QPoint point : {from, begin, (begin + to) / 2, to}) {
+            Tool({"mousemove", "--window", std::to_string(m_main), std::to_string(point.x()),
+                  std::to_string(point.y())});
+            if (point == from)
+                Tool({"mousedown", "1"});
+            QThread::msleep(pollTime);
+        }
+        Tool({"mouseup", "1"});
+    }
+    QImage Curves() const
+    {
+        constexpr int listWidth = 260;
+        const QImage window = Picture(m_main);
+        return window.copy(listWidth, 0, window.width() - listWidth, window.height() - 60);
+    }
     std::string Layout() const { return m_prefix.Native("ProgramData/Halvorn/AirLab/Style.Atlas"); }
     std::string Copy() const { return m_prefix.Path() / "copy"; }
     void CopyFile() { test::WriteWhole(Copy(), test::ReadWhole(Layout())); }
@@ -231,6 +249,12 @@ TEST_F(Road, LeadsFromTheClickToTheFile)
         EXPECT_NE(listed.find(style), std::string::npos) << listed;
         CopyFile();
     }
+    // The file's place in the list decides the style, and the user drags it there.
+    const QImage before = Curves();
+    DragFile({60, 28}, {60, 150});
+    Until([&] { return Curves() != before; }, "the styles of the new order");
+    DragFile({60, 42}, {60, 21});
+    Until([&] { return Curves() == before; }, "the styles of the old order");
     Press(m_main, "ctrl+q");
     EXPECT_EQ(m_host->Wait(), 0);
 }

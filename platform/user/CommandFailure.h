@@ -1,9 +1,7 @@
 // Reports a command that ended in an exception to the user.
 #pragma once
 
-#include <windef.h>
-
-class CException;
+#include <afxobj.h>
 
 // Shows a message box. Raises the memory exception.
 void ReportCommandFailure(const CException& failure);
