@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPainter>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -24,8 +25,6 @@ FileList::FileList(std::function<void()> reordered, QWidget* parent)
     : QListWidget{parent}, m_reordered{std::move(reordered)}
 {
     setDragDropMode(InternalMove);
-    m_afterDrag.setSingleShot(true);
-    connect(&m_afterDrag, &QTimer::timeout, this, [this] { m_reordered(); });
     setAccessibleName(WindowText("Files"));
     setSelectionMode(ExtendedSelection);
     setTextElideMode(Qt::ElideMiddle);
@@ -76,6 +75,7 @@ bool FileList::MoveSelected(Direction direction)
 std::vector<std::string> FileList::Paths() const
 {
     std::vector<std::string> paths;
+    paths.reserve(static_cast<std::size_t>(count()));
     for (int row = 0; row < count(); ++row)
         paths.push_back(item(row)->data(PathRole).toByteArray().toStdString());
     return paths;
@@ -88,7 +88,7 @@ void FileList::startDrag(Qt::DropActions actions)
     QListWidget::startDrag(actions);
     Number();
     if (Paths() != before)
-        m_afterDrag.start(0);
+        QTimer::singleShot(0, this, m_reordered);
 }
 
 void FileList::paintEvent(QPaintEvent* event)

@@ -3,7 +3,6 @@
 
 #include <QByteArrayList>
 #include <QListWidget>
-#include <QTimer>
 
 #include <functional>
 #include <string>
@@ -40,7 +39,6 @@ private:
     void Number();
 
     const std::function<void()> m_reordered;
-    QTimer m_afterDrag;
 };
 
 } // namespace atlashost

@@ -103,7 +103,6 @@ void MainWindow::MakeParts()
 void MainWindow::MakeMenus()
 {
     m_commands = new QActionGroup{this};
-    m_commands->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
     QMenu& file = *menuBar()->addMenu(WindowText("&File"));
     AddCommand(file, WindowText("&Open..."), Qt::CTRL | Qt::Key_O, &MainWindow::OpenFiles);
     m_start = new StartPage{*m_commands->actions().constFirst(), *m_view};

@@ -97,13 +97,16 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
         EXPECT_EQ(picture(), before) << answer;
         answer = answer == -1 ? STYLEATLAS_EDIT_OK : STYLEATLAS_EDIT_CANCELLED;
     }
-    QTimer::singleShot(0, [] {
-        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        dialog->findChild<QLineEdit*>()->setText("S-1-5");
-        EXPECT_EQ(dialog->windowTitle(), "Switch user");
-        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
-    });
-    find("Switch &user...")->trigger();
+    for (const auto button : {QDialogButtonBox::Cancel, QDialogButtonBox::Ok}) {
+        QTimer::singleShot(0, [button] {
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            dialog->findChild<QLineEdit*>()->setText("S-1-5");
+            EXPECT_EQ(dialog->windowTitle(), "Switch user");
+            dialog->findChild<QDialogButtonBox*>()->button(button)->click();
+            dialog->close();
+        });
+        find("Switch &user...")->trigger();
+    }
     EXPECT_EQ(calls, "edit edit edit S-1-5|Software\\Halvorn");
     EXPECT_EQ(status(), "The styles are those of the user S-1-5.");
     EXPECT_THROW(FirstSettings("no/name"), std::runtime_error);
@@ -152,6 +155,8 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
     QFile::link("/nowhere/picture", dangling);
     exportTo(dangling);
     EXPECT_EQ(status(), dangling + " cannot be written: No such file or directory");
+    const std::unique_ptr<QMessageBox> warning{window.findChild<QMessageBox*>()};
+    EXPECT_TRUE(warning && warning->text() == status());
     QFile::remove(dangling);
     QFile::link("linked.png", dangling);
     exportTo(dangling);
@@ -254,6 +259,8 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     auto& dialog = dynamic_cast<QDialog&>(*list.window());
     EXPECT_FALSE(dialog.isModal());
     EXPECT_TRUE(dialog.findChild<QLabel*>()->text().startsWith("None:") && !list.isEnabled());
+    for (const QPushButton* const button : dialog.findChildren<QPushButton*>())
+        EXPECT_EQ(button->isEnabled(), button->text() != "&Mark in the plot" && button->text() != "&Unmark");
     EXPECT_NEAR(dialog.geometry().center().x(), window->geometry().center().x(), 3);
     EXPECT_GT(dialog.geometry().center().y(), window->geometry().center().y());
     dialog.move(5, 7);
@@ -376,6 +383,8 @@ TEST_F(HostWindow, ChecksStylesAndKeepsWhatItWas)
     window.emplace("AirLab", ownCalls);
     trigger("&1  " + gone);
     EXPECT_TRUE(message().startsWith(gone + " is no longer there."));
+    for (QMenu* const menu : window->findChildren<QMenu*>())
+        emit menu->aboutToShow(); // the list is read again
     trigger("&1  " + month(9));
     EXPECT_EQ(window->findChild<QListWidget*>()->count(), 1);
     trigger("&Clear list");
@@ -414,6 +423,7 @@ TEST_F(HostWindow, IsLaidOutForItsUsers)
     EXPECT_EQ(files.dragDropMode(), QAbstractItemView::InternalMove);
     EXPECT_EQ(files.textElideMode(), Qt::ElideMiddle);
     EXPECT_TRUE(window.findChild<QPlainTextEdit*>()->isReadOnly());
+    EXPECT_FALSE(window.findChild<QPlainTextEdit*>()->acceptDrops()) << "the window takes files";
 
     QWidget& view = *qobject_cast<QSplitter*>(window.centralWidget())->widget(1);
     QCoreApplication::processEvents();
@@ -493,7 +503,10 @@ TEST_F(HostWindow, IsLaidOutForItsUsers)
         send(QEvent::MouseMove, end, Qt::LeftButton);
         const QImage band = picture();
         const QPoint inside = from + QPoint{30, end.y() > from.y() + 1 ? 20 : 30};
+        const QColor highlight = view.palette().color(QPalette::Highlight);
         EXPECT_NE(band.pixelColor(inside), everything.pixelColor(inside));
+        EXPECT_NE(band.pixelColor(inside), highlight) << "the curves shine through";
+        EXPECT_EQ(band.pixelColor(from.x(), inside.y()), highlight) << "its border";
         EXPECT_EQ(band.pixelColor(from - QPoint{5, 0}), everything.pixelColor(from - QPoint{5, 0}));
         send(QEvent::MouseButtonRelease, end, Qt::LeftButton);
         QCoreApplication::sendEvent(&view, &leave);
@@ -515,6 +528,7 @@ TEST_F(HostWindow, IsLaidOutForItsUsers)
     const QString printed = QString::fromLatin1(QByteArray::fromStdString(test::ReadWhole(pdf)));
     const auto box = QRegularExpression{"/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)"}.match(printed);
     EXPECT_GT(box.captured(1).toDouble(), box.captured(2).toDouble()) << "landscape";
+    EXPECT_GT(printed.size(), 15000) << "curves and texts";
     bool hasMenu = false;
     QTimer::singleShot(0, [&hasMenu] {
         auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());

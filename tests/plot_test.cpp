@@ -315,7 +315,7 @@ TEST_F(Plots, DrawReadingsAndGapsInPictureAndWindow)
     PlotWindow window{plot};
     window.show();
     EXPECT_EQ(window.focusWidget(), window.centralWidget()) << "the keys are the plot's";
-    EXPECT_TRUE(window.statusBar()->isVisible());
+    EXPECT_TRUE(window.statusBar()->isVisible() && window.windowTitle() == "Curves");
     for (const auto& [key, isShown] : {std::pair(Qt::Key_A, true), {Qt::Key_Escape, false}}) {
         QKeyEvent press{QEvent::KeyPress, key, Qt::NoModifier};
         QCoreApplication::sendEvent(&window, &press);
