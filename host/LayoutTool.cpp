@@ -30,7 +30,11 @@ constexpr const char* ToolName = "atlas-layout";
 
 std::string ToolPath()
 {
-    return std::filesystem::read_symlink("/proc/self/exe").replace_filename(ToolName);
+    std::error_code error;
+    std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) // an empty path would lead to a tool in the current folder
+        ThrowStartError(error.value());
+    return program.replace_filename(ToolName);
 }
 
 // The arguments as exec takes them, the name of the tool before them.

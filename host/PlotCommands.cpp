@@ -114,10 +114,11 @@ void PlotCommands::Tell(const QString& text)
     QCoreApplication::sendEvent(&m_view, &tip);
 }
 
+// The box takes the pointer from the plot, which clears the status line.
 void PlotCommands::Warn(const QString& text)
 {
-    Tell(text);
     ShowMessage(*m_view.window(), QMessageBox::Warning, text);
+    Tell(text);
 }
 
 } // namespace atlashost

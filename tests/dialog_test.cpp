@@ -57,6 +57,13 @@ TEST(Dialogs, HaveTheControlsOfTheirTemplate)
     EXPECT_EQ(dialog.DoModal(), -1);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(k_Dialog(4711).DoModal(), -1) << "no template";
+    dialog.m_init = [](k_Dialog& shown) -> BOOL {
+        CDataExchange exchange{&shown, FALSE};
+        CWnd control;
+        DDX_Control(&exchange, 4711, control);
+        return TRUE;
+    };
+    EXPECT_EQ(dialog.DoModal(), -1) << "no such control";
 }
 
 TEST(Dialogs, StandBeforeAWindowOfTheHost)
