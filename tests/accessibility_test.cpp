@@ -127,6 +127,18 @@ TEST_F(Accessibility, TheTreeIsATableOfRowsAndFileColumns)
     });
 }
 
+TEST_F(Accessibility, BringsARowIntoViewThatIsPressed)
+{
+    test::SetTable(std::vector<BYTE>(60));
+    RunInside([&] {
+        editRequests.clear();
+        Press(At(50, 1));
+        ASSERT_EQ(editRequests.size(), 1U);
+        EXPECT_EQ(editRequests[0].Styles, std::vector<const k_LineDef*>{Style(50, 0)});
+        ExpectInView(Row(50));
+    });
+}
+
 TEST_F(Accessibility, TheStyleDialogTellsWhatTheEyeSees)
 {
     k_LineDefList list;

@@ -7,6 +7,7 @@
     what paints there takes figures, dashes and rasteriser from the library. The host knows the public headers, the
     bindings and the headers of the unit and the language library. No circle of files.
   - Links: no archive needs a symbol that only an archive of a floor above it defines.
+  - Exports: no program exports a symbol of the layer, which the library would be bound to in place of its own.
 """
 import re
 import subprocess
@@ -103,7 +104,16 @@ def check_links():
                         faults.append(f'{archive} needs {symbol} of {other}, which stands above it')
 
 
+def check_exports():
+    for program in ('atlas-host', 'atlas-layout'):
+        for symbol in subprocess.check_output(['nm', '-D', '-P', build / 'bin' / program], text=True).splitlines():
+            name, kind = symbol.split()[:2]
+            if 'B10styleatlas' in name and kind not in 'Uwv':
+                faults.append(f'{program} exports {name}')
+
+
 check_includes()
 check_links()
+check_exports()
 print('\n'.join(faults))
 sys.exit(bool(faults))

@@ -248,6 +248,7 @@ TEST_F(Controls, AComboBoxTurnsWithTheWheelWhileItHasTheFocus)
     MakeBox(CBS_DROPDOWNLIST, {_T("one"), _T("two")});
     test::Settle();
     m_parent.SetFocus();
+    EXPECT_EQ(test::WidgetOf(m_box).focusPolicy(), Qt::StrongFocus) << "the wheel brings no focus";
     test::TurnWheel(m_box, -120);
     EXPECT_EQ(Send(CB_GETCURSEL), CB_ERR);
     m_box.SetFocus();

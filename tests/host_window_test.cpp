@@ -105,6 +105,10 @@ TEST_F(HostWindow, DoesWhatItsMenusSay)
     EXPECT_EQ(calls, "edit edit edit S-1-5|Software\\Halvorn");
     EXPECT_EQ(status(), "The styles are those of the user S-1-5.");
     EXPECT_THROW(FirstSettings("no/name"), std::runtime_error);
+    MainWindow nameless{"no/name", ownCalls};
+    for (QAction* const action : nameless.findChildren<QAction*>())
+        action->text() == "Switch &user..." ? action->trigger() : void();
+    EXPECT_NE(nameless.findChild<QMessageBox*>(), nullptr);
     const auto descriptors = [] {
         return std::distance(std::filesystem::directory_iterator{"/proc/self/fd"}, {});
     };

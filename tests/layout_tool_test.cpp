@@ -27,6 +27,7 @@ std::string GoodFile()
     last.LineColor = 0x05000000;
     last.SymbolShape = 77;
     last.SymbolSize = -3;
+    last.LineWidth = 6;
     last.UseSymbolColor = true;
     atlas.GetRow(1)->ReservedFlag = true;
     atlas.GetRow(1)->Level = 9;
@@ -37,7 +38,7 @@ const std::string Quantity = "device 1, quantity 10, sub-quantity 2, index 0, fl
 const std::string Group = "no device, quantity 999, the whole group, index 7, flags 0xF0; "
                           "level 9, reserved flag, 0 records\n";
 const std::string Plain = "no symbol; solid line, width 1, #000000\n";
-const std::string Last = "unknown symbol 77, empty, size -3, #112233; solid line, width 1, #112233 as the "
+const std::string Last = "unknown symbol 77, empty, size -3, #112233; solid line, width 6, #112233 as the "
                          "symbol; reserved 0x1234; symbol colour with 0x7; line colour with 0x5\n";
 
 class LayoutTool : public testing::Test
@@ -198,7 +199,7 @@ const std::string Document =
         {"columns": "0-1", "shape": "none", "fill": "empty", "size": 10, "color": "#000000", "line": "solid", )"
     R"("width": 1, "lineColor": "#000000", "useSymbolColor": false},
         {"columns": "2", "shape": 77, "fill": "empty", "size": -3, "color": "#11223307", "line": "solid", )"
-    R"("width": 1, "lineColor": "#00000005", "useSymbolColor": true, "reserved": 4660}
+    R"("width": 6, "lineColor": "#00000005", "useSymbolColor": true, "reserved": 4660}
       ]
     },
     {

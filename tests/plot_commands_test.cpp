@@ -160,11 +160,13 @@ TEST_F(PlotMenu, AsksForFileAndSize)
         EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), folder + "/browsed.png");
         test::WriteWhole((prefix.Path() / "old.png").string(), "old");
         dialog.findChild<QLineEdit*>()->setText(folder + "/old.png");
-        QTimer::singleShot(0, [] {
+        bool isAsked = false;
+        QTimer::singleShot(0, [&isAsked] {
             dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget()).button(QMessageBox::No)->click();
+            isAsked = true;
         });
         button(dialog, "&Export")->click();
-        EXPECT_TRUE(dialog.isVisible()) << "an old file, and No";
+        EXPECT_TRUE(isAsked && dialog.isVisible()) << "an old file, and No";
         dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
         EXPECT_FALSE(dialog.isVisible());
         dialog.reject();

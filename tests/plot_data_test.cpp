@@ -78,6 +78,11 @@ TEST_F(Plots, KnowTheOrderOfADate)
          "1970-01-01 1:00 PM,4\n1970-01-01 14:00:00.5Z,5\n1970-01-01 15:00Z,6\n",
          "Date|36000 54000: 36000 1 39600 2 43200 3 46800 4 50400.5 5 54000 6"},
         {"t;Wind\n1;1,234\n2;5,6\n", "t|1 2: 1 1.234 2 5.6"},
+        {"t;Wind\n1;-123,456\n2;7\n3;8\n", "t|1 3: 1 nan 2 7 3 8"}, // thousands, or a fraction
+        {"t,Wind\n5,1\n", "t|4.5 5.5: 5 1"},
+        {"Date,Wind\n1970-01-03,1\n", "Date|129600 216000: 172800 1"},
+        {"t \xB0;Wind\n1;2                                                        \n3;4\n",
+         "t \u00B0|1 3: 1 2 3 4"},
         {"\u00B0\u00B5;Wind\n1;2\n3;4\n", "\u00B0\u00B5|1 3: 1 2 3 4"}};
     const test::TempPrefix prefix;
     const std::string path = prefix.Path() / "x.csv";
@@ -95,6 +100,21 @@ TEST_F(Plots, KnowTheOrderOfADate)
     }
 }
 
+// The first rows don't show which mark it is.
+TEST_F(Plots, LearnTheDecimalMarkFromALaterRow)
+{
+    const test::TempPrefix prefix;
+    std::string content = "t;Wind\n";
+    for (int i = 0; i < 5000; ++i)
+        content += std::to_string(i) + ";1\n";
+    const std::string path = prefix.Path() / "x.csv";
+    test::WriteWhole(path, content + "5000;5,6\n5001;1,234\n");
+    const Plot plot = ReadPlot({{path.c_str()}}, [](const std::string&) {});
+    const std::vector<Reading>& readings = plot.panels.at(0).curves.at(0).readings;
+    EXPECT_EQ(readings.at(5000).value, 5.6);
+    EXPECT_EQ(readings.at(5001).value, 1.234);
+}
+
 TEST_F(Plots, TellHowFarTheyAreRead)
 {
     const test::TempPrefix prefix;
@@ -106,16 +126,19 @@ TEST_F(Plots, TellHowFarTheyAreRead)
     for (const bool isCancelled : {false, true}) {
         std::vector<std::size_t> inRows;
         std::size_t last = 0;
+        bool isReadFirst = false;
         std::string reports;
         ReadPlot(
             {{path.c_str()}}, [&](const std::string& report) { reports += report; },
             [&](const std::string& file, std::size_t done, std::size_t all) {
                 EXPECT_TRUE(file == path && done >= last && done <= all);
                 last = done;
+                isReadFirst |= 2 * done < all;
                 if (2 * done > all)
                     inRows.push_back(done);
                 return !isCancelled || inRows.empty();
             });
+        EXPECT_TRUE(isReadFirst);
         EXPECT_EQ(inRows.size(), isCancelled ? 1U : 4U) << "one for each 2^20 bytes";
         EXPECT_EQ(reports, isCancelled ? path + ": the reading was cancelled" : "");
     }
@@ -144,7 +167,9 @@ TEST_F(Plots, HaveEvenStepsOnTheirAxes)
     for (const auto& [from, to, expected] : {std::tuple("2024-02-28T20:59:59.5", "2024-02-29 07:00Z",
                                                         "2024-02-28 21:00|2024-02-29 00:00|03:00|06:00|"),
                                              {"2024-02-28 23:59:59", "2024-02-29 00:00:00.02",
-                                              "2024-02-28 23:59:59.0|23:59:59.5|2024-02-29 00:00:00.0|"}})
+                                              "2024-02-28 23:59:59.0|23:59:59.5|2024-02-29 00:00:00.0|"},
+                                             {"2023-09-15", "2024-05-20", "2023-11|2024-01|2024-03|2024-05|"},
+                                             {"1990-02-15", "2024-05-20", "1995|2000|2005|2010|2015|2020|"}})
         EXPECT_EQ(labels(TimeAxis({ParseTime(from).value(), ParseTime(to).value()}, TimeKind::Date, 500, 8)),
                   expected);
     EXPECT_EQ(labels(ValueAxis(Divisible({-1e308, 1e308}), 2)), "-1e+300|0e+00|1e+300|");

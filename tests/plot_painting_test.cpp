@@ -186,11 +186,18 @@ TEST_F(Plots, LeadToReadingsOutside)
     plot.panels[0].curves = {{"file", Crosses, {{0, 1}, {6, 3}}, 2, {}, 0}};
     QImage image{640, 400, QImage::Format_RGB32};
     QPainter painter{&image};
-    const QRect frame =
-        DrawPlot(painter, image.size(), plot, {{{Range{2, 4}, Range{1.5, 2.5}}}, {}}).panels.front().frame;
+    const auto frameOf = [&](Range values) {
+        const PlotScope scope{{{Range{2, 4}, values}}, {}};
+        return DrawPlot(painter, image.size(), plot, scope).panels.front().frame;
+    };
+    const QRect frame = frameOf({1.5, 2.5});
     for (const int x : {frame.left(), frame.right()})
         EXPECT_NE(Text(image, {x, frame.top(), 1, frame.height()}).find('-'), std::string::npos) << x;
-    EXPECT_EQ(Text(image, {frame.left(), frame.bottom() + 2, frame.width(), 3}).find('-'), std::string::npos);
+    const QRect other = frameOf({1.9, 2.1}); // where the line leaves below and above
+    for (const int y : {other.top(), other.bottom()})
+        EXPECT_NE(Text(image, {other.left(), y, other.width(), 1}).find('-'), std::string::npos) << y;
+    for (const int y : {other.top() - 4, other.bottom() + 2})
+        EXPECT_EQ(Text(image, {other.left(), y, other.width(), 3}).find('-'), std::string::npos) << y;
 }
 
 TEST_F(Plots, AreSmoothWhereAPixelIsSmall)

@@ -2,12 +2,15 @@
 #include "PlotPainter.h"
 #include "PlotView.h"
 #include "PlotWindow.h"
+#include "StyleCheckDialog.h"
 
 #include "support/Plots.h"
+#include "support/TempPrefix.h"
 
 #include <QKeyEvent>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTreeWidget>
 #include <QWheelEvent>
 
 #include <functional>
@@ -99,6 +102,8 @@ TEST_F(PlotViews, ZoomAndPan)
     EXPECT_NE(Picture(), zoomed);
     Press(Qt::Key_Home);
     EXPECT_EQ(Picture(), everything);
+    Wheel(Layout()[0].legend[0].center(), {});
+    EXPECT_EQ(Picture(), everything) << "the legend is no part of the panel";
 
     const QPoint middle = frame.center();
     Drag(middle, frame.bottomRight());
@@ -118,9 +123,12 @@ TEST_F(PlotViews, ZoomAndPan)
     Mouse(QEvent::MouseButtonDblClick, middle);
     EXPECT_EQ(view.Scope().ZoomOf(0).times, std::nullopt);
 
-    // New curves end a drag, and the keys are for the first panel again.
+    // The keys are for the panel under the pointer. New curves end a drag, and the keys are for the first
+    // again.
     const QPoint second = Layout()[1].frame.center();
     Mouse(QEvent::MouseMove, second);
+    Press(Qt::Key_Plus);
+    EXPECT_TRUE(!view.Scope().ZoomOf(0).values && view.Scope().ZoomOf(1).values);
     Mouse(QEvent::MouseButtonPress, second, Qt::ShiftModifier);
     view.ShowNewPlot();
     Mouse(QEvent::MouseMove, second + QPoint{30, 30}, Qt::ShiftModifier);
@@ -175,6 +183,10 @@ TEST_F(PlotViews, AreRepaintedAfterWhatAUserDoes)
         },
         [&] { Mouse(QEvent::MouseButtonRelease, middle); },
         [&] { Mouse(QEvent::MouseButtonDblClick, middle); },
+        [&] {
+            Mouse(QEvent::MouseButtonPress, middle);
+            Mouse(QEvent::MouseButtonRelease, middle);
+        },
         [&] {
             view.Mark({{0, 0}});
         }};
@@ -233,6 +245,43 @@ TEST_F(Plots, SayWhatIsUnderThePointer)
     EXPECT_EQ(Text(pale, layout.frame).find_first_of("-#"), std::string::npos) << "symbol and line";
     view.Mark({});
     EXPECT_EQ(view.grab().toImage(), before);
+}
+
+class SharpPlots : public testing::Test
+{
+    const test::ScopedVariable m_scale{"QT_SCALE_FACTOR", "2"};
+    const test::ScopedVariable m_platform{"QT_QPA_PLATFORM", "offscreen"};
+    int m_count = 1;
+    char m_name[10] = "plot_test";
+    char* m_words[2] = {m_name, nullptr};
+    const QApplication m_application{m_count, m_words};
+};
+
+TEST_F(SharpPlots, UseEveryPixelOfAScreen)
+{
+    Plot plot{{Numbers}, 0};
+    plot.panels[0].curves = {CurveOf(7), CurveOf(7)};
+    PlotView view{plot};
+    view.resize(640, 400);
+    view.show();
+    const QImage picture = view.grab().toImage();
+    ASSERT_EQ(picture.size(), QSize(1280, 800));
+    int uneven = 0; // squares of 2 x 2 pixels that are not of one colour
+    for (int y = 0; y < 800; y += 2) {
+        for (int x = 0; x < 1280; x += 2) {
+            const QRgb first = picture.pixel(x, y);
+            uneven += picture.pixel(x + 1, y) != first || picture.pixel(x, y + 1) != first ? 1 : 0;
+        }
+    }
+    EXPECT_GT(uneven, 1000);
+
+    StyleCheckDialog dialog{plot, [](const std::vector<CurvePlace>&) {}, &view};
+    dialog.BringUp();
+    const auto& list = *dialog.findChild<QTreeWidget*>();
+    ASSERT_EQ(list.topLevelItemCount(), 1);
+    const QImage sample = list.topLevelItem(0)->icon(1).pixmap(list.iconSize(), 2).toImage();
+    const QRect right{sample.width() * 3 / 4, 0, sample.width() / 4, sample.height()};
+    EXPECT_NE(Text(sample, right).find('-'), std::string::npos) << "a line from end to end";
 }
 
 TEST_F(Plots, HaveAWindowOfTheirOwn)

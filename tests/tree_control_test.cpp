@@ -344,6 +344,9 @@ TEST_F(Tree, LetsItsParentDrawAlong)
                      "         #                            ----\n"
                      "         #                   # # # # #--..\n"
                      "                                      ?-..\n");
+    EXPECT_NE(test::PixelOf(m_tree, {190, Label(d).top + 4}), test::gapColor);
+    m_tree.ModifyStyle(0, TVS_FULLROWSELECT);
+    EXPECT_EQ(test::PixelOf(m_tree, {190, Label(d).top + 4}), test::gapColor) << "the band of a whole row";
 }
 
 } // namespace
