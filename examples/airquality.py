@@ -72,7 +72,7 @@ def main() -> None:
             draw(panels, files)
             figure.canvas.draw_idle()
 
-    button = Button(figure.add_axes((0.9, 0.01, 0.09, 0.04)), "Styles...")
+    button = Button(figure.add_axes((0.926, 0.86, 0.068, 0.04)), "Styles...")
     button.on_clicked(edit)
     plt.show()
 
