@@ -17,7 +17,7 @@ namespace
 {
 
 // A panel in a line of text.
-std::string Text(const Panel& panel)
+std::string LineOf(const Panel& panel)
 {
     std::ostringstream text;
     text << panel.title << '|' << panel.unit << '|' << panel.timeTitle << '|' << panel.times.low << ' '
@@ -58,7 +58,7 @@ TEST_F(Plots, HoldWhatTheFilesHold)
             paths[4] + ": No such file or directory\n");
     std::string panels;
     for (const Panel& panel : plot.panels)
-        panels += Text(panel) + '\n';
+        panels += LineOf(panel) + '\n';
     EXPECT_EQ(panels,
               "Wind speed, mean of 07:00 and 10:00|mph|Date|0 172800|2 6|" + paths[0] +
                   " 0 2: 0 2 86400 nan 172800 4|" + paths[1] +
