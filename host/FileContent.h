@@ -8,10 +8,10 @@
 namespace atlashost
 {
 
-// Told at intervals of less than a tenth of a second how much of a work is done, says whether to go on.
+// Called at intervals of less than a tenth of a second with the amount done; false cancels the work.
 using Progress = std::function<bool(std::size_t done, std::size_t all)>;
 
-// Throws std::runtime_error with a printable reason if the progress, which may be empty, says to stop.
+// Throws std::runtime_error with a printable reason if the progress, which may be empty, cancels.
 void GoOn(const Progress& progress, std::size_t done, std::size_t all);
 
 // The bytes of a regular file of at most 64 MiB. Throws std::runtime_error with a printable reason. What is

@@ -23,7 +23,7 @@ bool IsDate(std::string_view field)
            ParseTime(field, DateOrder::MonthFirst);
 }
 
-// "24-02-13", of which nobody knows which number is the year: no date, but a whole field.
+// "24-02-13" is no date, as any of its numbers could be the year, but it is a whole field.
 bool HasDateForm(std::string_view field)
 {
     return std::ranges::count(field, '-') == 2 && field.front() != '-' && field.back() != '-' &&

@@ -25,7 +25,7 @@ std::string NumberText(double number, int digits)
     return {text.data(), end};
 }
 
-// As many digits as tell numbers of this distance apart.
+// As many digits as numbers of this distance need to differ.
 std::string NumberText(double number, double resolution)
 {
     const double rounded = std::round(number / resolution) * resolution;

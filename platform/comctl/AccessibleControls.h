@@ -6,8 +6,8 @@
 
 class ComboWindow;
 
-// Named by what it chooses and by the choice: "Symbol, Shape, square". What it chooses is told by the group
-// box around it and the text to its left.
+// Named by what it chooses and by the choice: "Symbol, Shape, square". What it chooses is in the group box
+// around it and in the text to its left.
 class AccessibleCombo : public AccessibleWindow
 {
 public:

@@ -68,5 +68,5 @@ public:
     QAccessibleInterface* focusChild() const override;
 };
 
-// Tells screen readers which cell or heading of the tree's table has the focus now.
+// Reports the cell or heading of the tree's table that has the focus now to screen readers.
 void NotifyTableFocus(TreeWindow& tree);

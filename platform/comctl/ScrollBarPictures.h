@@ -14,7 +14,7 @@ class ScrollBarPictures
 {
 public:
     // Paints the bar as the style would, from a picture if it has looked so before. False, without effect,
-    // for a bar whose look can't be told from its properties: under the mouse, at a broken scale, or of a
+    // for a bar whose look doesn't follow from its properties: under the mouse, at a broken scale, or of a
     // style that isn't known to be without animations.
     bool Paint(QScrollBar& bar, const QStyleOptionSlider& option);
 

@@ -85,7 +85,7 @@ private:
     // Expands the row's parents and scrolls to it. False if the row doesn't exist, or not any more.
     bool Reveal(HTREEITEM handle, ScrollHint hint);
 
-    void TellFocus(bool isNew); // to screen readers, whether or not it was outside of the tree
+    void ReportFocus(bool isNew); // to screen readers, whether or not it was outside of the tree
 
     void NotifyExpanded(const TreeItem& item, WPARAM code);
 

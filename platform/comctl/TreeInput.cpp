@@ -123,7 +123,7 @@ bool TreeWindow::viewportEvent(QEvent* event)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
         const QPointer<QWidget> tree(this); // a handler's event loop may delete it
-        TellFocus(false);
+        ReportFocus(false);
         setAutoScroll(false);
         const bool result = ScrollAreaWindow::viewportEvent(event);
         if (!tree.isNull())

@@ -63,12 +63,12 @@ QAccessibleInterface* TreeWindow::NewAccessible()
 bool TreeWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::KeyPress)
-        TellFocus(event->type() == QEvent::FocusIn);
+        ReportFocus(event->type() == QEvent::FocusIn);
     return ScrollAreaWindow::event(event);
 }
 
-// After the event. Qt itself tells when the caret moves, but not of a cell.
-void TreeWindow::TellFocus(bool isNew)
+// After the event. Qt reports a move of the caret itself, but knows no cells.
+void TreeWindow::ReportFocus(bool isNew)
 {
     if (!QAccessible::isActive())
         return;

@@ -178,25 +178,6 @@ void Window::SendLastMessages()
     Forget();
 }
 
-void Window::FontRelease::operator()(gdi::Font* font) const
-{
-    font->Release();
-}
-
-HFONT Window::Font() const
-{
-    return m_font ? static_cast<HFONT>(m_font->Handle()) : nullptr;
-}
-
-void Window::UseFont(HFONT font)
-{
-    auto* const held = dynamic_cast<gdi::Font*>(gdi::GdiObject::FromHandle(font));
-    if (held != nullptr)
-        held->Hold();
-    m_font.reset(held);
-    m_widget.setFont(held != nullptr ? gdi::ToQFont(font) : QFont());
-}
-
 QString Window::Text() const
 {
     return m_widget.windowTitle();
@@ -225,7 +206,8 @@ LRESULT Window::OnDefault(UINT message, WPARAM wParam, LPARAM lParam)
             return parent->Send(message, wParam, lParam);
         return 0;
     case WM_SETFONT:
-        UseFont(reinterpret_cast<HFONT>(wParam));
+        m_font.Set(reinterpret_cast<HFONT>(wParam));
+        m_widget.setFont(Font() != nullptr ? gdi::ToQFont(Font()) : QFont());
         return 0;
     case WM_GETFONT:
         return reinterpret_cast<LRESULT>(Font());

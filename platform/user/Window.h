@@ -2,31 +2,21 @@
 #pragma once
 
 #include "EventTranslator.h"
+#include "WindowFont.h"
+#include "WindowKind.h"
 #include "WindowSurface.h"
 
 #include <QWidget>
 #include <functional>
-#include <memory>
-#include <winscroll.h>
 
 class CWnd;
-class QAccessibleInterface;
-class QKeyEvent;
-
-namespace gdi
-{
-class Font;
-}
 
 // The class of a widget derives from its Qt class and from this one, through WidgetWindow. The handle is
 // valid until WM_NCDESTROY has been sent, which happens before the widget is deleted.
-class Window
+class Window : public WindowKind
 {
 public:
     explicit Window(QWidget& widget);
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-    virtual ~Window() = default;
 
     // Creates the window of a framework object with a factory, which gives null on failure, and sends
     // WM_CREATE. Fails, with nothing attached, if the object has a window already, without a display or a
@@ -77,26 +67,13 @@ public:
 
     WindowSurface& Surface() { return m_surface; }
 
-    // The font of WM_SETFONT; null if there was none. Holds the font, so that it may be deleted meanwhile.
-    HFONT Font() const;
-
-    // All values of a scroll bar; false for a bar that the window doesn't have.
-    virtual bool ScrollInfo(int /*bar*/, SCROLLINFO& /*info*/) const { return false; }
-    // For a window that is a scroll bar: sets what fMask names and gives the new position.
-    virtual int SetScrollInfo(const SCROLLINFO& /*info*/) { return 0; }
+    HFONT Font() const { return m_font.Handle(); } // null if none was set
 
     // What the tooltip at a point of the client area is about: it ends when the mouse leaves that.
     virtual QRect ToolTipPlaceAt(QPoint /*point*/) { return Client().rect(); }
 
-    // For keys that do what the mouse would do: true if this was one. Otherwise the key becomes WM_KEYDOWN.
-    virtual bool ActForMouse(const QKeyEvent& /*key*/) { return false; }
-
-    // Its object for screen readers, of Qt's; null for that of its Qt class.
-    virtual QAccessibleInterface* NewAccessible() { return nullptr; }
-
     virtual QString Text() const;
     virtual void SetText(const QString& text);
-    virtual void OnStyleChanged() {}
 
     CWnd* Attached = nullptr;
     DWORD Style = 0;
@@ -115,14 +92,10 @@ protected:
     virtual void PaintInto(HDC /*context*/) {}
 
 private:
-    struct FontRelease {
-        void operator()(gdi::Font* font) const;
-    };
-    void UseFont(HFONT font);
     void Forget(); // from now on the handle is invalid
 
     QWidget& m_widget;
     EventTranslator m_events{*this};
     WindowSurface m_surface{*this};
-    std::unique_ptr<gdi::Font, FontRelease> m_font;
+    WindowFont m_font;
 };
