@@ -35,7 +35,11 @@ void Click(const Find& find, const char* times = "1")
         const QPoint wanted = widget->mapToGlobal(point);
         const QPoint place =
             wanted - QApplication::activeModalWidget()->mapToGlobal(QPoint()) + CornerOfDialog();
-        test::Run({"xdotool", "mousemove", std::to_string(place.x()), std::to_string(place.y())}, {});
+        // From beside it: Qt learns the position from a motion alone, and there is none if a window appears
+        // under the resting pointer.
+        const std::string x = std::to_string(place.x());
+        const std::string y = std::to_string(place.y());
+        test::Run({"xdotool", "mousemove", std::to_string(place.x() - 1), y, "mousemove", x, y}, {});
         return (QCursor::pos() - wanted).manhattanLength() <= 2; // after an earlier move
     };
     const QDeadlineTimer end(std::chrono::seconds(20));

@@ -14,7 +14,7 @@ class WindowFont
 {
 public:
     HFONT Handle() const; // null if there was none
-    void Set(HFONT font);
+    void Set(HFONT font); // none for an invalid handle
 
 private:
     struct Release {

@@ -1,4 +1,4 @@
-// What the layer asks of a window outside of its messages: each kind of control answers in its own way.
+// What the layer asks of a window outside of its messages; most kinds of control leave the default.
 #pragma once
 
 #include <winscroll.h>
